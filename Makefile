@@ -1,0 +1,56 @@
+# The front door; CMakePresets.json is what stands behind it.
+
+JOBS ?= $(shell nproc 2>/dev/null || echo 2)
+PREFIX ?= /usr/local
+EXAMPLE ?= halden
+
+.PHONY: run build test bench install asan tsan fuzz check-format format tidy clean setup
+
+run: build
+	build/bin/orvane run $(EXAMPLE)
+
+build: setup
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+
+test: build
+	ctest --preset release -j $(JOBS)
+
+bench: setup
+	cmake --preset release -DORVANE_BUILD_BENCHMARKS=ON
+	cmake --build --preset release -j $(JOBS)
+	build/bin/orvane_bench
+
+install: build
+	cmake --install build --prefix $(PREFIX)
+
+# The same tests under the sanitizers, without JUCE.
+asan tsan: setup
+	cmake --preset $@
+	cmake --build --preset $@ -j $(JOBS)
+	ctest --preset $@ -j $(JOBS)
+
+# Builds the fuzzers; run one as build-fuzz/bin/<name> <corpus folder>.
+fuzz: setup
+	cmake --preset fuzz
+	cmake --build --preset fuzz -j $(JOBS)
+
+# What git knows of, and what it does not know of yet.
+SOURCES = git ls-files -z --cached --others --exclude-standard -- '*.h' '*.cpp'
+
+check-format: setup
+	$(SOURCES) | xargs -0 -r clang-format --dry-run --Werror
+
+format: setup
+	$(SOURCES) | xargs -0 -r clang-format -i
+
+# Needs the compile commands of `make build`.
+tidy: setup
+	git ls-files -z --cached --others --exclude-standard -- '*.cpp' \
+	  | xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build --quiet
+
+clean:
+	rm -rf build build-*
+
+setup:
+	@scripts/setup

@@ -1,0 +1,111 @@
+# Fails when a room includes what its place in the house does not allow.
+#
+#   cmake -DROOT=<repository> -P tests/IncludeRules.cmake
+#
+# The compiler cannot say this: every room is reached from the same include root.
+
+cmake_minimum_required(VERSION 3.22)
+
+set(library platform foundation toolkit KestroUI Quillon Orvane)
+set(backends backends/headless backends/juce backends/lv2)
+set(rooms ${library} ${backends} tools/orvane examples tests fuzz benchmarks)
+
+# A room may always include itself. The arrows are not transitive.
+set(arrows_platform)
+set(arrows_foundation platform)
+set(arrows_toolkit platform)
+set(arrows_KestroUI platform toolkit)
+set(arrows_Quillon platform foundation)
+set(arrows_Orvane platform KestroUI)
+set(arrows_backends/headless ${library})
+set(arrows_backends/juce ${library})
+set(arrows_backends/lv2 ${library} backends/juce)
+set(arrows_tools/orvane ${library} ${backends} examples)
+# The entry point of a plug-in names the format it is built for.
+set(arrows_examples Orvane Quillon KestroUI platform foundation backends/juce backends/lv2)
+set(arrows_tests ${rooms})
+set(arrows_fuzz ${rooms})
+set(arrows_benchmarks ${rooms})
+
+# These stand on the standard library alone: whatever else they need of the world comes through
+# platform/.
+set(standard_only platform toolkit KestroUI Quillon Orvane)
+set(standard_headers
+  algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts
+  condition_variable coroutine deque exception execution filesystem format forward_list fstream
+  functional future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list
+  locale map memory memory_resource mutex new numbers numeric optional ostream queue random ranges
+  ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack
+  stdexcept stop_token streambuf string string_view syncstream system_error thread tuple type_traits
+  typeindex typeinfo unordered_map unordered_set utility valarray variant vector version
+  cassert cctype cerrno cfenv cfloat cinttypes climits clocale cmath csetjmp csignal cstdarg cstddef
+  cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype)
+# The compiler's own intrinsics: a DSP has to switch denormals off.
+set(also_allowed_Quillon xmmintrin.h pmmintrin.h)
+
+# The benchmarks measure against a stock JUCE editor, an example may configure JUCE's own wrapper,
+# and the tests of the desktop backend look at what it did to JUCE.
+set(juce_allowed "^(backends/juce|examples|benchmarks|tests/Juce)")
+
+# Sets <result> to the room that the path from the top lies in, or to the empty string.
+function(find_room path result)
+  set(found "")
+  foreach(room IN LISTS rooms)
+    string(FIND "${path}" "${room}/" position)
+    if(position EQUAL 0)
+      set(found "${room}")
+    endif()
+  endforeach()
+  set(${result} "${found}" PARENT_SCOPE)
+endfunction()
+
+set(wrong "")
+set(seen 0)
+foreach(room IN LISTS rooms)
+  set(patterns)
+  foreach(suffix IN ITEMS h hpp inl c cpp mm)
+    list(APPEND patterns "${ROOT}/${room}/*.${suffix}")
+  endforeach()
+  file(GLOB_RECURSE files RELATIVE "${ROOT}" ${patterns})
+  foreach(file IN LISTS files)
+    # Only what matched goes into the list: a bracket in a comment would join its elements.
+    file(READ "${ROOT}/${file}" text)
+    string(REGEX MATCHALL "(^|\n)[ \t]*#[ \t]*include[ \t]*[<\"][^>\"\n]+[>\"]" lines "${text}")
+    foreach(line IN LISTS lines)
+      string(REGEX MATCH "([<\"])(.+)[>\"]$" line "${line}")
+      set(bracket "${CMAKE_MATCH_1}")
+      set(path "${CMAKE_MATCH_2}")
+      math(EXPR seen "${seen} + 1")
+      find_room("${path}" target)
+      set(why "")
+      if(path MATCHES "^juce_|^Juce(Header|PluginDefines)")
+        if(NOT file MATCHES "${juce_allowed}")
+          set(why "only backends/juce includes JUCE")
+        endif()
+      elseif(target AND bracket STREQUAL "<")
+        set(why "our own headers are included with quotes")
+      elseif(target AND NOT target STREQUAL room)
+        if(NOT target IN_LIST arrows_${room})
+          set(why "${room} may not include ${target}")
+        endif()
+      elseif(NOT target AND bracket STREQUAL "\"")
+        set(why "our own headers are named from the top of the repository")
+      elseif(NOT target AND room IN_LIST standard_only AND NOT path IN_LIST standard_headers
+          AND NOT path IN_LIST also_allowed_${room})
+        set(why "${room} stands on the standard library alone")
+      endif()
+      if(why)
+        string(APPEND wrong "  ${file}: ${path}: ${why}\n")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
+
+if(wrong)
+  message(FATAL_ERROR "Includes against the rules:\n${wrong}")
+endif()
+# A check that looked at nothing proves nothing.
+if(seen EQUAL 0)
+  message(FATAL_ERROR "No include was found below '${ROOT}'")
+endif()
+message(STATUS "${seen} includes follow the rules")

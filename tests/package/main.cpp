@@ -1,0 +1,21 @@
+#include "platform/RunLoop.h"
+
+namespace {
+
+class StoppedClock : public platform::RunLoop::Driver {
+ public:
+  double now() const override { return 0; }
+  void wake() override {}
+  void scheduleChanged() override {}
+};
+
+}  // namespace
+
+int main() {
+  StoppedClock clock;
+  platform::RunLoop loop(clock);
+  bool ran = false;
+  loop.async([&ran] { ran = true; });
+  loop.runDue();
+  return ran ? 0 : 1;
+}
