@@ -1,0 +1,126 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/AUParameter.h"
+#include "platform/PropertyList.h"
+#include "platform/Weak.h"
+
+namespace platform {
+
+/// Four-character codes that name a plug-in to its host.
+struct AudioComponentDescription {
+  std::uint32_t componentType = 0;
+  std::uint32_t componentSubType = 0;
+  std::uint32_t componentManufacturer = 0;
+
+  friend bool operator==(const AudioComponentDescription&,
+                         const AudioComponentDescription&) = default;
+};
+
+/// One factory preset as hosts and the browser see it.
+struct AUAudioUnitPreset {
+  int number = 0;
+  std::string name{};
+  std::string bank{};
+  std::vector<std::string> categories{};
+  std::string pack{};
+};
+
+/// A short MIDI message at a frame of the block that is rendered.
+struct MidiEvent {
+  std::uint32_t frame = 0;
+  std::uint8_t bytes[3] = {0, 0, 0};
+  std::uint8_t size = 0;
+};
+
+
+/// What the host knows of its transport while a block is rendered.
+struct HostTransport {
+  double tempo = 120;
+  double beatPosition = 0;
+  bool isPlaying = false;
+};
+
+/// One block of sound. Channels are not interleaved and may be the same buffers for input and
+/// output; an effect's input has as many channels as it asked for.
+struct RenderBlock {
+  std::span<const float* const> inputs;
+  std::span<float* const> outputs;
+  std::uint32_t frames = 0;
+  /// Ordered by frame.
+  std::span<const MidiEvent> midi;
+  HostTransport transport;
+};
+
+/// What the editor and the formats ask of a plug-in's sound. Everything is for the user-interface
+/// thread unless it says otherwise. Held weakly by the editor: the host may drop it at any time.
+class AudioUnit : public WeakTarget {
+ public:
+  virtual ~AudioUnit() = default;
+
+  // Parameters
+
+  virtual AUParameterTree& parameterTree() = 0;
+  /// Keys of all parameters in the DSP's order.
+  virtual const std::vector<std::string>& parametersKeys() const = 0;
+  /// The parameter of a key, or null.
+  virtual AUParameter* parameter(std::string_view key) const = 0;
+  /// Texts of the values of an indexed parameter; empty for any other or an unknown key.
+  virtual std::vector<std::string> stringValuesFor(std::string_view key) const = 0;
+  /// 0 for an unknown key.
+  virtual float defaultValueForKey(std::string_view key) const = 0;
+  /// Sets the parameter of the key, clamped to its range; an unknown key does nothing.
+  virtual void setParameter(std::string_view key, float value) = 0;
+  /// Sets every parameter that may be randomized to a random value within its range.
+  virtual void randomize() = 0;
+
+  // Live display, written by the render thread and read without locks at each display frame
+
+  /// The live value of a parameter (in the parameter's own units, modulation included), or null
+  /// when the audio unit publishes none. Valid as long as the audio unit.
+  virtual const std::atomic<float>* getOutputValues(std::string_view key) const = 0;
+  /// Whether a parameter is being modulated, or null when the audio unit publishes no flag.
+  virtual const std::atomic<bool>* isModulating(std::string_view key) const = 0;
+  /// Told when an editor appears (true) and disappears (false): live values may rest without one.
+  virtual void hasUI(bool visible) = 0;
+
+  // Presets and state
+
+  /// True when presets are kept in a store, so that the plug-in must name its product.
+  virtual bool hasStore() const = 0;
+  virtual const std::vector<AUAudioUnitPreset>& factoryPresets() const = 0;
+  virtual void rebuildPresetList() = 0;
+  /// The number of the factory preset that was loaded last, or -1.
+  virtual int currentPreset() const = 0;
+  /// Loads a factory preset; an unknown number does nothing.
+  virtual void setCurrentPreset(int number) = 0;
+  virtual std::string currentPresetName() const = 0;
+  /// All that a host or a preset has to store: a dictionary.
+  virtual PropertyList fullState() const = 0;
+  /// Keys that are missing take their defaults; unknown ones are kept for the next fullState.
+  virtual void setFullState(const PropertyList& state) = 0;
+
+  // Sound
+
+  virtual int inputChannels() const = 0;
+  virtual int outputChannels() const = 0;
+  /// True for instruments: MIDI is wanted.
+  virtual bool acceptsMidi() const = 0;
+  /// Seconds that sound goes on after input and notes have ended.
+  virtual double tailSeconds() const = 0;
+  virtual int latencyFrames() const = 0;
+  /// Before the first render and whenever the format changes; never during a render.
+  virtual void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) = 0;
+  virtual void deallocateRenderResources() = 0;
+  /// Renders at most maximumFrames. Audio thread: takes no lock, allocates nothing.
+  virtual void render(const RenderBlock& block) = 0;
+};
+
+}  // namespace platform
