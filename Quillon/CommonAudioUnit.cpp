@@ -1,0 +1,204 @@
+#include "Quillon/CommonAudioUnit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <stdexcept>
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+using platform::PropertyList;
+
+constexpr const char* parametersEntry = "parameters";
+constexpr const char* presetNameEntry = "presetName";
+constexpr const char* presetNumberEntry = "presetNumber";
+
+bool isNumber(const PropertyList& list) {
+  return list.as<double>() || list.as<std::int64_t>() || list.as<bool>();
+}
+
+void checkPresets(const std::vector<PresetDescription>& presets, const ParameterTree& tree) {
+  std::set<int> numbers;
+  for (const PresetDescription& description : presets) {
+    const std::string place = "preset '" + description.preset.name + "': ";
+    if (description.preset.number < 0)
+      throw std::invalid_argument(place + "the number is negative");
+    if (!numbers.insert(description.preset.number).second)
+      throw std::invalid_argument(place + "number " + std::to_string(description.preset.number) +
+                                  " appears twice");
+    for (const auto& [key, value] : description.values) {
+      if (!tree.indexOfKey(key))
+        throw std::invalid_argument(place + "there is no parameter '" + key + "'");
+      if (!std::isfinite(value))
+        throw std::invalid_argument(place + "the value of '" + key + "' is not a finite number");
+    }
+  }
+}
+
+}  // namespace
+
+CommonAudioUnit::CommonAudioUnit(std::vector<ParameterDescription> parameters,
+                                 std::vector<PresetDescription> presets)
+    : tree_(std::move(parameters)),
+      live_(std::make_unique<std::atomic<float>[]>(tree_.size())),
+      modulating_(std::make_unique<std::atomic<bool>[]>(tree_.size())),
+      random_(std::random_device{}()) {
+  for (std::size_t i = 0; i < tree_.size(); ++i) {
+    live_[i].store(tree_.at(i).value(), std::memory_order_relaxed);
+    modulating_[i].store(false, std::memory_order_relaxed);
+  }
+  setFactoryPresets(std::move(presets));
+}
+
+CommonAudioUnit::~CommonAudioUnit() = default;
+
+Parameter* CommonAudioUnit::parameter(std::string_view key) const {
+  const auto index = tree_.indexOfKey(key);
+  return index ? &tree_.at(*index) : nullptr;
+}
+
+std::vector<std::string> CommonAudioUnit::stringValuesFor(std::string_view key) const {
+  const Parameter* found = parameter(key);
+  return found ? found->valueStrings() : std::vector<std::string>();
+}
+
+float CommonAudioUnit::defaultValueForKey(std::string_view key) const {
+  const Parameter* found = parameter(key);
+  return found ? found->description().defaultValue : 0;
+}
+
+void CommonAudioUnit::setParameter(std::string_view key, float value) {
+  if (Parameter* found = parameter(key)) found->setValue(value);
+}
+
+void CommonAudioUnit::randomize() {
+  for (std::size_t i = 0; i < tree_.size(); ++i) {
+    const ParameterDescription& description = tree_.at(i).description();
+    if (!description.randomizable) continue;
+    // In double: the width of a range may be more than a float can hold.
+    const double low = description.minValue;
+    const double high = description.maxValue;
+    const double share = random_() / 4294967296.0;
+    double value = low + (high - low) * share;
+    if (isStepped(description)) {
+      const double first = std::ceil(low);
+      const double count = std::floor(high) - first + 1;
+      if (count < 1) continue;
+      value = first + std::floor(count * share);
+    } else if (description.unit == platform::AudioUnitParameterUnit::hertz && low > 0) {
+      value = low * std::pow(high / low, share);
+    }
+    tree_.at(i).setValue(static_cast<float>(value));
+  }
+}
+
+const std::atomic<float>* CommonAudioUnit::getOutputValues(std::string_view key) const {
+  const auto index = tree_.indexOfKey(key);
+  return index && tree_.at(*index).description().publishesLive ? &live_[*index] : nullptr;
+}
+
+const std::atomic<bool>* CommonAudioUnit::isModulating(std::string_view key) const {
+  const auto index = tree_.indexOfKey(key);
+  return index && tree_.at(*index).description().publishesLive ? &modulating_[*index] : nullptr;
+}
+
+void CommonAudioUnit::setFactoryPresets(std::vector<PresetDescription> presets) {
+  checkPresets(presets, tree_);
+  presetDescriptions_ = std::move(presets);
+  presets_.clear();
+  for (const PresetDescription& description : presetDescriptions_)
+    presets_.push_back(description.preset);
+}
+
+const PresetDescription* CommonAudioUnit::preset(int number) const {
+  for (const PresetDescription& description : presetDescriptions_)
+    if (description.preset.number == number) return &description;
+  return nullptr;
+}
+
+void CommonAudioUnit::setCurrentPreset(int number) {
+  const PresetDescription* found = preset(number);
+  if (!found) return;
+  // An observer may replace the list meanwhile.
+  const PresetDescription description = *found;
+  currentPreset_ = number;
+  currentPresetName_ = description.preset.name;
+  for (std::size_t i = 0; i < tree_.size(); ++i) {
+    Parameter& parameter = tree_.at(i);
+    const auto value = description.values.find(parameter.key());
+    parameter.setValue(value == description.values.end() ? parameter.description().defaultValue
+                                                         : value->second);
+  }
+}
+
+PropertyList CommonAudioUnit::fullState() const {
+  PropertyList::Dictionary parameters = unknownParameters_;
+  for (std::size_t i = 0; i < tree_.size(); ++i)
+    parameters[tree_.at(i).key()] = double{tree_.at(i).value()};
+  PropertyList::Dictionary state = unknownState_;
+  state[parametersEntry] = std::move(parameters);
+  if (!currentPresetName_.empty()) state[presetNameEntry] = currentPresetName_;
+  if (currentPreset_ >= 0) state[presetNumberEntry] = currentPreset_;
+  return state;
+}
+
+void CommonAudioUnit::setFullState(const PropertyList& state) {
+  const auto* dictionary = state.as<PropertyList::Dictionary>();
+  if (!dictionary) return;
+
+  unknownState_ = *dictionary;
+  for (const char* known : {parametersEntry, presetNameEntry, presetNumberEntry})
+    unknownState_.erase(known);
+  unknownParameters_.clear();
+  const PropertyList* entry = state.find(parametersEntry);
+  const auto* values = entry ? entry->as<PropertyList::Dictionary>() : nullptr;
+  if (values)
+    for (const auto& [key, value] : *values)
+      if (!tree_.indexOfKey(key)) unknownParameters_.emplace(key, value);
+
+  // The number counts only while the preset that it named is still the same.
+  const PropertyList* name = state.find(presetNameEntry);
+  const auto* nameText = name ? name->as<std::string>() : nullptr;
+  const PropertyList* number = state.find(presetNumberEntry);
+  const auto* numberValue = number ? number->as<std::int64_t>() : nullptr;
+  currentPresetName_ = nameText ? *nameText : std::string();
+  currentPreset_ = -1;
+  for (const platform::AUAudioUnitPreset& factoryPreset : presets_)
+    if (numberValue && *numberValue == factoryPreset.number &&
+        currentPresetName_ == factoryPreset.name)
+      currentPreset_ = factoryPreset.number;
+
+  // Read before the first value is set: an observer might drop the dictionary.
+  std::vector<float> newValues(tree_.size());
+  for (std::size_t i = 0; i < tree_.size(); ++i) {
+    const PropertyList* value = entry ? entry->find(tree_.at(i).key()) : nullptr;
+    const ParameterDescription& description = tree_.at(i).description();
+    const double read = value && isNumber(*value) ? value->number() : std::nan("");
+    newValues[i] = std::isnan(read) ? description.defaultValue
+                                    : static_cast<float>(std::clamp<double>(
+                                          read, description.minValue, description.maxValue));
+  }
+  for (std::size_t i = 0; i < tree_.size(); ++i) tree_.at(i).setValue(newValues[i]);
+}
+
+void CommonAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {
+  sampleRate_ = sampleRate;
+  maximumFrames_ = maximumFrames;
+}
+
+void CommonAudioUnit::render(const platform::RenderBlock& block) {
+  for (std::size_t channel = 0; channel < block.outputs.size(); ++channel) {
+    float* output = block.outputs[channel];
+    const float* input = channel < block.inputs.size() ? block.inputs[channel] : nullptr;
+    if (!output || input == output) continue;
+    if (input)
+      std::copy_n(input, block.frames, output);
+    else
+      std::fill_n(output, block.frames, 0.0f);
+  }
+}
+
+}  // namespace quillon

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Quillon/ParameterDescription.h"
+#include "Quillon/ParameterTree.h"
+#include "platform/AudioUnit.h"
+
+namespace quillon {
+
+/// A factory preset with the values that it sets.
+struct PresetDescription {
+  platform::AUAudioUnitPreset preset{};
+  /// By parameter key; every parameter that is not named takes its default.
+  std::map<std::string, float> values{};
+};
+
+/// Base class of a plug-in's sound: parameters, state, factory presets and live values. The plug-in
+/// derives from it and overrides `render`, and whatever else differs from an effect with one stereo
+/// input and output, no MIDI and no tail.
+///
+///     class Gain : public quillon::CommonAudioUnit {
+///      public:
+///       Gain() : CommonAudioUnit({{.key = "gain", .address = 0, .maxValue = 2}}) {}
+///       void render(const platform::RenderBlock& block) override;  // reads value(0)
+///     };
+class CommonAudioUnit : public platform::AudioUnit {
+ public:
+  /// Throws std::invalid_argument, naming the key or the preset, when a description is wrong: see
+  /// ParameterTree; two presets with one number; a preset's value of an unknown key, or not finite.
+  explicit CommonAudioUnit(std::vector<ParameterDescription> parameters,
+                           std::vector<PresetDescription> presets = {});
+  ~CommonAudioUnit() override;
+  CommonAudioUnit(const CommonAudioUnit&) = delete;
+  CommonAudioUnit& operator=(const CommonAudioUnit&) = delete;
+
+  // Parameters
+
+  ParameterTree& parameterTree() override { return tree_; }
+  const std::vector<std::string>& parametersKeys() const override { return tree_.keys(); }
+  Parameter* parameter(std::string_view key) const override;
+  std::vector<std::string> stringValuesFor(std::string_view key) const override;
+  float defaultValueForKey(std::string_view key) const override;
+  void setParameter(std::string_view key, float value) override;
+  /// Uniform over the range, for hertz over the pitch; whole values for stepped parameters.
+  void randomize() override;
+  /// Makes the following calls of randomize repeatable.
+  void seedRandomize(std::uint32_t seed) { random_.seed(seed); }
+
+  /// The place of a parameter in the order of the descriptions.
+  std::optional<std::size_t> indexOfKey(std::string_view key) const {
+    return tree_.indexOfKey(key);
+  }
+  /// The current value by index. Any thread.
+  float value(std::size_t index) const { return tree_.at(index).value(); }
+
+  // Live display
+
+  const std::atomic<float>* getOutputValues(std::string_view key) const override;
+  const std::atomic<bool>* isModulating(std::string_view key) const override;
+  void hasUI(bool visible) override { uiVisible_.store(visible, std::memory_order_relaxed); }
+  /// Whether an editor watches the live values. Any thread.
+  bool isUIVisible() const { return uiVisible_.load(std::memory_order_relaxed); }
+
+  // Presets and state
+
+  bool hasStore() const override { return false; }
+  const std::vector<platform::AUAudioUnitPreset>& factoryPresets() const override {
+    return presets_;
+  }
+  /// The list is fixed here; a plug-in whose list changes calls setFactoryPresets.
+  void rebuildPresetList() override {}
+  int currentPreset() const override { return currentPreset_; }
+  void setCurrentPreset(int number) override;
+  std::string currentPresetName() const override { return currentPresetName_; }
+  /// "parameters" (a dictionary of reals by key), the current preset as "presetName" and
+  /// "presetNumber", and what the last setFullState brought beyond them. An override adds its own
+  /// entries to what this returns.
+  platform::PropertyList fullState() const override;
+  /// A value that is no number counts as missing; anything but a dictionary changes nothing.
+  void setFullState(const platform::PropertyList& state) override;
+
+  // Sound
+
+  int inputChannels() const override { return 2; }
+  int outputChannels() const override { return 2; }
+  bool acceptsMidi() const override { return false; }
+  double tailSeconds() const override { return 0; }
+  int latencyFrames() const override { return 0; }
+  void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
+  void deallocateRenderResources() override {}
+  /// Passes each input on to the output of the same number; outputs without an input are silent.
+  void render(const platform::RenderBlock& block) override;
+
+ protected:
+  double sampleRate() const { return sampleRate_; }
+  std::uint32_t maximumFrames() const { return maximumFrames_; }
+
+  /// Publish for the display; audio thread. Indices of parameters that declared publishesLive; any
+  /// other changes nothing that can be seen.
+  void publishLive(std::size_t index, float value) {
+    live_[index].store(value, std::memory_order_relaxed);
+  }
+  void publishModulating(std::size_t index, bool modulating) {
+    modulating_[index].store(modulating, std::memory_order_relaxed);
+  }
+
+  /// Throws as the constructor does, and then leaves the list as it was.
+  void setFactoryPresets(std::vector<PresetDescription> presets);
+
+ private:
+  const PresetDescription* preset(int number) const;
+
+  ParameterTree tree_;
+  std::unique_ptr<std::atomic<float>[]> live_;
+  std::unique_ptr<std::atomic<bool>[]> modulating_;
+  std::atomic<bool> uiVisible_{false};
+  std::mt19937 random_;
+
+  std::vector<PresetDescription> presetDescriptions_;
+  std::vector<platform::AUAudioUnitPreset> presets_;
+  int currentPreset_ = -1;
+  std::string currentPresetName_;
+  /// What the last state held that this plug-in does not know.
+  platform::PropertyList::Dictionary unknownState_, unknownParameters_;
+
+  double sampleRate_ = 44100;
+  std::uint32_t maximumFrames_ = 0;
+};
+
+}  // namespace quillon

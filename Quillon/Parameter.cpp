@@ -1,0 +1,30 @@
+#include "Quillon/Parameter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "Quillon/ParameterText.h"
+#include "Quillon/ParameterTree.h"
+
+namespace quillon {
+
+Parameter::Parameter(ParameterTree& tree, ParameterDescription description)
+    : tree_(tree), description_(std::move(description)), value_(description_.defaultValue) {}
+
+void Parameter::setValue(float value, platform::AUParameterObserverToken originator) {
+  if (std::isnan(value)) return;
+  value = std::clamp(value, description_.minValue, description_.maxValue);
+  value_.store(value, std::memory_order_relaxed);
+  tree_.observers_.notify(description_.address, value, originator);
+}
+
+void Parameter::beginGesture() { tree_.gesture(description_.address, true); }
+
+void Parameter::endGesture() { tree_.gesture(description_.address, false); }
+
+std::string Parameter::stringFromValue(float value) const {
+  return parameterText(description_, value);
+}
+
+}  // namespace quillon

@@ -1,0 +1,108 @@
+#include "platform/RunLoop.h"
+
+#include <algorithm>
+#include <atomic>
+#include <limits>
+#include <utility>
+
+#include "foundation/LoopWaker.h"
+#include "foundation/PortQueue.h"
+#include "foundation/RunLoopState.h"
+#include "platform/Fatal.h"
+
+namespace platform {
+
+namespace {
+
+std::atomic<RunLoop*> mainLoop{nullptr};
+
+}  // namespace
+
+RunLoop::RunLoop(Driver& driver) : state_(std::make_shared<State>(driver)) {
+  RunLoop* none = nullptr;
+  if (!mainLoop.compare_exchange_strong(none, this)) fatal("There is a main run loop already");
+  foundation::LoopWaker::attach(driver);
+}
+
+RunLoop::~RunLoop() {
+  foundation::LoopWaker::detach();
+  mainLoop.store(nullptr);
+  state_->running = false;
+  // What the tasks own dies here and not under the lock: it may post.
+  std::deque<std::function<void()>> dropped;
+  {
+    const std::lock_guard lock(state_->mutex);
+    dropped.swap(state_->tasks);
+    state_->tasksTaken = state_->tasksPosted;
+  }
+}
+
+RunLoop& RunLoop::main() {
+  RunLoop* loop = mainIfAny();
+  if (!loop) fatal("There is no main run loop");
+  return *loop;
+}
+
+RunLoop* RunLoop::mainIfAny() { return mainLoop.load(); }
+
+void RunLoop::async(std::function<void()> task) {
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->tasks.push_back(std::move(task));
+    ++state_->tasksPosted;
+  }
+  foundation::LoopWaker::wake();
+}
+
+double RunLoop::now() const { return state_->driver.now(); }
+
+void RunLoop::runDue() {
+  // A task may destroy the loop.
+  const std::shared_ptr<State> state = state_;
+  foundation::LoopWaker::drainBegins();
+  std::uint64_t end = 0;
+  {
+    const std::lock_guard lock(state->mutex);
+    end = state->tasksPosted;
+  }
+  // After the look at the tasks: a thread that posts a message and then a task is heard in order.
+  foundation::PortQueue::drainAll();
+  state->runTasks(end);
+  state->runTimers();
+}
+
+void RunLoop::State::runTasks(std::uint64_t end) {
+  while (running) {
+    std::function<void()> task;
+    {
+      const std::lock_guard lock(mutex);
+      // Taken one by one: a task may run the loop anew, and order is kept then too.
+      if (tasksTaken >= end) return;
+      task = std::move(tasks.front());
+      tasks.pop_front();
+      ++tasksTaken;
+    }
+    if (task) task();
+  }
+}
+
+double RunLoop::nextDeadline() const {
+  double next = std::numeric_limits<double>::infinity();
+  for (const auto& timer : state_->timers) next = std::min(next, timer->deadline);
+  return next;
+}
+
+bool RunLoop::wantsDisplayFrames() const {
+  for (const auto& link : state_->links)
+    if (!link->paused) return true;
+  return false;
+}
+
+void RunLoop::displayFrame() {
+  const std::shared_ptr<State> state = state_;
+  const auto links = state->links;
+  for (const auto& link : links)
+    if (state->running && link->valid && !link->paused) link->action();
+}
+
+}  // namespace platform

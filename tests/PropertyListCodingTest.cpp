@@ -1,0 +1,208 @@
+// Property lists as files hold them: what is written reads back, both forms are read, and broken or
+// hostile bytes get one line of explanation.
+
+#include "platform/PropertyListCoding.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace {
+
+using platform::parsePropertyList;
+using platform::PropertyList;
+using platform::writeXmlPropertyList;
+
+std::vector<std::uint8_t> bytesOf(const std::string& text) { return {text.begin(), text.end()}; }
+
+std::string xml(const std::string& body, const std::string& before = "") {
+  return before + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + body +
+         "</plist>";
+}
+
+std::optional<PropertyList> parse(const std::string& text) {
+  std::string error;
+  return parsePropertyList(bytesOf(text), error);
+}
+
+std::string errorOf(const std::string& text) {
+  std::string error;
+  EXPECT_FALSE(parsePropertyList(bytesOf(text), error)) << text;
+  EXPECT_EQ(error.find('\n'), error.npos);
+  return error;
+}
+
+/// A binary property list of ready-made objects, each with a place in the table.
+std::string binary(const std::vector<std::string>& objects) {
+  std::string text = "bplist00", table;
+  for (const std::string& object : objects) {
+    table += static_cast<char>(text.size() >> 8);
+    table += static_cast<char>(text.size());
+    text += object;
+  }
+  const std::size_t tablePlace = text.size();
+  text += table + std::string(6, '\0') + '\2' + '\2';
+  const auto append = [&](std::uint64_t number) {
+    for (int shift = 56; shift >= 0; shift -= 8) text += static_cast<char>(number >> shift);
+  };
+  append(objects.size());
+  append(0);
+  append(tablePlace);
+  return text;
+}
+
+/// An array object of the given elements, by number.
+std::string array(const std::vector<int>& elements) {
+  std::string text(1, static_cast<char>(0xa0 + elements.size()));
+  for (int element : elements) {
+    text += static_cast<char>(element >> 8);
+    text += static_cast<char>(element);
+  }
+  return text;
+}
+
+TEST(PropertyListCodingTest, EveryKindOfValueReadsBackAsItWasWritten) {
+  const PropertyList list = PropertyList::Dictionary{
+      {"true", true},
+      {"false", false},
+      {"zero", 0},
+      {"negative", -5},
+      {"most", std::numeric_limits<std::int64_t>::max()},
+      {"least", std::numeric_limits<std::int64_t>::min()},
+      {"real", 0.1},
+      {"small", -1e-300},
+      {"large", 1e300},
+      {"float", static_cast<double>(0.1f)},
+      {"text", "W\xc3\xa4rme <&> \"\xf0\x9f\x8e\xb9\"\n\ttwo"},
+      {"empty", ""},
+      {"data", PropertyList::Data{0, 1, 254, 255}},
+      {"date", PropertyList::Date{700000000}},
+      {"before", PropertyList::Date{-1000000000}},
+      {"\xc3\xbc & key",
+       PropertyList::Array{1, "two", PropertyList::Array{}, PropertyList::Dictionary{{"a", 1}}}},
+  };
+  const auto read = parse(writeXmlPropertyList(list));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(*read, list);
+}
+
+TEST(PropertyListCodingTest, RealsOutsideTheNumbersSurvive) {
+  const auto read = parse(writeXmlPropertyList(
+      PropertyList::Array{std::numeric_limits<double>::infinity(),
+                          -std::numeric_limits<double>::infinity(), std::nan("")}));
+  ASSERT_TRUE(read);
+  const auto& items = *read->as<PropertyList::Array>();
+  EXPECT_EQ(items[0].number(), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(items[1].number(), -std::numeric_limits<double>::infinity());
+  EXPECT_TRUE(std::isnan(items[2].number()));
+}
+
+TEST(PropertyListCodingTest, WhatTheFormatCannotHoldIsLeftOutOrReplaced) {
+  EXPECT_EQ(*parse(writeXmlPropertyList({})), PropertyList(PropertyList::Dictionary{}));
+  EXPECT_EQ(*parse(writeXmlPropertyList(PropertyList::Array{1, {}, 2})),
+            PropertyList(PropertyList::Array{1, 2}));
+  const std::string replacement = "\xef\xbf\xbd";
+  const struct {
+    std::string text, read;
+  } cases[] = {
+      {std::string("a\0b", 3), "a" + replacement + "b"},
+      {"\x01", replacement},
+      {"\xff", replacement},
+      {"\xc3", replacement},
+      {"\xc0\x80", replacement + replacement},
+      {"\xed\xa0\x80", replacement + replacement + replacement},
+      {"\xef\xbf\xbf", replacement},
+      {"\xf4\x8f\xbf\xbd", "\xf4\x8f\xbf\xbd"},
+  };
+  for (const auto& [text, expected] : cases)
+    EXPECT_EQ(*parse(writeXmlPropertyList(text)), PropertyList(expected)) << text;
+}
+
+TEST(PropertyListCodingTest, XmlOfOtherWritersIsRead) {
+  const struct {
+    std::string text;
+    PropertyList list;
+  } cases[] = {
+      {xml("<string>mark</string>", "\xef\xbb\xbf"), "mark"},
+      {xml("<true/>", "\n"), true},
+      {xml("<!-- <dict> --><integer> 12 </integer>"), 12},
+      {xml("<string>a&amp;&#65;&#x20AC;<![CDATA[<x>]]></string>"), "a&A\xe2\x82\xac<x>"},
+      {xml("<data>\n\tAAEC\n</data>"), PropertyList::Data{0, 1, 2}},
+      {xml("<dict><key>a</key><real>1.5</real></dict>"), PropertyList::Dictionary{{"a", 1.5}}},
+  };
+  for (const auto& [text, list] : cases) {
+    const auto read = parse(text);
+    ASSERT_TRUE(read) << text;
+    EXPECT_EQ(*read, list) << text;
+  }
+}
+
+TEST(PropertyListCodingTest, TheBinaryFormIsRead) {
+  using namespace std::string_literals;
+  const auto read = parse(binary({
+      "\xd2\0\1\0\2\0\3\0\4"s,  // two keys, two values
+      "\x51"
+      "a"s,
+      "\x51"
+      "b"s,                         // the keys
+      "\x23\x3f\xf8\0\0\0\0\0\0"s,  // 1.5
+      array({5, 6, 7}),
+      "\x61\x00\xe4"s,  // UTF-16
+      "\x42\0\xff"s,    // data
+      "\x80\x09"s,      // a reference of a keyed archive
+  }));
+  ASSERT_TRUE(read);
+  EXPECT_EQ(*read, PropertyList(PropertyList::Dictionary{
+                       {"a", 1.5},
+                       {"b", PropertyList::Array{"\xc3\xa4", PropertyList::Data{0, 255},
+                                                 PropertyList::Dictionary{{"CF$UID", 9}}}}}));
+}
+
+TEST(PropertyListCodingTest, BrokenBytesAreExplained) {
+  EXPECT_EQ(errorOf(""), "the property list is empty");
+  EXPECT_EQ(errorOf("hello"), "this is no property list, neither XML nor binary");
+  EXPECT_EQ(errorOf("   \n"), "this is no property list, neither XML nor binary");
+  for (const std::string& text :
+       {xml("<dict><key>a</key>"), xml("<what/>"), xml("<dict><string>x</string></dict>"),
+        std::string("<"), std::string("<plist>"), std::string("<!--"), std::string("<?xml")})
+    EXPECT_EQ(errorOf(text), "the XML property list is damaged") << text;
+  EXPECT_EQ(errorOf("bplist00"), "the binary property list is cut short");
+  const std::string good = binary({array({1}), "\x09"});
+  for (std::size_t length = 6; length < good.size(); ++length) errorOf(good.substr(0, length));
+  EXPECT_EQ(errorOf(binary({array({7})})),
+            "the binary property list refers to a value that it does not have");
+  EXPECT_EQ(errorOf(binary({std::string("\xd1\0\1\0\1", 5), "\x09"})),
+            "the binary property list has a key that is no text");
+  EXPECT_EQ(errorOf(binary({"\x70"})), "the binary property list has a value of an unknown kind");
+  EXPECT_EQ(errorOf(binary({"\x5f\x13\xff\xff\xff\xff\xff\xff\xff\xff"})),
+            "the binary property list is cut short");
+}
+
+TEST(PropertyListCodingTest, NestingAndUnfoldingAreBounded) {
+  const auto nested = [](std::size_t depth) {
+    std::string text;
+    for (std::size_t i = 0; i < depth; ++i) text += "<array>";
+    for (std::size_t i = 0; i < depth; ++i) text += "</array>";
+    return xml(text);
+  };
+  EXPECT_TRUE(parse(nested(200)));
+  EXPECT_EQ(errorOf(nested(1000000)), "the XML property list is nested too deeply");
+
+  std::vector<std::string> chain;
+  for (int i = 0; i < 5000; ++i) chain.push_back(array({i + 1}));
+  chain.push_back("\x09");
+  EXPECT_EQ(errorOf(binary(chain)), "the binary property list is nested too deeply");
+
+  std::vector<std::string> doubling;
+  for (int i = 0; i < 64; ++i) doubling.push_back(array({i + 1, i + 1}));
+  doubling.push_back("\x09");
+  EXPECT_EQ(errorOf(binary(doubling)), "the binary property list unfolds to more than can be read");
+
+  EXPECT_EQ(errorOf(binary({array({1}), array({0})})),
+            "the binary property list is nested too deeply");
+}
+
+}  // namespace

@@ -1,0 +1,9 @@
+orvane_add_tests(quillon
+  SOURCES
+    CommonAudioUnitTest.cpp
+    MidiMessageTest.cpp
+    ParameterTextTest.cpp
+    ParameterTreeTest.cpp
+    SmootherTest.cpp
+    support/AllocationCounter.cpp
+  DEPENDS orvane::quillon Threads::Threads)
