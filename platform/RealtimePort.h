@@ -11,7 +11,8 @@ namespace platform {
 /// messages that arrive in the order in which they were posted, none merged. It is bounded: when
 /// it is full, further messages are refused until the user-interface thread has emptied it, and
 /// that drain ends by calling `overflowed` once, so that the owner can read everything anew.
-/// Made and destroyed on the user-interface thread; nobody may post while it is destroyed.
+/// Messages that are posted while there is no main run loop wait for one. Made and destroyed on the
+/// user-interface thread; nobody may post while it is destroyed.
 /// Implemented in foundation/.
 class RealtimePort {
  public:

@@ -26,7 +26,8 @@ class RunLoop {
 
   /// Makes the process's one loop; a second while it lives is fatal. `driver` outlives it.
   explicit RunLoop(Driver& driver);
-  /// Drops what is still queued. Timers, links and ports that outlive the loop stay silent.
+  /// Drops the tasks that are still queued. Timers and links that outlive the loop stay silent;
+  /// ports wait for the next loop.
   ~RunLoop();
   RunLoop(const RunLoop&) = delete;
   RunLoop& operator=(const RunLoop&) = delete;

@@ -1,0 +1,8 @@
+orvane_add_tests(toolkit
+  SOURCES
+    ControlTest.cpp
+    LayerTest.cpp
+    TouchTest.cpp
+    ViewTest.cpp
+    WindowTest.cpp
+  DEPENDS orvane::toolkit)

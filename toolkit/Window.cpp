@@ -1,0 +1,88 @@
+#include "platform/Window.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "platform/Fatal.h"
+#include "toolkit/WindowFrameState.h"
+
+namespace platform {
+
+double Window::Client::textWidth(std::string_view text, const Font& font) {
+  const auto startsCodePoint = [](char c) {
+    return (static_cast<unsigned char>(c) & 0xc0) != 0x80;
+  };
+  return 0.55 * font.pointSize *
+         static_cast<double>(std::count_if(text.begin(), text.end(), startsCodePoint));
+}
+
+double Window::Client::now() const {
+  const auto time = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration<double>(time).count();
+}
+
+Window::Window(Client& client) : client_(client), frame_(std::make_unique<FrameState>(client)) {}
+
+Window::~Window() {
+  // So that the client is not asked for a frame of a window that dies.
+  needsFrame_ = true;
+  setRootViewController(nullptr);
+}
+
+void Window::setRootViewController(ViewController* controller) {
+  View* const next = controller ? &controller->view() : nullptr;
+  if (next && next == rootView_) return;
+  if (next && next->window()) fatal("This view controller is already in a window");
+  if (rootView_) rootViewLeaves();
+  root_ = controller;
+  rootView_ = next;
+  if (next) {
+    next->removeFromSuperview();
+    next->rootOf_ = this;
+    next->setFrame({0, 0, size_.width, size_.height});
+    next->markNeeds(View::Need::place);
+  }
+  releaseLost();
+}
+
+void Window::rootViewLeaves() {
+  damage({0, 0, size_.width, size_.height});
+  rootView_->composited_ = {};
+  rootView_->rootOf_ = nullptr;
+  rootView_ = nullptr;
+  root_ = nullptr;
+}
+
+void Window::viewLeaves(View& view) {
+  if (&view == rootView_) return rootViewLeaves();
+  // What is hidden has been, or will be, taken away with whatever hides it.
+  if (view.superview_->isShown()) damage(view.composited_.tree);
+  view.composited_ = {};
+}
+
+void Window::setSize(const Size& size) {
+  const auto valid = [](double v) { return std::isfinite(v) && v > 0 ? v : 0.0; };
+  const Size next{valid(size.width), valid(size.height)};
+  if (next == size_) return;
+  size_ = next;
+  damage({0, 0, next.width, next.height});
+  if (rootView_) rootView_->setFrame({0, 0, next.width, next.height});
+}
+
+Responder* Window::nextResponder() const { return client_.application(); }
+
+void Window::wantFrame() {
+  if (needsFrame_) return;
+  needsFrame_ = true;
+  client_.frameWanted();
+}
+
+void Window::damage(const Rect& area) {
+  const Rect shown = area.intersection({0, 0, size_.width, size_.height});
+  if (shown.isEmpty()) return;
+  frame_->damage.add(shown);
+  wantFrame();
+}
+
+}  // namespace platform

@@ -1,0 +1,202 @@
+#include <utility>
+
+#include "platform/Window.h"
+#include "toolkit/ViewRecording.h"
+#include "toolkit/WindowFrameState.h"
+
+namespace platform {
+
+namespace {
+
+/// Calls `visit` for the subviews of `view`, which may come, go and change places meanwhile: all
+/// that are there at the end have been visited, some perhaps twice.
+template <class Visit>
+void visitSubviews(View& view, Visit visit) {
+  const Weak<View> self = &view;
+  for (std::size_t i = 0; self && i < view.subviews().size();) {
+    View* const subview = view.subviews()[i];
+    visit(*subview);
+    if (self && i < view.subviews().size() && view.subviews()[i] == subview) ++i;
+  }
+}
+
+}  // namespace
+
+std::vector<Rect> Window::prepareFrame() {
+  if (frame_->preparing) return {};
+  const Weak<Window> self = this;
+  releaseLost();
+  if (!self || !needsFrame_) return {};
+
+  frame_->preparing = true;
+  ++frame_->number;
+  if (rootView_) layoutPass(*rootView_);
+  if (rootView_) displayPass(*rootView_);
+  if (rootView_ && rootView_->needs_) damagePass(*rootView_, {}, rootView_->bounds());
+  frame_->preparing = false;
+
+  // What was asked for during the passes, too late for this frame.
+  needsFrame_ = false;
+  if (rootView_ && rootView_->concernsFrame()) wantFrame();
+  return frame_->damage.take();
+}
+
+void Window::layoutIfNeeded(View& view) {
+  if (!(view.needs_ & View::Need::layout) || view.laidOutIn_ == frame_->number) return;
+  view.laidOutIn_ = frame_->number;
+  view.needs_ &= ~static_cast<unsigned>(View::Need::layout);
+  const Weak<View> self = &view;
+  const Weak<ViewController> controller = view.controller_;
+  if (controller) controller->viewWillLayoutSubviews();
+  if (self) view.layoutSubviews();
+  if (controller) controller->viewDidLayoutSubviews();
+}
+
+void Window::layoutPass(View& view) {
+  if (view.hidden_) return;
+  const Weak<View> self = &view;
+  layoutIfNeeded(view);
+  if (!self || !(view.needs_ & View::Need::below)) return;
+  // Its draw is going to place what is below, which is laid out after that, at its new size.
+  if (view.needs_ & View::Need::display) return;
+  visitSubviews(view, [this](View& subview) {
+    if (subview.concernsFrame()) layoutPass(subview);
+  });
+}
+
+void Window::displayPass(View& view) {
+  if (view.hidden_) return;
+  const Weak<View> self = &view;
+  layoutIfNeeded(view);
+  if (!self || !shows(view)) return;
+
+  using Need = View::Need;
+  if ((view.needs_ & (Need::display | Need::paint)) && view.displayedIn_ != frame_->number) {
+    view.displayedIn_ = frame_->number;
+    if (view.needs_ & Need::display) {
+      view.needs_ = (view.needs_ & ~static_cast<unsigned>(Need::display)) | Need::paint;
+      const Size size = view.frame_.size();
+      view.draw(view.bounds());
+      if (!self) return;
+      // What a view asks of itself while it draws is answered by the paint that follows.
+      if (view.frame_.size() == size) view.needs_ &= ~static_cast<unsigned>(Need::display);
+      if (!shows(view)) return;
+    }
+    record(view);
+    if (!self) return;
+  }
+  if (view.needs_ & Need::below) {
+    visitSubviews(view, [this](View& subview) {
+      if (subview.concernsFrame()) displayPass(subview);
+    });
+  }
+}
+
+void Window::record(View& view) {
+  view.needs_ &= ~static_cast<unsigned>(View::Need::paint);
+  toolkit::Recorder& recorder = frame_->recorder;
+  recorder.begin(view.frame_.size());
+  if (!view.bounds().isEmpty()) {
+    const Weak<View> self = &view;
+    ++paintedViews_;
+    view.layer_.render(recorder);
+    view.paint(recorder);
+    if (!self) return;
+  }
+  const toolkit::DisplayList& list = recorder.finish();
+  if (!view.recording_) {
+    if (list.isEmpty()) return;
+    view.recording_ = std::make_shared<View::Recording>();
+  } else if (view.recording_->list == list) {
+    return;
+  }
+  view.recording_->list.assign(list);
+  view.markNeeds(View::Need::content);
+}
+
+void Window::damagePass(View& view, Point origin, const Rect& clip) {
+  using Need = View::Need;
+  if (view.needs_ & Need::place) {
+    const Rect before = view.composited_.tree;
+    placeAgain(view, origin, clip);
+    damage(before);
+    damage(view.composited_.tree);
+    return;
+  }
+  if (view.hidden_) return;
+
+  View::Composited& c = view.composited_;
+  if (view.needs_ & Need::content) {
+    const Rect& covered = view.recording_->list.bounds();
+    const Rect area =
+        covered.translated(c.origin.x, c.origin.y).intersection(c.alpha > 0 ? clip : Rect{});
+    damage(c.area);
+    damage(area);
+    c.area = area;
+  }
+  if (view.needs_ & (Need::content | Need::below)) {
+    const Rect clipBelow = c.clips ? clip.intersection(c.clip) : clip;
+    bool below = false;
+    c.tree = c.area;
+    for (View* subview : view.subviews_) {
+      if (subview->concernsFrame())
+        damagePass(*subview, c.origin, c.alpha > 0 ? clipBelow : Rect{});
+      below = below || subview->concernsFrame();
+      c.tree = c.tree.unionWith(subview->composited_.tree);
+    }
+    view.needs_ &= ~static_cast<unsigned>(Need::content | Need::below);
+    if (below) view.needs_ |= Need::below;
+  }
+}
+
+void Window::placeAgain(View& view, Point origin, const Rect& clip) {
+  using Need = View::Need;
+  view.needs_ &= ~static_cast<unsigned>(Need::place);
+  View::Composited& c = view.composited_;
+  c.alpha = view.alpha_;
+  c.clips = view.clipsToBounds_;
+  c.origin = origin + view.frame_.origin();
+  c.clip = view.bounds().translated(c.origin.x, c.origin.y);
+  c.area = c.tree = {};
+  if (view.hidden_) return;
+
+  view.needs_ &= ~static_cast<unsigned>(Need::content | Need::below);
+  const Rect seen = c.alpha > 0 ? clip : Rect{};
+  if (view.recording_)
+    c.area = view.recording_->list.bounds().translated(c.origin.x, c.origin.y).intersection(seen);
+  c.tree = c.area;
+  const Rect clipBelow = c.clips ? seen.intersection(c.clip) : seen;
+  for (View* subview : view.subviews_) {
+    placeAgain(*subview, c.origin, clipBelow);
+    if (subview->concernsFrame()) view.needs_ |= Need::below;
+    c.tree = c.tree.unionWith(subview->composited_.tree);
+  }
+}
+
+void Window::composite(Canvas& canvas, const Rect& area) {
+  if (rootView_) compositeView(*rootView_, canvas, area);
+}
+
+void Window::compositeView(View& view, Canvas& canvas, const Rect& area) {
+  const View::Composited& c = view.composited_;
+  if (!c.tree.intersects(area) || !canvas.intersectsClip(c.tree)) return;
+
+  const bool grouped = c.clips || c.alpha < 1;
+  if (grouped) {
+    canvas.save();
+    if (c.clips) canvas.clip(c.clip);
+    if (c.alpha < 1) canvas.multiplyAlpha(c.alpha);
+  }
+  if (c.area.intersects(area) && canvas.intersectsClip(c.area)) {
+    const toolkit::DisplayList& list = view.recording_->list;
+    canvas.save();
+    if (list.exceedsSize() && !c.clips) canvas.clip(c.clip);
+    if (c.origin != Point{}) canvas.concat(AffineTransform::translation(c.origin.x, c.origin.y));
+    list.replay(canvas);
+    canvas.restore();
+  }
+  for (View* subview : view.subviews_) compositeView(*subview, canvas, area);
+  if (grouped) canvas.restore();
+}
+
+}  // namespace platform

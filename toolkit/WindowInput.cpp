@@ -1,0 +1,219 @@
+#include <algorithm>
+#include <utility>
+
+#include "platform/Control.h"
+#include "platform/Window.h"
+
+namespace platform {
+
+namespace {
+
+/// Asks `start` and what follows it, but for `skipped`; any of them may be gone after its answer.
+template <class Use>
+bool offer(Responder* start, const Responder* skipped, Use use) {
+  Weak<Responder> next = start;
+  while (Responder* const asked = next.get()) {
+    if (asked != skipped && use(*asked)) return true;
+    if (!next) return false;
+    next = asked->nextResponder();
+  }
+  return false;
+}
+
+void collectKeyboardViews(View& view, std::vector<View*>& found) {
+  if (view.isHidden() || !view.isUserInteractionEnabled() || view.alpha() <= 0) return;
+  const auto* control = dynamic_cast<const Control*>(&view);
+  if ((!control || control->isEnabled()) && view.canBecomeFirstResponder()) found.push_back(&view);
+  for (View* subview : view.subviews()) collectKeyboardViews(*subview, found);
+}
+
+bool holds(const std::vector<Weak<View>>& views, const Weak<View>& view) {
+  return std::find(views.begin(), views.end(), view) != views.end();
+}
+
+}  // namespace
+
+bool Window::shows(const View& view) const { return view.isShown() && view.window() == this; }
+
+void Window::releaseLost() {
+  std::vector<ActiveTouch> lostTouches;
+  std::vector<Weak<View>> lostHover;
+  Weak<View> lostKeyboard;
+
+  const auto isLost = [this](const Weak<View>& view) { return !view || !shows(*view); };
+  for (const ActiveTouch& active : touches_)
+    if (isLost(active.view)) lostTouches.push_back(active);
+  std::erase_if(touches_, [&](const ActiveTouch& active) { return isLost(active.view); });
+  for (const Weak<View>& view : hoverChain_)
+    if (isLost(view)) lostHover.push_back(view);
+  std::erase_if(hoverChain_, isLost);
+  if (firstResponder_ && isLost(firstResponder_))
+    lostKeyboard = std::exchange(firstResponder_, nullptr);
+
+  // Nothing of the window below this line: whoever is told may close it.
+  for (const ActiveTouch& lost : lostTouches)
+    if (lost.view) lost.view->touchCancelled(lost.touch);
+  for (const Weak<View>& view : lostHover)
+    if (view) view->hoverChanged(false);
+  if (lostKeyboard) lostKeyboard->firstResponderChanged();
+}
+
+void Window::releaseLostLater() {
+  if (firstResponder_ || !touches_.empty() || !hoverChain_.empty()) wantFrame();
+}
+
+// Touches
+
+Window::ActiveTouch* Window::activeTouch(int id) {
+  const auto found =
+      std::find_if(touches_.begin(), touches_.end(),
+                   [id](const ActiveTouch& active) { return active.touch.id == id; });
+  return found == touches_.end() ? nullptr : &*found;
+}
+
+void Window::touchBegan(int id, Touch::Kind kind, Point location, int tapCount,
+                        Modifiers modifiers) {
+  const Weak<Window> self = this;
+  releaseLost();
+  // One whose end was missed.
+  if (ActiveTouch* const old = self ? activeTouch(id) : nullptr) {
+    const ActiveTouch missed = *old;
+    forgetTouch(id);
+    if (missed.view) missed.view->touchCancelled(missed.touch);
+  }
+  if (!self || activeTouch(id) || !rootView_) return;
+  const Weak<View> hit = rootView_->hitTest(location);
+  if (!hit) return;
+  const bool taken = std::any_of(touches_.begin(), touches_.end(),
+                                 [&](const ActiveTouch& active) { return active.view == hit; });
+  if (taken && !hit->isMultipleTouchEnabled()) return;
+
+  Touch touch;
+  touch.id = id;
+  touch.kind = kind;
+  touch.tapCount = tapCount;
+  touch.modifiers = modifiers;
+  touch.location = touch.previousLocation = touch.startLocation = location;
+  touch.timestamp = client_.now();
+  touches_.push_back({touch, hit});
+
+  for (View* view = hit.get(); view; view = view->superview()) {
+    if (!view->canBecomeFirstResponder()) continue;
+    view->becomeFirstResponder();
+    break;
+  }
+  // The change of the keyboard may have taken the view away, and the touch with it.
+  if (!self || !hit || !activeTouch(id)) return;
+  hit->touchBegan(touch);
+}
+
+void Window::touchMoved(int id, Point location, Modifiers modifiers) {
+  const Weak<Window> self = this;
+  releaseLost();
+  ActiveTouch* const active = self ? activeTouch(id) : nullptr;
+  if (!active) return;
+  active->touch.previousLocation = active->touch.location;
+  active->touch.location = location;
+  active->touch.modifiers = modifiers;
+  active->touch.timestamp = client_.now();
+  const ActiveTouch moved = *active;
+  if (moved.view) moved.view->touchMoved(moved.touch);
+}
+
+void Window::touchEnded(int id, Point location, Modifiers modifiers) {
+  const Weak<Window> self = this;
+  releaseLost();
+  ActiveTouch* const active = self ? activeTouch(id) : nullptr;
+  if (!active) return;
+  ActiveTouch ended = *active;
+  forgetTouch(id);
+  ended.touch.previousLocation = ended.touch.location;
+  ended.touch.location = location;
+  ended.touch.modifiers = modifiers;
+  ended.touch.timestamp = client_.now();
+  if (ended.view) ended.view->touchEnded(ended.touch);
+}
+
+void Window::forgetTouch(int id) {
+  std::erase_if(touches_, [id](const ActiveTouch& active) { return active.touch.id == id; });
+}
+
+void Window::cancelTouches() {
+  for (const ActiveTouch& cancelled : std::exchange(touches_, {}))
+    if (cancelled.view) cancelled.view->touchCancelled(cancelled.touch);
+}
+
+// Hover
+
+void Window::hovered(Point location) {
+  const Weak<Window> self = this;
+  releaseLost();
+  if (!self) return;
+  std::vector<Weak<View>> chain;
+  View* view = rootView_ ? rootView_->hitTest(location) : nullptr;
+  for (; view; view = view->superview()) chain.push_back(view);
+  setHoverChain(std::move(chain));
+}
+
+void Window::hoverEnded() { setHoverChain({}); }
+
+void Window::setHoverChain(std::vector<Weak<View>> chain) {
+  if (chain == hoverChain_) return;
+  const std::vector<Weak<View>> before = std::exchange(hoverChain_, chain);
+  const Weak<Window> self = this;
+  for (const Weak<View>& view : before)
+    if (view && !holds(chain, view)) view->hoverChanged(false);
+  for (auto view = chain.rbegin(); view != chain.rend(); ++view) {
+    // Somebody who was told before may have taken it away.
+    if (*view && self && holds(hoverChain_, *view) && !holds(before, *view))
+      (*view)->hoverChanged(true);
+  }
+}
+
+// Wheel and keyboard
+
+bool Window::wheelTurned(const WheelEvent& event) {
+  const Weak<Window> self = this;
+  releaseLost();
+  if (!self || !rootView_) return false;
+  return offer(rootView_->hitTest(event.location), this,
+               [&](Responder& responder) { return responder.wheelTurned(event); });
+}
+
+bool Window::keyPressed(const KeyEvent& event) {
+  const Weak<Window> self = this;
+  releaseLost();
+  if (!self) return false;
+  View* const first = firstResponder_ ? firstResponder_.get() : rootView_;
+  const bool used = offer(first, this, [&](Responder& r) { return r.keyPressed(event); });
+  if (used || !self || event.key != Key::tab) return used;
+  if (event.modifiers == Modifiers::none) return moveKeyboard(1);
+  if (event.modifiers == Modifiers::shift) return moveKeyboard(-1);
+  return false;
+}
+
+bool Window::moveKeyboard(int direction) {
+  std::vector<View*> views;
+  if (rootView_) collectKeyboardViews(*rootView_, views);
+  if (views.empty()) return false;
+  const auto count = static_cast<std::ptrdiff_t>(views.size());
+  const auto found = std::find(views.begin(), views.end(), firstResponder_.get());
+  std::ptrdiff_t next = direction > 0 ? 0 : count - 1;
+  if (found != views.end()) next = (found - views.begin() + direction + count) % count;
+  if (views[static_cast<std::size_t>(next)] == firstResponder_) return false;
+  return views[static_cast<std::size_t>(next)]->becomeFirstResponder();
+}
+
+bool Window::giveKeyboard(View* view) {
+  if (firstResponder_ == view) return true;
+  const Weak<Window> self = this;
+  const Weak<View> next = view;
+  const Weak<View> before = std::exchange(firstResponder_, next);
+  if (before) before->firstResponderChanged();
+  // Whoever lost it may have given it to somebody else.
+  if (!self || firstResponder_ != next) return false;
+  if (next) next->firstResponderChanged();
+  return self && next && firstResponder_ == next;
+}
+
+}  // namespace platform
