@@ -1,0 +1,140 @@
+#include "Orvane/ControlBuilder.h"
+
+#include "KestroUI/BitFlagsGroupContainer.h"
+#include "KestroUI/DropDownListContainer.h"
+#include "KestroUI/MultipleContainer.h"
+#include "KestroUI/OnOffContainer.h"
+#include "KestroUI/RadioContainer.h"
+#include "KestroUI/WaveformKnobContainer.h"
+#include "Orvane/AUFilterViewContainer.h"
+#include "Orvane/AUWaveformKnobContainer.h"
+#include "Orvane/ControlFactory.h"
+#include "Orvane/ParameterMapping.h"
+
+namespace orvane {
+
+using kestroui::Container;
+using kestroui::ControlType;
+
+ControlBuilder::ControlBuilder(platform::AudioUnit* audioUnit, const DSPParameters& parameters,
+                               const std::vector<Key>& known)
+    : audioUnit_(audioUnit), parameters_(parameters) {
+  for (const Key& key : known) known_.emplace(key->key(), key);
+}
+
+ControlBuilder::Key ControlBuilder::plainKey(const platform::AUParameter& parameter) {
+  kestroui::ParameterUISettings settings;
+  settings.displayName = parameter.displayName();
+  if (parameter.unit() == platform::AudioUnitParameterUnit::boolean)
+    settings.controlType = ControlType::onOff;
+  else if (parameter.unit() == platform::AudioUnitParameterUnit::indexed)
+    settings.controlType = ControlType::dropdownList;
+  return std::make_shared<kestroui::ParamKey>(parameter.key(), std::move(settings));
+}
+
+const std::string& ControlBuilder::parameterKey(const Container& container,
+                                                const std::string& key) {
+  return dynamic_cast<const AUFilterViewContainer*>(&container)
+             ? AUFilterViewContainer::parameterKey(key)
+             : key;
+}
+
+std::shared_ptr<Container> ControlBuilder::build(const Key& key) {
+  std::shared_ptr<Container> container = make(*key);
+  if (!container) return nullptr;
+  container->setParamKeys(keysOf(key));
+  applySettings(*container, *key);
+  applyParameters(*container);
+  watch(*container);
+  return container;
+}
+
+std::shared_ptr<Container> ControlBuilder::make(const kestroui::ParamKey& key) const {
+  const kestroui::ParameterUISettings& settings = key.settings();
+  if (settings.container) return settings.container;
+  switch (settings.controlType) {
+    case ControlType::onOff:
+      return std::make_shared<kestroui::OnOffContainer>(stringValues(key));
+    case ControlType::radioButtons:
+    case ControlType::radioWaveForm:
+      return std::make_shared<kestroui::RadioContainer>(settings.controlType ==
+                                                        ControlType::radioWaveForm);
+    case ControlType::multiple: return std::make_shared<kestroui::MultipleContainer>();
+    case ControlType::waveformKnob:
+      // Without a live value there is nothing to follow at each frame.
+      if (audioUnit_ && audioUnit_->getOutputValues(key.key()))
+        return std::make_shared<AUWaveformKnobContainer>();
+      return std::make_shared<kestroui::WaveformKnobContainer>();
+    case ControlType::dropdownList: return std::make_shared<kestroui::DropDownListContainer>();
+    default: return ControlFactory::container(settings.controlType);
+  }
+}
+
+std::vector<ControlBuilder::Key> ControlBuilder::keysOf(const Key& key) const {
+  std::vector<Key> keys{key};
+  // The attached names of a flag group are its flags: bits of the one parameter.
+  if (key->settings().controlType == ControlType::bitFlagsGroup) return keys;
+  for (const std::string& attached : key->settings().attachedParameters) {
+    if (const auto entry = known_.find(attached); entry != known_.end())
+      keys.push_back(entry->second);
+    else if (const platform::AUParameter* parameter = parameters_[attached])
+      keys.push_back(plainKey(*parameter));
+    else
+      keys.push_back(std::make_shared<kestroui::ParamKey>(attached));
+  }
+  return keys;
+}
+
+std::vector<std::string> ControlBuilder::stringValues(const kestroui::ParamKey& key) const {
+  if (!key.settings().stringValues.empty() || !audioUnit_) return key.settings().stringValues;
+  return audioUnit_->stringValuesFor(key.key());
+}
+
+void ControlBuilder::applySettings(Container& container, const kestroui::ParamKey& key) const {
+  const kestroui::ParameterUISettings& settings = key.settings();
+  container.setTitle(settings.displayName.empty() ? key.key() : settings.displayName);
+  container.setInverted(settings.inverted);
+  container.setLinks(settings.links);
+  if (!settings.colors.empty()) container.setColors(settings.colors);
+  if (settings.controlColor) container.setControlColor(*settings.controlColor);
+  if (auto* flags = dynamic_cast<kestroui::BitFlagsGroupContainer*>(&container))
+    flags->setFlags(settings.attachedParameters);
+}
+
+void ControlBuilder::applyParameters(Container& container) const {
+  const auto parameterAt = [&](std::size_t index) -> const platform::AUParameter* {
+    return index < container.paramKeys().size()
+               ? parameters_[parameterKey(container, container.paramKeys()[index]->key())]
+               : nullptr;
+  };
+  if (const platform::AUParameter* own = parameterAt(0)) {
+    container.setValueRange(own->minValue(), own->maxValue());
+    container.positionOfValue = [mapping = ParameterMapping(*own)](float value) {
+      return mapping.positionOf(value);
+    };
+  }
+  if (const std::shared_ptr<kestroui::ParamKey> own = container.key()) {
+    const std::vector<std::string> values = stringValues(*own);
+    if (!values.empty()) container.setStringValues(values);
+  }
+  if (auto* filter = dynamic_cast<AUFilterViewContainer*>(&container)) {
+    filter->audioUnit = audioUnit_;
+    if (const platform::AUParameter* resonance = parameterAt(1))
+      filter->filterView().setResonanceRange(resonance->minValue(), resonance->maxValue());
+  }
+}
+
+void ControlBuilder::watch(Container& container) const {
+  // A control that the plug-in has made may have been bound before.
+  container.watchedValues.clear();
+  container.isModulating.clear();
+  if (!audioUnit_) return;
+  for (const Key& key : container.paramKeys()) {
+    const std::string& name = parameterKey(container, key->key());
+    if (const auto* value = audioUnit_->getOutputValues(name))
+      container.watchedValues.push_back(value);
+    if (const auto* flag = audioUnit_->isModulating(name)) container.isModulating.push_back(flag);
+  }
+}
+
+}  // namespace orvane

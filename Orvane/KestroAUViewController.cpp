@@ -1,0 +1,211 @@
+#include "Orvane/KestroAUViewController.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "KestroUI/Theme.h"
+#include "platform/Fatal.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr double menuBarShare = 0.104;
+constexpr double checkInterval = 0.1;
+/// Content of this height has labels of their natural size.
+constexpr double labelHeightUnit = 250;
+constexpr double maximumLabelScale = 2.0;
+
+}  // namespace
+
+KestroAUViewController::KestroAUViewController()
+    : controls_(std::make_shared<ControlCollection>()) {}
+
+KestroAUViewController::~KestroAUViewController() { tellAudioUnitOfUI(false); }
+
+std::shared_ptr<AUDesign> KestroAUViewController::design() {
+  platform::fatal("Must override this");
+}
+
+std::unique_ptr<platform::AudioUnit> KestroAUViewController::createAudioUnit(
+    const platform::AudioComponentDescription&) {
+  platform::fatal("Must override this");
+}
+
+void KestroAUViewController::setAudioUnit(platform::AudioUnit* audioUnit) {
+  audioUnit_ = audioUnit;
+}
+
+void KestroAUViewController::viewDidLoad() {
+  settingsViewController_.design = design();
+  settingsViewController_.controls = controls_;
+  settingsViewController_.foot_stack = foot_stack();
+  settingsViewController_.footHRatio = footHeightRatio();
+  addViewController(settingsViewController_);
+  if (initPage != 0) settingsViewController_.setCurrentPage(initPage);
+  menuBar_.setAppLogo(appLogo());
+  menuBar_.setAppName(appName());
+  ViewController::viewDidLoad();
+  view().setBackgroundColor(kestroui::Theme::background);
+  view().addSubview(menuBar_);
+  menuBar_.delegate = this;
+  if (auto* unit = audioUnit()) {
+    if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
+    connectViewWithAU();
+  }
+}
+
+// Appearance
+
+void KestroAUViewController::tellAudioUnitOfUI(bool visible) {
+  platform::AudioUnit* const unit = visible ? audioUnit() : nullptr;
+  if (shownUnit_ == unit) return;
+  if (auto* before = shownUnit_.get()) before->hasUI(false);
+  shownUnit_ = unit;
+  if (unit) unit->hasUI(true);
+}
+
+void KestroAUViewController::viewDidAppear() {
+  ViewController::viewDidAppear();
+  tellAudioUnitOfUI(true);
+  if (!displayLink_)
+    displayLink_ = std::make_unique<platform::DisplayLink>([this] { updateUI(); });
+  checkTimer_ = platform::Timer(checkInterval, platform::Timer::Repeat::forever,
+                                [self = platform::Weak<KestroAUViewController>(this)] {
+                                  if (!self) return;
+                                  self->followHostFrame();
+                                  self->followPresetName();
+                                });
+}
+
+void KestroAUViewController::viewDidDisappear() {
+  ViewController::viewDidDisappear();
+  tellAudioUnitOfUI(false);
+  displayLink_.reset();
+  checkTimer_.invalidate();
+}
+
+void KestroAUViewController::followHostFrame() {
+  const platform::Rect frame = parent() ? parent()->view().frame() : platform::Rect{};
+  resizing_ = storedRect_ != frame;
+  if (!resizing_ && displayLink_) displayLink_->setPaused(false);
+  storedRect_ = frame;
+  if (layoutWhileResizing) return;
+  if (std::exchange(settingsViewController_.resizing, resizing_) && !resizing_)
+    settingsViewController_.view().setNeedsLayout();
+}
+
+void KestroAUViewController::followPresetName() {
+  auto* unit = audioUnit();
+  if (!unit) return;
+  std::string name = unit->currentPresetName();
+  if (name == knownPresetName_) return;
+  knownPresetName_ = std::move(name);
+  setPresetName(knownPresetName_);
+}
+
+void KestroAUViewController::updateUI() {
+  // The live values belong to the audio unit whose controls these are.
+  if (!connection_ || !connection_->audioUnit()) return;
+  for (const auto& [key, container] : controls_->controls())
+    if (container->isVisible() && container->hasModulation()) container->updateModulation();
+}
+
+void KestroAUViewController::updateVisibility() {
+  for (const auto& [key, container] : controls_->controls())
+    container->setHidden(!isControlShown(*key));
+}
+
+// Layout
+
+void KestroAUViewController::viewWillLayoutSubviews() {
+  ViewController::viewWillLayoutSubviews();
+  if (displayLink_) displayLink_->setPaused(true);
+}
+
+void KestroAUViewController::viewDidLayoutSubviews() {
+  ViewController::viewDidLayoutSubviews();
+  const platform::Rect bounds = view().bounds();
+  const double ratio = contentRatio();
+  platform::Rect content;
+  if (bounds.height < bounds.width * ratio) {
+    content.width = bounds.height / ratio;
+    content.height = bounds.height;
+    content.x = (bounds.width - content.width) * 0.5;
+  } else {
+    content.width = bounds.width;
+    content.height = bounds.width * ratio;
+    content.y = (bounds.height - content.height) * 0.5;
+  }
+
+  const double menuHeight = content.height * menuBarShare;
+  menuBar_.setFrame({content.x, content.y, content.width, menuHeight});
+  mainContentFrame_ = {content.x, content.y + menuHeight, content.width,
+                       content.height - menuHeight};
+  settingsViewController_.view().setFrame(mainContentFrame_);
+  labelScale_ = std::min(content.height / labelHeightUnit, maximumLabelScale);
+  applyLabelScale();
+}
+
+void KestroAUViewController::applyLabelScale() {
+  for (const auto& [key, container] : controls_->controls())
+    container->setLabelHRatio(labelScale_);
+  if (!settingsViewController_.foot_stack) return;
+  for (const auto& key : *settingsViewController_.foot_stack)
+    if (const auto container = key ? (*controls_)[key] : nullptr)
+      container->setLabelHRatio(labelScale_ * (1 - settingsViewController_.footHRatio));
+}
+
+// The rest of the editor
+
+std::shared_ptr<kestroui::Container> KestroAUViewController::container(
+    const std::string& key) const {
+  return controls_->container(key);
+}
+
+void KestroAUViewController::setPresetName(const std::string& name) {
+  menuBar_.setPresetName(name);
+}
+
+void KestroAUViewController::randomize() {
+  if (auto* unit = audioUnit()) unit->randomize();
+}
+
+void KestroAUViewController::menuBarDidStepPreset(Direction direction) {
+  auto* unit = audioUnit();
+  if (!unit || unit->factoryPresets().empty()) return;
+  const auto& presets = unit->factoryPresets();
+  const auto current =
+      std::find_if(presets.begin(), presets.end(), [unit](const platform::AUAudioUnitPreset& p) {
+        return p.number == unit->currentPreset();
+      });
+  const bool forwards = direction == Direction::next;
+  // From no preset at all the first step goes to the first or the last.
+  std::size_t index = forwards ? 0 : presets.size() - 1;
+  if (current != presets.end()) {
+    const auto from = static_cast<std::size_t>(current - presets.begin());
+    index = (from + (forwards ? 1 : presets.size() - 1)) % presets.size();
+  }
+  unit->setCurrentPreset(presets[index].number);
+  followPresetName();
+}
+
+void KestroAUViewController::openURL(const std::string& url) {
+  for (platform::Responder* responder = this; responder; responder = responder->nextResponder())
+    if (auto* application = dynamic_cast<platform::Application*>(responder)) {
+      application->open(url);
+      return;
+    }
+}
+
+void KestroAUViewController::addViewController(platform::ViewController& child) {
+  addChild(child);
+  view().addSubview(child.view());
+}
+
+void KestroAUViewController::removeViewController(platform::ViewController& child) {
+  child.view().removeFromSuperview();
+  child.removeFromParent();
+}
+
+}  // namespace orvane

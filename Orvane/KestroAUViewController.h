@@ -1,0 +1,178 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "KestroUI/ContainerDelegate.h"
+#include "Orvane/AUDesign.h"
+#include "Orvane/ControlCollection.h"
+#include "Orvane/ControlParameterObserver.h"
+#include "Orvane/DSPParameters.h"
+#include "Orvane/HeldParameters.h"
+#include "Orvane/KestroAUViewControllerDelegate.h"
+#include "Orvane/MenuBar.h"
+#include "Orvane/ParameterConnection.h"
+#include "Orvane/SettingsViewController.h"
+#include "platform/AudioUnit.h"
+#include "platform/Image.h"
+#include "platform/RunLoop.h"
+#include "platform/ViewController.h"
+
+namespace orvane {
+
+/// The editor of a plug-in. A plug-in derives from it, says what its editor shows and how it is
+/// proportioned, and gets everything else:
+///
+///     class SynthViewController : public orvane::KestroAUViewController {
+///      public:
+///       std::shared_ptr<AUDesign> design() override { return std::make_shared<SynthDesign>(); }
+///       std::string productId() override { return "org.example.synth"; }
+///     };
+///
+/// It never owns the audio unit, which may come later than the view and go before it. Whoever
+/// shows the editor adds its view, calls appear and disappear, and destroys it at any time.
+/// User-interface thread only; the audio unit's parameters may change on any thread.
+class KestroAUViewController : public platform::ViewController,
+                               public kestroui::ContainerDelegate,
+                               public MenuBarDelegate {
+ public:
+  KestroAUViewController();
+  ~KestroAUViewController() override;
+
+  // What a plug-in overrides
+
+  /// Asked once, when the view is loaded. Fatal in the base class.
+  virtual std::shared_ptr<AUDesign> design();
+  /// Makes the audio unit for a host, which then owns it and gives it to setAudioUnit. What it
+  /// throws reaches the host. Fatal in the base class.
+  virtual std::unique_ptr<platform::AudioUnit> createAudioUnit(
+      const platform::AudioComponentDescription& description);
+  /// Names the product; must not be empty when the audio unit keeps presets in a store.
+  virtual std::string productId() { return {}; }
+  virtual std::string appName() { return {}; }
+  virtual platform::Image appLogo() { return {}; }
+  /// Height over width of everything the editor shows.
+  virtual double contentRatio() { return 0.75; }
+  /// Share of the content's height for the foot strip.
+  virtual double footHeightRatio() { return 0; }
+  /// The foot strip from left to right; a null entry widens the control before it.
+  virtual std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() { return {}; }
+  /// Whether a control is shown at all; applied by updateVisibility. All are in the base class.
+  virtual bool isControlShown(const kestroui::ParamKey& /*key*/) { return true; }
+  /// The user chose a display mode in the menu bar.
+  virtual void displayChanged(int /*index*/) {}
+
+  // Audio unit
+
+  platform::AudioUnit* audioUnit() const { return audioUnit_.get(); }
+  /// When the view is loaded already, connectViewWithAU has to follow.
+  void setAudioUnit(platform::AudioUnit* audioUnit);
+  /// Builds the controls for the audio unit's parameters and follows their values. May be called
+  /// again, for another audio unit or the same.
+  void connectViewWithAU();
+  /// Builds, binds and registers the control of each key, then lays the content out.
+  void setupControls(const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys);
+  /// The parameter at this address has a new value: its controls and the sections that it
+  /// switches show it.
+  virtual void updateParameter(platform::AUParameterAddress address);
+  void randomize();
+  /// Sets the parameter that was double-tapped last to its default.
+  void reset();
+
+  // Parts
+
+  SettingsViewController& settingsViewController() { return settingsViewController_; }
+  MenuBar& menuBar() { return menuBar_; }
+  DSPParameters& parameters() { return parameters_; }
+  ControlCollection& controls() { return *controls_; }
+  /// Null for a known key without a control; an unknown key is fatal.
+  std::shared_ptr<kestroui::Container> container(const std::string& key) const;
+  const std::unordered_map<platform::AUParameterAddress, std::string>& parameterKeyMap() const {
+    return parameterKeyMap_;
+  }
+
+  // Behaviour, set before the view is loaded
+
+  /// The page that is shown first.
+  int initPage = 0;
+  /// A double tap on a control resets its parameter.
+  bool doubleTapEnabled = true;
+  bool isStandaloneVersion = false;
+  /// Off: while the host changes the size the pages rest, and are laid out once when it is done.
+  bool layoutWhileResizing = true;
+  platform::Weak<KestroAUViewControllerDelegate> hostDelegate;
+  std::shared_ptr<kestroui::ParamKey> doubleTappedKey() const { return doubleTappedKey_; }
+
+  // Display
+
+  void setPresetName(const std::string& name);
+  /// Hides the controls that isControlShown denies and shows all others.
+  void updateVisibility();
+  /// Shows live values; called once per display frame while on screen.
+  void updateUI();
+  /// Opens a link outside the editor; nothing happens where the program around it cannot.
+  void openURL(const std::string& url);
+  /// Adds a child with its view on top, or removes both.
+  void addViewController(platform::ViewController& child);
+  void removeViewController(platform::ViewController& child);
+
+  /// Null while off screen.
+  const platform::DisplayLink* displayLink() const { return displayLink_.get(); }
+  /// The host is changing the size; noticed at most 0.1 s late.
+  bool isResizing() const { return resizing_; }
+  /// Frame of the content below the menu bar at the last layout.
+  const platform::Rect& mainContentFrame() const { return mainContentFrame_; }
+
+  // Actions and callbacks
+
+  /// A control has a new value: sets its parameters. Any sender but a container is ignored.
+  void handleValueChanged(platform::Control& sender);
+  void didDoubleTap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void didBeginGesture(kestroui::Container& container) override;
+  void didEndGesture(kestroui::Container& container) override;
+  void menuBarDidRequestRandomize() override { randomize(); }
+  void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
+  void menuBarOpenURL(const std::string& url) override { openURL(url); }
+  void menuBarDidStepPreset(Direction direction) override;
+
+  void viewDidLoad() override;
+  void viewWillLayoutSubviews() override;
+  void viewDidLayoutSubviews() override;
+  void viewDidAppear() override;
+  void viewDidDisappear() override;
+
+ private:
+  std::vector<std::shared_ptr<kestroui::ParamKey>> keysToShow() const;
+  void updateAllParameters();
+  void applyLabelScale();
+  void followHostFrame();
+  void followPresetName();
+  void tellAudioUnitOfUI(bool visible);
+
+  platform::Weak<platform::AudioUnit> audioUnit_;
+  DSPParameters parameters_;
+  std::unordered_map<platform::AUParameterAddress, std::string> parameterKeyMap_;
+  std::shared_ptr<ControlCollection> controls_;
+  /// By parameter key.
+  std::unordered_map<std::string, std::shared_ptr<ControlParameterObserver>> controlObservers_;
+  SettingsViewController settingsViewController_;
+  MenuBar menuBar_;
+  std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
+  HeldParameters heldParameters_;
+  std::unique_ptr<ParameterConnection> connection_;
+
+  std::unique_ptr<platform::DisplayLink> displayLink_;
+  platform::Timer checkTimer_;
+  platform::Rect storedRect_;
+  platform::Rect mainContentFrame_;
+  double labelScale_ = 1;
+  bool resizing_ = false;
+  /// The preset name of the audio unit that was shown last.
+  std::string knownPresetName_;
+  /// The audio unit that was told that an editor is on screen.
+  platform::Weak<platform::AudioUnit> shownUnit_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,190 @@
+// The part of the controller that joins controls and parameters.
+
+#include <set>
+#include <utility>
+
+#include "Orvane/AUFilterViewContainer.h"
+#include "Orvane/ControlBuilder.h"
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/ParameterMapping.h"
+
+namespace orvane {
+
+using kestroui::Container;
+
+namespace {
+
+using Key = std::shared_ptr<kestroui::ParamKey>;
+
+/// Calls `visit` with every parameter key that the sections of a page name.
+template <class Visit>
+void visitKeys(const Page& page, Visit visit) {
+  for (const UISection& placement : page.sections) {
+    const Section& section = *placement.section;
+    if (section.stateParameter) visit(*section.stateParameter);
+    if (section.feedbackParameter) visit(*section.feedbackParameter);
+    for (const UIColumn& column : section.stack)
+      for (const UIParameter& slot : column.params) {
+        visit(slot.param);
+        for (const auto& sibling : slot.siblings)
+          if (sibling) visit(*sibling);
+      }
+  }
+}
+
+/// What `parameter` takes for what the control shows for `key`.
+float parameterValue(const Container& container, const std::string& key,
+                     const platform::AUParameter& parameter) {
+  if (const auto* filter = dynamic_cast<const AUFilterViewContainer*>(&container))
+    return filter->parameterValue(key, parameter);
+  const float value = container.value(key);
+  return container.valueForm(key) == Container::ValueForm::raw
+             ? value
+             : ParameterMapping(parameter).valueAt(value);
+}
+
+/// Whether the control shows for `key` just what the parameter has.
+bool showsValueOf(const platform::AUParameter& parameter, const Container& container,
+                  const std::string& key) {
+  return container.value(key) ==
+         ControlParameterObserver::shownValue(container, key, parameter, parameter.value());
+}
+
+}  // namespace
+
+// Connecting
+
+void KestroAUViewController::connectViewWithAU() {
+  platform::AudioUnit* const unit = audioUnit();
+  // A view that is loaded later connects by itself.
+  if (!unit || !isViewLoaded()) return;
+  connection_.reset();
+  heldParameters_.setAudioUnit(unit);
+  if (displayLink_) tellAudioUnitOfUI(true);
+
+  parameters_.registerParameters(*unit, unit->parametersKeys());
+  parameterKeyMap_.clear();
+  for (const std::string& key : parameters_.keys())
+    parameterKeyMap_[parameters_[key]->address()] = key;
+
+  // Before the controls read the present values, so that no change falls in between.
+  connection_ = std::make_unique<ParameterConnection>(
+      *unit, [this](platform::AUParameterAddress address) { updateParameter(address); },
+      [this] { updateAllParameters(); });
+
+  doubleTappedKey_.reset();
+  controlObservers_.clear();
+  controls_->clear();
+  setupControls(keysToShow());
+  applyLabelScale();
+  updateVisibility();
+
+  menuBar_.setCanStepPresets(unit->factoryPresets().size() > 1);
+  knownPresetName_ = unit->currentPresetName();
+  setPresetName(knownPresetName_);
+}
+
+std::vector<Key> KestroAUViewController::keysToShow() const {
+  std::vector<Key> keys;
+  if (settingsViewController_.design) keys = settingsViewController_.design->paramKeys();
+  std::set<std::string> described;
+  for (const Key& key : keys) described.insert(key->key());
+
+  if (settingsViewController_.foot_stack)
+    for (const Key& key : *settingsViewController_.foot_stack)
+      if (key && described.insert(key->key()).second) keys.push_back(key);
+  for (const auto& pageView : settingsViewController_.pageViews())
+    visitKeys(pageView->page(), [&](const std::string& key) {
+      const platform::AUParameter* parameter = parameters_[key];
+      if (parameter && described.insert(key).second)
+        keys.push_back(ControlBuilder::plainKey(*parameter));
+    });
+  return keys;
+}
+
+void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
+  ControlBuilder builder(audioUnit(), parameters_, keys);
+  for (const Key& key : keys) {
+    controls_->addKey(key);
+    const std::shared_ptr<Container> container = builder.build(key);
+    controls_->set(key, container);
+    if (!container) continue;
+    for (const Key& driven : container->paramKeys()) {
+      const std::string& name = ControlBuilder::parameterKey(*container, driven->key());
+      auto& observer = controlObservers_[name];
+      if (!observer) observer = std::make_shared<ControlParameterObserver>();
+      observer->add(*container, driven->key());
+      parameters_.setObserver(observer, name);
+    }
+    container->delegate = this;
+    container->addTarget<&KestroAUViewController::handleValueChanged>(
+        *this, platform::ControlEvent::valueChanged);
+  }
+  updateAllParameters();
+  if (settingsViewController_.isViewLoaded()) settingsViewController_.doLayout();
+}
+
+// From the control to the parameter
+
+void KestroAUViewController::handleValueChanged(platform::Control& sender) {
+  auto* container = dynamic_cast<Container*>(&sender);
+  if (!container) return;
+  const bool drivesSeveral = container->paramKeys().size() > 1;
+  for (const Key& key : container->paramKeys()) {
+    auto* parameter = parameters_[ControlBuilder::parameterKey(*container, key->key())];
+    if (!parameter) continue;
+    // The way to a position and back may round: a parameter that was not moved keeps its value.
+    if (drivesSeveral && showsValueOf(*parameter, *container, key->key())) continue;
+    parameter->setValue(parameterValue(*container, key->key(), *parameter));
+  }
+}
+
+void KestroAUViewController::didBeginGesture(Container& container) {
+  for (const Key& key : container.paramKeys())
+    if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
+      heldParameters_.hold(*parameter);
+}
+
+void KestroAUViewController::didEndGesture(Container& container) {
+  for (const Key& key : container.paramKeys())
+    if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
+      heldParameters_.release(*parameter);
+}
+
+void KestroAUViewController::didDoubleTap(const Key& key) {
+  doubleTappedKey_ = key;
+  if (doubleTapEnabled) reset();
+}
+
+void KestroAUViewController::reset() {
+  auto* unit = audioUnit();
+  if (!unit || !doubleTappedKey_) return;
+  const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
+  const std::string& key =
+      container ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
+                : doubleTappedKey_->key();
+  if (auto* parameter = parameters_[key]) {
+    heldParameters_.hold(*parameter);
+    parameter->setValue(unit->defaultValueForKey(key));
+    heldParameters_.release(*parameter);
+  }
+  if (container && container->control()) container->control()->setModulatedValue(0);
+}
+
+// From the parameter to the control
+
+void KestroAUViewController::updateParameter(platform::AUParameterAddress address) {
+  const std::string* key = parameters_.key(address);
+  if (!key) return;
+  parameters_.notify(*key);
+  // An observer may have connected another audio unit.
+  key = parameters_.key(address);
+  if (key) settingsViewController_.updateSectionStates(*key);
+}
+
+void KestroAUViewController::updateAllParameters() {
+  for (std::size_t i = 0; i < parameters_.keys().size(); ++i)
+    if (auto* parameter = parameters_[parameters_.keys()[i]]) updateParameter(parameter->address());
+}
+
+}  // namespace orvane

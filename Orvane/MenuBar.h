@@ -1,0 +1,68 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "KestroUI/ArrowButton.h"
+#include "KestroUI/DiceButton.h"
+#include "KestroUI/ImageButton.h"
+#include "KestroUI/RadioButtons.h"
+#include "KestroUI/SimpleButton.h"
+#include "Orvane/MenuBarDelegate.h"
+#include "platform/ImageView.h"
+#include "platform/View.h"
+
+namespace orvane {
+
+/// The strip across the top of the editor: the plug-in's logo and name, the current preset between
+/// the arrows that step through the presets, randomize, the display modes if there are any, and
+/// the maker's logo. It knows nothing of the plug-in and asks its delegate for everything.
+class MenuBar : public platform::View {
+ public:
+  MenuBar();
+
+  platform::Weak<MenuBarDelegate> delegate;
+
+  void setAppLogo(platform::Image logo) { aboutButton_.setImage(std::move(logo)); }
+  /// The text beside the logo.
+  void setAppName(std::string text) { aboutButton_.setTitle(std::move(text)); }
+  const std::string& presetName() const { return presetNameLabel_.title(); }
+  void setPresetName(std::string name);
+  /// Without several presets there are no arrows.
+  void setCanStepPresets(bool canStep);
+
+  /// Set before the displays: their buttons show waveforms where they name one.
+  bool areDisplaysIconWaveforms = false;
+  const std::vector<std::string>& displays() const { return displays_; }
+  /// Titles of the display modes. The selector is made by the first call and keeps its titles.
+  void setDisplays(std::vector<std::string> displays);
+
+  kestroui::ImageButton& aboutButton() { return aboutButton_; }
+  kestroui::SimpleButton& presetNameLabel() { return presetNameLabel_; }
+  kestroui::ArrowButton& arrowLeft() { return arrowLeft_; }
+  kestroui::ArrowButton& arrowRight() { return arrowRight_; }
+  kestroui::DiceButton& randomizeButton() { return randomizeButton_; }
+  platform::ImageView& logoView() { return logoView_; }
+  /// Null until displays are set.
+  kestroui::RadioButtons* displayMode() const { return displayMode_.get(); }
+
+  void onPresetArrow(platform::Control& sender);
+  void onRandomize();
+  void onDisplayChanged();
+
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  kestroui::ImageButton aboutButton_;
+  kestroui::SimpleButton presetNameLabel_;
+  platform::ImageView logoView_;
+  kestroui::ArrowButton arrowLeft_{kestroui::ArrowButton::Direction::left};
+  kestroui::ArrowButton arrowRight_{kestroui::ArrowButton::Direction::right};
+  kestroui::DiceButton randomizeButton_;
+  std::vector<std::string> displays_;
+  std::unique_ptr<kestroui::RadioButtons> displayMode_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "KestroUI/SelectableButton.h"
+
+namespace orvane {
+
+/// The tab of one page; selected while its page is shown.
+class PageButton : public kestroui::SelectableButton {
+ public:
+  PageButton() = default;
+
+  void draw(const platform::Rect& rect) override;
+};
+
+}  // namespace orvane

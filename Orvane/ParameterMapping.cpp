@@ -1,0 +1,39 @@
+#include "Orvane/ParameterMapping.h"
+
+#include <cmath>
+
+#include "Orvane/MathUtils.h"
+#include "platform/AUParameter.h"
+
+namespace orvane {
+
+ParameterMapping::ParameterMapping(float minimum, float maximum, Scale scale)
+    : minimum_(minimum), maximum_(maximum), scale_(scale) {}
+
+ParameterMapping::ParameterMapping(const platform::AUParameter& parameter)
+    : ParameterMapping(parameter.minValue(), parameter.maxValue(),
+                       parameter.unit() == platform::AudioUnitParameterUnit::hertz
+                           ? Scale::pitch
+                           : Scale::linear) {}
+
+float ParameterMapping::positionOf(float value) const {
+  float low = minimum_, high = maximum_;
+  if (std::isnan(value)) return 0;
+  if (scale_ == Scale::pitch) {
+    low = MathUtils::toMidi(low);
+    high = MathUtils::toMidi(high);
+    value = MathUtils::toMidi(value);
+  }
+  return high == low ? 0 : (value - low) / (high - low);
+}
+
+float ParameterMapping::valueAt(float position) const {
+  // The pitch scale would miss the ends by a rounding.
+  if (position == 0) return minimum_;
+  if (position == 1) return maximum_;
+  if (scale_ == Scale::linear) return position * (maximum_ - minimum_) + minimum_;
+  const float low = MathUtils::toMidi(minimum_), high = MathUtils::toMidi(maximum_);
+  return MathUtils::toFreq(position * (high - low) + low);
+}
+
+}  // namespace orvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/AudioUnit.h"
+#include "platform/Geometry.h"
+
+namespace orvane {
+
+class KestroAUViewController;
+
+/// All that a backend or a tool needs to know of a plug-in. The plug-in defines one function that
+/// returns it; the backend makes the audio unit, then the editor, and joins them:
+///
+///     std::unique_ptr<platform::AudioUnit> unit = entry.makeAudioUnit();
+///     std::unique_ptr<orvane::KestroAUViewController> editor = entry.makeViewController();
+///     editor->setAudioUnit(unit.get());  // before the view is loaded; the editor may outlive it
+struct PluginEntry {
+  /// Reverse domain name, unique among all plug-ins: "org.example.synth".
+  std::string identifier;
+  /// As hosts list it. UTF-8.
+  std::string name;
+  /// Three numbers with dots.
+  std::string version;
+  /// One sentence.
+  std::string description;
+  std::string manufacturer;
+  platform::AudioComponentDescription component;
+  std::function<std::unique_ptr<platform::AudioUnit>()> makeAudioUnit;
+  std::function<std::unique_ptr<KestroAUViewController>()> makeViewController;
+  /// Size of a new editor in points.
+  platform::Size preferredSize{1024, 768};
+};
+
+}  // namespace orvane
