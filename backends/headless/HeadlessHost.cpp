@@ -1,0 +1,138 @@
+#include "backends/headless/HeadlessHost.h"
+
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace headless {
+
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+/// How many times in a row a frame may ask for the next one before the clock has to move.
+constexpr int mostFramesAtOnce = 8;
+constexpr int movesOfADrag = 10;
+constexpr int finger = 1;
+
+}  // namespace
+
+HeadlessHost::HeadlessHost(HeadlessRunLoop& loop, const orvane::PluginEntry& entry)
+    : loop_(loop), audioUnit_(entry.makeAudioUnit()), editor_(entry.makeViewController()) {
+  editor_->setAudioUnit(audioUnit_.get());
+  window_.setRootViewController(&root_);
+  root_.addChild(*editor_);
+  root_.view().addSubview(editor_->view());
+  loop_.addScreen(*this);
+  resize(entry.preferredSize);
+}
+
+HeadlessHost::~HeadlessHost() {
+  if (appeared_) root_.disappear();
+  loop_.removeScreen(*this);
+}
+
+void HeadlessHost::appear() {
+  appeared_ = true;
+  root_.appear();
+  loop_.runDue();
+}
+
+void HeadlessHost::disappear() {
+  appeared_ = false;
+  root_.disappear();
+  loop_.runDue();
+}
+
+void HeadlessHost::resize(const platform::Size& size) {
+  window_.setSize(size);
+  editor_->view().setFrame(root_.view().bounds());
+  loop_.runDue();
+}
+
+bool HeadlessHost::automate(std::string_view key, float value) {
+  platform::AUParameter* parameter = audioUnit_->parameter(key);
+  if (!parameter) return false;
+  std::thread([=] { parameter->setValue(value); }).join();
+  loop_.runDue();
+  return true;
+}
+
+void HeadlessHost::tapOnce(Point place, int count) {
+  window_.touchBegan(finger, platform::Touch::Kind::finger, place, count);
+  loop_.runDue();
+  window_.touchEnded(finger, place);
+  loop_.runDue();
+}
+
+void HeadlessHost::tap(Point place) { tapOnce(place, 1); }
+
+void HeadlessHost::doubleTap(Point place) {
+  tapOnce(place, 1);
+  tapOnce(place, 2);
+}
+
+void HeadlessHost::drag(Point place, Point distance) {
+  window_.touchBegan(finger, platform::Touch::Kind::finger, place, 1);
+  loop_.runDue();
+  Point at = place;
+  for (int move = 1; move <= movesOfADrag; ++move) {
+    const double part = static_cast<double>(move) / movesOfADrag;
+    at = place + Point{distance.x * part, distance.y * part};
+    window_.touchMoved(finger, at);
+    loop_.runDue();
+  }
+  window_.touchEnded(finger, at);
+  loop_.runDue();
+}
+
+bool HeadlessHost::turnWheel(Point place, double notches) {
+  platform::WheelEvent event;
+  event.location = place;
+  event.deltaY = notches;
+  const bool used = window_.wheelTurned(event);
+  loop_.runDue();
+  return used;
+}
+
+bool HeadlessHost::pressKey(const platform::KeyEvent& event) {
+  const bool used = window_.keyPressed(event);
+  loop_.runDue();
+  return used;
+}
+
+void HeadlessHost::type(std::string_view text) {
+  while (!text.empty()) {
+    std::size_t length = 1;
+    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+      ++length;
+    platform::KeyEvent event;
+    event.key = text[0] == ' ' ? platform::Key::space : platform::Key::character;
+    event.text = std::string(text.substr(0, length));
+    pressKey(event);
+    text.remove_prefix(length);
+  }
+}
+
+void HeadlessHost::composite(platform::Canvas& canvas) {
+  window_.composite(canvas, root_.view().bounds());
+}
+
+FrameCount HeadlessHost::takeFrames() {
+  return {loop_.displayFrames() - std::exchange(countedFrames_, loop_.displayFrames()),
+          window_.paintedViews() - std::exchange(countedRepaints_, window_.paintedViews()),
+          std::exchange(repaintedArea_, 0)};
+}
+
+void HeadlessHost::refresh() {
+  const Rect bounds{0, 0, window_.size().width, window_.size().height};
+  for (int frame = 0; frame < mostFramesAtOnce && window_.needsFrame(); ++frame) {
+    for (const Rect& area : window_.prepareFrame()) {
+      const Rect visible = area.intersection(bounds);
+      repaintedArea_ += visible.width * visible.height;
+    }
+  }
+}
+
+}  // namespace headless

@@ -1,0 +1,122 @@
+#include "backends/headless/RecordingCanvas.h"
+
+#include <algorithm>
+
+namespace headless {
+
+using platform::Color;
+using platform::Paint;
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+Color firstColor(const Paint& paint) {
+  return paint.stops.empty() ? paint.color : paint.stops.front().color;
+}
+
+}  // namespace
+
+std::size_t RecordingCanvas::count(Operation operation) const {
+  return static_cast<std::size_t>(
+      std::count_if(calls_.begin(), calls_.end(),
+                    [=](const Call& call) { return call.operation == operation; }));
+}
+
+std::vector<std::string> RecordingCanvas::texts() const {
+  std::vector<std::string> texts;
+  for (const Call& call : calls_)
+    if (call.operation == Operation::drawText) texts.push_back(call.text);
+  return texts;
+}
+
+void RecordingCanvas::clear() { *this = RecordingCanvas(); }
+
+void RecordingCanvas::save() {
+  calls_.push_back({Operation::save, {}, {}, {}});
+  saved_.push_back(state_);
+  ++depth_;
+}
+
+void RecordingCanvas::restore() {
+  calls_.push_back({Operation::restore, {}, {}, {}});
+  --depth_;
+  if (saved_.empty()) return;
+  state_ = saved_.back();
+  saved_.pop_back();
+}
+
+void RecordingCanvas::concat(const platform::AffineTransform& transform) {
+  calls_.push_back({Operation::concat, {}, {}, {}});
+  state_.transform = transform.followedBy(state_.transform);
+}
+
+void RecordingCanvas::clip(const Rect& rect) {
+  const Rect area = onCanvas(rect);
+  calls_.push_back({Operation::clip, area, {}, {}});
+  state_.clip = state_.clip.intersection(area);
+}
+
+void RecordingCanvas::multiplyAlpha(float alpha) {
+  calls_.push_back({Operation::multiplyAlpha, {}, Color::black().withAlpha(alpha), {}});
+}
+
+void RecordingCanvas::fillRect(const Rect& rect, const Paint& paint) {
+  painted(Operation::fillRect, rect, firstColor(paint));
+}
+
+void RecordingCanvas::fillRoundedRect(const Rect& rect, double, const Paint& paint) {
+  painted(Operation::fillRoundedRect, rect, firstColor(paint));
+}
+
+void RecordingCanvas::strokeRoundedRect(const Rect& rect, double, double, const Paint& paint) {
+  painted(Operation::strokeRoundedRect, rect, firstColor(paint));
+}
+
+void RecordingCanvas::fillEllipse(const Rect& rect, const Paint& paint) {
+  painted(Operation::fillEllipse, rect, firstColor(paint));
+}
+
+void RecordingCanvas::fillPath(const platform::Path& path, const Paint& paint) {
+  painted(Operation::fillPath, path.bounds(), firstColor(paint));
+}
+
+void RecordingCanvas::strokePath(const platform::Path& path, const platform::StrokeStyle& style,
+                                 const Paint& paint) {
+  painted(Operation::strokePath, path.bounds().inset(-style.width / 2, -style.width / 2),
+          firstColor(paint));
+}
+
+void RecordingCanvas::drawText(std::string_view text, const platform::Font&, const Rect& rect,
+                               platform::TextAlignment, Color color, double) {
+  painted(Operation::drawText, rect, color, text);
+}
+
+double RecordingCanvas::textWidth(std::string_view text, const platform::Font& font) {
+  const auto characters = std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  });
+  return static_cast<double>(characters) * font.pointSize * 0.5;
+}
+
+Rect RecordingCanvas::onCanvas(const Rect& rect) const {
+  const Point corners[] = {state_.transform.apply({rect.x, rect.y}),
+                           state_.transform.apply({rect.maxX(), rect.y}),
+                           state_.transform.apply({rect.x, rect.maxY()}),
+                           state_.transform.apply({rect.maxX(), rect.maxY()})};
+  Point low = corners[0], high = corners[0];
+  for (const Point& corner : corners) {
+    low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
+    high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
+  }
+  return {low.x, low.y, high.x - low.x, high.y - low.y};
+}
+
+void RecordingCanvas::painted(Operation operation, const Rect& rect, Color color,
+                              std::string_view text) {
+  const Rect area = onCanvas(rect);
+  calls_.push_back({operation, area, color, std::string(text)});
+  paintedBounds_ = paintedBounds_.unionWith(area.intersection(state_.clip));
+}
+
+}  // namespace headless

@@ -1,0 +1,31 @@
+#include "backends/juce/AudioUnitEditor.h"
+
+namespace juce_backend {
+namespace {
+
+constexpr int maximumSide = 8192;
+
+}  // namespace
+
+AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
+    : juce::AudioProcessorEditor(processor),
+      processor_(processor),
+      content_(processor.entry(), processor.audioUnit()) {
+  setOpaque(true);
+  addAndMakeVisible(content_);
+  // The host's frame resizes the window; a corner of ours would cover the editor's own.
+  setResizable(true, false);
+  setResizeLimits(minimumWidth, minimumHeight, maximumSide, maximumSide);
+  const juce::Point<int> size =
+      processor.editorSize.isOrigin()
+          ? juce::Point<int>(content_.getWidth(), content_.getHeight())
+          : processor.editorSize;
+  setSize(size.x, size.y);
+}
+
+void AudioUnitEditor::resized() {
+  content_.setBounds(getLocalBounds());
+  processor_.editorSize = {getWidth(), getHeight()};
+}
+
+}  // namespace juce_backend

@@ -1,0 +1,224 @@
+#include "backends/juce/AudioUnitProcessor.h"
+
+#include <algorithm>
+
+#include "backends/juce/AudioUnitEditor.h"
+#include "platform/PropertyListCoding.h"
+
+namespace juce_backend {
+namespace {
+
+// A dense block of MIDI has some hundreds; what is beyond this is lost rather than allocated for.
+constexpr std::size_t maximumMidiEvents = 4096;
+// How often changes that other threads made reach the host.
+constexpr int reportsPerSecond = 30;
+
+juce::AudioChannelSet channelSet(int channels) {
+  return juce::AudioChannelSet::canonicalChannelSet(channels);
+}
+
+}  // namespace
+
+AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry)
+    : AudioUnitProcessor(entry, entry.makeAudioUnit()) {}
+
+AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry,
+                                       std::unique_ptr<platform::AudioUnit> audioUnit)
+    : juce::AudioProcessor(busesOf(*audioUnit)),
+      entry_(entry),
+      audioUnit_(std::move(audioUnit)),
+      midiEvents_(maximumMidiEvents) {
+  inputs_.resize(static_cast<std::size_t>(audioUnit_->inputChannels()));
+  outputs_.resize(static_cast<std::size_t>(audioUnit_->outputChannels()));
+  addParameters();
+  startTimerHz(reportsPerSecond);
+}
+
+AudioUnitProcessor::~AudioUnitProcessor() {
+  stopTimer();
+  audioUnit_->parameterTree().setGestureObserver({});
+  audioUnit_->parameterTree().removeParameterObserver(token_);
+}
+
+juce::AudioProcessor::BusesProperties AudioUnitProcessor::busesOf(
+    const platform::AudioUnit& audioUnit) {
+  BusesProperties buses;
+  if (audioUnit.inputChannels() > 0)
+    buses = buses.withInput("Input", channelSet(audioUnit.inputChannels()));
+  if (audioUnit.outputChannels() > 0)
+    buses = buses.withOutput("Output", channelSet(audioUnit.outputChannels()));
+  return buses;
+}
+
+void AudioUnitProcessor::addParameters() {
+  for (const std::string& key : audioUnit_->parametersKeys()) {
+    platform::AUParameter* parameter = audioUnit_->parameter(key);
+    if (!parameter) continue;
+    auto owned =
+        std::make_unique<AudioUnitParameter>(*parameter, audioUnit_->defaultValueForKey(key));
+    parameters_.push_back(owned.get());
+    parametersByAddress_.emplace(parameter->address(), owned.get());
+    addParameter(owned.release());
+  }
+
+  platform::AUParameterTree& tree = audioUnit_->parameterTree();
+  token_ = tree.tokenByAddingParameterObserver(
+      [this](platform::AUParameterAddress address, float value) {
+        const auto found = parametersByAddress_.find(address);
+        if (found != parametersByAddress_.end()) found->second->valueChanged(value);
+      });
+  for (AudioUnitParameter* parameter : parameters_) parameter->setOriginator(token_);
+  tree.setGestureObserver([this](platform::AUParameterAddress address, bool began) {
+    const auto found = parametersByAddress_.find(address);
+    if (found == parametersByAddress_.end()) return;
+    if (began)
+      found->second->beginChangeGesture();
+    else
+      found->second->endChangeGesture();
+  });
+}
+
+void AudioUnitProcessor::timerCallback() {
+  for (AudioUnitParameter* parameter : parameters_) parameter->reportPendingChange();
+  const int program = pendingProgram_.exchange(-1);
+  if (program >= 0) setCurrentProgram(program);
+}
+
+const juce::String AudioUnitProcessor::getName() const {
+  return juce::String::fromUTF8(entry_.name.c_str());
+}
+
+bool AudioUnitProcessor::isBusesLayoutSupported(const BusesLayout& layout) const {
+  const bool hasInput = audioUnit_->inputChannels() > 0;
+  const bool hasOutput = audioUnit_->outputChannels() > 0;
+  return (!hasInput || layout.getMainInputChannels() == audioUnit_->inputChannels()) &&
+         (!hasOutput || layout.getMainOutputChannels() == audioUnit_->outputChannels());
+}
+
+void AudioUnitProcessor::prepareToPlay(double sampleRate, int maximumFrames) {
+  maximumFrames_ = static_cast<std::uint32_t>(std::max(1, maximumFrames));
+  audioUnit_->allocateRenderResources(sampleRate, maximumFrames_);
+  setLatencySamples(audioUnit_->latencyFrames());
+}
+
+void AudioUnitProcessor::releaseResources() {
+  maximumFrames_ = 0;
+  audioUnit_->deallocateRenderResources();
+}
+
+std::size_t AudioUnitProcessor::collectMidi(const juce::MidiBuffer& midi) {
+  std::size_t count = 0;
+  for (const juce::MidiMessageMetadata message : midi) {
+    // Long messages are not music.
+    if (message.numBytes < 1 || message.numBytes > 3) continue;
+    if (count == midiEvents_.size()) break;
+    platform::MidiEvent& event = midiEvents_[count++];
+    event.frame = static_cast<std::uint32_t>(std::max(0, message.samplePosition));
+    event.size = static_cast<std::uint8_t>(message.numBytes);
+    for (int i = 0; i < 3; ++i) event.bytes[i] = i < message.numBytes ? message.data[i] : 0;
+  }
+  return count;
+}
+
+platform::HostTransport AudioUnitProcessor::transport() const {
+  platform::HostTransport transport;
+  if (juce::AudioPlayHead* playHead = getPlayHead()) {
+    if (const auto position = playHead->getPosition()) {
+      transport.tempo = position->getBpm().orFallback(transport.tempo);
+      transport.beatPosition = position->getPpqPosition().orFallback(0);
+      transport.isPlaying = position->getIsPlaying();
+    }
+  }
+  return transport;
+}
+
+void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) {
+  const juce::ScopedNoDenormals noDenormals;
+  const auto channels = static_cast<std::size_t>(buffer.getNumChannels());
+  if (maximumFrames_ == 0 || channels < std::max(inputs_.size(), outputs_.size())) {
+    buffer.clear();
+    return;
+  }
+
+  const auto frames = static_cast<std::uint32_t>(buffer.getNumSamples());
+  const std::size_t eventCount = acceptsMidi() ? collectMidi(midi) : 0;
+  platform::HostTransport now = transport();
+  std::size_t nextEvent = 0;
+  // Some hosts bring more than they announced.
+  for (std::uint32_t start = 0; start < frames; start += maximumFrames_) {
+    const std::uint32_t count = std::min(maximumFrames_, frames - start);
+    const bool isLast = start + count == frames;
+    const std::size_t firstEvent = nextEvent;
+    while (nextEvent < eventCount && (isLast || midiEvents_[nextEvent].frame < start + count)) {
+      std::uint32_t& frame = midiEvents_[nextEvent++].frame;
+      frame = std::min(frame, start + count - 1) - start;
+    }
+    for (std::size_t i = 0; i < inputs_.size(); ++i)
+      inputs_[i] = buffer.getReadPointer(static_cast<int>(i), static_cast<int>(start));
+    for (std::size_t i = 0; i < outputs_.size(); ++i)
+      outputs_[i] = buffer.getWritePointer(static_cast<int>(i), static_cast<int>(start));
+    audioUnit_->render({inputs_,
+                        outputs_,
+                        count,
+                        {midiEvents_.data() + firstEvent, nextEvent - firstEvent},
+                        now});
+    now.beatPosition += now.isPlaying ? count / getSampleRate() * now.tempo / 60 : 0;
+  }
+  for (std::size_t i = outputs_.size(); i < channels; ++i)
+    buffer.clear(static_cast<int>(i), 0, static_cast<int>(frames));
+  midi.clear();
+}
+
+juce::AudioProcessorEditor* AudioUnitProcessor::createEditor() {
+  return new AudioUnitEditor(*this);
+}
+
+int AudioUnitProcessor::getNumPrograms() {
+  // JUCE wants at least one.
+  return std::max(1, static_cast<int>(audioUnit_->factoryPresets().size()));
+}
+
+int AudioUnitProcessor::getCurrentProgram() {
+  const auto& presets = audioUnit_->factoryPresets();
+  const int current = audioUnit_->currentPreset();
+  const auto found = std::find_if(presets.begin(), presets.end(),
+                                  [&](const auto& preset) { return preset.number == current; });
+  return found == presets.end() ? 0 : static_cast<int>(found - presets.begin());
+}
+
+void AudioUnitProcessor::setCurrentProgram(int index) {
+  if (!juce::MessageManager::existsAndIsCurrentThread()) {
+    pendingProgram_.store(index);
+    return;
+  }
+  const auto& presets = audioUnit_->factoryPresets();
+  if (index < 0 || index >= static_cast<int>(presets.size())) return;
+  // Hosts repeat the program after they have restored a state, which must survive that.
+  if (index == getCurrentProgram()) return;
+  audioUnit_->setCurrentPreset(presets[static_cast<std::size_t>(index)].number);
+}
+
+const juce::String AudioUnitProcessor::getProgramName(int index) {
+  const auto& presets = audioUnit_->factoryPresets();
+  if (index < 0 || index >= static_cast<int>(presets.size())) return {};
+  return juce::String::fromUTF8(presets[static_cast<std::size_t>(index)].name.c_str());
+}
+
+void AudioUnitProcessor::getStateInformation(juce::MemoryBlock& state) {
+  const std::string xml = platform::writeXmlPropertyList(audioUnit_->fullState());
+  state.replaceAll(xml.data(), xml.size());
+}
+
+void AudioUnitProcessor::setStateInformation(const void* data, int size) {
+  if (!data || size <= 0) return;
+  std::string error;
+  const auto state = platform::parsePropertyList(
+      {static_cast<const std::uint8_t*>(data), static_cast<std::size_t>(size)}, error);
+  if (state)
+    audioUnit_->setFullState(*state);
+  else
+    std::fprintf(stderr, "%s: the host's state cannot be read: %s\n", entry_.name.c_str(),
+                 error.c_str());
+}
+
+}  // namespace juce_backend

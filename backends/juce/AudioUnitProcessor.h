@@ -1,0 +1,75 @@
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <atomic>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "Orvane/PluginEntry.h"
+#include "backends/juce/AudioUnitParameter.h"
+
+namespace juce_backend {
+
+/// A plug-in as JUCE's formats and players want it: its audio unit's sound, parameters, factory
+/// presets and state. `entry` outlives it.
+class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
+ public:
+  explicit AudioUnitProcessor(const orvane::PluginEntry& entry);
+  ~AudioUnitProcessor() override;
+
+  platform::AudioUnit& audioUnit() { return *audioUnit_; }
+  const orvane::PluginEntry& entry() const { return entry_; }
+  /// Size that the editor had last, in points; where the next one starts.
+  juce::Point<int> editorSize;
+
+  const juce::String getName() const override;
+  bool acceptsMidi() const override { return audioUnit_->acceptsMidi(); }
+  bool producesMidi() const override { return false; }
+  double getTailLengthSeconds() const override { return audioUnit_->tailSeconds(); }
+  bool isBusesLayoutSupported(const BusesLayout& layout) const override;
+
+  void prepareToPlay(double sampleRate, int maximumFrames) override;
+  void releaseResources() override;
+  void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override;
+  using juce::AudioProcessor::processBlock;
+
+  bool hasEditor() const override { return true; }
+  juce::AudioProcessorEditor* createEditor() override;
+
+  int getNumPrograms() override;
+  int getCurrentProgram() override;
+  void setCurrentProgram(int index) override;
+  const juce::String getProgramName(int index) override;
+  void changeProgramName(int, const juce::String&) override {}
+
+  void getStateInformation(juce::MemoryBlock& state) override;
+  void setStateInformation(const void* data, int size) override;
+
+ private:
+  static BusesProperties busesOf(const platform::AudioUnit& audioUnit);
+  AudioUnitProcessor(const orvane::PluginEntry& entry,
+                     std::unique_ptr<platform::AudioUnit> audioUnit);
+  void timerCallback() override;
+  void addParameters();
+  std::size_t collectMidi(const juce::MidiBuffer& midi);
+  platform::HostTransport transport() const;
+
+  const orvane::PluginEntry& entry_;
+  std::unique_ptr<platform::AudioUnit> audioUnit_;
+  /// Owned by the base class.
+  std::vector<AudioUnitParameter*> parameters_;
+  std::unordered_map<platform::AUParameterAddress, AudioUnitParameter*> parametersByAddress_;
+  platform::AUParameterObserverToken token_ = nullptr;
+  /// A program that was chosen on another thread, for the message thread to load; or -1.
+  std::atomic<int> pendingProgram_{-1};
+
+  // Of the audio thread, with room for all that a block may bring.
+  std::vector<platform::MidiEvent> midiEvents_;
+  std::vector<const float*> inputs_;
+  std::vector<float*> outputs_;
+  std::uint32_t maximumFrames_ = 0;
+};
+
+}  // namespace juce_backend

@@ -1,0 +1,175 @@
+#include "backends/juce/EditorComponent.h"
+
+#include <cmath>
+
+#include "Orvane/KestroAUViewController.h"
+#include "backends/juce/JuceCanvas.h"
+#include "backends/juce/JuceInput.h"
+
+namespace juce_backend {
+namespace {
+
+EditorComponent::ControllerFactory controllerFor(const orvane::PluginEntry& entry,
+                                                 platform::AudioUnit& audioUnit) {
+  return [&entry, &audioUnit] {
+    std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
+    controller->setAudioUnit(&audioUnit);
+    return controller;
+  };
+}
+
+// Fingers and the mouse may be down at once, and JUCE counts each kind from 0.
+int touchId(const juce::MouseInputSource& source) {
+  return source.getIndex() * 2 + (source.isTouch() ? 1 : 0);
+}
+
+}  // namespace
+
+bool EditorComponent::LinkOpener::open(const std::string& url) {
+  return juce::URL(juce::String::fromUTF8(url.c_str())).launchInDefaultBrowser();
+}
+
+EditorComponent::ShowingWatcher::ShowingWatcher(EditorComponent& owner)
+    : juce::ComponentMovementWatcher(&owner), owner_(owner) {}
+
+EditorComponent::EditorComponent(const ControllerFactory& makeController)
+    : controller_(makeController()) {
+  setOpaque(true);
+  setWantsKeyboardFocus(true);
+  host_.view().setBackgroundColor(platform::Color::black());
+  host_.addChild(*controller_);
+  window_.setRootViewController(&host_);
+  host_.view().addSubview(controller_->view());
+}
+
+EditorComponent::EditorComponent(const orvane::PluginEntry& entry, platform::AudioUnit& audioUnit)
+    : EditorComponent(controllerFor(entry, audioUnit)) {
+  setSize(static_cast<int>(std::lround(entry.preferredSize.width)),
+          static_cast<int>(std::lround(entry.preferredSize.height)));
+}
+
+EditorComponent::~EditorComponent() {
+  if (hasAppeared_) host_.disappear();
+  window_.setRootViewController(nullptr);
+  runLoop_->cancelFrame(*this);
+}
+
+void EditorComponent::updateShowing() {
+  if (isShowing() == hasAppeared_) return;
+  hasAppeared_ = !hasAppeared_;
+  if (hasAppeared_) {
+    host_.appear();
+    if (window_.needsFrame()) frameWanted();
+  } else {
+    window_.cancelTouches();
+    touches_.clear();
+    host_.disappear();
+  }
+}
+
+void EditorComponent::resized() {
+  const platform::Size size{static_cast<double>(getWidth()), static_cast<double>(getHeight())};
+  window_.setSize(size);
+  controller_->view().setFrame({0, 0, size.width, size.height});
+}
+
+void EditorComponent::frameWanted() {
+  if (hasAppeared_) runLoop_->requestFrame(*this);
+}
+
+void EditorComponent::displayFrame() {
+  if (!hasAppeared_ || !window_.needsFrame()) return;
+  if (picture_.isNull()) {
+    // The first paint knows the scale and makes the whole picture.
+    repaint();
+    return;
+  }
+  const std::vector<platform::Rect> damage = window_.prepareFrame();
+  if (damage.empty()) return;
+  juce::Graphics graphics(picture_);
+  for (const platform::Rect& area : damage) {
+    // Lines and glyphs are moved by up to half a pixel.
+    const platform::Rect grown = area.inset(-1 / scale_, -1 / scale_);
+    compositeInto(graphics, juce::Rectangle<double>(grown.x * scale_, grown.y * scale_,
+                                                    grown.width * scale_, grown.height * scale_)
+                                .getSmallestIntegerContainer());
+    repaint(juce::Rectangle<double>(grown.x, grown.y, grown.width, grown.height)
+                .getSmallestIntegerContainer());
+  }
+}
+
+void EditorComponent::compositeInto(juce::Graphics& graphics, juce::Rectangle<int> pixels) {
+  const juce::Rectangle<int> area = pixels.getIntersection(picture_.getBounds());
+  if (area.isEmpty()) return;
+  juce::Graphics::ScopedSaveState state(graphics);
+  graphics.reduceClipRegion(area);
+  JuceCanvas canvas(graphics, scale_);
+  window_.composite(canvas, {area.getX() / scale_, area.getY() / scale_, area.getWidth() / scale_,
+                             area.getHeight() / scale_});
+}
+
+void EditorComponent::renewPicture(double scale) {
+  scale_ = scale;
+  const int width = static_cast<int>(std::ceil(getWidth() * scale));
+  const int height = static_cast<int>(std::ceil(getHeight() * scale));
+  picture_ = juce::Image(juce::Image::RGB, juce::jmax(1, width), juce::jmax(1, height), true,
+                         juce::SoftwareImageType());
+  window_.prepareFrame();
+  juce::Graphics graphics(picture_);
+  compositeInto(graphics, picture_.getBounds());
+}
+
+void EditorComponent::paint(juce::Graphics& graphics) {
+  const double scale = graphics.getInternalContext().getPhysicalPixelScaleFactor();
+  const bool fits = scale == scale_ &&
+                    picture_.getWidth() == static_cast<int>(std::ceil(getWidth() * scale)) &&
+                    picture_.getHeight() == static_cast<int>(std::ceil(getHeight() * scale));
+  if (picture_.isNull() || !fits) renewPicture(scale);
+  // The picture's pixels are the screen's; smoothing would only blur them.
+  graphics.setImageResamplingQuality(juce::Graphics::lowResamplingQuality);
+  graphics.drawImageTransformed(picture_,
+                                juce::AffineTransform::scale(static_cast<float>(1 / scale)));
+}
+
+void EditorComponent::mouseDown(const juce::MouseEvent& event) {
+  // The other buttons mean nothing to an editor made for fingers.
+  if (!event.mods.isLeftButtonDown()) return;
+  const int id = touchId(event.source);
+  if (!touches_.insert(id).second) return;
+  window_.touchBegan(id,
+                     event.source.isTouch() ? platform::Touch::Kind::finger
+                                            : platform::Touch::Kind::mouse,
+                     toPoint(event.position), event.getNumberOfClicks(), toModifiers(event.mods));
+}
+
+void EditorComponent::mouseDrag(const juce::MouseEvent& event) {
+  const int id = touchId(event.source);
+  if (touches_.count(id)) window_.touchMoved(id, toPoint(event.position), toModifiers(event.mods));
+}
+
+void EditorComponent::mouseUp(const juce::MouseEvent& event) {
+  const int id = touchId(event.source);
+  if (touches_.erase(id)) window_.touchEnded(id, toPoint(event.position), toModifiers(event.mods));
+}
+
+void EditorComponent::mouseMove(const juce::MouseEvent& event) {
+  if (!event.source.isTouch()) window_.hovered(toPoint(event.position));
+}
+
+void EditorComponent::mouseEnter(const juce::MouseEvent& event) { mouseMove(event); }
+
+void EditorComponent::mouseExit(const juce::MouseEvent& event) {
+  if (!event.source.isTouch()) window_.hoverEnded();
+}
+
+void EditorComponent::mouseWheelMove(const juce::MouseEvent& event,
+                                     const juce::MouseWheelDetails& wheel) {
+  if (!window_.wheelTurned(toWheelEvent(toPoint(event.position), wheel, event.mods)))
+    juce::Component::mouseWheelMove(event, wheel);
+}
+
+bool EditorComponent::keyPressed(const juce::KeyPress& key) {
+  return window_.keyPressed(toKeyEvent(key));
+}
+
+}  // namespace juce_backend

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "Orvane/PluginEntry.h"
+#include "backends/juce/JuceRunLoop.h"
+#include "platform/Window.h"
+
+namespace juce_backend {
+
+/// Shows an editor in a JUCE component: the component is the host of the controller, gives it its
+/// size and all input, and repaints what changed. The controller appears when the component comes
+/// on screen and disappears when it leaves. Add it to any other component, or to the desktop as a
+/// window of its own or inside a window of someone else's:
+///
+///     EditorComponent editor(entry, *audioUnit);
+///     editor.setSize(1024, 768);
+///     editor.addToDesktop(0, hostWindow);
+///     editor.setVisible(true);
+///
+/// Message thread only; on Linux only after a look at DISPLAY.
+class EditorComponent : public juce::Component,
+                        private platform::Window::Client,
+                        private JuceRunLoop::FrameClient {
+ public:
+  using ControllerFactory = std::function<std::unique_ptr<platform::ViewController>()>;
+
+  /// Calls `makeController` when the run loop that controllers need is there.
+  explicit EditorComponent(const ControllerFactory& makeController);
+  /// The plug-in's editor for `audioUnit`, at the plug-in's preferred size.
+  EditorComponent(const orvane::PluginEntry& entry, platform::AudioUnit& audioUnit);
+  ~EditorComponent() override;
+
+  platform::ViewController& controller() { return *controller_; }
+  platform::Window& window() { return window_; }
+
+  void paint(juce::Graphics& graphics) override;
+  void resized() override;
+
+  void mouseDown(const juce::MouseEvent& event) override;
+  void mouseDrag(const juce::MouseEvent& event) override;
+  void mouseUp(const juce::MouseEvent& event) override;
+  void mouseMove(const juce::MouseEvent& event) override;
+  void mouseEnter(const juce::MouseEvent& event) override;
+  void mouseExit(const juce::MouseEvent& event) override;
+  void mouseWheelMove(const juce::MouseEvent& event,
+                      const juce::MouseWheelDetails& wheel) override;
+  bool keyPressed(const juce::KeyPress& key) override;
+
+ private:
+  class LinkOpener : public platform::Application {
+   public:
+    bool open(const std::string& url) override;
+  };
+  class ShowingWatcher : public juce::ComponentMovementWatcher {
+   public:
+    explicit ShowingWatcher(EditorComponent& owner);
+    void componentMovedOrResized(bool, bool) override {}
+    void componentPeerChanged() override { owner_.updateShowing(); }
+    void componentVisibilityChanged() override { owner_.updateShowing(); }
+    using juce::ComponentMovementWatcher::componentMovedOrResized;
+    using juce::ComponentMovementWatcher::componentVisibilityChanged;
+
+   private:
+    EditorComponent& owner_;
+  };
+
+  void frameWanted() override;
+  platform::Application* application() override { return &linkOpener_; }
+  void displayFrame() override;
+  void updateShowing();
+  /// Makes the picture anew for this scale, with all that has to be shown.
+  void renewPicture(double scale);
+  void compositeInto(juce::Graphics& graphics, juce::Rectangle<int> pixels);
+
+  // First in, last out: every part of an editor may have timers.
+  juce::SharedResourcePointer<JuceRunLoop> runLoop_;
+  LinkOpener linkOpener_;
+  platform::Window window_{*this};
+  /// Plays the host's controller, whose child the editor's is.
+  platform::ViewController host_;
+  std::unique_ptr<platform::ViewController> controller_;
+  bool hasAppeared_ = false;
+  /// What is on screen, in device pixels: whatever the desktop uncovers is only copied.
+  juce::Image picture_;
+  double scale_ = 0;
+  std::set<int> touches_;
+  ShowingWatcher showingWatcher_{*this};
+};
+
+}  // namespace juce_backend

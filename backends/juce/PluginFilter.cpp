@@ -1,0 +1,11 @@
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include "backends/juce/AudioUnitProcessor.h"
+
+/// The plug-in defines it.
+const orvane::PluginEntry& orvanePluginEntry();
+
+/// What JUCE's plug-in formats ask for.
+juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter() {
+  return new juce_backend::AudioUnitProcessor(orvanePluginEntry());
+}

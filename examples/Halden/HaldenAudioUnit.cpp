@@ -1,0 +1,87 @@
+#include "examples/Halden/HaldenAudioUnit.h"
+
+#include "Quillon/DenormalGuard.h"
+#include "examples/Halden/HaldenParameters.h"
+#include "examples/Halden/HaldenPresets.h"
+
+namespace halden {
+
+HaldenAudioUnit::HaldenAudioUnit() : CommonAudioUnit(parameterDescriptions(), presetDescriptions()) {
+  setCurrentPreset(0);
+}
+
+void HaldenAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {
+  CommonAudioUnit::allocateRenderResources(sampleRate, maximumFrames);
+  mono_.assign(maximumFrames, 0.0f);
+  peak_ = 0;
+  clipHold_ = countHold_ = 0;
+  synth_.prepare(sampleRate);
+}
+
+void HaldenAudioUnit::readParameters() {
+  for (std::size_t i = 0; i < paramCount; ++i) params_.at(i) = value(i);
+}
+
+void HaldenAudioUnit::render(const platform::RenderBlock& block) {
+  const quillon::DenormalGuard guard;
+  if (block.outputs.empty()) return;
+  readParameters();
+  float* left = block.outputs[0];
+  float* right = block.outputs.size() > 1 ? block.outputs[1] : mono_.data();
+  synth_.render(params_, block.midi, block.transport, left, right,
+                static_cast<int>(block.frames));
+  publish(block.frames, left, right);
+  if (block.outputs.size() == 1) {
+    for (std::uint32_t i = 0; i < block.frames; ++i) left[i] = 0.5f * (left[i] + right[i]);
+  }
+}
+
+void HaldenAudioUnit::publishModulated(Param param, bool modulated, float value) {
+  if (modulated) publishLive(indexOf(param), value);
+  publishModulating(indexOf(param), modulated);
+}
+
+void HaldenAudioUnit::publish(std::uint32_t frames, const float* left, const float* right) {
+  const bool visible = isUIVisible();
+  if (!visible && !wasPublishing_) return;
+  wasPublishing_ = visible;
+
+  const float cutoff = synth_.newestCutoff();
+  const bool sounds = visible && cutoff > 0;
+  const auto isUsed = [this](Param param) { return params_[param] != 0; };
+  const bool lfo1 = params_.isOn(Param::lfo1On);
+  publishModulated(Param::cutoff,
+                   sounds && (isUsed(Param::filterEnvelope) || (lfo1 && isUsed(Param::lfo1Cutoff))),
+                   std::min(std::max(cutoff, 20.0f), 20000.0f));
+  const float swing = lfo1 ? 0.5f * params_[Param::lfo1Width] * synth_.lfo1() : 0;
+  for (Param width : {Param::osc1Width, Param::osc2Width}) {
+    publishModulated(width, sounds && lfo1 && isUsed(Param::lfo1Width),
+                     std::min(std::max(params_[width] + swing, 5.0f), 95.0f));
+  }
+
+  const double seconds = frames / sampleRate();
+  if (synth_.takeClipped()) clipHold_ = 0.4;
+  clipHold_ = std::max(0.0, clipHold_ - seconds);
+  for (std::uint32_t i = 0; i < frames; ++i) {
+    peak_ = std::max({peak_, std::abs(left[i]), std::abs(right[i])});
+  }
+  const auto light = [&](Meter meter, float brightness) {
+    publishLive(indexOf(meter), brightness);
+    publishModulating(indexOf(meter), visible);
+  };
+  light(Meter::lfo1Light, lfo1 ? 0.5f + 0.5f * synth_.lfo1() : 0);
+  light(Meter::lfo2Light, params_.isOn(Param::lfo2On) ? 0.5f + 0.5f * synth_.lfo2() : 0);
+  light(Meter::levelLight, std::min(1.0f, 2 * peak_));
+  light(Meter::clipLight, clipHold_ > 0 ? 1 : 0);
+  peak_ *= static_cast<float>(std::exp(-seconds / 0.12));
+
+  // A number that people read may change ten times a second.
+  countHold_ -= seconds;
+  const auto voices = static_cast<float>(synth_.activeVoices());
+  if (countHold_ <= 0 && voices != value(indexOf(Meter::voiceCount))) {
+    parameterTree().at(indexOf(Meter::voiceCount)).setValue(voices);
+    countHold_ = 0.1;
+  }
+}
+
+}  // namespace halden

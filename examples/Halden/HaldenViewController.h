@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Orvane/KestroAUViewController.h"
+
+namespace halden {
+
+class HaldenViewController : public orvane::KestroAUViewController {
+ public:
+  std::shared_ptr<orvane::AUDesign> design() override;
+  std::unique_ptr<platform::AudioUnit> createAudioUnit(
+      const platform::AudioComponentDescription& description) override;
+  std::string productId() override { return "org.orvane.halden"; }
+  std::string appName() override { return "Halden"; }
+  double contentRatio() override { return 0.68; }
+  double footHeightRatio() override { return 0.14; }
+  std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override;
+
+  /// A rate in hertz or milliseconds and one in beats share a place; the sync switch says which.
+  bool isControlShown(const kestroui::ParamKey& key) override;
+  void updateParameter(platform::AUParameterAddress address) override;
+};
+
+}  // namespace halden

@@ -1,0 +1,98 @@
+#include "examples/Halden/dsp/Drive.h"
+
+namespace halden {
+namespace {
+
+/// The coefficients at odd distances 1, 3, ... 15 from the middle of a half-band low-pass of 31
+/// taps: a sinc under a Kaiser window (beta 6.5), scaled so that the pass band has gain 1. What
+/// lies above 0.6 of the lower Nyquist's mirror is 65 dB down.
+const std::array<float, 8>& halfBand() {
+  static const std::array<float, 8> coefficients = [] {
+    const auto bessel = [](double x) {
+      double sum = 1, term = 1;
+      for (int k = 1; k < 30; ++k) {
+        term *= (x / (2 * k)) * (x / (2 * k));
+        sum += term;
+      }
+      return sum;
+    };
+    std::array<double, 8> values{};
+    double total = 0;
+    for (int i = 0; i < 8; ++i) {
+      const double distance = 2 * i + 1;
+      const double share = distance / 16;
+      const double window = bessel(6.5 * std::sqrt(1 - share * share)) / bessel(6.5);
+      const double sinc = (i % 2 ? -1 : 1) / (3.14159265358979 * distance);
+      values[static_cast<std::size_t>(i)] = sinc * window;
+      total += 2 * sinc * window;
+    }
+    std::array<float, 8> result{};
+    for (std::size_t i = 0; i < 8; ++i) result[i] = static_cast<float>(values[i] * 0.5 / total);
+    return result;
+  }();
+  return coefficients;
+}
+
+/// The sum over taps at equal distances before and after the middle, which lies between the
+/// entries `middle` and `middle + 1` of a history that is newest first.
+float symmetricSum(const float* newest) {
+  const auto& h = halfBand();
+  float sum = 0;
+  for (int i = 0; i < 8; ++i) sum += h[static_cast<std::size_t>(i)] * (newest[7 - i] + newest[8 + i]);
+  return sum;
+}
+
+}  // namespace
+
+void Drive::setSampleRate(float sampleRate) {
+  sampleRate_ = sampleRate;
+  halfBand();
+}
+
+void Drive::reset() {
+  for (Channel& channel : channels_) channel = {};
+  resting_ = true;
+}
+
+float Drive::Channel::process(float input, float gain) {
+  // Each history is written twice, half its length apart, so that it can be read in one piece.
+  position = (position + historyLength - 1) % historyLength;
+  const auto write = [this](History& history, float value) {
+    history[static_cast<std::size_t>(position)] = value;
+    history[static_cast<std::size_t>(position + historyLength)] = value;
+  };
+  const auto at = [this](const History& history) { return history.data() + position; };
+
+  write(slow, input);
+  // Up: one of the two new samples is an input sample (the middle tap), the other is between two.
+  const float between = 2 * symmetricSum(at(slow));
+  const float exact = at(slow)[7];
+  write(fastEven, softClip(gain * between));
+  write(fastOdd, softClip(gain * exact));
+  // Down: the filter's middle tap falls on the exact samples.
+  return 0.5f * at(fastOdd)[8] + symmetricSum(at(fastEven));
+}
+
+void Drive::process(const Settings& settings, int begin, int count, float* left, float* right) {
+  if (settings.amount.isZero()) {
+    if (!resting_) reset();
+    return;
+  }
+  resting_ = false;
+  const float toneShare = OnePole::share(settings.toneFrequency, sampleRate_);
+  float* const sides[2] = {left, right};
+  for (int side = 0; side < 2; ++side) {
+    Channel& channel = channels_[static_cast<std::size_t>(side)];
+    for (int i = 0; i < count; ++i) {
+      const int at = begin + i;
+      const float input = sides[side][i];
+      const float clipped = channel.process(input, settings.inputGain.at(at));
+      const float wet = channel.tone.low(clipped, toneShare) * settings.outputGain.at(at);
+      const float dry = channel.slow[static_cast<std::size_t>(channel.position + latency)];
+      const float mixed = dry + settings.mix.at(at) * (wet - dry);
+      sides[side][i] = input + settings.amount.at(at) * (mixed - input);
+    }
+  }
+}
+
+}  // namespace halden

@@ -1,0 +1,12 @@
+#include "tools/orvane/BuiltIns.h"
+
+#include "examples/Halden/HaldenPlugin.h"
+
+namespace tool {
+
+const std::vector<BuiltIn>& builtIns() {
+  static const std::vector<BuiltIn> all{{"halden", &halden::pluginEntry}};
+  return all;
+}
+
+}  // namespace tool

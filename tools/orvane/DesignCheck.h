@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Orvane/UISection.h"
+#include "tools/orvane/DescribedPlugin.h"
+#include "tools/orvane/Problems.h"
+
+namespace tool {
+
+/// Looks for what the layout of a design cannot do, where the editor would stop the program or
+/// leave something out. Places are those of a description's file.
+class DesignCheck {
+ public:
+  /// `isParameter` says whether the plug-in has a parameter with this key; `foot` is the foot strip.
+  DesignCheck(Problems& problems, std::function<bool(const std::string&)> isParameter,
+              const std::vector<std::optional<std::string>>& foot);
+
+  void check(const std::vector<DescribedPage>& pages);
+
+ private:
+  void checkFoot();
+  void checkPage(const DescribedPage& page, const std::string& place);
+  void checkRows(const DescribedPage& page, const std::string& place);
+  void checkSection(const orvane::Section& section, const std::string& place);
+  void checkColumn(const orvane::UIColumn& column, const std::string& place);
+  /// Whether the key names a parameter.
+  bool checkKey(const std::string& key, const std::string& place);
+  /// The key's control has its place here; it can have only one at a time.
+  void takePlace(const std::string& key, const std::string& place);
+  void add(const std::string& place, std::string text);
+
+  Problems& problems_;
+  std::function<bool(const std::string&)> isParameter_;
+  const std::vector<std::optional<std::string>>& foot_;
+  /// Where each key has its place on the page that is being checked.
+  std::map<std::string, std::string> places_;
+};
+
+}  // namespace tool

@@ -1,0 +1,143 @@
+// What a script asks the editor and its audio unit.
+
+#include <algorithm>
+
+#include "Orvane/ParameterMapping.h"
+#include "platform/Button.h"
+#include "tools/orvane/DescribedAudioUnit.h"
+#include "tools/orvane/DriveSession.h"
+#include "tools/orvane/Picture.h"
+#include "tools/orvane/Text.h"
+#include "tools/orvane/ToolError.h"
+#include "tools/orvane/ViewTree.h"
+
+namespace tool {
+
+using Direction = orvane::MenuBarDelegate::Direction;
+
+namespace {
+
+DescribedAudioUnit& describedUnit(headless::HeadlessHost& host) {
+  if (auto* unit = dynamic_cast<DescribedAudioUnit*>(&host.audioUnit())) return *unit;
+  throw Failure("only a described plug-in's live values can be set");
+}
+
+/// The control of a key wherever it is, also on a page that is not shown.
+kestroui::Container* containerOf(headless::HeadlessHost& host, const std::string& key) {
+  if (kestroui::Container* shown = shownContainer(host, key)) return shown;
+  const auto& controls = host.editor().controls();
+  for (const auto& [own, container] : controls.controls())
+    for (const auto& driven : container->paramKeys())
+      if (driven->key() == key) return container.get();
+  return nullptr;
+}
+
+nlohmann::ordered_json presetName(const platform::AudioUnit& unit) {
+  const std::string name = unit.currentPresetName();
+  return name.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(name);
+}
+
+}  // namespace
+
+void DriveSession::get(const Words& words, Json& answer) {
+  const std::string& key = words[0].text;
+  const platform::AUParameter& parameter = this->parameter(key);
+  const orvane::ParameterMapping mapping(parameter);
+  const kestroui::Container* container = containerOf(host_, key);
+
+  float position = mapping.positionOf(parameter.value());
+  std::string text = parameter.stringFromValue(parameter.value());
+  bool isModulated = false;
+  if (const auto* flag = host_.audioUnit().isModulating(key)) isModulated = flag->load();
+  if (container) {
+    const bool isRaw = container->valueForm(key) == kestroui::Container::ValueForm::raw;
+    position = isRaw ? mapping.positionOf(container->value(key)) : container->value(key);
+    const bool isOwn = container->key() && container->key()->key() == key;
+    if (isOwn && !container->valueText().empty()) text = container->valueText();
+    if (isOwn && container->control()) isModulated = container->control()->isModulated();
+  }
+  answer["value"] = shortest(parameter.value());
+  answer["position"] = shortest(position);
+  answer["text"] = text;
+  answer["midi"] = nullptr;
+  answer["inactive"] = container && container->isInactive();
+  answer["modulated"] = isModulated;
+}
+
+void DriveSession::live(const Words& words, Json&) {
+  DescribedAudioUnit& unit = describedUnit(host_);
+  parameter(words[0].text);
+  const auto value = parseNumber(words[1].text);
+  if (!value) throw Failure("live wants a number, not " + inQuotes(words[1].text));
+  unit.setLive(words[0].text, static_cast<float>(*value));
+  host_.loop().runDue();
+}
+
+void DriveSession::modulate(const Words& words, Json&) {
+  DescribedAudioUnit& unit = describedUnit(host_);
+  parameter(words[0].text);
+  const std::string& flag = words[1].text;
+  if (flag != "on" && flag != "off")
+    throw Failure("modulate wants on or off, not " + inQuotes(flag));
+  unit.setModulating(words[0].text, flag == "on");
+  host_.loop().runDue();
+}
+
+void DriveSession::preset(const std::string& text, Json& answer) {
+  platform::AudioUnit& unit = host_.audioUnit();
+  const auto& presets = unit.factoryPresets();
+  const auto found = std::find_if(presets.begin(), presets.end(),
+                                  [&](const auto& preset) { return preset.name == text; });
+  if (found == presets.end() && text.starts_with("user "))
+    throw Failure("preset user is not available in this version");
+  if (found == presets.end()) throw Failure("no factory preset " + inQuotes(text));
+  unit.setCurrentPreset(found->number);
+  host_.loop().runDue();
+  answer["selected"] = presetName(unit);
+}
+
+void DriveSession::stepPreset(Direction direction, Json& answer) {
+  platform::AudioUnit& unit = host_.audioUnit();
+  if (unit.factoryPresets().empty()) throw Failure("there are no presets");
+  host_.editor().menuBarDidStepPreset(direction);
+  host_.loop().runDue();
+  answer["selected"] = presetName(unit);
+}
+
+void DriveSession::next(const Words&, Json& answer) { stepPreset(Direction::next, answer); }
+
+void DriveSession::previous(const Words&, Json& answer) {
+  stepPreset(Direction::previous, answer);
+}
+
+void DriveSession::presets(const Words&, Json& answer) {
+  const platform::AudioUnit& unit = host_.audioUnit();
+  answer["selected"] = presetName(unit);
+  Json& walk = answer["walk"] = Json::array();
+  for (const auto& preset : unit.factoryPresets()) walk.push_back(preset.name);
+}
+
+void DriveSession::tree(const Words&, Json& answer) {
+  answer["tree"] = viewTree(host_.rootView());
+}
+
+void DriveSession::state(const Words&, Json& answer) {
+  answer["preset"] = presetName(host_.audioUnit());
+  answer["page"] = host_.editor().settingsViewController().currentPage();
+  const platform::Size size = host_.window().size();
+  answer["size"] = {tidy(size.width), tidy(size.height)};
+  Json overlays = Json::array(), buttons = Json::array();
+  visitShown(host_.rootView(), [&](platform::View& view) {
+    const std::string name = className(view);
+    if (name.ends_with("Overlay")) overlays.push_back(name);
+    if (const auto* button = dynamic_cast<platform::Button*>(&view))
+      buttons.push_back(
+          {{"class", name}, {"text", button->title()}, {"enabled", button->isEnabled()}});
+  });
+  answer["overlays"] = std::move(overlays);
+  answer["buttons"] = std::move(buttons);
+}
+
+void DriveSession::snapshot(const std::string& file, Json&) { writePicture(host_, file, 1); }
+
+}  // namespace tool

@@ -1,0 +1,99 @@
+#include "tools/orvane/DriveSession.h"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+
+#include "tools/orvane/Text.h"
+#include "tools/orvane/ToolError.h"
+
+namespace tool {
+
+namespace {
+
+/// Commands of which this version has no part to drive.
+constexpr std::string_view unavailable[] = {"midi",     "learn", "map",    "unmap",
+                                            "unmapall", "pick",  "export", "exportall"};
+
+}  // namespace
+
+const std::vector<DriveSession::Command>& DriveSession::commands() {
+  static const std::vector<Command> all{
+      {"size", "W H", 2, &DriveSession::size},
+      {"page", "N", 1, &DriveSession::page},
+      {"tap", "TARGET", 1, &DriveSession::tap},
+      {"doubletap", "TARGET", 1, &DriveSession::doubleTap},
+      {"drag", "TARGET DX DY", 3, &DriveSession::drag},
+      {"wheel", "TARGET DY", 2, &DriveSession::wheel},
+      {"key", "NAME", 1, &DriveSession::key},
+      {"set", "KEY VALUE", 2, &DriveSession::set},
+      {"get", "KEY", 1, &DriveSession::get},
+      {"live", "KEY VALUE", 2, &DriveSession::live},
+      {"modulate", "KEY on/off", 2, &DriveSession::modulate},
+      {"next", "", 0, &DriveSession::next},
+      {"previous", "", 0, &DriveSession::previous},
+      {"presets", "", 0, &DriveSession::presets},
+      {"appear", "", 0, &DriveSession::appear},
+      {"disappear", "", 0, &DriveSession::disappear},
+      {"wait", "SECONDS", 1, &DriveSession::wait},
+      {"frames", "", 0, &DriveSession::frames},
+      {"tree", "", 0, &DriveSession::tree},
+      {"state", "", 0, &DriveSession::state},
+  };
+  return all;
+}
+
+const std::vector<DriveSession::TextCommand>& DriveSession::textCommands() {
+  static const std::vector<TextCommand> all{
+      {"type", "TEXT", &DriveSession::type},
+      {"preset", "NAME", &DriveSession::preset},
+      {"snapshot", "FILE", &DriveSession::snapshot},
+  };
+  return all;
+}
+
+std::optional<DriveSession::Json> DriveSession::run(std::string_view text) {
+  const ScriptLine line(text);
+  if (line.isEmpty()) return std::nullopt;
+  Json answer{{"ok", true}};
+  try {
+    execute(line, answer);
+  } catch (const std::exception& error) {
+    return Json{{"ok", false}, {"error", error.what()}};
+  }
+  Json& events = answer["events"] = Json::array();
+  for (const headless::Event& event : host_.application()->takeEvents()) {
+    Json& entry = events.emplace_back(Json{{"type", event.type}});
+    for (const auto& [name, value] : event.members) entry[name] = value;
+  }
+  return answer;
+}
+
+void DriveSession::execute(const ScriptLine& line, Json& answer) {
+  const std::string& name = line.command();
+  const auto wants = [&](std::string_view arguments) {
+    return Failure(name + (arguments.empty() ? " takes nothing" : " wants ") +
+                   std::string(arguments));
+  };
+  for (const TextCommand& command : textCommands()) {
+    if (command.name != name) continue;
+    if (line.text().empty()) throw wants(command.arguments);
+    return (this->*command.run)(line.text(), answer);
+  }
+  for (const Command& command : commands()) {
+    if (command.name != name) continue;
+    const Words words = line.words();
+    if (words.size() != static_cast<std::size_t>(command.count)) throw wants(command.arguments);
+    return (this->*command.run)(words, answer);
+  }
+  if (std::find(std::begin(unavailable), std::end(unavailable), name) != std::end(unavailable))
+    throw Failure(name + " is not available in this version");
+  throw Failure("unknown command " + inQuotes(name));
+}
+
+platform::AUParameter& DriveSession::parameter(const std::string& key) {
+  if (platform::AUParameter* parameter = host_.audioUnit().parameter(key)) return *parameter;
+  throw Failure("no parameter " + inQuotes(key));
+}
+
+}  // namespace tool

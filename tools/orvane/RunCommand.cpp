@@ -1,0 +1,37 @@
+#include "tools/orvane/ArgumentParser.h"
+#include "tools/orvane/Commands.h"
+#include "tools/orvane/Plugin.h"
+#include "tools/orvane/ToolError.h"
+
+#ifdef ORVANE_HAS_JUCE
+#include "backends/juce/Standalone.h"
+#endif
+
+namespace tool {
+
+namespace {
+
+#ifdef ORVANE_HAS_JUCE
+int show(const Plugin& plugin) {
+  if (!juce_backend::isDisplayAvailable())
+    throw Failure(plugin.place + ": there is no display to open a window on; orvane snapshot " +
+                  "draws without one");
+  return juce_backend::runStandalone(plugin.entry);
+}
+#else
+int show(const Plugin& plugin) {
+  throw Failure(plugin.place + ": orvane was built without the desktop backend, so it opens no " +
+                "windows");
+}
+#endif
+
+}  // namespace
+
+int runCommand(const Words& words, Streams) {
+  ArgumentParser arguments("run", words, {});
+  const std::string name = arguments.positional("PLUGIN");
+  arguments.finish();
+  return show(loadPlugin(name));
+}
+
+}  // namespace tool

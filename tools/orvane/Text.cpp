@@ -1,0 +1,108 @@
+#include "tools/orvane/Text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+
+namespace tool {
+
+namespace {
+
+constexpr double largestSide = 16384;
+
+/// Length of the UTF-8 character that `text` begins with, or 0 when it begins with none.
+std::size_t characterLength(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text[0]);
+  const std::size_t length = first < 0x80                  ? 1
+                             : first >= 0xC2 && first < 0xE0 ? 2
+                             : first >= 0xE0 && first < 0xF0 ? 3
+                             : first >= 0xF0 && first < 0xF5 ? 4
+                                                             : 0;
+  if (length == 0 || length > text.size()) return 0;
+  for (std::size_t i = 1; i < length; ++i)
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
+  return length;
+}
+
+}  // namespace
+
+std::string oneLine(std::string_view text) {
+  std::string line;
+  while (!text.empty()) {
+    const std::size_t length = characterLength(text);
+    const auto first = static_cast<unsigned char>(text[0]);
+    if (length == 0)
+      line += '?';
+    else if (first < 0x20 || first == 0x7F)
+      line += ' ';
+    else
+      line += text.substr(0, length);
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  return line;
+}
+
+std::string inQuotes(std::string_view text) {
+  constexpr std::size_t most = 60;
+  // Cut before the characters are looked at: the text may be a whole file.
+  const std::string line = oneLine(text.substr(0, most * 4));
+  std::size_t end = 0;
+  for (std::size_t count = 0; end < line.size() && count < most; ++count)
+    end += characterLength(std::string_view(line).substr(end));
+  const bool whole = end == line.size() && text.size() <= most * 4;
+  return '"' + line.substr(0, end) + (whole ? "\"" : "...\"");
+}
+
+std::optional<double> parseNumber(std::string_view text) {
+  if (!text.empty() && text[0] == '+') text.remove_prefix(1);
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number)) return std::nullopt;
+  return number;
+}
+
+std::optional<int> parseCount(std::string_view text) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end || number < 0) return std::nullopt;
+  return number;
+}
+
+std::optional<platform::Size> parseSize(std::string_view text) {
+  const std::size_t cross = text.find('x');
+  if (cross == std::string_view::npos) return std::nullopt;
+  const auto width = parseNumber(text.substr(0, cross));
+  const auto height = parseNumber(text.substr(cross + 1));
+  if (!width || !height || *width <= 0 || *height <= 0 || *width > largestSide ||
+      *height > largestSide)
+    return std::nullopt;
+  return platform::Size{*width, *height};
+}
+
+std::string sizeText(const platform::Size& size) {
+  const auto side = [](double length) {
+    char buffer[32];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, length);
+    return std::string(buffer, result.ptr);
+  };
+  return side(size.width) + 'x' + side(size.height);
+}
+
+double shortest(float value) {
+  if (!std::isfinite(value)) return static_cast<double>(value);
+  char buffer[64];
+  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value);
+  double number = 0;
+  std::from_chars(buffer, written.ptr, number);
+  return number;
+}
+
+double tidy(double points) {
+  const double rounded = std::round(points * 1e9) / 1e9;
+  // No minus sign on a zero.
+  return rounded == 0 ? 0 : rounded;
+}
+
+}  // namespace tool

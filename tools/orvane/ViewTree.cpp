@@ -1,0 +1,78 @@
+#include "tools/orvane/ViewTree.h"
+
+#include <cxxabi.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <typeinfo>
+
+#include "KestroUI/Container.h"
+#include "KestroUI/MomentaryButton.h"
+#include "KestroUI/SimpleLabel.h"
+#include "Orvane/PageView.h"
+#include "Orvane/SectionView.h"
+#include "platform/Button.h"
+#include "platform/Label.h"
+#include "tools/orvane/Text.h"
+
+namespace tool {
+
+using nlohmann::ordered_json;
+using platform::View;
+
+std::string className(const View& view) {
+  int status = 0;
+  const std::unique_ptr<char, void (*)(void*)> readable(
+      abi::__cxa_demangle(typeid(view).name(), nullptr, nullptr, &status), std::free);
+  std::string name = status == 0 ? readable.get() : typeid(view).name();
+  name.erase(std::min(name.find('<'), name.size()));
+  const std::size_t colons = name.rfind("::");
+  return colons == std::string::npos ? name : name.substr(colons + 2);
+}
+
+std::optional<std::string> textOf(const View& view) {
+  if (const auto* label = dynamic_cast<const platform::Label*>(&view)) return label->text();
+  if (const auto* label = dynamic_cast<const kestroui::SimpleLabel*>(&view)) return label->text();
+  std::string title;
+  if (const auto* button = dynamic_cast<const platform::Button*>(&view))
+    title = button->title();
+  else if (const auto* momentary = dynamic_cast<const kestroui::MomentaryButton*>(&view))
+    title = momentary->title();
+  return title.empty() ? std::nullopt : std::optional(title);
+}
+
+ordered_json viewTree(const View& view) {
+  ordered_json node;
+  node["class"] = className(view);
+  if (const auto* section = dynamic_cast<const orvane::SectionView*>(&view))
+    node["name"] = section->section().name;
+  else if (const auto* page = dynamic_cast<const orvane::PageView*>(&view))
+    node["name"] = page->title();
+  if (const auto* container = dynamic_cast<const kestroui::Container*>(&view))
+    if (const auto key = container->key()) node["key"] = key->key();
+  if (const auto text = textOf(view)) node["text"] = *text;
+  const platform::Rect& frame = view.frame();
+  node["frame"] = {tidy(frame.x), tidy(frame.y), tidy(frame.width), tidy(frame.height)};
+  node["hidden"] = view.isHidden();
+  if (const auto* control = dynamic_cast<const platform::Control*>(&view)) {
+    node["enabled"] = control->isEnabled();
+    node["selected"] = control->isSelected();
+  }
+  node["children"] = ordered_json::array();
+  for (const View* child : view.subviews()) node["children"].push_back(viewTree(*child));
+  return node;
+}
+
+std::string dump(const ordered_json& value, Layout layout) {
+  return value.dump(layout == Layout::indented ? 2 : -1, ' ', false,
+                    ordered_json::error_handler_t::replace);
+}
+
+void visitShown(View& view, const std::function<void(View&)>& visit) {
+  if (view.isHidden()) return;
+  visit(view);
+  for (View* child : view.subviews()) visitShown(*child, visit);
+}
+
+}  // namespace tool

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/View.h"
+
+namespace tool {
+
+/// The view's class without its namespace.
+std::string className(const platform::View& view);
+/// What a label, button or text field shows; none for any other view, or for a button without a
+/// title.
+std::optional<std::string> textOf(const platform::View& view);
+/// The view and everything below it, hidden views included.
+nlohmann::ordered_json viewTree(const platform::View& view);
+/// Calls `visit` for every view that is shown, in drawing order.
+void visitShown(platform::View& view, const std::function<void(platform::View&)>& visit);
+
+enum class Layout { oneLine, indented };
+
+/// The text of a JSON value; bytes that are no UTF-8 are replaced.
+std::string dump(const nlohmann::ordered_json& value, Layout layout);
+
+}  // namespace tool
