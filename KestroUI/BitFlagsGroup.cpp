@@ -1,0 +1,99 @@
+#include "KestroUI/BitFlagsGroup.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "KestroUI/Utf8.h"
+
+namespace kestroui {
+
+namespace {
+
+constexpr std::size_t mostFlags = 24;
+
+}  // namespace
+
+void BitFlagsGroup::setTitles(std::vector<std::string> titles) {
+  if (titles.size() > mostFlags) titles.resize(mostFlags);
+  setRange(0, static_cast<float>((1u << titles.size()) - 1));
+  titles_ = std::move(titles);
+  longestTitle_ = 1;
+  for (const std::string& title : titles_)
+    longestTitle_ = std::max(longestTitle_, utf8Length(title));
+  setNeedsDisplay();
+}
+
+std::uint32_t BitFlagsGroup::bits() const {
+  return static_cast<std::uint32_t>(std::lround(std::max(0.0f, value())));
+}
+
+bool BitFlagsGroup::isOn(int index) const {
+  return index >= 0 && index < static_cast<int>(mostFlags) && (bits() >> index & 1u) != 0;
+}
+
+ButtonGrid BitFlagsGroup::grid() const {
+  return ButtonGrid::fitting(static_cast<int>(titles_.size()), bounds().size(),
+                             {std::max(26.0, static_cast<double>(longestTitle_) * 6.6 + 10), 22});
+}
+
+void BitFlagsGroup::slide(platform::Point point) {
+  const int index = grid().indexAt(point);
+  if (index < 0) return;
+  const std::uint32_t bit = 1u << index;
+  if (painting_ == Painting::none) painting_ = isOn(index) ? Painting::off : Painting::on;
+  changeValue(static_cast<float>(painting_ == Painting::on ? bits() | bit : bits() & ~bit));
+}
+
+void BitFlagsGroup::touchBegan(const platform::Touch& touch) {
+  const platform::Weak<BitFlagsGroup> alive = this;
+  KestroControl::touchBegan(touch);
+  if (!alive || !isEnabled()) return;
+  painting_ = Painting::none;
+  beginGesture();
+  if (alive) slide(touch.locationIn(*this));
+}
+
+void BitFlagsGroup::touchMoved(const platform::Touch& touch) {
+  const platform::Weak<BitFlagsGroup> alive = this;
+  KestroControl::touchMoved(touch);
+  if (alive && isInGesture()) slide(touch.locationIn(*this));
+}
+
+void BitFlagsGroup::touchEnded(const platform::Touch& touch) {
+  const platform::Weak<BitFlagsGroup> alive = this;
+  KestroControl::touchEnded(touch);
+  if (alive) endGesture();
+}
+
+void BitFlagsGroup::touchCancelled(const platform::Touch& touch) {
+  const platform::Weak<BitFlagsGroup> alive = this;
+  KestroControl::touchCancelled(touch);
+  if (alive) endGesture();
+}
+
+void BitFlagsGroup::paint(platform::Canvas& canvas) {
+  if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
+  const ButtonGrid cells = grid();
+  const platform::Color accent = stateAccent();
+  const bool muted = isInactive() || !isEnabled();
+  const double perLetter = 0.58 * static_cast<double>(longestTitle_);
+  const platform::Font font = Theme::smallTitleFont.withSize(
+      std::clamp(std::min(cells.cell.height * 0.5, (cells.cell.width - 6) / perLetter), 7.0, 14.0));
+  for (int i = 0; i < cells.count; ++i) {
+    const platform::Rect cell = cells.frame(i).inset(1, 1);
+    if (cell.isEmpty()) continue;
+    const bool on = isOn(i);
+    canvas.fillRoundedRect(cell, std::min(Theme::cornerRadius, cell.height / 2),
+                           on ? accent : stateSurface());
+    canvas.drawText(titles_[static_cast<std::size_t>(i)], font, cell.inset(2, 0),
+                    platform::TextAlignment::centre,
+                    on      ? Theme::textOn(accent)
+                    : muted ? Theme::textDim
+                            : Theme::lightGrey);
+  }
+  if (isFirstResponder())
+    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), Theme::cornerRadius + 1, 1, accent);
+}
+
+}  // namespace kestroui

@@ -1,0 +1,230 @@
+#include "KestroUI/Container.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "KestroUI/Icons.h"
+
+namespace kestroui {
+
+using platform::ControlEvent;
+using platform::Rect;
+
+namespace {
+
+// In points, on the smallest editor.
+constexpr double titleLine = 15;
+constexpr double smallestTitleLine = 9.5;
+constexpr double smallestControl = 14;
+/// Squares up to this side show their control alone: they stand in the corner of a title band.
+constexpr double smallSquare = 34;
+// Of the title's line.
+constexpr double titleFontShare = 0.75;
+
+}  // namespace
+
+Container::Container() {
+  titleLabel_.setFont(Theme::labelFont);
+  titleLabel_.setTextColor(Theme::textDim);
+  titleLabel_.setTextAlignment(platform::TextAlignment::centre);
+  addSubview(titleLabel_);
+  iconLayer_.setFillColor(Theme::textDim);
+  iconLayer_.setHidden(true);
+  layer().addSublayer(iconLayer_);
+}
+
+Container::~Container() = default;
+
+// Keys and values
+
+void Container::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
+  paramKeys_ = std::move(keys);
+}
+
+std::shared_ptr<ParamKey> Container::key() const {
+  return paramKeys_.empty() ? nullptr : paramKeys_.front();
+}
+
+bool Container::isOwnKey(const std::string& key) const {
+  return paramKeys_.empty() || paramKeys_.front()->key() == key;
+}
+
+float Container::value() const {
+  if (control_) return control_->value();
+  return paramKeys_.empty() ? 0 : value(paramKeys_.front()->key());
+}
+
+void Container::setValue(float value) {
+  if (control_)
+    control_->setValue(value);
+  else if (!paramKeys_.empty())
+    showValue(paramKeys_.front()->key(), value, valueText_);
+}
+
+Container::ValueForm Container::valueForm(const std::string&) const { return ValueForm::position; }
+
+float Container::value(const std::string&) const { return control_ ? control_->value() : 0; }
+
+void Container::showValue(const std::string& key, float value, const std::string& text) {
+  if (!isOwnKey(key)) return;
+  if (control_) control_->setValue(value);
+  valueText_ = text;
+  updateTitleLabel();
+}
+
+void Container::setValueRange(float, float) {}
+
+void Container::setStringValues(const std::vector<std::string>&) {}
+
+void Container::setLinks(std::vector<bool> links) { links_ = std::move(links); }
+
+void Container::setInverted(bool inverted) {
+  if (control_) control_->setInverted(inverted);
+}
+
+void Container::setColors(const std::vector<platform::Color>& colors) {
+  if (colors.empty() || hasControlColor_) return;
+  accent_ = colors.front();
+  if (control_) control_->setAccentColor(accent_);
+}
+
+void Container::setControlColor(platform::Color color) {
+  hasControlColor_ = true;
+  accent_ = color;
+  if (control_) control_->setAccentColor(color);
+}
+
+// Presentation
+
+void Container::setTitle(const std::string& title) {
+  if (title == title_) return;
+  title_ = title;
+  updateTitleLabel();
+  setNeedsDisplay();
+}
+
+void Container::setDisplayTitle(bool display) {
+  if (display == displayTitle_) return;
+  displayTitle_ = display;
+  setNeedsDisplay();
+}
+
+void Container::setIconPath(platform::Path path) {
+  iconPath_ = std::move(path);
+  updateTitleLabel();
+  setNeedsDisplay();
+}
+
+void Container::setMargins(double top, double bottom) {
+  if (top == topMargin_ && bottom == bottomMargin_) return;
+  topMargin_ = top;
+  bottomMargin_ = bottom;
+  setNeedsDisplay();
+}
+
+void Container::setIsVisible(bool visible) { visible_ = visible; }
+
+void Container::setInactive(bool inactive) {
+  if (inactive == inactive_) return;
+  inactive_ = inactive;
+  if (control_) control_->setInactive(inactive);
+  updateTitleLabel();
+}
+
+void Container::setLabelHRatio(double ratio) {
+  if (!(ratio > 0) || ratio == labelHRatio_) return;
+  labelHRatio_ = ratio;
+  setNeedsDisplay();
+}
+
+void Container::updateTitleLabel() {
+  const bool moves = isHovered() || (control_ && control_->isInGesture());
+  const bool showsValue = moves && !valueText_.empty();
+  const bool showsIcon = !showsValue && !iconPath_.isEmpty();
+  const platform::Font& font = showsValue ? Theme::valueFont : Theme::labelFont;
+  titleLabel_.setFont(font.withSize(titleHeight() * titleFontShare));
+  titleLabel_.setText(showsIcon ? std::string() : showsValue ? valueText_ : title_);
+  const platform::Color color = inactive_    ? Theme::textDim.withAlpha(0.5f)
+                                : showsValue ? Theme::text
+                                             : Theme::textDim;
+  titleLabel_.setTextColor(color);
+  iconLayer_.setFillColor(color);
+  iconLayer_.setHidden(!showsIcon || !showsTitle());
+}
+
+// Layout
+
+double Container::titleHeight() const {
+  return std::min(titleLine * labelHRatio_, std::max(0.0, bounds().height) * 0.32);
+}
+
+bool Container::showsTitle() const {
+  const double w = bounds().width, h = bounds().height - topMargin_ - bottomMargin_;
+  if (!displayTitle_ || (title_.empty() && iconPath_.isEmpty())) return false;
+  const double small = smallSquare * std::max(1.0, labelHRatio_);
+  if (w <= small && h <= small) return false;
+  return w >= 18 && titleHeight() >= smallestTitleLine && h - titleHeight() >= smallestControl;
+}
+
+Rect Container::controlFrame() const {
+  const double title = showsTitle() ? titleHeight() : 0;
+  // A comparison that a size that is no number fails too.
+  const auto positive = [](double length) { return length > 0 ? length : 0; };
+  const double gap = std::min(2.0, bounds().height * 0.03);
+  return {positive(gap), topMargin_ + positive(gap), positive(bounds().width - 2 * gap),
+          positive(bounds().height - topMargin_ - bottomMargin_ - title - 2 * gap)};
+}
+
+void Container::draw(const Rect&) {
+  const bool hasTitle = showsTitle();
+  titleLabel_.setHidden(!hasTitle);
+  if (hasTitle) {
+    const double height = titleHeight();
+    const Rect line{1, bounds().height - bottomMargin_ - height, bounds().width - 2, height};
+    titleLabel_.setFrame(line);
+    if (!iconPath_.isEmpty()) {
+      const Rect place = Icons::squareIn(line.inset(0, height * 0.1));
+      iconLayer_.setFrame(place);
+      iconLayer_.setPath(Icons::fitted(iconPath_, {0, 0, place.width, place.height}));
+    }
+  }
+  if (control_) control_->setFrame(controlFrame());
+  updateTitleLabel();
+}
+
+// Actions
+
+void Container::setControl(KestroControl& control) {
+  control_ = &control;
+  addSubview(control);
+  control.addTarget<&Container::handleValueChanged>(*this, ControlEvent::valueChanged);
+  control.addTarget<&Container::onEditingDidBegin>(*this, ControlEvent::editingDidBegin);
+  control.addTarget<&Container::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
+  control.doubleTapped = [this] { doubleTap(); };
+}
+
+void Container::handleValueChanged(platform::Control&) { sendActions(ControlEvent::valueChanged); }
+
+void Container::doubleTap() { tellDoubleTap(key()); }
+
+void Container::tellDoubleTap(const std::shared_ptr<ParamKey>& key) {
+  if (auto* alive = delegate.get()) alive->didDoubleTap(key);
+}
+
+void Container::onEditingDidBegin() {
+  updateTitleLabel();
+  if (auto* alive = delegate.get()) alive->didBeginGesture(*this);
+}
+
+void Container::onEditingDidEnd() {
+  updateTitleLabel();
+  if (auto* alive = delegate.get()) alive->didEndGesture(*this);
+}
+
+void Container::hoverChanged(bool hovered) {
+  Control::hoverChanged(hovered);
+  updateTitleLabel();
+}
+
+}  // namespace kestroui

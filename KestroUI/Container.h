@@ -1,0 +1,166 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "KestroUI/ContainerDelegate.h"
+#include "KestroUI/KestroControl.h"
+#include "KestroUI/ParamKey.h"
+#include "KestroUI/Theme.h"
+#include "platform/Control.h"
+#include "platform/Label.h"
+#include "platform/Layer.h"
+
+namespace kestroui {
+
+/// A control of one or more parameters with its title: what a slot of a design shows. Each kind is
+/// a subclass that owns its KestroControl and gives it to `setControl`. The owner listens to
+/// valueChanged and then reads `value(key)` for every key. Shared by the control collection and
+/// the design; the view tree only links to it. User-interface thread only.
+class Container : public platform::Control {
+ public:
+  /// Whether `value` is a position from 0 to 1 or the parameter's own value.
+  enum class ValueForm { position, raw };
+
+  Container();
+  ~Container() override;
+
+  // Keys and values
+
+  /// The parameters that it drives, its own first; empty until it is bound.
+  const std::vector<std::shared_ptr<ParamKey>>& paramKeys() const { return paramKeys_; }
+  virtual void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys);
+  /// The own key, or null.
+  std::shared_ptr<ParamKey> key() const;
+
+  float value() const;
+  void setValue(float value);
+  /// For one of its keys; the base answers for every key with its one value.
+  virtual ValueForm valueForm(const std::string& key) const;
+  virtual float value(const std::string& key) const;
+  /// Shows a value that the audio unit has, and its text. Sends nothing. Kinds with several values
+  /// tell them apart by key.
+  virtual void showValue(const std::string& key, float value, const std::string& text);
+  /// What the value label shows for the own key: the last text given to showValue.
+  const std::string& valueText() const { return valueText_; }
+  /// The range of the own parameter. Raw kinds take values within it; knobs and sliders fill from
+  /// the centre when it is symmetrical around 0, and step when they have string values.
+  virtual void setValueRange(float minimum, float maximum);
+  /// Texts of the values from the range's minimum up. Kinds that choose show them; knobs and
+  /// sliders step from one to the next. Empty for a parameter that takes any value.
+  virtual void setStringValues(const std::vector<std::string>& values);
+
+  /// The control that holds the value, or null for kinds that have none or several.
+  KestroControl* control() const { return control_; }
+
+  platform::Weak<ContainerDelegate> delegate;
+
+  /// Which attached parameters move together.
+  const std::vector<bool>& links() const { return links_; }
+  virtual void setLinks(std::vector<bool> links);
+  virtual void setInverted(bool inverted);
+  /// The colours of a multi-colour control; the first is also the accent when no control colour is
+  /// given.
+  virtual void setColors(const std::vector<platform::Color>& colors);
+  virtual void setControlColor(platform::Color color);
+
+  // Live modulation
+
+  /// Live output values of its keys, in the parameters' own units, written by the render thread.
+  std::vector<const std::atomic<float>*> watchedValues;
+  /// Live modulation flags of its keys.
+  std::vector<const std::atomic<bool>*> isModulating;
+  /// Off: live values are not shown.
+  bool allowModulation = true;
+  /// Has live values or flags to show, so that it is asked at each display frame.
+  bool hasModulation() const { return !watchedValues.empty() || !isModulating.empty(); }
+  /// Reads the live values and shows them; called once per display frame. The base does nothing.
+  virtual void updateModulation() {}
+  /// From the own parameter's value to the position that shows it; the identity at first.
+  std::function<float(float)> positionOfValue;
+
+  // Presentation
+
+  virtual void setTitle(const std::string& title);
+  const std::string& title() const { return title_; }
+  /// Shows the title. On at first. Without it, and in very small places, only the control shows.
+  bool displayTitle() const { return displayTitle_; }
+  virtual void setDisplayTitle(bool display);
+  platform::Label& titleLabel() { return titleLabel_; }
+  platform::Color bgColor() const { return backgroundColor(); }
+  void setBgColor(platform::Color color) { setBackgroundColor(color); }
+  /// An outline in the unit square, shown in place of the title.
+  const platform::Path& iconPath() const { return iconPath_; }
+  void setIconPath(platform::Path path);
+  platform::ShapeLayer& iconLayer() { return iconLayer_; }
+  /// Free space above and below, in points.
+  double topMargin() const { return topMargin_; }
+  double bottomMargin() const { return bottomMargin_; }
+  void setMargins(double top, double bottom);
+  /// Its page is the one shown.
+  bool isVisible() const { return visible_; }
+  virtual void setIsVisible(bool visible);
+  /// Its section is switched off: shown muted, still usable.
+  bool isInactive() const { return inactive_; }
+  virtual void setInactive(bool inactive);
+  /// How much larger labels are than on the smallest editor; the controller sets it from its size.
+  double labelHRatio() const { return labelHRatio_; }
+  void setLabelHRatio(double ratio);
+
+  // Actions
+
+  /// The control's valueChanged: passes it on as this container's own.
+  void handleValueChanged(platform::Control& sender);
+  /// The second tap of a double tap: tells the delegate of the own key.
+  void doubleTap();
+
+  /// While the mouse is over it, the title shows the value.
+  void hoverChanged(bool hovered) override;
+
+  void draw(const platform::Rect& rect) override;
+
+ protected:
+  /// Adds the kind's control and listens to it; called once by the kind's constructor.
+  void setControl(KestroControl& control);
+  /// The place that is left for the control, between margins and title.
+  virtual platform::Rect controlFrame() const;
+  /// Whether the title has room in the current size.
+  bool showsTitle() const;
+  /// Height of the line that the title takes, in points.
+  double titleHeight() const;
+  /// The accent of its controls: the control colour, else the first of the colours, else grey.
+  platform::Color accent() const { return accent_; }
+  /// Tells the delegate of `key`; may destroy the container.
+  void tellDoubleTap(const std::shared_ptr<ParamKey>& key);
+  /// Actions of a control's gesture: pass it to the delegate.
+  void onEditingDidBegin();
+  void onEditingDidEnd();
+  /// Whether `key` is the own key, or there is none yet.
+  bool isOwnKey(const std::string& key) const;
+
+ private:
+  /// The title, or the value while it moves or is hovered over.
+  void updateTitleLabel();
+
+  std::vector<std::shared_ptr<ParamKey>> paramKeys_;
+  std::vector<bool> links_;
+  KestroControl* control_ = nullptr;
+  std::string title_;
+  std::string valueText_;
+  platform::Label titleLabel_;
+  platform::Path iconPath_;
+  platform::Color accent_ = Theme::grey;
+  bool hasControlColor_ = false;
+  platform::ShapeLayer iconLayer_;
+  double topMargin_ = 0;
+  double bottomMargin_ = 0;
+  double labelHRatio_ = 1;
+  bool displayTitle_ = true;
+  bool visible_ = false;
+  bool inactive_ = false;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,135 @@
+#include "KestroUI/DropDownList.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "KestroUI/DropDownPopup.h"
+#include "KestroUI/Icons.h"
+
+namespace kestroui {
+
+using platform::Rect;
+using platform::Timer;
+
+namespace {
+
+// Seconds between two looks whether the open list is still in its place.
+constexpr double watchInterval = 0.1;
+
+}  // namespace
+
+DropDownList::DropDownList() { setRange(0, 0); }
+
+DropDownList::~DropDownList() = default;
+
+void DropDownList::setEntries(std::vector<std::string> entries) {
+  const int last = std::max(0, static_cast<int>(entries.size()) - 1);
+  setRange(minimum(), minimum() + static_cast<float>(last));
+  setStepCount(last);
+  if (entries == entries_) return;
+  close();
+  entries_ = std::move(entries);
+  setNeedsDisplay();
+}
+
+int DropDownList::selectedIndex() const {
+  return static_cast<int>(std::lround(value() - minimum()));
+}
+
+void DropDownList::open() {
+  if (isOpen() || entries_.empty() || !isEnabled() || !superview()) return;
+  platform::View* root = superview();
+  while (root->superview()) root = root->superview();
+  popup_ = std::make_unique<DropDownPopup>(*this, *root);
+  popup_->becomeFirstResponder();
+  if (platform::RunLoop::mainIfAny())
+    watch_ = Timer(watchInterval, Timer::Repeat::forever, [this] {
+      if (popup_ && !popup_->isStillRight()) close();
+    });
+  setNeedsDisplay();
+}
+
+void DropDownList::close() {
+  if (!popup_) return;
+  watch_.invalidate();
+  const bool hadKeyboard = popup_->isFirstResponder();
+  // Freed at the end: the popup itself may be the caller.
+  const std::unique_ptr<DropDownPopup> closed = std::move(popup_);
+  closed->removeFromSuperview();
+  if (hadKeyboard && isShown()) becomeFirstResponder();
+  setNeedsDisplay();
+}
+
+void DropDownList::choose(int index) {
+  close();
+  changeValueOnce(minimum() + static_cast<float>(index));
+}
+
+void DropDownList::touchEnded(const platform::Touch& touch) {
+  const platform::Weak<DropDownList> alive = this;
+  const bool tapped = isHighlighted();
+  KestroControl::touchEnded(touch);
+  if (alive && tapped) open();
+}
+
+bool DropDownList::keyPressed(const platform::KeyEvent& event) {
+  using platform::Key;
+  if (event.key == Key::returnKey || event.key == Key::space) {
+    if (!isEnabled() || entries_.empty()) return false;
+    open();
+    return true;
+  }
+  // Down is the next entry, as in the open list.
+  platform::KeyEvent turned = event;
+  if (event.key == Key::down) turned.key = Key::right;
+  if (event.key == Key::up) turned.key = Key::left;
+  return KestroControl::keyPressed(turned);
+}
+
+bool DropDownList::wheelTurned(const platform::WheelEvent& event) {
+  // Towards the user is down the list.
+  platform::WheelEvent turned = event;
+  turned.deltaY = -event.deltaY;
+  return KestroControl::wheelTurned(turned);
+}
+
+void DropDownList::setHidden(bool hidden) {
+  if (hidden) close();
+  KestroControl::setHidden(hidden);
+}
+
+void DropDownList::didMoveToSuperview() {
+  close();
+  KestroControl::didMoveToSuperview();
+}
+
+void DropDownList::paint(platform::Canvas& canvas) {
+  const double height = std::min(bounds().height - 2, 40.0);
+  if (!(height >= 3) || !(bounds().width >= 5)) return;
+  const Rect face{1, bounds().midY() - height / 2, bounds().width - 2, height};
+  const double radius = std::min(Theme::cornerRadius + 1, height / 2);
+  const platform::Color accent = stateAccent();
+  const bool muted = isInactive() || !isEnabled();
+  canvas.fillRoundedRect(face, radius, stateSurface());
+  const bool marked = isOpen() || isFirstResponder();
+  canvas.strokeRoundedRect(face.inset(0.5, 0.5), radius, 1, marked ? accent : Theme::line);
+
+  const double margin = std::min(8.0, face.width * 0.07);
+  const double chevron = std::clamp(height * 0.3, 3.0, 10.0);
+  const bool hasRoom = face.width > 3 * chevron + 2 * margin;
+  if (hasRoom) {
+    const Rect place{face.maxX() - margin - chevron, face.midY() - chevron / 2, chevron, chevron};
+    canvas.strokePath(Icons::fitted(Icons::chevronDown(), place),
+                      {std::clamp(chevron * 0.18, 1.25, 2.0)}, muted ? Theme::textDim : accent);
+  }
+  const auto index = static_cast<std::size_t>(std::max(0, selectedIndex()));
+  if (index >= entries_.size()) return;
+  const double right = hasRoom ? face.maxX() - 2 * margin - chevron : face.maxX() - margin;
+  canvas.drawText(entries_[index],
+                  Theme::smallTitleFont.withSize(std::clamp(height * 0.46, 7.0, 15.0)),
+                  {face.x + margin, face.y, right - face.x - margin, face.height},
+                  platform::TextAlignment::left, muted ? Theme::textDim : Theme::text);
+}
+
+}  // namespace kestroui

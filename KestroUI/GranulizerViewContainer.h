@@ -1,0 +1,10 @@
+#pragma once
+
+#include "KestroUI/ValueStripContainer.h"
+
+namespace kestroui {
+
+/// The grains of a granular effect.
+class GranulizerViewContainer : public ValueStripContainer {};
+
+}  // namespace kestroui

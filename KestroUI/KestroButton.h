@@ -1,0 +1,29 @@
+#pragma once
+
+#include "KestroUI/Theme.h"
+#include "platform/Button.h"
+
+namespace kestroui {
+
+/// Base of the family's plain buttons, which report taps and hold no value.
+class KestroButton : public platform::Button {
+ public:
+  KestroButton();
+
+  /// The colour of marks and selected faces; titles have the title colour.
+  platform::Color accentColor() const { return accentColor_; }
+  void setAccentColor(platform::Color color);
+
+  void firstResponderChanged() override;
+
+ protected:
+  /// `color` as the button's state wants it.
+  platform::Color stateColor(platform::Color color) const;
+  /// The veil below icons and titles while hovered or pressed, and the ring of the keyboard.
+  void paintState(platform::Canvas& canvas, double radius);
+
+ private:
+  platform::Color accentColor_ = Theme::front;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,83 @@
+#include "KestroUI/Knob.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace kestroui {
+
+using platform::Color;
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+constexpr double sweep = 1.5 * std::numbers::pi;
+
+// Clockwise from twelve o'clock.
+double angleAt(double share) { return (share - 0.5) * sweep; }
+
+Point pointAt(Point centre, double radius, double angle) {
+  return {centre.x + radius * std::sin(angle), centre.y - radius * std::cos(angle)};
+}
+
+Rect circle(Point centre, double radius) {
+  return {centre.x - radius, centre.y - radius, 2 * radius, 2 * radius};
+}
+
+}  // namespace
+
+void Knob::paint(platform::Canvas& canvas) {
+  const double side = std::min(bounds().width, bounds().height);
+  if (!(side >= 6)) return;
+  const Point centre = bounds().centre();
+  const double line = std::clamp(side * 0.07, 1.5, 7.0);
+  const double modulationLine = std::max(1.25, line * 0.45);
+  // From outside inwards: the live value's arc, the value's arc, the body.
+  const double outer = side / 2 - 0.5;
+  const double arc = outer - modulationLine - line * 0.9;
+  const double body = arc - line / 2 - std::max(1.25, line * 0.55);
+  const double angle = angleAt(shown(value()));
+  const Color accent = stateAccent();
+
+  path_.clear();
+  path_.addArc(centre, arc, angleAt(0), angleAt(1));
+  canvas.strokePath(path_, {line}, isEnabled() ? Theme::line.mixed(Theme::surface, 0.45f)
+                                               : Theme::surface);
+  const double from = angleAt(isInverted() ? 1 - origin() : origin());
+  if (std::fabs(angle - from) > 1e-4) {
+    path_.clear();
+    path_.addArc(centre, arc, std::min(from, angle), std::max(from, angle));
+    canvas.strokePath(path_, {line}, accent);
+  }
+  if (isModulated()) paintModulation(canvas, centre, outer - modulationLine / 2, modulationLine);
+  if (body <= 1) return;
+
+  canvas.fillEllipse(circle(centre, body), stateSurface());
+  if (isFirstResponder())
+    canvas.strokeRoundedRect(circle(centre, body - 0.5), body, std::max(1.0, line * 0.3),
+                             accent.withAlpha(accent.alpha * 0.9f));
+  paintCentre(canvas, circle(centre, body));
+
+  path_.clear();
+  path_.moveTo(pointAt(centre, body * 0.42, angle));
+  path_.lineTo(pointAt(centre, body - line * 0.75, angle));
+  const Color pointer = isEnabled() ? Theme::front : Theme::textDim;
+  canvas.strokePath(path_, {line * 0.85}, isInactive() ? Theme::textDim : pointer);
+}
+
+void Knob::paintModulation(platform::Canvas& canvas, Point centre, double radius,
+                           double lineWidth) {
+  const double angle = angleAt(shown(value()));
+  const double live = angleAt(shown(modulatedValue()));
+  const Color color = stateAccent().mixed(Theme::white, 0.45f);
+  if (std::fabs(live - angle) > 1e-4) {
+    path_.clear();
+    path_.addArc(centre, radius, std::min(angle, live), std::max(angle, live));
+    canvas.strokePath(path_, {lineWidth}, color);
+  }
+  const double dot = lineWidth * 1.1;
+  canvas.fillEllipse(circle(pointAt(centre, radius - dot * 0.6, live), dot), Theme::white);
+}
+
+}  // namespace kestroui

@@ -1,0 +1,13 @@
+#include "KestroUI/LEDViewContainer.h"
+
+namespace kestroui {
+
+LEDViewContainer::LEDViewContainer() { setControl(led_); }
+
+void LEDViewContainer::updateModulation() {
+  if (!allowModulation || watchedValues.empty() || !watchedValues.front()) return;
+  const float live = watchedValues.front()->load(std::memory_order_relaxed);
+  led_.setValue(positionOfValue ? positionOfValue(live) : live);
+}
+
+}  // namespace kestroui

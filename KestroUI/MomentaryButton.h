@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "KestroUI/KestroControl.h"
+
+namespace kestroui {
+
+/// A control that is 1 while it is pressed and 0 otherwise.
+class MomentaryButton : public KestroControl {
+ public:
+  MomentaryButton();
+
+  const std::string& title() const { return title_; }
+  void setTitle(const std::string& title);
+
+  void touchBegan(const platform::Touch& touch) override;
+  void touchEnded(const platform::Touch& touch) override;
+  void touchCancelled(const platform::Touch& touch) override;
+  bool wheelTurned(const platform::WheelEvent&) override { return false; }
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  void release();
+
+  std::string title_;
+};
+
+}  // namespace kestroui

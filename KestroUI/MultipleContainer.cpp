@@ -1,0 +1,97 @@
+#include "KestroUI/MultipleContainer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kestroui {
+
+using platform::ControlEvent;
+using platform::Rect;
+
+MultipleContainer::MultipleContainer() { setDisplayTitle(false); }
+
+MultipleContainer::~MultipleContainer() = default;
+
+void MultipleContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
+  Container::setParamKeys(std::move(keys));
+  knobs_.clear();
+  for (const std::shared_ptr<ParamKey>& key : paramKeys()) {
+    auto knob = std::make_unique<KnobContainer>();
+    const std::string& name = key->settings().displayName;
+    knob->setParamKeys({key});
+    knob->setTitle(name.empty() ? key->key() : name);
+    knob->delegate = this;
+    knob->addTarget<&MultipleContainer::handleValueChanged>(*this, ControlEvent::valueChanged);
+    addSubview(*knob);
+    knobs_.push_back(std::move(knob));
+  }
+  styleKnobs();
+  setNeedsDisplay();
+}
+
+KnobContainer* MultipleContainer::subContainer(const std::string& key) const {
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_)
+    if (knob->key()->key() == key) return knob.get();
+  return nullptr;
+}
+
+float MultipleContainer::value(const std::string& key) const {
+  const KnobContainer* found = subContainer(key);
+  return found ? found->value(key) : 0;
+}
+
+void MultipleContainer::showValue(const std::string& key, float value, const std::string& text) {
+  if (KnobContainer* found = subContainer(key)) found->showValue(key, value, text);
+  Container::showValue(key, value, text);
+}
+
+void MultipleContainer::setInverted(bool inverted) {
+  inverted_ = inverted;
+  styleKnobs();
+}
+
+void MultipleContainer::setControlColor(platform::Color color) {
+  Container::setControlColor(color);
+  styleKnobs();
+}
+
+void MultipleContainer::setColors(const std::vector<platform::Color>& colors) {
+  Container::setColors(colors);
+  styleKnobs();
+}
+
+void MultipleContainer::setInactive(bool inactive) {
+  Container::setInactive(inactive);
+  styleKnobs();
+}
+
+void MultipleContainer::styleKnobs() {
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_) {
+    knob->setControlColor(accent());
+    knob->setInactive(isInactive());
+  }
+  if (!knobs_.empty()) knobs_.front()->setInverted(inverted_);
+}
+
+void MultipleContainer::draw(const Rect& rect) {
+  Container::draw(rect);
+  if (knobs_.empty()) return;
+  const Rect area = controlFrame();
+  const auto count = static_cast<double>(knobs_.size());
+  const bool row = area.width >= area.height;
+  for (std::size_t i = 0; i < knobs_.size(); ++i) {
+    const auto at = static_cast<double>(i);
+    const double w = area.width / count, h = area.height / count;
+    knobs_[i]->setLabelHRatio(labelHRatio());
+    knobs_[i]->setFrame(row ? Rect{area.x + w * at, area.y, w, area.height}
+                            : Rect{area.x, area.y + h * at, area.width, h});
+  }
+}
+
+void MultipleContainer::didDoubleTap(const std::shared_ptr<ParamKey>& key) { tellDoubleTap(key); }
+
+void MultipleContainer::didBeginGesture(Container&) { onEditingDidBegin(); }
+
+void MultipleContainer::didEndGesture(Container&) { onEditingDidEnd(); }
+
+}  // namespace kestroui

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "KestroUI/Container.h"
+#include "KestroUI/KnobContainer.h"
+
+namespace kestroui {
+
+/// Several knobs in one place, one for each of its keys. Each has its own key, title and text.
+class MultipleContainer : public Container, public ContainerDelegate {
+ public:
+  MultipleContainer();
+  ~MultipleContainer() override;
+
+  /// In the order of the keys.
+  const std::vector<std::unique_ptr<KnobContainer>>& subContainers() const { return knobs_; }
+  /// Null for a key that is none of its own.
+  KnobContainer* subContainer(const std::string& key) const;
+
+  void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
+  using Container::value;
+  float value(const std::string& key) const override;
+  void showValue(const std::string& key, float value, const std::string& text) override;
+  void setInverted(bool inverted) override;
+  void setControlColor(platform::Color color) override;
+  void setColors(const std::vector<platform::Color>& colors) override;
+  void setInactive(bool inactive) override;
+  void draw(const platform::Rect& rect) override;
+
+  // What its knobs tell
+  void didDoubleTap(const std::shared_ptr<ParamKey>& key) override;
+  void didBeginGesture(Container& container) override;
+  void didEndGesture(Container& container) override;
+
+ private:
+  void styleKnobs();
+
+  std::vector<std::unique_ptr<KnobContainer>> knobs_;
+  bool inverted_ = false;
+};
+
+}  // namespace kestroui

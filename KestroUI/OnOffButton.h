@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "KestroUI/KestroControl.h"
+#include "platform/Font.h"
+
+namespace kestroui {
+
+/// A switch: value 1 is on, 0 off. With titles it shows its state's text; without, a pill, or in a
+/// small square a round light. Switches when it is touched, not when it is left.
+class OnOffButton : public KestroControl {
+ public:
+  /// Whether a touch switches it, or only tells its targets of touchDown, which switch it.
+  enum class Switching { byTouch, byOwner };
+
+  explicit OnOffButton(std::vector<std::string> titles = {});
+
+  /// None; one for both states; or one for off and one for on.
+  const std::vector<std::string>& titles() const { return titles_; }
+  void setTitles(std::vector<std::string> titles);
+  bool isOn() const { return value() > 0.5f; }
+  /// Shows the state; sends nothing.
+  void setOn(bool on);
+  Switching switching() const { return switching_; }
+  void setSwitching(Switching switching) { switching_ = switching; }
+
+  void touchBegan(const platform::Touch& touch) override;
+  void touchEnded(const platform::Touch& touch) override;
+  void touchCancelled(const platform::Touch& touch) override;
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  bool isLight() const;
+  void paintLight(platform::Canvas& canvas, bool lit) const;
+  void paintPill(platform::Canvas& canvas, bool lit) const;
+  void paintTitle(platform::Canvas& canvas, bool lit) const;
+
+  std::vector<std::string> titles_;
+  Switching switching_ = Switching::byTouch;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,126 @@
+#include "KestroUI/RadioButtons.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "KestroUI/Icons.h"
+#include "KestroUI/Utf8.h"
+
+namespace kestroui {
+
+using platform::Color;
+using platform::Rect;
+
+RadioButtons::RadioButtons(std::vector<std::string> titles, bool isWaveform)
+    : isWaveform_(isWaveform) {
+  setRange(0, 0);
+  setTitles(std::move(titles));
+}
+
+void RadioButtons::setTitles(std::vector<std::string> titles) {
+  const int last = std::max(0, static_cast<int>(titles.size()) - 1);
+  setRange(minimum(), minimum() + static_cast<float>(last));
+  setStepCount(last);
+  if (titles == titles_) return;
+  titles_ = std::move(titles);
+  icons_.assign(titles_.size(), {});
+  longestTitle_ = 1;
+  for (std::size_t i = 0; i < titles_.size(); ++i) {
+    const auto waveform = isWaveform_ ? Icons::waveformNamed(titles_[i]) : std::nullopt;
+    if (waveform)
+      icons_[i] = Icons::waveform(*waveform);
+    else
+      longestTitle_ = std::max(longestTitle_, utf8Length(titles_[i]));
+  }
+  setNeedsDisplay();
+}
+
+int RadioButtons::selectedIndex() const {
+  return static_cast<int>(std::lround(value() - minimum()));
+}
+
+void RadioButtons::setSelectedIndex(int index) {
+  setValue(minimum() + static_cast<float>(index));
+}
+
+ButtonGrid RadioButtons::grid() const {
+  const double wantedWidth = static_cast<double>(longestTitle_) * 6.6 + 10;
+  return ButtonGrid::fitting(static_cast<int>(titles_.size()), bounds().size(),
+                             {std::max(26.0, wantedWidth), 22});
+}
+
+void RadioButtons::choose(platform::Point point) {
+  const int index = grid().indexAt(point);
+  if (index >= 0) changeValue(minimum() + static_cast<float>(index));
+}
+
+void RadioButtons::touchBegan(const platform::Touch& touch) {
+  const platform::Weak<RadioButtons> alive = this;
+  KestroControl::touchBegan(touch);
+  if (!alive || !isEnabled()) return;
+  beginGesture();
+  if (alive) choose(touch.locationIn(*this));
+}
+
+void RadioButtons::touchMoved(const platform::Touch& touch) {
+  const platform::Weak<RadioButtons> alive = this;
+  KestroControl::touchMoved(touch);
+  if (alive && isInGesture()) choose(touch.locationIn(*this));
+}
+
+void RadioButtons::touchEnded(const platform::Touch& touch) {
+  const platform::Weak<RadioButtons> alive = this;
+  KestroControl::touchEnded(touch);
+  if (alive) endGesture();
+}
+
+void RadioButtons::touchCancelled(const platform::Touch& touch) {
+  const platform::Weak<RadioButtons> alive = this;
+  KestroControl::touchCancelled(touch);
+  if (alive) endGesture();
+}
+
+bool RadioButtons::keyPressed(const platform::KeyEvent& event) {
+  // The buttons read from the top left: down is the next one, up the one before.
+  platform::KeyEvent turned = event;
+  if (event.key == platform::Key::down) turned.key = platform::Key::right;
+  if (event.key == platform::Key::up) turned.key = platform::Key::left;
+  return KestroControl::keyPressed(turned);
+}
+
+void RadioButtons::paint(platform::Canvas& canvas) {
+  if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
+  const ButtonGrid cells = grid();
+  const double perLetter = 0.58 * static_cast<double>(longestTitle_);
+  const double fontSize =
+      std::clamp(std::min(cells.cell.height * 0.5, (cells.cell.width - 6) / perLetter), 7.0, 14.0);
+  for (int i = 0; i < cells.count; ++i)
+    paintCell(canvas, i, cells.frame(i).inset(1, 1), fontSize);
+  if (isFirstResponder())
+    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), Theme::cornerRadius + 1, 1, stateAccent());
+}
+
+void RadioButtons::paintCell(platform::Canvas& canvas, int index, const Rect& cell,
+                             double fontSize) {
+  if (cell.isEmpty()) return;
+  const bool chosen = index == selectedIndex();
+  const Color accent = stateAccent();
+  const bool muted = isInactive() || !isEnabled();
+  canvas.fillRoundedRect(cell, std::min(Theme::cornerRadius, cell.height / 2),
+                         chosen ? accent : stateSurface());
+  const Color color =
+      chosen ? Theme::textOn(accent) : muted ? Theme::textDim : Theme::lightGrey;
+  const auto at = static_cast<std::size_t>(index);
+  if (icons_[at].isEmpty()) {
+    canvas.drawText(titles_[at], Theme::smallTitleFont.withSize(fontSize), cell.inset(2, 0),
+                    platform::TextAlignment::centre, color);
+    return;
+  }
+  const double height = std::min({cell.height * 0.46, cell.width * 0.4, 22.0});
+  const Rect place{cell.midX() - height * 0.8, cell.midY() - height / 2, height * 1.6, height};
+  canvas.strokePath(Icons::fitted(icons_[at], place), {std::clamp(height * 0.12, 1.0, 2.0)},
+                    color);
+}
+
+}  // namespace kestroui

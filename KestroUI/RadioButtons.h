@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "KestroUI/ButtonGrid.h"
+#include "KestroUI/KestroControl.h"
+#include "platform/Path.h"
+
+namespace kestroui {
+
+/// A group of buttons of which one is on. Its value is raw: the minimum for the first button, one
+/// more for each further one. A touch chooses at once and may slide on to another button.
+class RadioButtons : public KestroControl {
+ public:
+  /// `isWaveform` draws the titles that name a waveform as icons.
+  explicit RadioButtons(std::vector<std::string> titles = {}, bool isWaveform = false);
+
+  const std::vector<std::string>& titles() const { return titles_; }
+  /// One button each; the range keeps its minimum.
+  void setTitles(std::vector<std::string> titles);
+  bool isWaveform() const { return isWaveform_; }
+  /// From 0.
+  int selectedIndex() const;
+  /// Shows the button as chosen; sends nothing.
+  void setSelectedIndex(int index);
+
+  void touchBegan(const platform::Touch& touch) override;
+  void touchMoved(const platform::Touch& touch) override;
+  void touchEnded(const platform::Touch& touch) override;
+  void touchCancelled(const platform::Touch& touch) override;
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  ButtonGrid grid() const;
+  void choose(platform::Point point);
+  void paintCell(platform::Canvas& canvas, int index, const platform::Rect& cell, double fontSize);
+
+  std::vector<std::string> titles_;
+  std::vector<platform::Path> icons_;
+  std::size_t longestTitle_ = 0;
+  bool isWaveform_ = false;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,24 @@
+#include "KestroUI/RadioContainer.h"
+
+#include <cmath>
+
+namespace kestroui {
+
+RadioContainer::RadioContainer(bool isWaveform) : buttons_({}, isWaveform) {
+  setControl(buttons_);
+}
+
+Container::ValueForm RadioContainer::valueForm(const std::string&) const {
+  return ValueForm::raw;
+}
+
+void RadioContainer::setValueRange(float minimum, float maximum) {
+  buttons_.setRange(minimum, maximum);
+  buttons_.setStepCount(static_cast<int>(std::lround(buttons_.maximum() - buttons_.minimum())));
+}
+
+void RadioContainer::setStringValues(const std::vector<std::string>& values) {
+  buttons_.setTitles(values);
+}
+
+}  // namespace kestroui

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "KestroUI/KestroControl.h"
+
+namespace kestroui {
+
+/// A text in the middle of its place. Not touched.
+class SimpleLabel : public KestroControl {
+ public:
+  SimpleLabel();
+
+  const std::string& text() const { return text_; }
+  void setText(const std::string& text);
+
+  bool canBecomeFirstResponder() const override { return false; }
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  std::string text_;
+};
+
+}  // namespace kestroui

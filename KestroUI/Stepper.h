@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "KestroUI/DragControl.h"
+
+namespace kestroui {
+
+/// A raw value between a minus and a plus button, which repeat while they are held. The value in
+/// the middle can be dragged too, and typed after a double tap.
+class Stepper : public DragControl {
+ public:
+  Stepper();
+
+  /// Shown for the value; without one, the value's string or number is.
+  void setText(const std::string& text);
+  /// From the minimum up.
+  void setValueNames(std::vector<std::string> names);
+  void setValue(float value) override;
+
+  void touchBegan(const platform::Touch& touch) override;
+  void touchMoved(const platform::Touch& touch) override;
+  void touchEnded(const platform::Touch& touch) override;
+  void touchCancelled(const platform::Touch& touch) override;
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  enum class Part { none, minus, text, plus };
+
+  platform::Rect frameOf(Part part) const;
+  void stepBy(int direction);
+  void repeat();
+  void stopRepeating();
+  std::string shownText() const;
+
+  std::vector<std::string> names_;
+  std::string text_;
+  Part pressed_ = Part::none;
+  platform::Timer repeat_;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,11 @@
+orvane_add_tests(orvane
+  SOURCES
+    ControlConstructionTest.cpp
+    ControllerLifecycleTest.cpp
+    DSPParametersTest.cpp
+    DesignModelTest.cpp
+    EditorLifeTest.cpp
+    PageLayoutTest.cpp
+    SectionViewTest.cpp
+    ValueRoadTest.cpp
+  DEPENDS orvane::orvane orvane::quillon orvane::toolkit orvane::foundation Threads::Threads)
