@@ -32,13 +32,18 @@ bool BitFlagsGroup::isOn(int index) const {
   return index >= 0 && index < static_cast<int>(mostFlags) && (bits() >> index & 1u) != 0;
 }
 
-ButtonGrid BitFlagsGroup::grid() const {
-  return ButtonGrid::fitting(static_cast<int>(titles_.size()), bounds().size(),
-                             {std::max(26.0, static_cast<double>(longestTitle_) * 6.6 + 10), 22});
+ButtonGrid BitFlagsGroup::grid(const platform::Size& size) const {
+  const double wantedWidth = std::max(26.0, static_cast<double>(longestTitle_) * 6.6 + 10);
+  return ButtonGrid::fitting(static_cast<int>(titles_.size()), size,
+                             {wantedWidth * faceScale(), 22 * faceScale()});
+}
+
+double BitFlagsGroup::bestHeight(const platform::Size& available) const {
+  return std::min(available.height, grid(available).rows * lineFaceHeight());
 }
 
 void BitFlagsGroup::slide(platform::Point point) {
-  const int index = grid().indexAt(point);
+  const int index = grid(bounds().size()).indexAt(point);
   if (index < 0) return;
   const std::uint32_t bit = 1u << index;
   if (painting_ == Painting::none) painting_ = isOn(index) ? Painting::off : Painting::on;
@@ -74,20 +79,20 @@ void BitFlagsGroup::touchCancelled(const platform::Touch& touch) {
 
 void BitFlagsGroup::paint(platform::Canvas& canvas) {
   if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
-  const ButtonGrid cells = grid();
+  const ButtonGrid cells = grid(bounds().size());
   const platform::Color accent = stateAccent();
   const bool muted = isInactive() || !isEnabled();
   const double perLetter = 0.58 * static_cast<double>(longestTitle_);
-  const platform::Font font = Theme::smallTitleFont.withSize(
-      std::clamp(std::min(cells.cell.height * 0.5, (cells.cell.width - 6) / perLetter), 7.0, 14.0));
+  platform::Font font = faceFont(Theme::smallTitleFont, cells.cell.height);
+  font.pointSize = std::min(font.pointSize, std::max(7.0, (cells.cell.width - 6) / perLetter));
   for (int i = 0; i < cells.count; ++i) {
     const platform::Rect cell = cells.frame(i).inset(1, 1);
     if (cell.isEmpty()) continue;
     const bool on = isOn(i);
     canvas.fillRoundedRect(cell, std::min(Theme::cornerRadius, cell.height / 2),
-                           on ? accent : stateSurface());
-    canvas.drawText(titles_[static_cast<std::size_t>(i)], font, cell.inset(2, 0),
-                    platform::TextAlignment::centre,
+                           on ? litSurface() : stateSurface());
+    canvas.drawText(titles_[static_cast<std::size_t>(i)], font,
+                    cell.inset(std::min(2.0, cell.width * 0.1), 0), platform::TextAlignment::centre,
                     on      ? Theme::textOn(accent)
                     : muted ? Theme::textDim
                             : Theme::lightGrey);

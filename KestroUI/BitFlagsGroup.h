@@ -25,12 +25,13 @@ class BitFlagsGroup : public KestroControl {
   void touchCancelled(const platform::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
   bool keyPressed(const platform::KeyEvent&) override { return false; }
+  double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
  private:
   enum class Painting { none, on, off };
 
-  ButtonGrid grid() const;
+  ButtonGrid grid(const platform::Size& size) const;
   std::uint32_t bits() const;
   /// Sets the switch below `point` as the touch set the first one, so that it may slide over many.
   void slide(platform::Point point);

@@ -16,7 +16,7 @@ Container::ValueForm BitFlagsGroupContainer::valueForm(const std::string&) const
 }
 
 void BitFlagsGroupContainer::setStringValues(const std::vector<std::string>& values) {
-  if (!values.empty()) setFlags(values);
+  if (group_.titles().empty()) setFlags(values);
 }
 
 }  // namespace kestroui

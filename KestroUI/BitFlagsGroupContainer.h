@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KestroUI/Container.h"
 #include "KestroUI/BitFlagsGroup.h"
+#include "KestroUI/Container.h"
 
 namespace kestroui {
 
@@ -15,7 +15,7 @@ class BitFlagsGroupContainer : public Container {
   /// The names of the flags, lowest bit first.
   void setFlags(const std::vector<std::string>& flags);
   ValueForm valueForm(const std::string& key) const override;
-  /// Names the flags too.
+  /// Names the flags where setFlags has not.
   void setStringValues(const std::vector<std::string>& values) override;
 
  private:

@@ -10,12 +10,12 @@ ButtonGrid ButtonGrid::fitting(int count, const platform::Size& size,
   ButtonGrid best;
   if (count <= 0 || !(size.width > 0) || !(size.height > 0)) return best;
   double bestScore = -1;
-  // From many columns to few, so that a row wins wherever it fits.
-  for (int columns = count; columns >= 1; --columns) {
-    const int rows = (count + columns - 1) / columns;
+  // From few rows to many, so that one row wins wherever it fits; each as full as can be.
+  for (int rows = 1; rows <= count; ++rows) {
+    const int columns = (count + rows - 1) / rows;
+    if ((count + columns - 1) / columns != rows) continue;
     const platform::Size cell{size.width / columns, size.height / rows};
-    const double score =
-        std::min({cell.width / wanted.width, cell.height / wanted.height, 1.0});
+    const double score = std::min({cell.width / wanted.width, cell.height / wanted.height, 1.0});
     if (score <= bestScore + 1e-9) continue;
     bestScore = score;
     best = {count, columns, rows, cell};

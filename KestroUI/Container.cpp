@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "KestroUI/Icons.h"
+#include "KestroUI/Utf8.h"
 
 namespace kestroui {
 
@@ -14,13 +15,16 @@ using platform::Rect;
 namespace {
 
 // In points, on the smallest editor.
-constexpr double titleLine = 15;
+constexpr double titleLine = 14.5;
 constexpr double smallestTitleLine = 9.5;
+constexpr double smallestTitleFont = 7;
+// Part of the font's size that a letter is wide on average.
+constexpr double letterWidth = 0.56;
 constexpr double smallestControl = 14;
 /// Squares up to this side show their control alone: they stand in the corner of a title band.
 constexpr double smallSquare = 34;
 // Of the title's line.
-constexpr double titleFontShare = 0.75;
+constexpr double titleFontShare = 0.74;
 
 }  // namespace
 
@@ -135,16 +139,23 @@ void Container::setInactive(bool inactive) {
 void Container::setLabelHRatio(double ratio) {
   if (!(ratio > 0) || ratio == labelHRatio_) return;
   labelHRatio_ = ratio;
+  if (control_) control_->setFaceScale(textScale());
   setNeedsDisplay();
 }
+
+double Container::textScale() const { return std::pow(labelHRatio_, 0.35); }
 
 void Container::updateTitleLabel() {
   const bool moves = isHovered() || (control_ && control_->isInGesture());
   const bool showsValue = moves && !valueText_.empty();
   const bool showsIcon = !showsValue && !iconPath_.isEmpty();
   const platform::Font& font = showsValue ? Theme::valueFont : Theme::labelFont;
-  titleLabel_.setFont(font.withSize(titleHeight() * titleFontShare));
-  titleLabel_.setText(showsIcon ? std::string() : showsValue ? valueText_ : title_);
+  const std::string& text = showsValue ? valueText_ : title_;
+  const double fitting =
+      (bounds().width - 2) / (letterWidth * static_cast<double>(utf8Length(text) + 1));
+  titleLabel_.setFont(font.withSize(
+      std::min(titleHeight() * titleFontShare, std::max(smallestTitleFont, fitting))));
+  titleLabel_.setText(showsIcon ? std::string() : text);
   const platform::Color color = inactive_    ? Theme::textDim.withAlpha(0.5f)
                                 : showsValue ? Theme::text
                                              : Theme::textDim;
@@ -156,7 +167,7 @@ void Container::updateTitleLabel() {
 // Layout
 
 double Container::titleHeight() const {
-  return std::min(titleLine * labelHRatio_, std::max(0.0, bounds().height) * 0.32);
+  return std::min(titleLine * textScale(), std::max(0.0, bounds().height) * 0.32);
 }
 
 bool Container::showsTitle() const {
@@ -178,18 +189,25 @@ Rect Container::controlFrame() const {
 
 void Container::draw(const Rect&) {
   const bool hasTitle = showsTitle();
+  Rect place = controlFrame();
+  const double best = control_ ? control_->bestHeight(place.size()) : place.height;
+  const double slack = std::max(0.0, place.height - best);
+  place.y += slack / 2;
+  place.height -= slack;
+  if (control_) control_->setFrame(place);
+
   titleLabel_.setHidden(!hasTitle);
   if (hasTitle) {
     const double height = titleHeight();
+    // At the bottom whatever the control's height, so that the titles of a row stand on one line.
     const Rect line{1, bounds().height - bottomMargin_ - height, bounds().width - 2, height};
     titleLabel_.setFrame(line);
     if (!iconPath_.isEmpty()) {
-      const Rect place = Icons::squareIn(line.inset(0, height * 0.1));
-      iconLayer_.setFrame(place);
-      iconLayer_.setPath(Icons::fitted(iconPath_, {0, 0, place.width, place.height}));
+      const Rect icon = Icons::squareIn(line.inset(0, height * 0.1));
+      iconLayer_.setFrame(icon);
+      iconLayer_.setPath(Icons::fitted(iconPath_, {0, 0, icon.width, icon.height}));
     }
   }
-  if (control_) control_->setFrame(controlFrame());
   updateTitleLabel();
 }
 

@@ -131,6 +131,9 @@ class Container : public platform::Control {
   bool showsTitle() const;
   /// Height of the line that the title takes, in points.
   double titleHeight() const;
+  /// How much larger texts are than on the smallest editor: less than the editor itself, which has
+  /// more room to show more, not the same in larger letters.
+  double textScale() const;
   /// The accent of its controls: the control colour, else the first of the colours, else grey.
   platform::Color accent() const { return accent_; }
   /// Tells the delegate of `key`; may destroy the container.

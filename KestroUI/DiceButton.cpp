@@ -23,7 +23,8 @@ void DiceButton::paint(platform::Canvas& canvas) {
   const double radius = side * 0.085, far = side * 0.24;
   const auto pip = [&](double dx, double dy) {
     canvas.fillEllipse(
-        {centre.x + dx * far - radius, centre.y + dy * far - radius, 2 * radius, 2 * radius}, color);
+        {centre.x + dx * far - radius, centre.y + dy * far - radius, 2 * radius, 2 * radius},
+        color);
   };
   if (pips_ % 2 == 1) pip(0, 0);
   if (pips_ >= 2) {

@@ -105,29 +105,27 @@ void DropDownList::didMoveToSuperview() {
 }
 
 void DropDownList::paint(platform::Canvas& canvas) {
-  const double height = std::min(bounds().height - 2, 40.0);
-  if (!(height >= 3) || !(bounds().width >= 5)) return;
-  const Rect face{1, bounds().midY() - height / 2, bounds().width - 2, height};
-  const double radius = std::min(Theme::cornerRadius + 1, height / 2);
+  const Rect face = bounds().inset(1, 1);
+  if (!(face.height >= 3) || !(face.width >= 3)) return;
+  const double radius = std::min(Theme::cornerRadius + 1, face.height / 2);
   const platform::Color accent = stateAccent();
   const bool muted = isInactive() || !isEnabled();
   canvas.fillRoundedRect(face, radius, stateSurface());
   const bool marked = isOpen() || isFirstResponder();
   canvas.strokeRoundedRect(face.inset(0.5, 0.5), radius, 1, marked ? accent : Theme::line);
 
-  const double margin = std::min(8.0, face.width * 0.07);
-  const double chevron = std::clamp(height * 0.3, 3.0, 10.0);
+  const double margin = std::min(face.height * 0.32, face.width * 0.07);
+  const double chevron = std::max(3.0, face.height * 0.3);
   const bool hasRoom = face.width > 3 * chevron + 2 * margin;
   if (hasRoom) {
     const Rect place{face.maxX() - margin - chevron, face.midY() - chevron / 2, chevron, chevron};
-    canvas.strokePath(Icons::fitted(Icons::chevronDown(), place),
-                      {std::clamp(chevron * 0.18, 1.25, 2.0)}, muted ? Theme::textDim : accent);
+    canvas.strokePath(Icons::fitted(Icons::chevronDown(), place), {std::max(1.25, chevron * 0.17)},
+                      muted ? Theme::textDim : accent);
   }
   const auto index = static_cast<std::size_t>(std::max(0, selectedIndex()));
   if (index >= entries_.size()) return;
   const double right = hasRoom ? face.maxX() - 2 * margin - chevron : face.maxX() - margin;
-  canvas.drawText(entries_[index],
-                  Theme::smallTitleFont.withSize(std::clamp(height * 0.46, 7.0, 15.0)),
+  canvas.drawText(entries_[index], faceFont(Theme::smallTitleFont, face.height),
                   {face.x + margin, face.y, right - face.x - margin, face.height},
                   platform::TextAlignment::left, muted ? Theme::textDim : Theme::text);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +36,9 @@ class DropDownList : public KestroControl {
   bool keyPressed(const platform::KeyEvent& event) override;
   void setHidden(bool hidden) override;
   void didMoveToSuperview() override;
+  double bestHeight(const platform::Size& available) const override {
+    return std::min(available.height, lineFaceHeight());
+  }
   void paint(platform::Canvas& canvas) override;
 
  private:

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "KestroUI/ValueNames.h"
+
 namespace kestroui {
 
 DropDownListContainer::DropDownListContainer() { setControl(list_); }
@@ -11,6 +13,7 @@ Container::ValueForm DropDownListContainer::valueForm(const std::string&) const 
 }
 
 void DropDownListContainer::setValueRange(float minimum, float maximum) {
+  if (list_.entries().empty()) list_.setEntries(numbers(minimum, maximum));
   list_.setRange(minimum, maximum);
   list_.setStepCount(static_cast<int>(std::lround(list_.maximum() - list_.minimum())));
 }

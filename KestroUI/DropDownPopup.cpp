@@ -16,6 +16,8 @@ namespace {
 
 constexpr double edge = 4;
 constexpr double padding = 4;
+// Of a row's height.
+constexpr double fontShare = 0.45;
 // Points of a finger's way that make a touch a scroll instead of a choice.
 constexpr double scrollSlop = 6;
 
@@ -37,11 +39,10 @@ bool DropDownPopup::isStillRight() const {
 }
 
 void DropDownPopup::place() {
-  rowHeight_ = std::clamp(ownerFrame_.height, 22.0, 34.0);
+  rowHeight_ = std::clamp(ownerFrame_.height * 0.9, 20.0, 28 * std::max(1.0, owner_.faceScale()));
   std::size_t longest = 0;
-  for (const std::string& entry : owner_.entries())
-    longest = std::max(longest, utf8Length(entry));
-  const double fontSize = rowHeight_ * 0.48;
+  for (const std::string& entry : owner_.entries()) longest = std::max(longest, utf8Length(entry));
+  const double fontSize = rowHeight_ * fontShare;
   const double wanted = static_cast<double>(longest) * fontSize * 0.6 + 36;
   const double width =
       std::min(std::max(ownerFrame_.width, wanted), std::max(0.0, bounds().width - 2 * edge));
@@ -121,12 +122,24 @@ bool DropDownPopup::keyPressed(const platform::KeyEvent& event) {
   const int page = std::max(1, static_cast<int>(list_.height / rowHeight_) - 1);
   int next = highlighted_;
   switch (event.key) {
-    case Key::up: next -= 1; break;
-    case Key::down: next += 1; break;
-    case Key::pageUp: next -= page; break;
-    case Key::pageDown: next += page; break;
-    case Key::home: next = 0; break;
-    case Key::end: next = count() - 1; break;
+    case Key::up:
+      next -= 1;
+      break;
+    case Key::down:
+      next += 1;
+      break;
+    case Key::pageUp:
+      next -= page;
+      break;
+    case Key::pageDown:
+      next += page;
+      break;
+    case Key::home:
+      next = 0;
+      break;
+    case Key::end:
+      next = count() - 1;
+      break;
     case Key::returnKey:
     case Key::space:
       if (highlighted_ >= 0)
@@ -134,9 +147,14 @@ bool DropDownPopup::keyPressed(const platform::KeyEvent& event) {
       else
         owner_.close();
       return true;
-    case Key::escape: owner_.close(); return true;
-    case Key::tab: owner_.close(); return false;
-    default: return false;
+    case Key::escape:
+      owner_.close();
+      return true;
+    case Key::tab:
+      owner_.close();
+      return false;
+    default:
+      return false;
   }
   highlight(std::clamp(next, 0, std::max(0, count() - 1)));
   const double top = highlighted_ * rowHeight_ + padding;
@@ -178,10 +196,9 @@ void DropDownPopup::paintRow(platform::Canvas& canvas, int index) {
     canvas.fillRoundedRect({row.x + 2, row.midY() - rowHeight_ * 0.25, 3, rowHeight_ * 0.5}, 1.5,
                            accent);
   canvas.drawText(owner_.entries()[static_cast<std::size_t>(index)],
-                  Theme::regularFont.withSize(rowHeight_ * 0.48),
+                  Theme::regularFont.withSize(rowHeight_ * fontShare),
                   {row.x + 12, row.y, std::max(0.0, row.width - 20), row.height},
-                  platform::TextAlignment::left,
-                  chosen || marked ? Theme::text : Theme::lightGrey);
+                  platform::TextAlignment::left, chosen || marked ? Theme::text : Theme::lightGrey);
 }
 
 }  // namespace kestroui

@@ -14,7 +14,8 @@ class DropDownPopup : public platform::View {
   /// Adds itself to `root` and takes the keyboard.
   DropDownPopup(DropDownList& owner, platform::View& root);
 
-  /// False when its place no longer fits: the owner is hidden or has moved, or the root was resized.
+  /// False when its place no longer fits: its owner is hidden or has moved, or the root was
+  /// resized.
   bool isStillRight() const;
   /// Where the list is, in the root's coordinates.
   const platform::Rect& listFrame() const { return list_; }

@@ -39,9 +39,7 @@ void FilterView::setType(Type type) {
   setNeedsDisplay();
 }
 
-std::string_view FilterView::typeName() const {
-  return typeNames[static_cast<std::size_t>(type_)];
-}
+std::string_view FilterView::typeName() const { return typeNames[static_cast<std::size_t>(type_)]; }
 
 void FilterView::setFilterMagnitudes(std::vector<double> decibels) {
   if (decibels == magnitudes_) return;
@@ -184,8 +182,7 @@ void FilterView::paintCurve(platform::Canvas& canvas, Color color) {
   curve_.clear();
   for (std::size_t i = 0; i < points; ++i) {
     const double level = std::isfinite(magnitudes_[i]) ? magnitudes_[i] : bottomLevel;
-    const double share =
-        std::clamp((level - bottomLevel) / (topLevel - bottomLevel), -0.1, 1.1);
+    const double share = std::clamp((level - bottomLevel) / (topLevel - bottomLevel), -0.1, 1.1);
     const Point point{area.x + area.width * static_cast<double>(i) / (points - 1),
                       area.maxY() - area.height * share};
     if (i == 0)
@@ -197,8 +194,9 @@ void FilterView::paintCurve(platform::Canvas& canvas, Color color) {
   area_.lineTo({area.maxX(), area.maxY()});
   area_.lineTo({area.x, area.maxY()});
   area_.close();
-  canvas.fillPath(area_, platform::Paint({0, area.y}, {0, area.maxY()},
-                                         {{0, color.withAlpha(0.30f)}, {1, color.withAlpha(0.05f)}}));
+  canvas.fillPath(area_,
+                  platform::Paint({0, area.y}, {0, area.maxY()},
+                                  {{0, color.withAlpha(0.30f)}, {1, color.withAlpha(0.05f)}}));
   canvas.strokePath(curve_, {1.75}, color);
 }
 

@@ -10,8 +10,7 @@ FilterViewContainer::FilterViewContainer() {
                                                                   ControlEvent::valueChanged);
   filterView_.addTarget<&FilterViewContainer::onEditingDidBegin>(*this,
                                                                  ControlEvent::editingDidBegin);
-  filterView_.addTarget<&FilterViewContainer::onEditingDidEnd>(*this,
-                                                               ControlEvent::editingDidEnd);
+  filterView_.addTarget<&FilterViewContainer::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
   filterView_.doubleTapped = [this] { doubleTap(); };
 }
 
@@ -27,8 +26,7 @@ float FilterViewContainer::value(const std::string& key) const {
   return isResonance(key) ? filterView_.resonance() : filterView_.frequencyPosition();
 }
 
-void FilterViewContainer::showValue(const std::string& key, float value,
-                                    const std::string& text) {
+void FilterViewContainer::showValue(const std::string& key, float value, const std::string& text) {
   if (isResonance(key))
     filterView_.setResonance(value);
   else if (isOwnKey(key))

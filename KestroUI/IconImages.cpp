@@ -27,13 +27,13 @@ void drawCross(Canvas& canvas, Color tint) {
 
 // A mark of the family: a rising wave in a ring.
 void drawMark(Canvas& canvas, Color tint) {
-  canvas.strokeRoundedRect({2, 2, 20, 20}, 10, 1.75, tint.withAlpha(tint.alpha * 0.55f));
+  canvas.strokeRoundedRect({5, 5, 14, 14}, 7, 1.2, tint.withAlpha(tint.alpha * 0.55f));
   Path wave;
-  wave.moveTo({6, 14.5});
-  wave.cubicTo({8.5, 14.5}, {8.5, 9}, {11, 9});
-  wave.cubicTo({13.5, 9}, {13, 15.5}, {15, 15.5});
-  wave.cubicTo({16.6, 15.5}, {16.6, 11}, {18, 9.5});
-  canvas.strokePath(wave, line, tint);
+  wave.moveTo({7.8, 13.75});
+  wave.cubicTo({9.5, 13.75}, {9.5, 9.9}, {11.3, 9.9});
+  wave.cubicTo({13.1, 9.9}, {12.7, 14.4}, {14.1, 14.4});
+  wave.cubicTo({15.2, 14.4}, {15.2, 11.3}, {16.2, 10.3});
+  canvas.strokePath(wave, {1.4}, tint);
 }
 
 void drawHelp(Canvas& canvas, Color tint) {

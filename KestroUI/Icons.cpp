@@ -81,18 +81,41 @@ Path waveform(Waveform waveform) {
       path.cubicTo({0.68, 1.18}, {0.82, 1.18}, {1, 0.5});
       return path;
     }
-    case Waveform::triangle: return polyline({{0, 0.5}, {0.25, 0}, {0.75, 1}, {1, 0.5}});
-    case Waveform::saw: return polyline({{0, 1}, {0, 0}, {1, 1}, {1, 0}});
-    case Waveform::ramp: return polyline({{0, 0}, {0, 1}, {1, 0}, {1, 1}});
-    case Waveform::square: return polyline({{0, 1}, {0, 0}, {0.5, 0}, {0.5, 1}, {1, 1}, {1, 0}});
-    case Waveform::pulse: return polyline({{0, 1}, {0, 0}, {0.25, 0}, {0.25, 1}, {1, 1}, {1, 0}});
+    case Waveform::triangle:
+      return polyline({{0, 0.5}, {0.25, 0}, {0.75, 1}, {1, 0.5}});
+    case Waveform::saw:
+      return polyline({{0, 1}, {0, 0}, {1, 1}, {1, 0}});
+    case Waveform::ramp:
+      return polyline({{0, 0}, {0, 1}, {1, 0}, {1, 1}});
+    case Waveform::square:
+      return polyline({{0, 1}, {0, 0}, {0.5, 0}, {0.5, 1}, {1, 1}, {1, 0}});
+    case Waveform::pulse:
+      return polyline({{0, 1}, {0, 0}, {0.25, 0}, {0.25, 1}, {1, 1}, {1, 0}});
     case Waveform::noise:
-      return polyline({{0, 0.55}, {0.08, 0.2}, {0.16, 0.85}, {0.25, 0.35}, {0.33, 0.7},
-                       {0.42, 0.0}, {0.5, 0.95}, {0.58, 0.3}, {0.67, 0.65}, {0.75, 0.1},
-                       {0.84, 0.8}, {0.92, 0.4}, {1, 0.6}});
+      return polyline({{0, 0.55},
+                       {0.08, 0.2},
+                       {0.16, 0.85},
+                       {0.25, 0.35},
+                       {0.33, 0.7},
+                       {0.42, 0.0},
+                       {0.5, 0.95},
+                       {0.58, 0.3},
+                       {0.67, 0.65},
+                       {0.75, 0.1},
+                       {0.84, 0.8},
+                       {0.92, 0.4},
+                       {1, 0.6}});
     case Waveform::sampleAndHold:
-      return polyline({{0, 0.7}, {0.2, 0.7}, {0.2, 0.15}, {0.4, 0.15}, {0.4, 0.95}, {0.6, 0.95},
-                       {0.6, 0.4}, {0.8, 0.4}, {0.8, 0.6}, {1, 0.6}});
+      return polyline({{0, 0.7},
+                       {0.2, 0.7},
+                       {0.2, 0.15},
+                       {0.4, 0.15},
+                       {0.4, 0.95},
+                       {0.6, 0.95},
+                       {0.6, 0.4},
+                       {0.8, 0.4},
+                       {0.8, 0.6},
+                       {1, 0.6}});
   }
   return {};
 }
@@ -140,14 +163,25 @@ Path fitted(const Path& path, const Rect& rect) {
   std::size_t next = 0;
   for (const Path::Verb verb : path.verbs()) {
     switch (verb) {
-      case Path::Verb::move: result.moveTo(at(next)); next += 1; break;
-      case Path::Verb::line: result.lineTo(at(next)); next += 1; break;
-      case Path::Verb::quad: result.quadTo(at(next), at(next + 1)); next += 2; break;
+      case Path::Verb::move:
+        result.moveTo(at(next));
+        next += 1;
+        break;
+      case Path::Verb::line:
+        result.lineTo(at(next));
+        next += 1;
+        break;
+      case Path::Verb::quad:
+        result.quadTo(at(next), at(next + 1));
+        next += 2;
+        break;
       case Path::Verb::cubic:
         result.cubicTo(at(next), at(next + 1), at(next + 2));
         next += 3;
         break;
-      case Path::Verb::close: result.close(); break;
+      case Path::Verb::close:
+        result.close();
+        break;
     }
   }
   return result;

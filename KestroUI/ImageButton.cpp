@@ -17,9 +17,8 @@ void ImageButton::paint(platform::Canvas& canvas) {
     return;
   }
   if (!image().isEmpty()) {
-    const double natural = image().size().height > 0
-                               ? image().size().width / image().size().height
-                               : 1;
+    const double natural =
+        image().size().height > 0 ? image().size().width / image().size().height : 1;
     const double height = place.height * 0.64;
     const double width = std::min(height * natural, place.width * 0.5);
     const double margin = (place.height - height) / 2;

@@ -25,8 +25,7 @@ void KestroButton::paintState(platform::Canvas& canvas, double radius) {
     canvas.fillRoundedRect(bounds(), radius,
                            Theme::white.withAlpha(isHighlighted() ? 0.14f : 0.07f));
   if (isFirstResponder())
-    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), radius, 1,
-                             Theme::accent.withAlpha(0.8f));
+    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), radius, 1, Theme::accent.withAlpha(0.8f));
 }
 
 }  // namespace kestroui

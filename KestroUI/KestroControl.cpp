@@ -50,8 +50,8 @@ void KestroControl::setModulated(bool modulated) {
 }
 
 void KestroControl::setModulatedValue(float position) {
-  const bool same = position == modulatedValue_ ||
-                    (std::isnan(position) && std::isnan(modulatedValue_));
+  const bool same =
+      position == modulatedValue_ || (std::isnan(position) && std::isnan(modulatedValue_));
   if (same) return;
   modulatedValue_ = position;
   if (modulated_) setNeedsDisplay();
@@ -66,6 +66,12 @@ void KestroControl::setAccentColor(platform::Color color) {
 void KestroControl::setInactive(bool inactive) {
   if (inactive == inactive_) return;
   inactive_ = inactive;
+  setNeedsDisplay();
+}
+
+void KestroControl::setFaceScale(double scale) {
+  if (!(scale > 0) || scale == faceScale_) return;
+  faceScale_ = scale;
   setNeedsDisplay();
 }
 
@@ -96,14 +102,27 @@ bool KestroControl::keyPressed(const platform::KeyEvent& event) {
   const float one = (inverted_ ? -step() : step()) * (fine ? 0.1f : 1.0f);
   switch (event.key) {
     case Key::up:
-    case Key::right: changeValueOnce(value_ + one); return true;
+    case Key::right:
+      changeValueOnce(value_ + one);
+      return true;
     case Key::down:
-    case Key::left: changeValueOnce(value_ - one); return true;
-    case Key::pageUp: changeValueOnce(value_ + 10 * one); return true;
-    case Key::pageDown: changeValueOnce(value_ - 10 * one); return true;
-    case Key::home: changeValueOnce(valueAt(0)); return true;
-    case Key::end: changeValueOnce(valueAt(1)); return true;
-    default: return false;
+    case Key::left:
+      changeValueOnce(value_ - one);
+      return true;
+    case Key::pageUp:
+      changeValueOnce(value_ + 10 * one);
+      return true;
+    case Key::pageDown:
+      changeValueOnce(value_ - 10 * one);
+      return true;
+    case Key::home:
+      changeValueOnce(valueAt(0));
+      return true;
+    case Key::end:
+      changeValueOnce(valueAt(1));
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -131,7 +150,8 @@ void KestroControl::changeValueOnce(float value) {
   if (!alive) return;
   const bool hasLoop = platform::RunLoop::mainIfAny() != nullptr;
   if (ownGesture && hasLoop)
-    burst_ = platform::Timer(burstInterval, platform::Timer::Repeat::once, [this] { endGesture(); });
+    burst_ =
+        platform::Timer(burstInterval, platform::Timer::Repeat::once, [this] { endGesture(); });
   changeValue(value);
   if (alive && ownGesture && !hasLoop) endGesture();
 }
@@ -176,6 +196,11 @@ platform::Color KestroControl::stateSurface() const {
       inactive_ ? Theme::surface.mixed(Theme::panel, 0.4f) : Theme::surface;
   if (isHighlighted() || inGesture_) return color.mixed(Theme::surfaceRaised, 1.0f);
   return isHovered() ? color.mixed(Theme::surfaceRaised, 0.6f) : color;
+}
+
+platform::Font KestroControl::faceFont(const platform::Font& font, double faceHeight) const {
+  const double readable = std::max(7.0, faceHeight * 0.46);
+  return font.withSize(std::min({readable, faceHeight * 0.8, 12 * faceScale_}));
 }
 
 }  // namespace kestroui

@@ -48,6 +48,11 @@ class KestroControl : public platform::Control {
   /// Its section is switched off: still usable, shown muted.
   bool isInactive() const { return inactive_; }
   bool isInGesture() const { return inGesture_; }
+  /// How much larger faces and texts may be than on the smallest editor; 1 at first.
+  double faceScale() const { return faceScale_; }
+  void setFaceScale(double scale);
+  /// The height that its face makes use of when it may take `available`; at most that height.
+  virtual double bestHeight(const platform::Size& available) const { return available.height; }
   void setInactive(bool inactive);
 
   /// Called at the second tap of a double tap by the kinds whose value can be typed; may destroy
@@ -77,6 +82,12 @@ class KestroControl : public platform::Control {
   platform::Color stateAccent() const;
   /// The colour of its face as its state wants it.
   platform::Color stateSurface() const;
+  /// The colour of a face that is switched on: a calmer accent, since it is a large surface.
+  platform::Color litSurface() const { return stateAccent().mixed(Theme::surface, 0.12f); }
+  /// The height of a face of one line of text, on an editor of this scale.
+  double lineFaceHeight() const { return 28 * faceScale_; }
+  /// The size of a text in a face of this height.
+  platform::Font faceFont(const platform::Font& font, double faceHeight) const;
 
  private:
   float value_ = 0;
@@ -86,6 +97,7 @@ class KestroControl : public platform::Control {
   int stepCount_ = 0;
   /// What smooth wheels have turned of the next step.
   double wheelRest_ = 0;
+  double faceScale_ = 1;
   bool modulated_ = false;
   bool inverted_ = false;
   bool inactive_ = false;

@@ -28,22 +28,22 @@ Rect circle(Point centre, double radius) {
 }  // namespace
 
 void Knob::paint(platform::Canvas& canvas) {
-  const double side = std::min(bounds().width, bounds().height);
+  const double side = std::min(bounds().width, bounds().height / heightShare);
   if (!(side >= 6)) return;
-  const Point centre = bounds().centre();
-  const double line = std::clamp(side * 0.07, 1.5, 7.0);
-  const double modulationLine = std::max(1.25, line * 0.45);
+  const Point centre{bounds().midX(), bounds().midY() + side * (1 - heightShare) / 2};
+  const double line = std::clamp(side * 0.068, 1.5, 3 + side * 0.03);
+  const double modulationLine = std::max(1.0, line * 0.42);
   // From outside inwards: the live value's arc, the value's arc, the body.
   const double outer = side / 2 - 0.5;
-  const double arc = outer - modulationLine - line * 0.9;
+  const double arc = outer - modulationLine - line * 0.8;
   const double body = arc - line / 2 - std::max(1.25, line * 0.55);
   const double angle = angleAt(shown(value()));
   const Color accent = stateAccent();
 
   path_.clear();
   path_.addArc(centre, arc, angleAt(0), angleAt(1));
-  canvas.strokePath(path_, {line}, isEnabled() ? Theme::line.mixed(Theme::surface, 0.45f)
-                                               : Theme::surface);
+  canvas.strokePath(path_, {line},
+                    isEnabled() ? Theme::line.mixed(Theme::surface, 0.45f) : Theme::surface);
   const double from = angleAt(isInverted() ? 1 - origin() : origin());
   if (std::fabs(angle - from) > 1e-4) {
     path_.clear();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "KestroUI/DragControl.h"
 #include "platform/Path.h"
 
@@ -11,6 +13,9 @@ class Knob : public DragControl {
  public:
   Knob() = default;
 
+  double bestHeight(const platform::Size& available) const override {
+    return std::min(available.height, available.width * heightShare);
+  }
   void paint(platform::Canvas& canvas) override;
 
  protected:
@@ -18,6 +23,9 @@ class Knob : public DragControl {
   virtual void paintCentre(platform::Canvas&, const platform::Rect& /*body*/) {}
 
  private:
+  // Of its width: the arc is open at the bottom.
+  static constexpr double heightShare = 0.92;
+
   void paintModulation(platform::Canvas& canvas, platform::Point centre, double radius,
                        double lineWidth);
 

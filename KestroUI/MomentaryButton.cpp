@@ -51,20 +51,20 @@ bool MomentaryButton::keyPressed(const platform::KeyEvent& event) {
 }
 
 void MomentaryButton::paint(platform::Canvas& canvas) {
-  const double height = std::min(bounds().height - 2, 44.0);
-  if (!(height >= 3) || !(bounds().width >= 5)) return;
-  const Rect face{1, bounds().midY() - height / 2, bounds().width - 2, height};
-  const double radius = std::min(Theme::cornerRadius + 1, height / 2);
+  const Rect face = bounds().inset(1, 1);
+  if (!(face.height >= 3) || !(face.width >= 3)) return;
+  const double radius = std::min(Theme::cornerRadius + 1, face.height / 2);
   const platform::Color accent = stateAccent();
   const bool lit = shown(value()) > 0.5f;
-  canvas.fillRoundedRect(face, radius, lit ? accent : stateSurface());
+  canvas.fillRoundedRect(face, radius, lit ? litSurface() : stateSurface());
   canvas.strokeRoundedRect(face, radius, 1,
-                           isFirstResponder() || lit ? accent
-                                                     : accent.mixed(Theme::line, 0.55f));
+                           isFirstResponder() || lit ? accent : accent.mixed(Theme::line, 0.55f));
   const bool muted = isInactive() || !isEnabled();
-  canvas.drawText(title_, Theme::smallTitleFont.withSize(std::clamp(height * 0.45, 7.0, 15.0)),
+  canvas.drawText(title_, faceFont(Theme::smallTitleFont, face.height),
                   face.inset(std::min(5.0, face.width * 0.05), 0), platform::TextAlignment::centre,
-                  lit ? Theme::textOn(accent) : muted ? Theme::textDim : Theme::text);
+                  lit     ? Theme::textOn(accent)
+                  : muted ? Theme::textDim
+                          : Theme::text);
 }
 
 }  // namespace kestroui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "KestroUI/KestroControl.h"
@@ -19,6 +20,9 @@ class MomentaryButton : public KestroControl {
   void touchCancelled(const platform::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
   bool keyPressed(const platform::KeyEvent& event) override;
+  double bestHeight(const platform::Size& available) const override {
+    return std::min(available.height, lineFaceHeight());
+  }
   void paint(platform::Canvas& canvas) override;
 
  private:

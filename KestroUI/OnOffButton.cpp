@@ -41,8 +41,7 @@ void OnOffButton::touchCancelled(const platform::Touch& touch) {
 }
 
 bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
-  const bool switches =
-      event.key == platform::Key::space || event.key == platform::Key::returnKey;
+  const bool switches = event.key == platform::Key::space || event.key == platform::Key::returnKey;
   if (!switches) return switching_ == Switching::byTouch && KestroControl::keyPressed(event);
   if (!isEnabled()) return false;
   if (switching_ == Switching::byOwner)
@@ -52,15 +51,19 @@ bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
   return true;
 }
 
-bool OnOffButton::isLight() const {
-  const double w = bounds().width, h = bounds().height;
-  return w <= 64 && h <= 64 && w <= 1.3 * h && h <= 1.3 * w;
+bool OnOffButton::isLight(const platform::Size& size) const {
+  const double most = 44 * std::max(1.0, faceScale()), w = size.width, h = size.height;
+  return w <= most && h <= most && w <= 1.3 * h && h <= 1.3 * w;
+}
+
+double OnOffButton::bestHeight(const platform::Size& available) const {
+  return isLight(available) ? available.height : std::min(available.height, lineFaceHeight());
 }
 
 void OnOffButton::paint(platform::Canvas& canvas) {
   if (!(bounds().width >= 4) || !(bounds().height >= 4)) return;
   const bool lit = shown(value()) > 0.5f;
-  if (isLight())
+  if (isLight(bounds().size()))
     paintLight(canvas, lit);
   else if (titles_.empty())
     paintPill(canvas, lit);
@@ -70,7 +73,7 @@ void OnOffButton::paint(platform::Canvas& canvas) {
 
 void OnOffButton::paintLight(platform::Canvas& canvas, bool lit) const {
   const double side = std::min(bounds().width, bounds().height);
-  const double radius = std::clamp(side * 0.24, 2.0, 13.0);
+  const double radius = std::max(2.0, side * 0.24);
   const auto centre = bounds().centre();
   const auto disc = [&](double r) { return Rect{centre.x - r, centre.y - r, 2 * r, 2 * r}; };
   const Color accent = stateAccent();
@@ -78,35 +81,37 @@ void OnOffButton::paintLight(platform::Canvas& canvas, bool lit) const {
   if (lit && isEnabled() && !isInactive())
     canvas.fillEllipse(disc(radius * 1.5), accent.withAlpha(0.16f));
   canvas.fillEllipse(disc(radius), stateSurface().mixed(Theme::background, 0.35f));
-  canvas.strokeRoundedRect(disc(radius - line / 2), radius, line,
-                           lit ? accent : Theme::line.mixed(Theme::lightGrey, isHovered() ? 0.4f : 0.15f));
+  canvas.strokeRoundedRect(
+      disc(radius - line / 2), radius, line,
+      lit ? accent : Theme::line.mixed(Theme::lightGrey, isHovered() ? 0.4f : 0.15f));
   canvas.fillEllipse(disc(radius * 0.56), lit ? accent : Theme::line);
   if (isFirstResponder()) canvas.strokeRoundedRect(disc(radius + 2.5), radius + 2.5, 1, accent);
 }
 
 void OnOffButton::paintPill(platform::Canvas& canvas, bool lit) const {
-  const double height =
-      std::clamp(std::min(bounds().height * 0.5, bounds().width * 0.5), 4.0, 26.0);
+  const double height = std::max(4.0, std::min(bounds().height * 0.72, bounds().width * 0.5));
   const double width = std::min(bounds().width, height * 1.9);
   const Rect pill{bounds().midX() - width / 2, bounds().midY() - height / 2, width, height};
   const Color accent = stateAccent();
-  canvas.fillRoundedRect(pill, height / 2, lit ? accent : stateSurface());
+  canvas.fillRoundedRect(pill, height / 2, lit ? litSurface() : stateSurface());
   canvas.strokeRoundedRect(pill, height / 2, 1,
-                           isFirstResponder() ? Theme::front : lit ? accent : Theme::line);
+                           isFirstResponder() ? Theme::front
+                           : lit              ? accent
+                                              : Theme::line);
   const double thumb = height - std::max(4.0, height * 0.28);
   const double gap = (height - thumb) / 2;
   const double x = lit ? pill.maxX() - gap - thumb : pill.x + gap;
   const bool muted = isInactive() || !isEnabled();
-  canvas.fillEllipse({x, pill.y + gap, thumb, thumb},
-                     muted ? Theme::grey : lit ? Theme::white : Theme::lightGrey);
+  canvas.fillEllipse({x, pill.y + gap, thumb, thumb}, muted ? Theme::grey
+                                                      : lit ? Theme::white
+                                                            : Theme::lightGrey);
 }
 
 void OnOffButton::paintTitle(platform::Canvas& canvas, bool lit) const {
-  const double height = std::min(bounds().height - 2, 40.0);
-  const Rect face{bounds().x + 1, bounds().midY() - height / 2, bounds().width - 2, height};
-  const double radius = std::min(Theme::cornerRadius + 1, height / 2);
+  const Rect face = bounds().inset(1, 1);
+  const double radius = std::min(Theme::cornerRadius + 1, face.height / 2);
   const Color accent = stateAccent();
-  canvas.fillRoundedRect(face, radius, lit ? accent : stateSurface());
+  canvas.fillRoundedRect(face, radius, lit ? litSurface() : stateSurface());
   if (isFirstResponder())
     canvas.strokeRoundedRect(face, radius, 1.5, lit ? Theme::front : accent);
   else if (!lit)
@@ -114,7 +119,7 @@ void OnOffButton::paintTitle(platform::Canvas& canvas, bool lit) const {
   const std::string& title = titles_[lit ? titles_.size() - 1 : 0];
   const bool muted = isInactive() || !isEnabled();
   const Color color = lit ? Theme::textOn(accent) : muted ? Theme::textDim : Theme::lightGrey;
-  canvas.drawText(title, Theme::smallTitleFont.withSize(std::clamp(height * 0.5, 7.0, 15.0)),
+  canvas.drawText(title, faceFont(Theme::smallTitleFont, face.height),
                   face.inset(std::min(5.0, face.width * 0.05), 0), platform::TextAlignment::centre,
                   color);
 }

@@ -30,10 +30,11 @@ class OnOffButton : public KestroControl {
   void touchEnded(const platform::Touch& touch) override;
   void touchCancelled(const platform::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
+  double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
  private:
-  bool isLight() const;
+  bool isLight(const platform::Size& size) const;
   void paintLight(platform::Canvas& canvas, bool lit) const;
   void paintPill(platform::Canvas& canvas, bool lit) const;
   void paintTitle(platform::Canvas& canvas, bool lit) const;

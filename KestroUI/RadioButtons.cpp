@@ -40,18 +40,20 @@ int RadioButtons::selectedIndex() const {
   return static_cast<int>(std::lround(value() - minimum()));
 }
 
-void RadioButtons::setSelectedIndex(int index) {
-  setValue(minimum() + static_cast<float>(index));
+void RadioButtons::setSelectedIndex(int index) { setValue(minimum() + static_cast<float>(index)); }
+
+ButtonGrid RadioButtons::grid(const platform::Size& size) const {
+  const double wantedWidth = std::max(26.0, static_cast<double>(longestTitle_) * 6.6 + 10);
+  return ButtonGrid::fitting(static_cast<int>(titles_.size()), size,
+                             {wantedWidth * faceScale(), 22 * faceScale()});
 }
 
-ButtonGrid RadioButtons::grid() const {
-  const double wantedWidth = static_cast<double>(longestTitle_) * 6.6 + 10;
-  return ButtonGrid::fitting(static_cast<int>(titles_.size()), bounds().size(),
-                             {std::max(26.0, wantedWidth), 22});
+double RadioButtons::bestHeight(const platform::Size& available) const {
+  return std::min(available.height, grid(available).rows * lineFaceHeight());
 }
 
 void RadioButtons::choose(platform::Point point) {
-  const int index = grid().indexAt(point);
+  const int index = grid(bounds().size()).indexAt(point);
   if (index >= 0) changeValue(minimum() + static_cast<float>(index));
 }
 
@@ -91,36 +93,35 @@ bool RadioButtons::keyPressed(const platform::KeyEvent& event) {
 
 void RadioButtons::paint(platform::Canvas& canvas) {
   if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
-  const ButtonGrid cells = grid();
+  const ButtonGrid cells = grid(bounds().size());
   const double perLetter = 0.58 * static_cast<double>(longestTitle_);
+  const platform::Font font = faceFont(Theme::smallTitleFont, cells.cell.height);
   const double fontSize =
-      std::clamp(std::min(cells.cell.height * 0.5, (cells.cell.width - 6) / perLetter), 7.0, 14.0);
+      std::min(font.pointSize, std::max(7.0, (cells.cell.width - 6) / perLetter));
   for (int i = 0; i < cells.count; ++i)
-    paintCell(canvas, i, cells.frame(i).inset(1, 1), fontSize);
+    paintCell(canvas, i, cells.frame(i).inset(1, 1), font.withSize(fontSize));
   if (isFirstResponder())
     canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), Theme::cornerRadius + 1, 1, stateAccent());
 }
 
 void RadioButtons::paintCell(platform::Canvas& canvas, int index, const Rect& cell,
-                             double fontSize) {
+                             const platform::Font& font) {
   if (cell.isEmpty()) return;
   const bool chosen = index == selectedIndex();
   const Color accent = stateAccent();
   const bool muted = isInactive() || !isEnabled();
   canvas.fillRoundedRect(cell, std::min(Theme::cornerRadius, cell.height / 2),
-                         chosen ? accent : stateSurface());
-  const Color color =
-      chosen ? Theme::textOn(accent) : muted ? Theme::textDim : Theme::lightGrey;
+                         chosen ? litSurface() : stateSurface());
+  const Color color = chosen ? Theme::textOn(accent) : muted ? Theme::textDim : Theme::lightGrey;
   const auto at = static_cast<std::size_t>(index);
   if (icons_[at].isEmpty()) {
-    canvas.drawText(titles_[at], Theme::smallTitleFont.withSize(fontSize), cell.inset(2, 0),
+    canvas.drawText(titles_[at], font, cell.inset(std::min(2.0, cell.width * 0.1), 0),
                     platform::TextAlignment::centre, color);
     return;
   }
-  const double height = std::min({cell.height * 0.46, cell.width * 0.4, 22.0});
+  const double height = std::min({cell.height * 0.46, cell.width * 0.4, 18 * faceScale()});
   const Rect place{cell.midX() - height * 0.8, cell.midY() - height / 2, height * 1.6, height};
-  canvas.strokePath(Icons::fitted(icons_[at], place), {std::clamp(height * 0.12, 1.0, 2.0)},
-                    color);
+  canvas.strokePath(Icons::fitted(icons_[at], place), {std::max(1.0, height * 0.11)}, color);
 }
 
 }  // namespace kestroui

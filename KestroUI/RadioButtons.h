@@ -30,12 +30,14 @@ class RadioButtons : public KestroControl {
   void touchEnded(const platform::Touch& touch) override;
   void touchCancelled(const platform::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
+  double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
  private:
-  ButtonGrid grid() const;
+  ButtonGrid grid(const platform::Size& size) const;
   void choose(platform::Point point);
-  void paintCell(platform::Canvas& canvas, int index, const platform::Rect& cell, double fontSize);
+  void paintCell(platform::Canvas& canvas, int index, const platform::Rect& cell,
+                 const platform::Font& font);
 
   std::vector<std::string> titles_;
   std::vector<platform::Path> icons_;

@@ -24,8 +24,7 @@ void SelectableButton::paint(platform::Canvas& canvas) {
     canvas.fillRect({place.x, place.maxY() - rule, place.width, rule}, accentColor());
   const double size = std::min(font().pointSize, place.height * 0.5);
   const platform::Color color =
-      isSelected() ? titleColor()
-                   : stateColor(isHovered() ? titleColor() : Theme::textDim);
+      isSelected() ? titleColor() : stateColor(isHovered() ? titleColor() : Theme::textDim);
   canvas.drawText(title(), font().withSize(size), place.inset(std::min(8.0, place.width * 0.05), 0),
                   platform::TextAlignment::centre, color);
 }

@@ -15,7 +15,7 @@ void SimpleLabel::setText(const std::string& text) {
 void SimpleLabel::paint(platform::Canvas& canvas) {
   if (text_.empty() || !(bounds().height >= 6)) return;
   const bool muted = isInactive() || !isEnabled();
-  canvas.drawText(text_, Theme::valueFont.withSize(std::clamp(bounds().height * 0.5, 7.0, 15.0)),
+  canvas.drawText(text_, faceFont(Theme::valueFont, bounds().height),
                   bounds().inset(std::min(3.0, bounds().width * 0.05), 0),
                   platform::TextAlignment::centre, muted ? Theme::textDim : Theme::lightGrey);
 }

@@ -12,8 +12,7 @@ void SimpleLabelContainer::setTitle(const std::string& title) {
   if (valueText().empty()) label_.setText(title);
 }
 
-void SimpleLabelContainer::showValue(const std::string& key, float value,
-                                     const std::string& text) {
+void SimpleLabelContainer::showValue(const std::string& key, float value, const std::string& text) {
   Container::showValue(key, value, text);
   if (isOwnKey(key)) label_.setText(text.empty() ? title() : text);
 }

@@ -15,11 +15,16 @@ DragControl::Axis Slider::dragAxis() const {
 double Slider::handleLength() const {
   const double length = std::max(bounds().width, bounds().height);
   return std::clamp(std::min(bounds().width, bounds().height) * 0.32, 6.0,
-                    std::max(6.0, std::min(18.0, length * 0.16)));
+                    std::max(6.0, std::min(16.0 * faceScale(), length * 0.16)));
 }
 
 double Slider::dragLength() const {
   return std::max(80.0, std::max(bounds().width, bounds().height) - handleLength());
+}
+
+double Slider::bestHeight(const platform::Size& available) const {
+  return available.height >= available.width ? available.height
+                                             : std::min(available.height, lineFaceHeight());
 }
 
 void Slider::paint(platform::Canvas& canvas) {
@@ -28,7 +33,7 @@ void Slider::paint(platform::Canvas& canvas) {
   const double across = vertical ? bounds().width : bounds().height;
   const double handle = handleLength();
   if (!(length > handle + 2) || !(across >= 4)) return;
-  const double thickness = std::clamp(across * 0.14, 2.0, 6.0);
+  const double thickness = std::clamp(across * 0.14, 2.0, 5.0 * faceScale());
   const double way = length - handle - 2;
 
   // A piece of the track from one share to another, as wide as `width`.
@@ -59,9 +64,8 @@ void Slider::paint(platform::Canvas& canvas) {
   const Rect knob = piece(share, share, handleWidth, handle / 2);
   const double radius = std::min(3.0, handle * 0.3);
   canvas.fillRoundedRect(knob, radius, stateSurface().mixed(Theme::surfaceRaised, 0.75f));
-  canvas.strokeRoundedRect(knob, radius, 1,
-                           isFirstResponder() ? accent
-                                              : Theme::line.mixed(Theme::lightGrey, 0.12f));
+  canvas.strokeRoundedRect(
+      knob, radius, 1, isFirstResponder() ? accent : Theme::line.mixed(Theme::lightGrey, 0.12f));
   const bool muted = isInactive() || !isEnabled();
   canvas.fillRoundedRect(piece(share, share, handleWidth * 0.6, 0.75), 0.75,
                          muted ? Theme::textDim : Theme::front);

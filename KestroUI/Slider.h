@@ -10,6 +10,7 @@ class Slider : public DragControl {
  public:
   Slider() = default;
 
+  double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
  protected:

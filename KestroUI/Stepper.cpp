@@ -39,15 +39,17 @@ void Stepper::setValue(float value) {
 }
 
 Rect Stepper::frameOf(Part part) const {
-  const double w = bounds().width;
-  const double h = std::min(bounds().height, 40.0);
-  const double top = bounds().midY() - h / 2;
-  const double side = std::min(h, w * 0.3);
+  const double w = bounds().width, h = bounds().height;
+  const double side = std::min(h, w * 0.25);
   switch (part) {
-    case Part::minus: return {0, top, side, h};
-    case Part::plus: return {w - side, top, side, h};
-    case Part::text: return {side, top, w - 2 * side, h};
-    case Part::none: break;
+    case Part::minus:
+      return {0, 0, side, h};
+    case Part::plus:
+      return {w - side, 0, side, h};
+    case Part::text:
+      return {side, 0, w - 2 * side, h};
+    case Part::none:
+      break;
   }
   return {};
 }
@@ -55,9 +57,9 @@ Rect Stepper::frameOf(Part part) const {
 void Stepper::touchBegan(const platform::Touch& touch) {
   if (pressed_ != Part::none || !isEnabled()) return;
   const double x = touch.locationIn(*this).x;
-  const Part part = x < frameOf(Part::text).x         ? Part::minus
+  const Part part = x < frameOf(Part::text).x        ? Part::minus
                     : x < frameOf(Part::text).maxX() ? Part::text
-                                                      : Part::plus;
+                                                     : Part::plus;
   const platform::Weak<Stepper> alive = this;
   if (part == Part::text) {
     DragControl::touchBegan(touch);
@@ -137,7 +139,7 @@ void Stepper::paint(platform::Canvas& canvas) {
   pressedFace(Part::minus, minus);
   pressedFace(Part::plus, plus);
 
-  const double arm = std::clamp(std::min(minus.width, minus.height) * 0.2, 2.0, 6.0);
+  const double arm = std::max(2.0, std::min(minus.width, minus.height) * 0.17);
   const double line = std::max(1.25, arm * 0.3);
   const auto mark = [&](const Rect& place, bool upright, bool usable) {
     const Color color = usable && !muted ? accent : Theme::line.mixed(Theme::textDim, 0.3f);
@@ -147,9 +149,12 @@ void Stepper::paint(platform::Canvas& canvas) {
   };
   mark(minus, false, shown(value()) > 0);
   mark(plus, true, shown(value()) < 1);
-  canvas.drawText(shownText(),
-                  Theme::valueFont.withSize(std::clamp(face.height * 0.46, 7.0, 15.0)), text,
-                  platform::TextAlignment::centre, muted ? Theme::textDim : Theme::text);
+  const std::string value = shownText();
+  platform::Font font = faceFont(Theme::valueFont, face.height);
+  const double wide = canvas.textWidth(value, font);
+  if (wide > text.width) font.pointSize *= std::max(0.5, text.width / wide);
+  canvas.drawText(value, font, text, platform::TextAlignment::centre,
+                  muted ? Theme::textDim : Theme::text);
   if (isFirstResponder()) canvas.strokeRoundedRect(face, radius, 1, accent);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,9 @@ class Stepper : public DragControl {
   void touchMoved(const platform::Touch& touch) override;
   void touchEnded(const platform::Touch& touch) override;
   void touchCancelled(const platform::Touch& touch) override;
+  double bestHeight(const platform::Size& available) const override {
+    return std::min(available.height, lineFaceHeight());
+  }
   void paint(platform::Canvas& canvas) override;
 
  private:

@@ -31,9 +31,9 @@ void ValueStrip::paint(platform::Canvas& canvas) {
   const double share = shown(value());
   const double left = std::min(from, share), right = std::max(from, share);
   if (right > left)
-    canvas.fillRoundedRect({face.x + left * face.width, face.y, (right - left) * face.width,
-                            face.height},
-                           radius, accent.withAlpha(accent.alpha * 0.34f));
+    canvas.fillRoundedRect(
+        {face.x + left * face.width, face.y, (right - left) * face.width, face.height}, radius,
+        accent.withAlpha(accent.alpha * 0.34f));
   const double edge = std::clamp(face.x + share * face.width - 1, face.x, face.maxX() - 2);
   canvas.fillRect({edge, face.y, 2, face.height}, accent);
   if (isModulated()) {
@@ -43,7 +43,7 @@ void ValueStrip::paint(platform::Canvas& canvas) {
   if (isFirstResponder()) canvas.strokeRoundedRect(face, radius, 1, accent);
 
   if (face.height < 8 || face.width < 24) return;
-  const double size = std::clamp(face.height * 0.56, 7.0, 14.0);
+  const double size = std::min(std::max(7.0, face.height * 0.56), 13 * faceScale());
   const Rect inside = face.inset(std::min(6.0, face.width * 0.06), 0);
   const bool muted = isInactive() || !isEnabled();
   // The value goes first: a name that is cut can still be read on hover in the title.

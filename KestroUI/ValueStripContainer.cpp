@@ -23,8 +23,7 @@ void ValueStripContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> ke
     const std::string& name = key->settings().displayName;
     strip->setName(name.empty() ? key->key() : name);
     strip->addTarget<&ValueStripContainer::handleValueChanged>(*this, ControlEvent::valueChanged);
-    strip->addTarget<&ValueStripContainer::onEditingDidBegin>(*this,
-                                                              ControlEvent::editingDidBegin);
+    strip->addTarget<&ValueStripContainer::onEditingDidBegin>(*this, ControlEvent::editingDidBegin);
     strip->addTarget<&ValueStripContainer::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
     strip->doubleTapped = [this, key] { tellDoubleTap(key); };
     addSubview(*strip);
@@ -98,6 +97,7 @@ void ValueStripContainer::styleStrips() {
   for (const Row& row : rows_) {
     row.strip->setAccentColor(accent());
     row.strip->setInactive(isInactive());
+    row.strip->setFaceScale(textScale());
   }
   // Only the own parameter is shown reversed; the attached ones have settings of their own.
   if (!rows_.empty()) rows_.front().strip->setInverted(inverted_);
@@ -106,6 +106,7 @@ void ValueStripContainer::styleStrips() {
 void ValueStripContainer::draw(const Rect& rect) {
   Container::draw(rect);
   if (rows_.empty()) return;
+  styleStrips();
   const Rect area = controlFrame().inset(3, 3);
   const double gap = 2;
   const auto count = static_cast<double>(rows_.size());
@@ -116,7 +117,7 @@ void ValueStripContainer::draw(const Rect& rect) {
   const double perColumn = std::ceil(count / columns);
   const double width = positive((area.width - gap * (columns - 1)) / columns);
   const double height =
-      std::min(28.0 * labelHRatio(), positive((area.height - gap * (perColumn - 1)) / perColumn));
+      std::min(28.0 * textScale(), positive((area.height - gap * (perColumn - 1)) / perColumn));
   const double used = perColumn * height + gap * (perColumn - 1);
   const double top = area.y + positive(area.height - used) / 2;
   for (std::size_t i = 0; i < rows_.size(); ++i) {

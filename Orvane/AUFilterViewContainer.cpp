@@ -42,8 +42,7 @@ float AUFilterViewContainer::parameterValue(const std::string& key,
 }
 
 float AUFilterViewContainer::shownValue(const std::string& key,
-                                        const platform::AUParameter& parameter,
-                                        float value) const {
+                                        const platform::AUParameter& parameter, float value) const {
   const bool isFrequency = valueForm(key) == ValueForm::position;
   return isFrequency && parameter.unit() == AudioUnitParameterUnit::hertz
              ? positionOfFrequency(value)

@@ -59,14 +59,17 @@ std::shared_ptr<Container> ControlBuilder::make(const kestroui::ParamKey& key) c
     case ControlType::radioWaveForm:
       return std::make_shared<kestroui::RadioContainer>(settings.controlType ==
                                                         ControlType::radioWaveForm);
-    case ControlType::multiple: return std::make_shared<kestroui::MultipleContainer>();
+    case ControlType::multiple:
+      return std::make_shared<kestroui::MultipleContainer>();
     case ControlType::waveformKnob:
       // Without a live value there is nothing to follow at each frame.
       if (audioUnit_ && audioUnit_->getOutputValues(key.key()))
         return std::make_shared<AUWaveformKnobContainer>();
       return std::make_shared<kestroui::WaveformKnobContainer>();
-    case ControlType::dropdownList: return std::make_shared<kestroui::DropDownListContainer>();
-    default: return ControlFactory::container(settings.controlType);
+    case ControlType::dropdownList:
+      return std::make_shared<kestroui::DropDownListContainer>();
+    default:
+      return ControlFactory::container(settings.controlType);
   }
 }
 

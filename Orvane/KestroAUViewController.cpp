@@ -68,8 +68,7 @@ void KestroAUViewController::tellAudioUnitOfUI(bool visible) {
 void KestroAUViewController::viewDidAppear() {
   ViewController::viewDidAppear();
   tellAudioUnitOfUI(true);
-  if (!displayLink_)
-    displayLink_ = std::make_unique<platform::DisplayLink>([this] { updateUI(); });
+  if (!displayLink_) displayLink_ = std::make_unique<platform::DisplayLink>([this] { updateUI(); });
   checkTimer_ = platform::Timer(checkInterval, platform::Timer::Repeat::forever,
                                 [self = platform::Weak<KestroAUViewController>(this)] {
                                   if (!self) return;
@@ -148,8 +147,7 @@ void KestroAUViewController::viewDidLayoutSubviews() {
 }
 
 void KestroAUViewController::applyLabelScale() {
-  for (const auto& [key, container] : controls_->controls())
-    container->setLabelHRatio(labelScale_);
+  for (const auto& [key, container] : controls_->controls()) container->setLabelHRatio(labelScale_);
   if (!settingsViewController_.foot_stack) return;
   for (const auto& key : *settingsViewController_.foot_stack)
     if (const auto container = key ? (*controls_)[key] : nullptr)
@@ -175,10 +173,9 @@ void KestroAUViewController::menuBarDidStepPreset(Direction direction) {
   auto* unit = audioUnit();
   if (!unit || unit->factoryPresets().empty()) return;
   const auto& presets = unit->factoryPresets();
-  const auto current =
-      std::find_if(presets.begin(), presets.end(), [unit](const platform::AUAudioUnitPreset& p) {
-        return p.number == unit->currentPreset();
-      });
+  const auto current = std::find_if(
+      presets.begin(), presets.end(),
+      [unit](const platform::AUAudioUnitPreset& p) { return p.number == unit->currentPreset(); });
   const bool forwards = direction == Direction::next;
   // From no preset at all the first step goes to the first or the last.
   std::size_t index = forwards ? 0 : presets.size() - 1;

@@ -160,9 +160,9 @@ void KestroAUViewController::reset() {
   auto* unit = audioUnit();
   if (!unit || !doubleTappedKey_) return;
   const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
-  const std::string& key =
-      container ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
-                : doubleTappedKey_->key();
+  const std::string& key = container
+                               ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
+                               : doubleTappedKey_->key();
   if (auto* parameter = parameters_[key]) {
     heldParameters_.hold(*parameter);
     parameter->setValue(unit->defaultValueForKey(key));

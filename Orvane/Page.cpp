@@ -17,8 +17,8 @@ Page::Page(std::vector<UISection> sections_, std::string title)
     const auto [entry, isNew] = rows.try_emplace(section.rowIndex);
     Row& row = entry->second;
     row.width += section.horizontalWeightInPage;
-    row.height = isNew ? section.verticalWeightInPage
-                       : std::min(row.height, section.verticalWeightInPage);
+    row.height =
+        isNew ? section.verticalWeightInPage : std::min(row.height, section.verticalWeightInPage);
   }
   for (const auto& [index, row] : rows) {
     totalWidth = std::max(totalWidth, row.width);

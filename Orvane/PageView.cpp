@@ -60,9 +60,9 @@ void PageView::draw(const platform::Rect& rect) {
       const auto above = static_cast<std::size_t>(placement.columnOffset);
       if (placement.columnOffset < 0 || above >= lefts_.size())
         platform::fatal("Section \"" + placement.section->name + "\" of page \"" + title() +
-                        "\" begins row " + std::to_string(placement.rowIndex) +
-                        " below section " + std::to_string(placement.columnOffset) +
-                        " of the row above, which has " + std::to_string(lefts_.size()));
+                        "\" begins row " + std::to_string(placement.rowIndex) + " below section " +
+                        std::to_string(placement.columnOffset) + " of the row above, which has " +
+                        std::to_string(lefts_.size()));
       x = lefts_[above];
       y += bottoms_[above];
       lefts_.clear();

@@ -102,12 +102,13 @@ void SectionView::resolve() {
   resolvedGeneration_ = controls_->generation();
 }
 
-bool SectionView::canAdopt(const Container& container) const {
+bool SectionView::canAdopt(const Container& container, Claim claim) const {
   const View* superview = container.superview();
   if (!superview) return true;
-  // Left behind in a section of a page that is no longer shown.
+  if (superview == this) return false;
+  // The foot strip keeps what it has.
   const auto* other = dynamic_cast<const SectionView*>(superview);
-  return other && other != this && !other->isVisible();
+  return other && (claim == Claim::slot || !other->isVisible());
 }
 
 void SectionView::adopt(const Entry& entry) {
@@ -118,28 +119,29 @@ void SectionView::adopt(const Entry& entry) {
 }
 
 void SectionView::adoptAll() {
-  const bool complete = std::all_of(slots_.begin(), slots_.end(), [this](const Entry& entry) {
-    return !entry.container || entry.container->superview() == this;
-  });
-  if (complete) return;
-  // All of them, so that the keyboard goes from control to control in the order of the design.
-  for (const Entry* corner : {&state_, &feedback_})
-    if (corner->container && (corner->container->superview() == this || canAdopt(*corner->container)))
-      adopt(*corner);
-  std::size_t index = 0;
-  for (const UIColumn& column : section_->stack)
-    for (const UIParameter& slot : column.params) {
-      if (index == slots_.size()) return;
-      if (slots_[index].container) adopt(slots_[index]);
-      ++index;
-      for (const auto& sibling : slot.siblings) {
-        if (!sibling) continue;
-        Container* container = slots_[index].container;
-        if (container && (container->superview() == this || canAdopt(*container)))
-          adopt(slots_[index]);
-        ++index;
+  const auto visitEntries = [this](auto visit) {
+    visit(state_, Claim::shared);
+    visit(feedback_, Claim::shared);
+    std::size_t index = 0;
+    for (const UIColumn& column : section_->stack)
+      for (const UIParameter& slot : column.params) {
+        if (index == slots_.size()) return;
+        visit(slots_[index++], Claim::slot);
+        for (const auto& sibling : slot.siblings)
+          if (sibling) visit(slots_[index++], Claim::shared);
       }
-    }
+  };
+  bool anyNew = false;
+  visitEntries([&](const Entry& entry, Claim claim) {
+    anyNew = anyNew || (entry.container && canAdopt(*entry.container, claim));
+  });
+  if (!anyNew) return;
+  // All of them, so that the keyboard goes from control to control in the order of the design.
+  visitEntries([&](const Entry& entry, Claim claim) {
+    if (entry.container &&
+        (entry.container->superview() == this || canAdopt(*entry.container, claim)))
+      adopt(entry);
+  });
 }
 
 void SectionView::updateState() {
@@ -200,9 +202,13 @@ void SectionView::layoutTitle(double bandHeight) {
 
 void SectionView::place(const Entry& entry, const platform::Rect& frame) {
   if (!entry.container) return;
+  if (entry.container->superview() != this) {
+    // One that the foot strip or another shown section has is placed there.
+    if (!canAdopt(*entry.container, Claim::shared)) return;
+    adopt(entry);
+  }
   entry.container->setFrame(frame);
   entry.container->setIsVisible(visible_);
-  if (entry.container->superview() != this && canAdopt(*entry.container)) adopt(entry);
 }
 
 void SectionView::layoutSlots(double bandHeight) {

@@ -57,9 +57,12 @@ class SectionView : public platform::View {
   void resolve();
   bool isResolved() const;
   Entry lookUp(const std::string& key) const;
-  /// Makes all its controls that no other shown section has subviews, in the design's order.
+  /// Makes its controls subviews, in the design's order.
   void adoptAll();
-  bool canAdopt(const kestroui::Container& container) const;
+  /// Whether a control may be taken from where it is. A section takes the controls of its slots
+  /// from any other; what sections share (siblings, corners) only from one that is not shown.
+  enum class Claim { slot, shared };
+  bool canAdopt(const kestroui::Container& container, Claim claim) const;
   void adopt(const Entry& entry);
   void place(const Entry& entry, const platform::Rect& frame);
   void layoutTitle(double bandHeight);

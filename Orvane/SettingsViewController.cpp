@@ -74,7 +74,12 @@ void SettingsViewController::layoutFoot() {
     container->setFrame({cellWidth * static_cast<double>(p), g + bounds.height - footHeight,
                          cellWidth * span, footHeight - g});
     container->setIsVisible(true);
-    if (container->superview() != &view()) view().addSubview(*container);
+    if (container->superview() != &view()) {
+      view().addSubview(*container);
+      // No section gives it a colour.
+      if (!key->settings().controlColor && key->settings().colors.empty())
+        container->setControlColor(kestroui::Theme::accent);
+    }
     span = 1;
   }
 }

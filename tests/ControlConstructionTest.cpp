@@ -60,22 +60,44 @@ std::type_index typeOf(const kestroui::Container& container) { return typeid(con
 /// The kind of each ordinal; `void` where nothing is built.
 std::vector<std::type_index> kinds() {
   using namespace kestroui;
-  return {type<void>(), type<AUSliderContainer>(), type<AUKnobContainer>(),
-          type<AUFilterViewContainer>(), type<OnOffContainer>(), type<RecContainer>(),
-          type<XYControlContainer>(), type<TimeStopXYContainer>(), type<RadioContainer>(),
-          type<StepSequencerContainer>(), type<CurveSequencerContainer>(),
-          type<StepperContainer>(), type<MultipleContainer>(), type<WaveformKnobContainer>(),
-          type<OscilloscopeContainer>(), type<MultiOscilloscopeContainer>(),
-          type<RadioContainer>(), type<DropDownListContainer>(), type<ADSRContainer>(),
-          type<SampleViewContainer>(), type<SimpleButtonContainer>(),
-          type<SimpleLabelContainer>(), type<CompressorViewContainer>(),
-          type<DoubleCompressorViewContainer>(), type<WaveshaperViewContainer>(),
-          type<TableWaveshaperContainer>(), type<DoubleFilterViewContainer>(),
-          type<GranulizerViewContainer>(), type<DoubleSliderContainer>(),
-          type<MutableContainer>(), type<PhaserViewContainer>(), type<ZorvaViewContainer>(),
-          type<SimpleCurveContainer>(), type<WavetableContainer>(),
-          type<BandCompressorContainer>(), type<ThreeBandCompressorContainer>(),
-          type<BitFlagsGroupContainer>(), type<LEDViewContainer>()};
+  return {type<void>(),
+          type<AUSliderContainer>(),
+          type<AUKnobContainer>(),
+          type<AUFilterViewContainer>(),
+          type<OnOffContainer>(),
+          type<RecContainer>(),
+          type<XYControlContainer>(),
+          type<TimeStopXYContainer>(),
+          type<RadioContainer>(),
+          type<StepSequencerContainer>(),
+          type<CurveSequencerContainer>(),
+          type<StepperContainer>(),
+          type<MultipleContainer>(),
+          type<WaveformKnobContainer>(),
+          type<OscilloscopeContainer>(),
+          type<MultiOscilloscopeContainer>(),
+          type<RadioContainer>(),
+          type<DropDownListContainer>(),
+          type<ADSRContainer>(),
+          type<SampleViewContainer>(),
+          type<SimpleButtonContainer>(),
+          type<SimpleLabelContainer>(),
+          type<CompressorViewContainer>(),
+          type<DoubleCompressorViewContainer>(),
+          type<WaveshaperViewContainer>(),
+          type<TableWaveshaperContainer>(),
+          type<DoubleFilterViewContainer>(),
+          type<GranulizerViewContainer>(),
+          type<DoubleSliderContainer>(),
+          type<MutableContainer>(),
+          type<PhaserViewContainer>(),
+          type<ZorvaViewContainer>(),
+          type<SimpleCurveContainer>(),
+          type<WavetableContainer>(),
+          type<BandCompressorContainer>(),
+          type<ThreeBandCompressorContainer>(),
+          type<BitFlagsGroupContainer>(),
+          type<LEDViewContainer>()};
 }
 
 class ControlConstructionTest : public testing::Test {
@@ -93,11 +115,20 @@ class ControlConstructionTest : public testing::Test {
 
   support::ManualLoop loop;
   quillon::CommonAudioUnit unit{{
-      {.key = "a", .address = 1, .displayName = "Alpha", .minValue = -1, .maxValue = 1,
-       .defaultValue = 0.5f, .publishesLive = true},
+      {.key = "a",
+       .address = 1,
+       .displayName = "Alpha",
+       .minValue = -1,
+       .maxValue = 1,
+       .defaultValue = 0.5f,
+       .publishesLive = true},
       {.key = "b", .address = 2, .displayName = "Beta"},
-      {.key = "shape", .address = 3, .maxValue = 2, .defaultValue = 1,
-       .unit = platform::AudioUnitParameterUnit::indexed, .valueStrings = {"Sine", "Saw", "Noise"}},
+      {.key = "shape",
+       .address = 3,
+       .maxValue = 2,
+       .defaultValue = 1,
+       .unit = platform::AudioUnitParameterUnit::indexed,
+       .valueStrings = {"Sine", "Saw", "Noise"}},
       {.key = "on", .address = 4, .unit = platform::AudioUnitParameterUnit::boolean},
   }};
   std::shared_ptr<support::GivenDesign> design = std::make_shared<support::GivenDesign>();
@@ -168,7 +199,8 @@ TEST_F(ControlConstructionTest, ControlsShowThePresentValuesAtOnce) {
 }
 
 TEST_F(ControlConstructionTest, OnlyPublishedLiveValuesAreWatched) {
-  build({paramKey("a", ControlType::waveformKnob, {"b"}), paramKey("b", ControlType::waveformKnob)});
+  build(
+      {paramKey("a", ControlType::waveformKnob, {"b"}), paramKey("b", ControlType::waveformKnob)});
   const auto a = controller.container("a"), b = controller.container("b");
   EXPECT_EQ(a->watchedValues, std::vector{unit.getOutputValues("a")});
   EXPECT_EQ(a->isModulating, std::vector{unit.isModulating("a")});

@@ -175,10 +175,9 @@ TEST_F(ControllerLifecycleTest, TheContentKeepsItsProportions) {
     double labels;
   };
   const double c = 0.104;
-  for (const Case& k : {Case{{1000, 600}, {100, 0, 800, 600 * c}, {100, 600 * c, 800, 600 - 600 * c},
-                             2},
-                        Case{{400, 600}, {0, 150, 400, 300 * c}, {0, 150 + 300 * c, 400,
-                             300 - 300 * c}, 1.2}}) {
+  for (const Case& k :
+       {Case{{1000, 600}, {100, 0, 800, 600 * c}, {100, 600 * c, 800, 600 - 600 * c}, 2},
+        Case{{400, 600}, {0, 150, 400, 300 * c}, {0, 150 + 300 * c, 400, 300 - 300 * c}, 1.2}}) {
     const auto controller = make();
     support::EditorWindow window(k.size);
     window.show(*controller);
@@ -197,6 +196,10 @@ TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   window.show(*controller);
   EXPECT_DOUBLE_EQ(controller->container("b")->labelHRatio(), 1.2 * 0.75);
   EXPECT_EQ(controller->container("b")->frame().width, 400);
+  // Although a section names it too, and nothing is laid out for ever.
+  EXPECT_EQ(controller->container("b")->superview(), &controller->settingsViewController().view());
+  window.window.prepareFrame();
+  EXPECT_FALSE(window.window.needsFrame());
 }
 
 TEST_F(ControllerLifecycleTest, TheEditorMayOpenOnAnotherPage) {
@@ -211,8 +214,9 @@ TEST_F(ControllerLifecycleTest, TheEditorMayOpenOnAnotherPage) {
 
 TEST_F(ControllerLifecycleTest, EveryGestureThatBeganEnds) {
   std::vector<std::pair<platform::AUParameterAddress, bool>> gestures;
-  unit->parameterTree().setGestureObserver(
-      [&](platform::AUParameterAddress address, bool began) { gestures.emplace_back(address, began); });
+  unit->parameterTree().setGestureObserver([&](platform::AUParameterAddress address, bool began) {
+    gestures.emplace_back(address, began);
+  });
   auto controller = make();
   controller->view();
   auto& knob = *controller->container("a");

@@ -29,9 +29,13 @@ class DSPParametersTest : public testing::Test {
  protected:
   void SetUp() override { parameters.registerParameters(*unit, {"cutoff", "nothing", "gain"}); }
 
-  std::unique_ptr<quillon::CommonAudioUnit> unit = std::make_unique<quillon::CommonAudioUnit>(
-      std::vector<quillon::ParameterDescription>{
-          {.key = "cutoff", .address = 7, .minValue = 20, .maxValue = 20000, .defaultValue = 100,
+  std::unique_ptr<quillon::CommonAudioUnit> unit =
+      std::make_unique<quillon::CommonAudioUnit>(std::vector<quillon::ParameterDescription>{
+          {.key = "cutoff",
+           .address = 7,
+           .minValue = 20,
+           .maxValue = 20000,
+           .defaultValue = 100,
            .unit = AudioUnitParameterUnit::hertz},
           {.key = "gain", .address = 9, .minValue = -10, .maxValue = 30},
           {.key = "unlisted", .address = 11}});
@@ -102,12 +106,10 @@ TEST(ParameterMappingTest, PositionsAndValuesAnswerEachOther) {
     ParameterMapping mapping;
     float position, value;
   };
-  for (const Case& c : {Case{{20, 20000, Scale::pitch}, 0.5f, 632.4555f},
-                        Case{{20, 20000, Scale::pitch}, 0, 20},
-                        Case{{20, 20000, Scale::pitch}, 1, 20000},
-                        Case{{0, 1000, Scale::pitch}, 0, 0},
-                        Case{{-1, 1, Scale::linear}, 0.25f, -0.5f},
-                        Case{{5, 1, Scale::linear}, 0.25f, 4}}) {
+  for (const Case& c :
+       {Case{{20, 20000, Scale::pitch}, 0.5f, 632.4555f}, Case{{20, 20000, Scale::pitch}, 0, 20},
+        Case{{20, 20000, Scale::pitch}, 1, 20000}, Case{{0, 1000, Scale::pitch}, 0, 0},
+        Case{{-1, 1, Scale::linear}, 0.25f, -0.5f}, Case{{5, 1, Scale::linear}, 0.25f, 4}}) {
     SCOPED_TRACE(c.value);
     EXPECT_NEAR(c.mapping.valueAt(c.position), c.value, std::abs(c.value) * 1e-5);
     EXPECT_NEAR(c.mapping.positionOf(c.value), c.position, 1e-5);

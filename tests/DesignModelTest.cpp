@@ -25,7 +25,9 @@ TEST(DesignModel, TotalsAreTheWidestRowAndTheSumOfTheLeastHighSections) {
       {"the smallest weight makes a row's height", {placed(1, 0, 3), placed(1, 0, 1)}, 2, 1},
       {"a gap between row numbers adds nothing", {placed(1, 5, 2), placed(4, 9, 3)}, 4, 5},
       {"sections of a row need not be neighbours",
-       {placed(1, 0, 1), placed(1, 1, 1), placed(1, 0, 1)}, 2, 2},
+       {placed(1, 0, 1), placed(1, 1, 1), placed(1, 0, 1)},
+       2,
+       2},
       {"weights below 0 never win", {placed(-1, 0, 1)}, 0, 1},
   };
   for (const Case& c : cases) {

@@ -21,10 +21,10 @@ constexpr int editors = 1000;
 class LiveUnit : public quillon::CommonAudioUnit {
  public:
   LiveUnit()
-      : CommonAudioUnit({{.key = "a", .address = 1, .publishesLive = true},
-                         {.key = "b", .address = 2, .publishesLive = true},
-                         {.key = "on", .address = 3,
-                          .unit = platform::AudioUnitParameterUnit::boolean}}) {}
+      : CommonAudioUnit(
+            {{.key = "a", .address = 1, .publishesLive = true},
+             {.key = "b", .address = 2, .publishesLive = true},
+             {.key = "on", .address = 3, .unit = platform::AudioUnitParameterUnit::boolean}}) {}
   using CommonAudioUnit::publishLive;
   using CommonAudioUnit::publishModulating;
 };

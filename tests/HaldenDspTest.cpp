@@ -29,8 +29,7 @@ double partial(const std::vector<float>& samples, std::size_t cycles) {
   return 2 * std::hypot(real, imaginary) / static_cast<double>(samples.size());
 }
 
-std::vector<float> renderWave(Wave wave, float increment, std::size_t samples,
-                              float width = 0.5f) {
+std::vector<float> renderWave(Wave wave, float increment, std::size_t samples, float width = 0.5f) {
   WaveMix mix{};
   mix[static_cast<std::size_t>(wave)] = Ramp::constant(1);
   Oscillator oscillator;
@@ -48,7 +47,10 @@ TEST(HaldenOscillatorTest, FoldsLittleOfAHighNoteBackToWhereItIsHeard) {
   const struct {
     Wave wave;
     double bound;
-  } cases[] = {{Wave::sine, -90}, {Wave::triangle, -80}, {Wave::saw, -60}, {Wave::square, -58},
+  } cases[] = {{Wave::sine, -90},
+               {Wave::triangle, -80},
+               {Wave::saw, -60},
+               {Wave::square, -58},
                {Wave::pulse, -58}};
   for (const auto& c : cases) {
     const auto sound = renderWave(c.wave, cycles / 4096.0f, size, 0.31f);
@@ -85,8 +87,8 @@ double gainOfFilter(float sampleRate, float cutoff, float q, double frequency,
   double in = 0, out = 0;
   const int samples = static_cast<int>(sampleRate / 2);
   for (int i = 0; i < samples; ++i) {
-    const auto x = static_cast<float>(0.01 * std::sin(2 * 3.14159265358979 * frequency * i /
-                                                      double{sampleRate}));
+    const auto x = static_cast<float>(
+        0.01 * std::sin(2 * 3.14159265358979 * frequency * i / double{sampleRate}));
     const float y = filter.process(x, c).*output;
     if (i < samples / 2) continue;
     in += x * x;
@@ -240,7 +242,8 @@ TEST(HaldenReverbTest, FallsBySixtyDecibelsInItsDecayTime) {
     const auto length = static_cast<std::size_t>(1.6f * rate) / 64 * 64;
     std::vector<float> left(length), right(length);
     Random random(2);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(rate / 10); ++i) left[i] = random.bipolar();
+    for (std::size_t i = 0; i < static_cast<std::size_t>(rate / 10); ++i)
+      left[i] = random.bipolar();
     for (std::size_t i = 0; i < length; i += 64)
       reverb.process(settings, 0, 64, left.data() + i, right.data() + i);
     const auto power = [&](float seconds) {

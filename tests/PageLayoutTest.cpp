@@ -30,15 +30,19 @@ std::vector<Rect> framesOf(std::vector<UISection> placements) {
 
 TEST(PageView, RowsBeginBelowTheSectionThatTheyName) {
   // Four sections leave 403 - 3 points, whatever their rows.
-  EXPECT_EQ(framesOf({{nullptr, 1, 0, 1, 0}, {nullptr, 1, 0, 1, 0}, {nullptr, 1, 1, 1, 1},
+  EXPECT_EQ(framesOf({{nullptr, 1, 0, 1, 0},
+                      {nullptr, 1, 0, 1, 0},
+                      {nullptr, 1, 1, 1, 1},
                       {nullptr, 1, 1, 1, 0}}),
-            (std::vector<Rect>{{0, 0, 200, 150}, {201, 0, 200, 150}, {201, 150, 200, 150},
-                               {402, 150, 200, 150}}));
+            (std::vector<Rect>{
+                {0, 0, 200, 150}, {201, 0, 200, 150}, {201, 150, 200, 150}, {402, 150, 200, 150}}));
   // From the third row on the bottoms add up, and a row number may come again.
-  EXPECT_EQ(framesOf({{nullptr, 1, 0, 1, 0}, {nullptr, 1, 1, 1, 0}, {nullptr, 1, 2, 1, 0},
+  EXPECT_EQ(framesOf({{nullptr, 1, 0, 1, 0},
+                      {nullptr, 1, 1, 1, 0},
+                      {nullptr, 1, 2, 1, 0},
                       {nullptr, 1, 1, 1, 0}}),
-            (std::vector<Rect>{{0, 0, 200, 100}, {0, 100, 200, 100}, {0, 300, 200, 100},
-                               {0, 700, 200, 100}}));
+            (std::vector<Rect>{
+                {0, 0, 200, 100}, {0, 100, 200, 100}, {0, 300, 200, 100}, {0, 700, 200, 100}}));
 }
 
 TEST(PageView, RowsThatDoNotFitAreFatal) {

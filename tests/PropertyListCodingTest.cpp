@@ -150,15 +150,16 @@ TEST(PropertyListCodingTest, TheBinaryFormIsRead) {
       "b"s,                         // the keys
       "\x23\x3f\xf8\0\0\0\0\0\0"s,  // 1.5
       array({5, 6, 7}),
-      "\x61\x00\xe4"s,  // UTF-16
-      "\x42\0\xff"s,    // data
-      "\x80\x09"s,      // a reference of a keyed archive
+      "\x63\x00\xe4\xd8\x3c\xdf\xb9"s,  // UTF-16
+      "\x42\0\xff"s,                    // data
+      "\x80\x09"s,                      // a reference of a keyed archive
   }));
   ASSERT_TRUE(read);
-  EXPECT_EQ(*read, PropertyList(PropertyList::Dictionary{
-                       {"a", 1.5},
-                       {"b", PropertyList::Array{"\xc3\xa4", PropertyList::Data{0, 255},
-                                                 PropertyList::Dictionary{{"CF$UID", 9}}}}}));
+  EXPECT_EQ(*read,
+            PropertyList(PropertyList::Dictionary{
+                {"a", 1.5},
+                {"b", PropertyList::Array{"\xc3\xa4\xf0\x9f\x8e\xb9", PropertyList::Data{0, 255},
+                                          PropertyList::Dictionary{{"CF$UID", 9}}}}}));
 }
 
 TEST(PropertyListCodingTest, BrokenBytesAreExplained) {

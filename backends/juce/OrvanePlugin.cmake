@@ -16,8 +16,6 @@
 # Each format is a target <target>_<format>, <target>_All builds them. They land in
 # <build>/plugins and are installed where hosts look.
 
-set(ORVANE_JUCE_DIR "${CMAKE_CURRENT_LIST_DIR}")
-
 function(orvane_add_plugin target)
   set(one NAME IDENTIFIER VERSION CODE MANUFACTURER MANUFACTURER_CODE DESCRIPTION)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT" "${one}" "FORMATS;SOURCES;LIBRARIES")
@@ -39,7 +37,7 @@ function(orvane_add_plugin target)
 
   if("Standalone" IN_LIST arg_FORMATS)
     orvane_add_executable(${target}_Standalone
-      SOURCES "${ORVANE_JUCE_DIR}/StandaloneMain.cpp" ${arg_SOURCES}
+      SOURCES "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/StandaloneMain.cpp" ${arg_SOURCES}
       DEPENDS ${arg_LIBRARIES} orvane::juce)
     set_target_properties(${target}_Standalone PROPERTIES
       OUTPUT_NAME "${arg_NAME}"
@@ -94,7 +92,7 @@ macro(orvane_add_vst3 target)
     EDITOR_WANTS_KEYBOARD_FOCUS TRUE
     VST3_CATEGORIES ${category}
     FORMATS VST3)
-  target_sources(${target}_Juce PRIVATE "${ORVANE_JUCE_DIR}/PluginFilter.cpp" ${arg_SOURCES})
+  target_sources(${target}_Juce PRIVATE "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/PluginFilter.cpp" ${arg_SOURCES})
   target_link_libraries(${target}_Juce PRIVATE ${arg_LIBRARIES} orvane::juce)
   target_compile_features(${target}_Juce PRIVATE cxx_std_20)
   # For the definitions that the modules were compiled with.

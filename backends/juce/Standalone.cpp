@@ -42,6 +42,56 @@ juce::File settingsFile(const orvane::PluginEntry& entry, const StandaloneOption
   return folder.getChildFile(text(entry.identifier) + ".settings");
 }
 
+/// The program around one plug-in. Being a JUCE application, and not only using its message loop,
+/// brings the display's scale factor and tolerance of what window managers lack.
+class StandaloneApplication : public juce::JUCEApplication {
+ public:
+  struct Launch {
+    const orvane::PluginEntry& entry;
+    const StandaloneOptions& options;
+  };
+  /// JUCE makes the application through a plain function.
+  static inline const Launch* launch = nullptr;
+
+  const juce::String getApplicationName() override { return text(launch->entry.name); }
+  const juce::String getApplicationVersion() override { return text(launch->entry.version); }
+  bool moreThanOneInstanceAllowed() override { return true; }
+
+  void initialise(const juce::String&) override {
+    const orvane::PluginEntry& entry = launch->entry;
+    processor_ = std::make_unique<AudioUnitProcessor>(entry);
+    sound_ = std::make_unique<StandaloneSound>(*processor_);
+    if (sound_->problem().isNotEmpty())
+      std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(),
+                   sound_->problem().toRawUTF8());
+
+    editor_ = std::make_unique<EditorComponent>([&] {
+      std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
+      controller->isStandaloneVersion = true;
+      controller->setAudioUnit(&processor_->audioUnit());
+      return controller;
+    });
+    editor_->setSize(static_cast<int>(entry.preferredSize.width),
+                     static_cast<int>(entry.preferredSize.height));
+    window_ = std::make_unique<StandaloneWindow>(
+        text(entry.name), *editor_, settingsFile(entry, launch->options),
+        [this](const juce::MidiMessage& message) { sound_->play(message); });
+  }
+
+  void shutdown() override {
+    window_.reset();
+    editor_.reset();
+    sound_.reset();
+    processor_.reset();
+  }
+
+ private:
+  std::unique_ptr<AudioUnitProcessor> processor_;
+  std::unique_ptr<StandaloneSound> sound_;
+  std::unique_ptr<EditorComponent> editor_;
+  std::unique_ptr<StandaloneWindow> window_;
+};
+
 }  // namespace
 
 bool isDisplayAvailable() {
@@ -60,25 +110,14 @@ bool isDisplayAvailable() {
 int runStandalone(const orvane::PluginEntry& entry, const StandaloneOptions& options) {
   if (!isDisplayAvailable()) return writePictures(entry);
 
-  const juce::ScopedJuceInitialiser_GUI juceIsUp;
-  AudioUnitProcessor processor(entry);
-  StandaloneSound sound(processor);
-  if (sound.problem().isNotEmpty())
-    std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(), sound.problem().toRawUTF8());
-
-  const auto makeEditor = [&] {
-    std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
-    controller->isStandaloneVersion = true;
-    controller->setAudioUnit(&processor.audioUnit());
-    return controller;
+  const StandaloneApplication::Launch launch{entry, options};
+  StandaloneApplication::launch = &launch;
+  juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* {
+    return new StandaloneApplication;
   };
-  EditorComponent editor(makeEditor);
-  editor.setSize(static_cast<int>(entry.preferredSize.width),
-                 static_cast<int>(entry.preferredSize.height));
-  StandaloneWindow window(text(entry.name), editor, settingsFile(entry, options),
-                          [&](const juce::MidiMessage& message) { sound.play(message); });
-  juce::MessageManager::getInstance()->runDispatchLoop();
-  return 0;
+  const int result = juce::JUCEApplicationBase::main();
+  juce::JUCEApplicationBase::createInstance = nullptr;
+  return result;
 }
 
 }  // namespace juce_backend

@@ -58,7 +58,7 @@ StandaloneWindow::~StandaloneWindow() {
 }
 
 void StandaloneWindow::closeButtonPressed() {
-  juce::MessageManager::getInstance()->stopDispatchLoop();
+  juce::JUCEApplicationBase::quit();
 }
 
 void StandaloneWindow::activeWindowStatusChanged() {

@@ -15,8 +15,8 @@ bool isOutput(const platform::AUParameter& parameter) {
 
 std::string SymbolSet::add(std::string_view text) {
   std::string symbol;
+  if (text.empty() || isDigit(text[0])) symbol = "_";
   for (const char c : text) symbol += isLetter(c) || isDigit(c) ? c : '_';
-  if (symbol.empty() || isDigit(symbol[0])) symbol.insert(0, "_");
   std::string unique = symbol;
   for (int number = 2; !taken_.insert(unique).second; ++number)
     unique = symbol + "_" + std::to_string(number);

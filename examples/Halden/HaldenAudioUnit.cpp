@@ -6,7 +6,8 @@
 
 namespace halden {
 
-HaldenAudioUnit::HaldenAudioUnit() : CommonAudioUnit(parameterDescriptions(), presetDescriptions()) {
+HaldenAudioUnit::HaldenAudioUnit()
+    : CommonAudioUnit(parameterDescriptions(), presetDescriptions()) {
   setCurrentPreset(0);
 }
 
@@ -28,8 +29,7 @@ void HaldenAudioUnit::render(const platform::RenderBlock& block) {
   readParameters();
   float* left = block.outputs[0];
   float* right = block.outputs.size() > 1 ? block.outputs[1] : mono_.data();
-  synth_.render(params_, block.midi, block.transport, left, right,
-                static_cast<int>(block.frames));
+  synth_.render(params_, block.midi, block.transport, left, right, static_cast<int>(block.frames));
   publish(block.frames, left, right);
   if (block.outputs.size() == 1) {
     for (std::uint32_t i = 0; i < block.frames; ++i) left[i] = 0.5f * (left[i] + right[i]);

@@ -49,10 +49,10 @@ UIColumn buttons(std::string key, double weight) {
   return {{{std::move(key), {}, 1, 0, 0.94}}, weight};
 }
 
-/// A time with the switch that ties it to the tempo; the two forms of the time share one place.
-UIColumn timeColumn(std::string free, std::string synced, std::string sync) {
-  return {{{std::move(free), {std::move(synced)}, 0.7, 0, 1}, {std::move(sync), {}, 0.24, 0.03, 1}},
-          1};
+/// A time and the switch that ties it to the tempo; the two forms of the time share one place.
+std::vector<UIColumn> timeColumns(std::string free, std::string synced, std::string sync) {
+  return {{{{std::move(free), {std::move(synced)}, 1, 0, 1}}, 1},
+          {{{std::move(sync), {}, 0.5, 0.26, 1}}, 0.5}};
 }
 
 std::shared_ptr<Section> section(std::string name, Color color, std::vector<UIColumn> columns,
@@ -68,13 +68,15 @@ std::vector<UIColumn> operator+(std::vector<UIColumn> left, std::vector<UIColumn
 }
 
 std::shared_ptr<Page> oscillatorPage() {
-  const auto first = section("OSCILLATOR 1", Colors::sand,
-                             {buttons("osc1Wave", 2), single("osc1Octave"), single("osc1Fine"),
-                              single("osc1Width"), single("osc1Level"), single("osc1Pan")});
-  const auto second = section("OSCILLATOR 2", Colors::coral,
-                              {buttons("osc2Wave", 2), single("osc2Semi"), single("osc2Fine"),
-                               single("osc2Width"), single("osc2Level"), single("osc2Pan")},
-                              "osc2On");
+  const auto first =
+      section("OSCILLATOR 1", Colors::sand,
+              {buttons("osc1Wave", 1.7), single("osc1Octave", 1.3), single("osc1Fine"),
+               single("osc1Width"), single("osc1Level"), single("osc1Pan")});
+  const auto second =
+      section("OSCILLATOR 2", Colors::coral,
+              {buttons("osc2Wave", 1.7), single("osc2Semi", 1.3), single("osc2Fine"),
+               single("osc2Width"), single("osc2Level"), single("osc2Pan")},
+              "osc2On");
   return std::make_shared<Page>(
       std::vector<UISection>{{first, 7, 0, 1, 0},
                              {section("SUB", Colors::moss, row({"subLevel"})), 1, 0, 1, 0},
@@ -87,8 +89,8 @@ std::shared_ptr<Page> voicePage() {
   const auto unison = section("UNISON", Colors::sky,
                               row({"unisonVoices", "unisonDetune", "unisonSpread"}), "unisonOn");
   const auto fm = section("FREQUENCY MODULATION", Colors::violet, row({"fmAmount", "fmRatio"}));
-  const auto touch = section("TOUCH", Colors::rose,
-                             row({"velocityLevel", "velocityCutoff", "pressureCutoff"}));
+  const auto touch =
+      section("TOUCH", Colors::rose, row({"velocityLevel", "velocityCutoff", "pressureCutoff"}));
   const auto pitch = section("PITCH", Colors::sand, row({"bendRange", "tune"}));
   return std::make_shared<Page>(
       std::vector<UISection>{
@@ -97,36 +99,33 @@ std::shared_ptr<Page> voicePage() {
 }
 
 std::shared_ptr<Page> filterPage() {
-  const auto filter = section(
-      "FILTER", Colors::teal,
-      std::vector<UIColumn>{buttons("filterType", 3)} +
-          row({"cutoff", "resonance", "filterEnvelope", "keytrack", "filterDrive"}),
-      "filterOn");
+  const auto filter =
+      section("FILTER", Colors::teal,
+              std::vector<UIColumn>{buttons("filterType", 3)} +
+                  row({"cutoff", "resonance", "filterEnvelope", "keytrack", "filterDrive"}),
+              "filterOn");
   const auto filterEnvelope =
       section("FILTER ENVELOPE", Colors::sky,
               row({"filterAttack", "filterDecay", "filterSustain", "filterRelease"}));
   const auto ampEnvelope = section("AMP ENVELOPE", Colors::moss,
                                    row({"ampAttack", "ampDecay", "ampSustain", "ampRelease"}),
                                    std::nullopt, "levelLight");
-  return std::make_shared<Page>(std::vector<UISection>{{filter, 8, 0, 1, 0},
-                                                       {filterEnvelope, 4, 1, 1, 0},
-                                                       {ampEnvelope, 4, 1, 1, 0}},
-                                "FILTER");
+  return std::make_shared<Page>(
+      std::vector<UISection>{
+          {filter, 8, 0, 1, 0}, {filterEnvelope, 4, 1, 1, 0}, {ampEnvelope, 4, 1, 1, 0}},
+      "FILTER");
 }
 
 std::shared_ptr<Page> modulationPage() {
-  const auto first = section("LFO 1", Colors::violet,
-                             std::vector<UIColumn>{single("lfo1Wave"),
-                                                   timeColumn("lfo1Rate", "lfo1Division",
-                                                              "lfo1Sync")} +
-                                 row({"lfo1Phase", "lfo1Cutoff", "lfo1Width", "lfo1Level"}),
-                             "lfo1On", "lfo1Light");
-  const auto second =
-      section("LFO 2", Colors::sky,
-              std::vector<UIColumn>{single("lfo2Wave"),
-                                    timeColumn("lfo2Rate", "lfo2Beats", "lfo2Sync")} +
-                  row({"lfo2Fade", "lfo2Pitch", "lfo2Pan", "wheelVibrato"}),
-              "lfo2On", "lfo2Light");
+  const auto first =
+      section("LFO 1", Colors::violet,
+              row({"lfo1Wave"}) + timeColumns("lfo1Rate", "lfo1Division", "lfo1Sync") +
+                  row({"lfo1Phase", "lfo1Cutoff", "lfo1Width", "lfo1Level"}),
+              "lfo1On", "lfo1Light");
+  const auto second = section("LFO 2", Colors::sky,
+                              row({"lfo2Wave"}) + timeColumns("lfo2Rate", "lfo2Beats", "lfo2Sync") +
+                                  row({"lfo2Fade", "lfo2Pitch", "lfo2Pan", "wheelVibrato"}),
+                              "lfo2On", "lfo2Light");
   return std::make_shared<Page>(std::vector<UISection>{{first, 1, 0, 1, 0}, {second, 1, 1, 1, 0}},
                                 "MOD");
 }
@@ -134,16 +133,15 @@ std::shared_ptr<Page> modulationPage() {
 std::shared_ptr<Page> effectsPage() {
   const auto drive = section("DRIVE", Colors::coral, row({"driveAmount", "driveTone", "driveMix"}),
                              "driveOn", "clipLight");
-  const auto chorus = section("CHORUS", Colors::teal,
-                              row({"chorusRate", "chorusDepth", "chorusMix"}), "chorusOn");
+  const auto chorus =
+      section("CHORUS", Colors::teal, row({"chorusRate", "chorusDepth", "chorusMix"}), "chorusOn");
   const auto delay = section("DELAY", Colors::moss,
-                             std::vector<UIColumn>{timeColumn("delayTime", "delayDivision",
-                                                              "delaySync")} +
+                             timeColumns("delayTime", "delayDivision", "delaySync") +
                                  row({"delayFeedback", "delayTone", "delayMix"}),
                              "delayOn");
-  const auto reverb = section(
-      "REVERB", Colors::violet,
-      row({"reverbPredelay", "reverbDecay", "reverbTone", "reverbMix"}), "reverbOn");
+  const auto reverb =
+      section("REVERB", Colors::violet,
+              row({"reverbPredelay", "reverbDecay", "reverbTone", "reverbMix"}), "reverbOn");
   return std::make_shared<Page>(
       std::vector<UISection>{
           {drive, 3, 0, 1, 0}, {delay, 4, 0, 1, 0}, {chorus, 3, 1, 1, 0}, {reverb, 4, 1, 1, 0}},

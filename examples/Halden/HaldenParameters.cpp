@@ -41,6 +41,14 @@ ParameterDescription onOff(std::string key, std::string name, bool standard) {
   return number(std::move(key), std::move(name), Unit::boolean, 0, 1, standard ? 1 : 0);
 }
 
+ParameterDescription octave(std::string key, std::string name) {
+  ParameterDescription description =
+      choice(std::move(key), std::move(name), {"-3", "-2", "-1", "0", "+1", "+2", "+3"}, 0);
+  description.minValue = -3;
+  description.maxValue = 3;
+  return description;
+}
+
 /// The player's own: not for the dice.
 ParameterDescription kept(ParameterDescription description) {
   description.randomizable = false;
@@ -83,7 +91,7 @@ std::vector<std::string> divisionNames() {
 std::vector<ParameterDescription> parameterDescriptions() {
   std::vector<ParameterDescription> all{
       choice("osc1Wave", "Osc 1 Wave", waves(), 2),
-      number("osc1Octave", "Osc 1 Octave", Unit::octaves, -3, 3, 0),
+      octave("osc1Octave", "Osc 1 Octave"),
       number("osc1Fine", "Osc 1 Fine", Unit::cents, -50, 50, 0),
       live(number("osc1Width", "Osc 1 Width", Unit::percent, 5, 95, 50)),
       number("osc1Level", "Osc 1 Level", Unit::decibels, -48, 0, -3),
@@ -109,7 +117,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("wheelVibrato", "Wheel to Vibrato", Unit::cents, 0, 200, 50),
       kept(number("bendRange", "Bend Range", Unit::relativeSemiTones, 0, 24, 2)),
       onOff("filterOn", "Filter", true),
-      choice("filterType", "Filter Type", {"LP 24", "LP 12", "Band", "High", "Notch"}, 0),
+      choice("filterType", "Filter Type", {"LP 24", "LP 12", "Band", "High", "Notch", "Peak"}, 0),
       live(number("cutoff", "Cutoff", Unit::hertz, 20, 20000, 900)),
       number("resonance", "Resonance", Unit::percent, 0, 100, 18),
       number("filterDrive", "Filter Drive", Unit::decibels, 0, 24, 3),

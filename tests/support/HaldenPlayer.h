@@ -24,9 +24,18 @@ class HaldenPlayer {
   }
   /// Nothing but one plain wave at full level.
   void setBare(const std::map<std::string, float>& values = {}) {
-    set({{"osc1Pan", 0},   {"osc1Level", 0},   {"osc2On", 0},    {"subLevel", -48},
-         {"filterOn", 0},  {"chorusOn", 0},    {"reverbOn", 0},  {"lfo1Cutoff", 0},
-         {"lfo2Pitch", 0}, {"ampSustain", 100}, {"volume", -6},  {"velocityLevel", 0}});
+    set({{"osc1Pan", 0},
+         {"osc1Level", 0},
+         {"osc2On", 0},
+         {"subLevel", -48},
+         {"filterOn", 0},
+         {"chorusOn", 0},
+         {"reverbOn", 0},
+         {"lfo1Cutoff", 0},
+         {"lfo2Pitch", 0},
+         {"ampSustain", 100},
+         {"volume", -6},
+         {"velocityLevel", 0}});
     set(values);
     // A new format forgets where the values were, so that none of them glides.
     unit.allocateRenderResources(sampleRate, blockFrames_);
@@ -48,8 +57,8 @@ class HaldenPlayer {
     right.resize(begin + frames);
     std::vector<platform::MidiEvent> due;
     for (std::size_t done = 0; done < frames; done += blockFrames_) {
-      const auto count = static_cast<std::uint32_t>(
-          std::min<std::size_t>(blockFrames_, frames - done));
+      const auto count =
+          static_cast<std::uint32_t>(std::min<std::size_t>(blockFrames_, frames - done));
       due.clear();
       for (const platform::MidiEvent& event : events_) {
         if (event.frame < done || event.frame >= done + count) continue;
@@ -67,9 +76,7 @@ class HaldenPlayer {
     }
     events_.clear();
   }
-  void renderSeconds(double seconds) {
-    render(static_cast<std::size_t>(seconds * sampleRate));
-  }
+  void renderSeconds(double seconds) { render(static_cast<std::size_t>(seconds * sampleRate)); }
   void clear() {
     left.clear();
     right.clear();

@@ -145,6 +145,8 @@ DescribedParameter readParameter(ObjectReader& reader, std::size_t place) {
 
 void checkAttached(const DescribedParameter& parameter, const std::string& place,
                    const ParameterIndex& index, Problems& problems) {
+  // The names attached to a group of flags are those of its bits.
+  if (parameter.settings.controlType == kestroui::ControlType::bitFlagsGroup) return;
   const auto& attached = parameter.settings.attachedParameters;
   std::set<std::string> seen{parameter.audio.key};
   for (std::size_t i = 0; i < attached.size(); ++i) {

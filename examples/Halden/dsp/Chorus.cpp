@@ -20,15 +20,10 @@ void Chorus::reset() {
   for (DelayLine& line : lines_) line.clear();
   for (OnePole& filter : lowCut_) filter.reset();
   phase_ = 0;
-  resting_ = true;
 }
 
 void Chorus::process(const Settings& settings, int begin, int count, float* left, float* right) {
-  if (settings.amount.isZero()) {
-    if (!resting_) reset();
-    return;
-  }
-  resting_ = false;
+  const bool off = settings.amount.isZero();
   const float lowCut = OnePole::share(140, sampleRate_);
   const float increment = settings.rate / sampleRate_;
   for (int i = 0; i < count; ++i) {
@@ -37,6 +32,7 @@ void Chorus::process(const Settings& settings, int begin, int count, float* left
     lines_[1].push(lowCut_[1].high(right[i], lowCut));
     phase_ += increment;
     if (phase_ >= 1) phase_ -= 1;
+    if (off) continue;
 
     const float depth = depthSeconds * settings.depth.at(at);
     const auto delayAt = [&](float offset) {

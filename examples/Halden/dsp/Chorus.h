@@ -8,6 +8,7 @@
 namespace halden {
 
 /// Three slowly moving copies of the sound, spread over left and right, with the bass kept still.
+/// Switched off it goes on listening, so that its copies are there when it begins.
 class Chorus {
  public:
   struct Settings {
@@ -28,7 +29,6 @@ class Chorus {
   std::array<OnePole, 2> lowCut_;
   float sampleRate_ = 48000;
   float phase_ = 0;
-  bool resting_ = true;
 };
 
 }  // namespace halden

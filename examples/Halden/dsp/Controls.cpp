@@ -6,7 +6,7 @@
 namespace halden {
 namespace {
 
-constexpr float smoothingSeconds = 0.006f;
+constexpr float smoothingSeconds = 0.004f;
 constexpr float silentLevel = -48;
 
 float cutoffToPitch(float hertz) { return 69 + 12 * std::log2(std::max(hertz, 1.0f) / 440); }
@@ -30,6 +30,29 @@ bool isDiscrete(Param param) {
     default:
       return false;
   }
+}
+
+/// What a parameter is while it glides: levels move as gains and the cutoff as a pitch.
+float smoothedForm(Param param, float value) {
+  switch (param) {
+    case Param::osc1Level:
+    case Param::osc2Level:
+    case Param::subLevel:
+    case Param::noiseLevel:
+      return levelToGain(value, silentLevel);
+    case Param::volume:
+      return levelToGain(value, -60);
+    case Param::cutoff:
+      return cutoffToPitch(value);
+    default:
+      return value;
+  }
+}
+
+/// A share of the way, and the rest at once when it is next to nothing.
+void approach(float& value, float aim, float share) {
+  const float way = aim - value;
+  value = std::abs(way) <= 1e-5f * (1 + std::abs(aim)) ? aim : value + share * way;
 }
 
 /// Gain on the left at a place from -1 to 1, 1 in the middle; on the right at the mirrored place.
@@ -61,6 +84,7 @@ void Controls::reset() {
   lfo1_.reset(11);
   lfo2_.reset(23);
   frame_ = {};
+  early_ = {};
   now_ = {};
   hands_ = {};
   waves_ = {};
@@ -84,12 +108,12 @@ const ControlFrame& Controls::advance(const ParamValues& target, const Performan
   const int passes = fresh_ ? 2 : 1;
   share_ = fresh_ ? 1 : smoothingShare(smoothingSeconds, sampleRate_, static_cast<float>(length));
   smooth(target, performance);
-  advanceLfos(target);
+  advanceLfos();
   for (int pass = 0; pass < passes; ++pass) {
-    unisonFrame(target);
-    voiceFrame(target);
-    filterFrame(target);
-    effectsFrame(target);
+    unisonFrame();
+    voiceFrame();
+    filterFrame();
+    effectsFrame();
   }
   fresh_ = false;
   return frame_;
@@ -97,21 +121,22 @@ const ControlFrame& Controls::advance(const ParamValues& target, const Performan
 
 void Controls::smooth(const ParamValues& target, const Performance& performance) {
   for (std::size_t i = 0; i < paramCount; ++i) {
+    if (!std::isfinite(target.at(i))) continue;
     const auto param = static_cast<Param>(i);
     if (isDiscrete(param)) {
       now_.at(i) = target.at(i);
       continue;
     }
-    const float aim = param == Param::cutoff ? cutoffToPitch(target.at(i)) : target.at(i);
-    const float way = aim - now_.at(i);
-    now_.at(i) = std::abs(way) <= 1e-5f * (1 + std::abs(aim)) ? aim : now_.at(i) + share_ * way;
+    const float aim = smoothedForm(param, target.at(i));
+    approach(early_.at(i), aim, share_);
+    approach(now_.at(i), early_.at(i), share_);
   }
   hands_.bend += share_ * (performance.bend - hands_.bend);
   hands_.wheel += share_ * (performance.wheel - hands_.wheel);
   hands_.pressure += share_ * (performance.pressure - hands_.pressure);
 }
 
-void Controls::advanceLfos(const ParamValues& target) {
+void Controls::advanceLfos() {
   const float seconds = static_cast<float>(length_) / sampleRate_;
   const float beatsPerSecond = tempo_ / 60;
   const auto run = [&](Lfo& lfo, int wave, float hertz, bool synced, float beats, float offset) {
@@ -126,22 +151,21 @@ void Controls::advanceLfos(const ParamValues& target) {
                 seconds);
     return lfo.value();
   };
-  lfo1Value_ = run(lfo1_, target.index(Param::lfo1Wave), now_[Param::lfo1Rate],
-                   target.isOn(Param::lfo1Sync), divisionBeats(target.index(Param::lfo1Division)),
-                   now_[Param::lfo1Phase] / 360);
-  lfo2Value_ = run(lfo2_, target.index(Param::lfo2Wave), now_[Param::lfo2Rate],
-                   target.isOn(Param::lfo2Sync), std::max(1.0f, std::round(now_[Param::lfo2Beats])),
-                   0);
+  lfo1Value_ =
+      run(lfo1_, now_.index(Param::lfo1Wave), now_[Param::lfo1Rate], now_.isOn(Param::lfo1Sync),
+          divisionBeats(now_.index(Param::lfo1Division)), now_[Param::lfo1Phase] / 360);
+  lfo2Value_ =
+      run(lfo2_, now_.index(Param::lfo2Wave), now_[Param::lfo2Rate], now_.isOn(Param::lfo2Sync),
+          std::max(1.0f, std::round(now_[Param::lfo2Beats])), 0);
   lfo1Depth_ = now_[Param::lfo1On] * lfo1Value_;
   lfo2Depth_ = now_[Param::lfo2On] * lfo2Value_;
   beat_ += static_cast<double>(seconds * beatsPerSecond);
 }
 
-void Controls::unisonFrame(const ParamValues& target) {
-  const int voices =
-      target.isOn(Param::unisonOn)
-          ? std::clamp(target.index(Param::unisonVoices), 1, static_cast<int>(maximumUnison))
-          : 1;
+void Controls::unisonFrame() {
+  const int voices = now_.isOn(Param::unisonOn) ? std::clamp(now_.index(Param::unisonVoices), 1,
+                                                             static_cast<int>(maximumUnison))
+                                                : 1;
   const float detune = now_[Param::unisonDetune] / 100;
   for (int i = 0; i < static_cast<int>(maximumUnison); ++i) {
     Copy& copy = copies_[static_cast<std::size_t>(i)];
@@ -153,8 +177,7 @@ void Controls::unisonFrame(const ParamValues& target) {
     if (sounds) copy.place = copy.gain == 0 ? place : copy.place + share_ * (place - copy.place);
     copy.gain += share_ * (gain - copy.gain);
     if (std::abs(gain - copy.gain) < 1e-4f) copy.gain = gain;
-    frame_.detune[static_cast<std::size_t>(i)] =
-        semitonesToRatio(0.5f * detune * copy.place);
+    frame_.detune[static_cast<std::size_t>(i)] = semitonesToRatio(0.5f * detune * copy.place);
   }
 }
 
@@ -178,15 +201,14 @@ void Controls::oscillatorFrame(std::size_t index, int wave, float width, float l
   }
 }
 
-void Controls::voiceFrame(const ParamValues& target) {
-  oscillatorFrame(0, target.index(Param::osc1Wave), now_[Param::osc1Width],
-                  levelToGain(now_[Param::osc1Level], silentLevel), now_[Param::osc1Pan],
-                  12 * now_[Param::osc1Octave] + now_[Param::osc1Fine] / 100);
-  oscillatorFrame(1, target.index(Param::osc2Wave), now_[Param::osc2Width],
-                  now_[Param::osc2On] * levelToGain(now_[Param::osc2Level], silentLevel),
-                  now_[Param::osc2Pan], now_[Param::osc2Semi] + now_[Param::osc2Fine] / 100);
-  frame_.sub.moveTo(levelToGain(now_[Param::subLevel], silentLevel), length_);
-  frame_.noise.moveTo(levelToGain(now_[Param::noiseLevel], silentLevel), length_);
+void Controls::voiceFrame() {
+  oscillatorFrame(0, now_.index(Param::osc1Wave), now_[Param::osc1Width], now_[Param::osc1Level],
+                  now_[Param::osc1Pan], 12 * now_[Param::osc1Octave] + now_[Param::osc1Fine] / 100);
+  oscillatorFrame(1, now_.index(Param::osc2Wave), now_[Param::osc2Width],
+                  now_[Param::osc2On] * now_[Param::osc2Level], now_[Param::osc2Pan],
+                  now_[Param::osc2Semi] + now_[Param::osc2Fine] / 100);
+  frame_.sub.moveTo(now_[Param::subLevel], length_);
+  frame_.noise.moveTo(now_[Param::noiseLevel], length_);
   const float fm = now_[Param::fmAmount] / 100;
   frame_.fmDepth.moveTo(1.2f * fm * fm, length_);
   frame_.fmRatio = now_[Param::fmRatio];
@@ -205,9 +227,9 @@ void Controls::voiceFrame(const ParamValues& target) {
   frame_.right.moveTo(tremolo * panGain(-place), length_);
 }
 
-void Controls::filterFrame(const ParamValues& target) {
-  enum { steepLow, low, band, high, notch };
-  filterType_.moveTo(std::clamp(target.index(Param::filterType), 0, 4), share_);
+void Controls::filterFrame() {
+  enum { steepLow, low, band, high, notch, peak };
+  filterType_.moveTo(std::clamp(now_.index(Param::filterType), 0, 5), share_);
   const auto& type = filterType_.shares;
 
   frame_.cutoffPitch = now_[Param::cutoff] + lfo1Depth_ * now_[Param::lfo1Cutoff] +
@@ -225,8 +247,8 @@ void Controls::filterFrame(const ParamValues& target) {
 
   frame_.filterAmount.moveTo(now_[Param::filterOn], length_);
   frame_.steep.moveTo(type[steepLow], length_);
-  frame_.low.moveTo(type[low] + type[notch], length_);
-  frame_.high.moveTo(type[high] + type[notch], length_);
+  frame_.low.moveTo(type[low] + type[notch] + type[peak], length_);
+  frame_.high.moveTo(type[high] + type[notch] - type[peak], length_);
   // The band's own peak is Q high: brought down so that noise through it stays as loud.
   frame_.band.moveTo(type[band] * 1 / std::sqrt(q), length_);
 
@@ -247,7 +269,7 @@ float Controls::divisionSeconds(int division) const {
   return divisionBeats(division) * 60 / tempo_;
 }
 
-void Controls::effectsFrame(const ParamValues& target) {
+void Controls::effectsFrame() {
   EffectsFrame& effects = frame_.effects;
 
   const float drive = decibelsToGain(now_[Param::driveAmount]);
@@ -266,9 +288,9 @@ void Controls::effectsFrame(const ParamValues& target) {
   effects.delay.mix.moveTo(now_[Param::delayMix] / 100, length_);
   effects.delay.feedback.moveTo(now_[Param::delayFeedback] / 100, length_);
   effects.delay.toneFrequency = now_[Param::delayTone];
-  effects.delay.seconds = target.isOn(Param::delaySync)
-                              ? divisionSeconds(target.index(Param::delayDivision))
-                              : target[Param::delayTime] / 1000;
+  effects.delay.seconds = now_.isOn(Param::delaySync)
+                              ? divisionSeconds(now_.index(Param::delayDivision))
+                              : now_[Param::delayTime] / 1000;
 
   effects.reverb.amount.moveTo(now_[Param::reverbOn], length_);
   effects.reverb.mix.moveTo(now_[Param::reverbMix] / 100, length_);
@@ -276,7 +298,7 @@ void Controls::effectsFrame(const ParamValues& target) {
   effects.reverb.decay = now_[Param::reverbDecay];
   effects.reverb.toneFrequency = now_[Param::reverbTone];
 
-  effects.volume.moveTo(levelToGain(now_[Param::volume], -60), length_);
+  effects.volume.moveTo(now_[Param::volume], length_);
 }
 
 }  // namespace halden

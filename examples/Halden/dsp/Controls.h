@@ -41,20 +41,21 @@ class Controls {
     std::array<float, count> shares{};
     void moveTo(int chosen, float share);
   };
-  static constexpr std::size_t filterTypes = 5;
+  static constexpr std::size_t filterTypes = 6;
 
   void smooth(const ParamValues& target, const Performance& performance);
-  void advanceLfos(const ParamValues& target);
+  void advanceLfos();
   void oscillatorFrame(std::size_t index, int wave, float width, float level, float pan,
                        float semitones);
-  void unisonFrame(const ParamValues& target);
-  void filterFrame(const ParamValues& target);
-  void voiceFrame(const ParamValues& target);
-  void effectsFrame(const ParamValues& target);
+  void unisonFrame();
+  void filterFrame();
+  void voiceFrame();
+  void effectsFrame();
   float divisionSeconds(int division) const;
 
   ControlFrame frame_;
-  ParamValues now_;
+  /// Smoothed once and twice; levels as gains, the cutoff as pitch.
+  ParamValues early_, now_;
   Performance hands_;
   std::array<Choice<static_cast<std::size_t>(waveCount)>, 2> waves_;
   Choice<filterTypes> filterType_;

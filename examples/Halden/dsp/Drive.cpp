@@ -38,7 +38,8 @@ const std::array<float, 8>& halfBand() {
 float symmetricSum(const float* newest) {
   const auto& h = halfBand();
   float sum = 0;
-  for (int i = 0; i < 8; ++i) sum += h[static_cast<std::size_t>(i)] * (newest[7 - i] + newest[8 + i]);
+  for (int i = 0; i < 8; ++i)
+    sum += h[static_cast<std::size_t>(i)] * (newest[7 - i] + newest[8 + i]);
   return sum;
 }
 
@@ -51,7 +52,6 @@ void Drive::setSampleRate(float sampleRate) {
 
 void Drive::reset() {
   for (Channel& channel : channels_) channel = {};
-  resting_ = true;
 }
 
 float Drive::Channel::process(float input, float gain) {
@@ -74,11 +74,6 @@ float Drive::Channel::process(float input, float gain) {
 }
 
 void Drive::process(const Settings& settings, int begin, int count, float* left, float* right) {
-  if (settings.amount.isZero()) {
-    if (!resting_) reset();
-    return;
-  }
-  resting_ = false;
   const float toneShare = OnePole::share(settings.toneFrequency, sampleRate_);
   float* const sides[2] = {left, right};
   for (int side = 0; side < 2; ++side) {

@@ -7,7 +7,8 @@
 namespace halden {
 
 /// Soft clipping of a stereo sound at twice the sample rate, so that little of what it adds folds
-/// back. While it is on its sound is `latency` samples late; switched off it costs nothing.
+/// back. While it is on its sound is `latency` samples late. Switched off it goes on unheard, so that
+/// it begins without a click.
 class Drive {
  public:
   static constexpr int latency = 15;
@@ -41,7 +42,6 @@ class Drive {
 
   std::array<Channel, 2> channels_;
   float sampleRate_ = 48000;
-  bool resting_ = true;
 };
 
 }  // namespace halden

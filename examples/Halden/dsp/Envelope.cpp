@@ -7,16 +7,16 @@ namespace {
 
 /// How far beyond its end a segment aims, as a share of the full level. Attacks bend a little;
 /// falls are straight lines in decibels down to -70 dB.
-constexpr float attackOvershoot = 0.3f;
-constexpr float fallOvershoot = 0.0003f;
-constexpr float fadeSeconds = 0.006f;
+constexpr double attackOvershoot = 0.3;
+constexpr double fallOvershoot = 0.0003;
+constexpr double fadeSeconds = 0.006;
 
 }  // namespace
 
-void Envelope::setSegment(Segment& segment, float seconds, float overshoot) const {
+void Envelope::setSegment(Segment& segment, float seconds, double overshoot) const {
   if (seconds == segment.seconds) return;
   segment.seconds = seconds;
-  const float samples = std::fmax(1.0f, seconds * sampleRate_);
+  const double samples = std::fmax(1.0, double{seconds} * sampleRate_);
   segment.share = 1 - std::exp(-std::log((1 + overshoot) / overshoot) / samples);
 }
 
@@ -24,17 +24,18 @@ void Envelope::setTimes(const Times& times) {
   setSegment(attack_, times.attack, attackOvershoot);
   setSegment(decay_, times.decay, fallOvershoot);
   setSegment(release_, times.release, fallOvershoot);
-  setSegment(fade_, fadeSeconds, fallOvershoot);
   sustain_ = times.sustain;
 }
 
 void Envelope::fadeOut() {
-  if (stage_ != Stage::idle) stage_ = Stage::fade;
+  if (stage_ == Stage::idle || stage_ == Stage::fade) return;
+  fadeStep_ = level_ / (fadeSeconds * sampleRate_);
+  stage_ = Stage::fade;
 }
 
 void Envelope::reset() {
   level_ = 0;
-  attack_.seconds = decay_.seconds = release_.seconds = fade_.seconds = -1;
+  attack_.seconds = decay_.seconds = release_.seconds = -1;
   stage_ = Stage::idle;
 }
 
@@ -52,20 +53,20 @@ float Envelope::process() {
     case Stage::hold:
       level_ += decay_.share * (sustain_ - level_);
       // An end to the approach, which would otherwise reach numbers that are slow to compute with.
-      if (std::abs(sustain_ - level_) < 1e-6f) level_ = sustain_;
+      if (std::abs(sustain_ - level_) < 1e-6) level_ = sustain_;
       break;
     case Stage::release:
-    case Stage::fade: {
-      const float share = stage_ == Stage::release ? release_.share : fade_.share;
-      level_ -= share * (level_ + fallOvershoot);
-      if (level_ <= 0) {
-        level_ = 0;
-        stage_ = Stage::idle;
-      }
+      level_ -= release_.share * (level_ + fallOvershoot);
       break;
-    }
+    case Stage::fade:
+      level_ -= fadeStep_;
+      break;
   }
-  return level_;
+  if (isReleased() && level_ <= 0) {
+    level_ = 0;
+    stage_ = Stage::idle;
+  }
+  return level();
 }
 
 }  // namespace halden

@@ -23,12 +23,13 @@ class Envelope {
   void release() {
     if (stage_ != Stage::idle) stage_ = Stage::release;
   }
-  /// Silent within a few milliseconds whatever the release is: for a stolen voice.
+  /// Silent after six milliseconds, in a straight line, whatever the release is: for a voice that
+  /// is stolen.
   void fadeOut();
   void reset();
 
   float process();
-  float level() const { return level_; }
+  float level() const { return static_cast<float>(level_); }
   bool isIdle() const { return stage_ == Stage::idle; }
   bool isReleased() const { return stage_ == Stage::release || stage_ == Stage::fade; }
 
@@ -37,16 +38,18 @@ class Envelope {
   /// A segment moves by its share of the way to an aim that lies a little beyond its end, which
   /// is why it gets there in finite time.
   struct Segment {
-    float share = 1;
+    double share = 1;
     float seconds = -1;
   };
 
-  void setSegment(Segment& segment, float seconds, float overshoot) const;
+  void setSegment(Segment& segment, float seconds, double overshoot) const;
 
   float sampleRate_ = 48000;
-  float level_ = 0;
-  float sustain_ = 1;
-  Segment attack_, decay_, release_, fade_;
+  /// In double: at high rates the steps of a long segment are less than a float's last digit.
+  double level_ = 0;
+  double sustain_ = 1;
+  Segment attack_, decay_, release_;
+  double fadeStep_ = 0;
   Stage stage_ = Stage::idle;
 };
 

@@ -113,9 +113,8 @@ void Oscillator::render(const Settings& settings, int begin, int count, float* o
   add(Wave::triangle, [&](int i) { return triangle(phases[i], increments[i], lengths[i]); });
   add(Wave::saw, [&](int i) { return saw(phases[i], lengths[i]); });
   add(Wave::square, [&](int i) { return pulse(phases[i], lengths[i], 0.5f); });
-  add(Wave::pulse, [&](int i) {
-    return pulse(phases[i], lengths[i], settings.width.at(begin + i));
-  });
+  add(Wave::pulse,
+      [&](int i) { return pulse(phases[i], lengths[i], settings.width.at(begin + i)); });
   add(Wave::noise, [&](int) { return noiseGain * random_.bipolar(); });
 }
 

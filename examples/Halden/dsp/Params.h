@@ -108,6 +108,7 @@ class ParamValues {
   /// The value of a parameter that counts or chooses.
   int index(Param param) const {
     const float value = (*this)[param];
+    if (!(value > -1e6f && value < 1e6f)) return 0;
     return static_cast<int>(value < 0 ? value - 0.5f : value + 0.5f);
   }
 

@@ -64,13 +64,15 @@ void Reverb::process(const Settings& settings, int begin, int count, float* left
   const bool off = settings.amount.isZero();
   if (off && resting_) return;
   const float predelay = std::clamp(settings.predelay, 0.0f, longestPredelay) * sampleRate_ + 1;
-  if (resting_) predelay_ = predelay;
-  resting_ = false;
-
   std::array<float, lineCount> gains;
   for (std::size_t i = 0; i < lineCount; ++i) {
     gains[i] = decibelsToGain(-60 * lengths_[i] / (std::max(settings.decay, 0.05f) * sampleRate_));
   }
+  if (resting_) {
+    predelay_ = predelay;
+    gains_ = gains;
+  }
+  resting_ = false;
   const float tone = OnePole::share(settings.toneFrequency, sampleRate_);
   const float lowCut = OnePole::share(90, sampleRate_);
   const float breath = breathMilliseconds * 0.001f * sampleRate_;
@@ -93,9 +95,11 @@ void Reverb::process(const Settings& settings, int begin, int count, float* left
     std::array<float, lineCount> x;
     for (std::size_t n = 0; n < lineCount; ++n) {
       const bool breathing = n == 2 || n == 5;
-      const float raw = breathing ? lines_[n].read(lengths_[n] - (n == 2 ? swing : 2 * breath - swing))
-                                  : lines_[n].tap(static_cast<std::size_t>(lengths_[n]));
-      x[n] = damping_[n].low(raw, tone) * gains[n];
+      const float raw = breathing
+                            ? lines_[n].read(lengths_[n] - (n == 2 ? swing : 2 * breath - swing))
+                            : lines_[n].tap(static_cast<std::size_t>(lengths_[n]));
+      gains_[n] += (gains[n] - gains_[n]) * glide;
+      x[n] = damping_[n].low(raw, tone) * gains_[n];
     }
     const float wetLeft = x[0] + x[2] - x[4] + x[6];
     const float wetRight = x[1] - x[3] + x[5] + x[7];

@@ -41,6 +41,8 @@ class Reverb {
   std::array<DelayLine, lineCount> lines_;
   std::array<float, lineCount> lengths_{};
   std::array<OnePole, lineCount> damping_;
+  /// By which each turn of a line is weaker; glides to what the decay asks for.
+  std::array<float, lineCount> gains_{};
   std::array<AllPass, 4> blur_;
   std::array<DelayLine, 2> early_;
   OnePole lowCut_[2];

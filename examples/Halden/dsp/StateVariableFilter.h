@@ -38,10 +38,12 @@ class StateVariableFilter {
   }
 
  private:
-  /// Leaves what is below 1 all but alone (1 % at 1) and never passes 6.
+  /// Leaves what is below 1.5 alone and never passes 6.
   static float limited(float x) {
-    constexpr float ceiling = 6;
-    return ceiling * softClip(x * (1 / ceiling));
+    constexpr float knee = 1.5f, rest = 4.5f;
+    const float size = std::abs(x);
+    if (size <= knee) return x;
+    return std::copysign(knee + rest * softClip((size - knee) * (1 / rest)), x);
   }
 
   float first_ = 0;

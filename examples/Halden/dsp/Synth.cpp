@@ -1,6 +1,5 @@
 #include "examples/Halden/dsp/Synth.h"
 
-
 #include "Quillon/MidiMessage.h"
 
 namespace halden {
@@ -103,10 +102,10 @@ void Synth::render(const ParamValues& params, std::span<const platform::MidiEven
                    int frames) {
   // The song's place is given for the block's first sample, the LFOs ask at a frame's first.
   const double untilFrame = frameLength_ - framePosition_;
-  controls_.setTransport(static_cast<float>(transport.tempo),
-                         transport.beatPosition +
-                             untilFrame / static_cast<double>(sampleRate_) * transport.tempo / 60,
-                         transport.isPlaying);
+  controls_.setTransport(
+      static_cast<float>(transport.tempo),
+      transport.beatPosition + untilFrame / static_cast<double>(sampleRate_) * transport.tempo / 60,
+      transport.isPlaying);
   std::size_t next = 0;
   int done = 0;
   while (done < frames) {
@@ -163,9 +162,8 @@ void Synth::finish(float* left, float* right, int count) {
     framePosition_ = frameLength_ - count;
     return;
   }
-  quietSamples_ = loudest > inaudible || !voices_.isSilent()
-                      ? 0
-                      : quietSamples_ + static_cast<double>(count);
+  quietSamples_ =
+      loudest > inaudible || !voices_.isSilent() ? 0 : quietSamples_ + static_cast<double>(count);
 }
 
 float Synth::newestCutoff() const {

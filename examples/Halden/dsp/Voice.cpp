@@ -90,9 +90,8 @@ void Voice::advancePitch(const ControlFrame& frame) {
 }
 
 void Voice::setIncrements(const ControlFrame& frame) {
-  const float fade = frame.vibratoFadeSeconds > 0.001f
-                         ? std::min(age_ / frame.vibratoFadeSeconds, 1.0f)
-                         : 1.0f;
+  const float fade =
+      frame.vibratoFadeSeconds > 0.001f ? std::min(age_ / frame.vibratoFadeSeconds, 1.0f) : 1.0f;
   const float pitch = pitch_ + frame.vibrato * fade + frame.wheelVibrato;
   for (std::size_t i = 0; i < oscillators_.size(); ++i) {
     const float base = hertz(pitch + frame.oscillators[i].semitones) / sampleRate_;

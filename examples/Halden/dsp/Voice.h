@@ -23,7 +23,7 @@ class Voice {
   /// Goes on as another note, or the same again.
   void continueAs(int note, float velocity, bool retrigger, const ControlFrame& frame);
   void release();
-  /// As good as silent after six milliseconds.
+  /// Silent after six milliseconds.
   void fadeOut() { ampEnvelope_.fadeOut(); }
 
   void beginFrame(const ControlFrame& frame);

@@ -1,0 +1,78 @@
+#include "backends/lv2/EditorInstance.h"
+
+#include <cmath>
+
+namespace juce {
+// Not declared in any header; JUCE's own formats declare it in the same way.
+bool dispatchNextMessageOnSystemQueue(bool returnIfNoPendingMessages);
+}  // namespace juce
+
+namespace lv2_backend {
+namespace {
+
+/// Rounds of messages that one idle call may take: an editor that is always busy must not keep the
+/// host from its own work.
+constexpr int roundsPerIdle = 64;
+
+/// Hosts may make and idle an editor on different threads, as long as it is one at a time.
+void enter() { juce::MessageManager::getInstance()->setCurrentThreadAsMessageThread(); }
+
+}  // namespace
+
+EditorInstance::JuceSession::JuceSession() { enter(); }
+
+EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHost& host,
+                               const Place& place)
+    : parent_(place.parent, [this](int width, int height) { resize(width, height); }),
+      audioUnit_(entry.makeAudioUnit()),
+      ports_(audioUnit_, host),
+      component_(entry, audioUnit_) {
+  component_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
+  resize(static_cast<int>(std::lround(entry.preferredSize.width * place.scale)),
+         static_cast<int>(std::lround(entry.preferredSize.height * place.scale)));
+  component_.setVisible(true);
+  if (place.resize) {
+    const double pixels = pixelsPerUnit();
+    place.resize->ui_resize(place.resize->handle,
+                            static_cast<int>(std::lround(component_.getWidth() * pixels)),
+                            static_cast<int>(std::lround(component_.getHeight() * pixels)));
+  }
+}
+
+EditorInstance::~EditorInstance() {
+  enter();
+  component_.removeFromDesktop();
+}
+
+LV2UI_Widget EditorInstance::widget() const {
+  const juce::ComponentPeer* peer = component_.getPeer();
+  return peer ? peer->getNativeHandle() : nullptr;
+}
+
+double EditorInstance::pixelsPerUnit() const {
+  const juce::ComponentPeer* peer = component_.getPeer();
+  return peer ? peer->getPlatformScaleFactor() * component_.getDesktopScaleFactor() : 1;
+}
+
+void EditorInstance::resize(int width, int height) {
+  if (width <= 0 || height <= 0) return;
+  const double pixels = pixelsPerUnit();
+  component_.setSize(static_cast<int>(std::lround(width / pixels)),
+                     static_cast<int>(std::lround(height / pixels)));
+}
+
+void EditorInstance::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t format,
+                               const void* data) {
+  enter();
+  ports_.portEvent(port, size, format, data);
+}
+
+void EditorInstance::idle() {
+  enter();
+  ports_.announce();
+  parent_.poll();
+  for (int i = 0; i < roundsPerIdle; ++i)
+    if (!juce::dispatchNextMessageOnSystemQueue(true)) break;
+}
+
+}  // namespace lv2_backend

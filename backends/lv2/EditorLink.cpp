@@ -1,0 +1,157 @@
+#include "backends/lv2/EditorLink.h"
+
+#include <utility>
+
+#include "backends/lv2/PluginState.h"
+
+namespace lv2_backend {
+namespace {
+
+// What the worker is asked to do.
+constexpr char opened = 'o';
+constexpr char closed = 'c';
+constexpr char stateArrived = 's';
+
+constexpr double displayRate = 60;
+
+}  // namespace
+
+EditorLink::EditorLink(platform::AudioUnit& audioUnit, const Urids& urids, const LV2_URID_Map& map,
+                       const LV2_Worker_Schedule* schedule, std::mutex& access, double sampleRate)
+    : audioUnit_(audioUnit),
+      urids_(urids),
+      schedule_(schedule),
+      access_(access),
+      incoming_(std::make_unique<char[]>(stateCapacity)),
+      live_(audioUnit),
+      values_(live_.sources().size()),
+      sentValues_(values_.size()),
+      modulating_(values_.size()),
+      sentModulating_(values_.size()),
+      livePeriod_(static_cast<std::uint32_t>(sampleRate / displayRate)) {
+  // It maps a dozen URIs, once; the structure of the map is only read.
+  lv2_atom_forge_init(&forge_, const_cast<LV2_URID_Map*>(&map));
+}
+
+EditorLink::~EditorLink() {
+  delete outgoing_.load();
+  freeSent();
+}
+
+bool EditorLink::schedule(char request) {
+  return schedule_ && schedule_->schedule_work(schedule_->handle, 1, &request) ==
+                          LV2_WORKER_SUCCESS;
+}
+
+void EditorLink::receive(const LV2_Atom_Object& object) {
+  const EditorMessage message = EditorMessage::read(object, urids_);
+  switch (message.kind) {
+    case EditorMessage::Kind::opened:
+      schedule(opened);
+      liveIsStale_ = true;
+      break;
+    case EditorMessage::Kind::closed:
+      schedule(closed);
+      break;
+    case EditorMessage::Kind::state:
+      // One that comes before the worker has taken the last is lost: people are not that fast.
+      if (message.state.size() > stateCapacity ||
+          incomingBusy_.load(std::memory_order_acquire))
+        break;
+      incomingSize_ = message.state.copy(incoming_.get(), stateCapacity);
+      incomingBusy_.store(true, std::memory_order_release);
+      if (!schedule(stateArrived)) incomingBusy_.store(false, std::memory_order_relaxed);
+      break;
+    case EditorMessage::Kind::live:
+    case EditorMessage::Kind::other:
+      break;
+  }
+}
+
+void EditorLink::work(std::string_view request) {
+  if (request == std::string_view(&opened, 1)) {
+    const std::lock_guard lock(access_);
+    audioUnit_.hasUI(true);
+    isOpen_.store(true, std::memory_order_release);
+    sendState();
+  } else if (request == std::string_view(&closed, 1)) {
+    const std::lock_guard lock(access_);
+    isOpen_.store(false, std::memory_order_relaxed);
+    audioUnit_.hasUI(false);
+  } else if (request == std::string_view(&stateArrived, 1) &&
+             incomingBusy_.load(std::memory_order_acquire)) {
+    setState({incoming_.get(), incomingSize_});
+    incomingBusy_.store(false, std::memory_order_release);
+  }
+}
+
+void EditorLink::setState(std::string_view text) {
+  const std::lock_guard lock(access_);
+  if (!setStateBesideParameters(audioUnit_, text)) return;
+  // Values that the audio thread set meanwhile are lost; the ports still have them.
+  stateSet_.store(true, std::memory_order_release);
+}
+
+void EditorLink::stateRestored() {
+  stateSet_.store(true, std::memory_order_release);
+  if (isOpen_.load(std::memory_order_acquire)) sendState();
+}
+
+void EditorLink::sendState() {
+  freeSent();
+  auto next = std::make_unique<Outgoing>();
+  next->text = stateBesideParameters(audioUnit_);
+  if (next->text.size() <= stateCapacity) delete outgoing_.exchange(next.release());
+}
+
+void EditorLink::freeSent() {
+  Outgoing* entry = sent_.exchange(nullptr);
+  while (entry) delete std::exchange(entry, entry->next);
+}
+
+void EditorLink::writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames) {
+  const std::uint32_t capacity = port.atom.size;
+  lv2_atom_forge_set_buffer(&forge_, reinterpret_cast<std::uint8_t*>(&port), capacity);
+  LV2_Atom_Forge_Frame frame;
+  if (!lv2_atom_forge_sequence_head(&forge_, &frame, 0)) return;
+  if (isOpen_.load(std::memory_order_acquire)) {
+    writeState(capacity - forge_.offset);
+    sinceLive_ += frames;
+    if (sinceLive_ >= livePeriod_) {
+      sinceLive_ = 0;
+      writeLive(capacity - forge_.offset);
+    }
+  }
+  lv2_atom_forge_pop(&forge_, &frame);
+}
+
+void EditorLink::writeState(std::uint32_t room) {
+  Outgoing* entry = outgoing_.exchange(nullptr);
+  if (!entry) return;
+  if (EditorMessage::sizeOfState(entry->text.size()) <= room) {
+    lv2_atom_forge_frame_time(&forge_, 0);
+    EditorMessage::forgeState(forge_, urids_, entry->text);
+  }
+  // Another thread may take the whole list meanwhile, but only this one adds to it.
+  entry->next = sent_.load();
+  while (!sent_.compare_exchange_weak(entry->next, entry)) {
+  }
+}
+
+void EditorLink::writeLive(std::uint32_t room) {
+  if (EditorMessage::sizeOfLive(values_.size()) > room) return;
+  const auto& sources = live_.sources();
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    values_[i] = sources[i].value ? sources[i].value->load(std::memory_order_relaxed) : 0;
+    modulating_[i] =
+        sources[i].modulating && sources[i].modulating->load(std::memory_order_relaxed);
+  }
+  if (!liveIsStale_ && values_ == sentValues_ && modulating_ == sentModulating_) return;
+  liveIsStale_ = false;
+  sentValues_ = values_;
+  sentModulating_ = modulating_;
+  lv2_atom_forge_frame_time(&forge_, 0);
+  EditorMessage::forgeLive(forge_, urids_, values_, modulating_);
+}
+
+}  // namespace lv2_backend

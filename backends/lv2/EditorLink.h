@@ -1,0 +1,89 @@
+#pragma once
+
+#include <lv2/atom/atom.h>
+#include <lv2/atom/forge.h>
+#include <lv2/worker/worker.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "backends/lv2/EditorMessages.h"
+#include "backends/lv2/Urids.h"
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+/// The sound's end of the conversation with the editor. What takes time (the state is text) is done
+/// by the host's worker; without a worker the editor only has the ports.
+class EditorLink {
+ public:
+  /// The longest state in bytes that is passed on, either way.
+  static constexpr std::size_t stateCapacity = 32768;
+
+  /// `schedule` may be null. `access` is held while the audio unit's state is read or set.
+  EditorLink(platform::AudioUnit& audioUnit, const Urids& urids, const LV2_URID_Map& map,
+             const LV2_Worker_Schedule* schedule, std::mutex& access, double sampleRate);
+  ~EditorLink();
+  EditorLink(const EditorLink&) = delete;
+  EditorLink& operator=(const EditorLink&) = delete;
+
+  // Audio thread
+
+  void receive(const LV2_Atom_Object& object);
+  /// Fills the port of messages to the editor for a cycle of `frames`; its size says its room.
+  void writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames);
+  /// Whether the editor's state was set since the last call.
+  bool takeStateSet() { return stateSet_.exchange(false, std::memory_order_acquire); }
+
+  // Any other thread
+
+  /// What `receive` scheduled.
+  void work(std::string_view request);
+  /// The host has set the audio unit's state: the editor has to know. `access` is held.
+  void stateRestored();
+
+ private:
+  /// Text on its way to the audio thread, and back to be freed.
+  struct Outgoing {
+    std::string text;
+    Outgoing* next = nullptr;
+  };
+
+  bool schedule(char request);
+  void setState(std::string_view text);
+  void sendState();
+  void freeSent();
+  void writeState(std::uint32_t room);
+  void writeLive(std::uint32_t room);
+
+  platform::AudioUnit& audioUnit_;
+  const Urids& urids_;
+  const LV2_Worker_Schedule* schedule_;
+  std::mutex& access_;
+  LV2_Atom_Forge forge_{};
+
+  std::atomic<bool> isOpen_{false};
+  std::atomic<bool> stateSet_{false};
+
+  /// The editor's state between the audio thread and the worker, whose turn it is while busy.
+  std::unique_ptr<char[]> incoming_;
+  std::size_t incomingSize_ = 0;
+  std::atomic<bool> incomingBusy_{false};
+
+  std::atomic<Outgoing*> outgoing_{nullptr};
+  std::atomic<Outgoing*> sent_{nullptr};
+
+  LiveParameters live_;
+  std::vector<float> values_, sentValues_;
+  std::vector<std::int32_t> modulating_, sentModulating_;
+  std::uint32_t livePeriod_;
+  std::uint32_t sinceLive_ = 0;
+  bool liveIsStale_ = true;
+};
+
+}  // namespace lv2_backend

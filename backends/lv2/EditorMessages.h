@@ -1,0 +1,72 @@
+#pragma once
+
+#include <lv2/atom/atom.h>
+#include <lv2/atom/forge.h>
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "backends/lv2/Urids.h"
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+/// What the sound and the editor tell each other beyond the values of ports. The host carries it
+/// as atoms, be they in one process or in two.
+struct EditorMessage {
+  enum class Kind {
+    /// From the editor: it is there, and wants to know the state and the live values.
+    opened,
+    closed,
+    /// Either way: all that the state holds beside the values of parameters has changed.
+    state,
+    /// From the sound: live values and modulation flags.
+    live,
+    /// Not one of ours.
+    other,
+  };
+
+  Kind kind = Kind::other;
+  /// A property list.
+  std::string_view state;
+  /// As many as LiveParameters has; flags are 0 or 1.
+  std::span<const float> values;
+  std::span<const std::int32_t> modulating;
+
+  /// Reads what `object` holds; the views point into it.
+  static EditorMessage read(const LV2_Atom_Object& object, const Urids& urids);
+  /// Bytes that a message takes, at most.
+  static std::size_t sizeOfState(std::size_t length) { return 128 + length; }
+  static std::size_t sizeOfLive(std::size_t count) { return 160 + 8 * count; }
+
+  /// Appends a message, which has to fit, as a whole atom.
+  static void forgeOpened(LV2_Atom_Forge& forge, const Urids& urids);
+  static void forgeClosed(LV2_Atom_Forge& forge, const Urids& urids);
+  static void forgeState(LV2_Atom_Forge& forge, const Urids& urids, std::string_view state);
+  static void forgeLive(LV2_Atom_Forge& forge, const Urids& urids, std::span<const float> values,
+                        std::span<const std::int32_t> modulating);
+};
+
+/// The parameters whose live value or modulation flag an audio unit publishes, in the tree's
+/// order: the same for the sound's audio unit and the editor's.
+class LiveParameters {
+ public:
+  struct Source {
+    /// Place in the tree's order.
+    std::size_t index;
+    const std::atomic<float>* value;
+    const std::atomic<bool>* modulating;
+  };
+
+  explicit LiveParameters(platform::AudioUnit& audioUnit);
+  const std::vector<Source>& sources() const { return sources_; }
+
+ private:
+  std::vector<Source> sources_;
+};
+
+}  // namespace lv2_backend

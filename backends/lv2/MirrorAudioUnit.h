@@ -1,0 +1,92 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+/// The audio unit that an editor gets in an LV2 host, where the one that sounds may be in another
+/// process: one of the same kind that is never rendered. Its parameters mirror the ports and its
+/// live values are those that the sound has sent. User-interface thread only.
+class MirrorAudioUnit : public platform::AudioUnit {
+ public:
+  explicit MirrorAudioUnit(std::unique_ptr<platform::AudioUnit> audioUnit);
+  ~MirrorAudioUnit() override;
+
+  /// Called after the editor has set the state or loaded a preset. Parameters have told their
+  /// observers by then.
+  void setStateObserver(std::function<void()> observer) { stateObserver_ = std::move(observer); }
+  /// What the sound has published, in the order of LiveParameters; of another length, it is
+  /// ignored.
+  void showLive(std::span<const float> values, std::span<const std::int32_t> modulating);
+  /// The state beside the parameters, both ways; see PluginState.h. Setting it tells nobody.
+  std::string stateBesideParameters() const;
+  void setStateBesideParameters(std::string_view text);
+
+  platform::AUParameterTree& parameterTree() override { return unit_->parameterTree(); }
+  const std::vector<std::string>& parametersKeys() const override {
+    return unit_->parametersKeys();
+  }
+  platform::AUParameter* parameter(std::string_view key) const override {
+    return unit_->parameter(key);
+  }
+  std::vector<std::string> stringValuesFor(std::string_view key) const override {
+    return unit_->stringValuesFor(key);
+  }
+  float defaultValueForKey(std::string_view key) const override {
+    return unit_->defaultValueForKey(key);
+  }
+  void setParameter(std::string_view key, float value) override {
+    unit_->setParameter(key, value);
+  }
+  void randomize() override { unit_->randomize(); }
+
+  const std::atomic<float>* getOutputValues(std::string_view key) const override;
+  const std::atomic<bool>* isModulating(std::string_view key) const override;
+  void hasUI(bool visible) override { unit_->hasUI(visible); }
+
+  bool hasStore() const override { return unit_->hasStore(); }
+  const std::vector<platform::AUAudioUnitPreset>& factoryPresets() const override {
+    return unit_->factoryPresets();
+  }
+  void rebuildPresetList() override { unit_->rebuildPresetList(); }
+  int currentPreset() const override { return unit_->currentPreset(); }
+  void setCurrentPreset(int number) override;
+  std::string currentPresetName() const override { return unit_->currentPresetName(); }
+  platform::PropertyList fullState() const override { return unit_->fullState(); }
+  void setFullState(const platform::PropertyList& state) override;
+
+  int inputChannels() const override { return unit_->inputChannels(); }
+  int outputChannels() const override { return unit_->outputChannels(); }
+  bool acceptsMidi() const override { return unit_->acceptsMidi(); }
+  double tailSeconds() const override { return unit_->tailSeconds(); }
+  int latencyFrames() const override { return unit_->latencyFrames(); }
+  void allocateRenderResources(double, std::uint32_t) override {}
+  void deallocateRenderResources() override {}
+  void render(const platform::RenderBlock&) override {}
+
+ private:
+  struct Live {
+    std::atomic<float> value{0};
+    std::atomic<bool> modulating{false};
+    bool hasValue = false;
+    bool hasFlag = false;
+  };
+
+  std::unique_ptr<platform::AudioUnit> unit_;
+  std::function<void()> stateObserver_;
+  /// In the order of LiveParameters.
+  std::vector<std::unique_ptr<Live>> live_;
+  std::map<std::string, Live*, std::less<>> liveOfKey_;
+};
+
+}  // namespace lv2_backend

@@ -1,0 +1,55 @@
+#include "backends/lv2/PluginState.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+#include "platform/PropertyListCoding.h"
+
+namespace lv2_backend {
+namespace {
+
+using platform::PropertyList;
+
+/// The entry of the state in which audio units keep the values of their parameters.
+constexpr const char* parametersEntry = "parameters";
+
+std::optional<PropertyList> parse(std::string_view text) {
+  std::string error;
+  auto list = platform::parsePropertyList(
+      {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
+  if (!list) std::fprintf(stderr, "The stored state cannot be read: %s\n", error.c_str());
+  return list;
+}
+
+}  // namespace
+
+std::string stateText(const platform::AudioUnit& audioUnit) {
+  return platform::writeXmlPropertyList(audioUnit.fullState());
+}
+
+bool setStateText(platform::AudioUnit& audioUnit, std::string_view text) {
+  const auto list = parse(text);
+  if (list) audioUnit.setFullState(*list);
+  return list.has_value();
+}
+
+std::string stateBesideParameters(const platform::AudioUnit& audioUnit) {
+  PropertyList state = audioUnit.fullState();
+  if (auto* entries = state.as<PropertyList::Dictionary>()) entries->erase(parametersEntry);
+  return platform::writeXmlPropertyList(state);
+}
+
+bool setStateBesideParameters(platform::AudioUnit& audioUnit, std::string_view text) {
+  auto list = parse(text);
+  auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
+  if (!entries) return false;
+  const PropertyList current = audioUnit.fullState();
+  if (const PropertyList* parameters = current.find(parametersEntry))
+    (*entries)[parametersEntry] = *parameters;
+  audioUnit.setFullState(*list);
+  return true;
+}
+
+}  // namespace lv2_backend

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+// The state of an audio unit as the text of an XML property list, which is how LV2 hosts store it
+// and how the sound and the editor pass it on.
+
+std::string stateText(const platform::AudioUnit& audioUnit);
+/// False when `text` is no property list; then nothing has changed.
+bool setStateText(platform::AudioUnit& audioUnit, std::string_view text);
+
+/// Without the values of the parameters, which are the ports' business.
+std::string stateBesideParameters(const platform::AudioUnit& audioUnit);
+/// Sets what such a text holds; parameters keep their values. False as above.
+bool setStateBesideParameters(platform::AudioUnit& audioUnit, std::string_view text);
+
+}  // namespace lv2_backend

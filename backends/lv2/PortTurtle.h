@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "backends/lv2/PortGroups.h"
+#include "backends/lv2/PortLayout.h"
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+/// Describes the ports of a plug-in, each as one blank node of its `lv2:port`.
+class PortTurtle {
+ public:
+  /// All outlive it. `pluginUri` is what the addresses of groups begin with.
+  PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
+             const PortGroups& groups, std::string pluginUri);
+
+  /// The addresses of the groups of audio channels; empty when there is no such group.
+  std::string mainInput() const { return audioGroup(layout_.inputs(), "main_in"); }
+  std::string mainOutput() const { return audioGroup(layout_.outputs(), "main_out"); }
+  std::string groupAddress(const PortGroups::Group& group) const;
+
+  /// The value of `lv2:port`: all ports, separated by commas.
+  std::string ports() const;
+  /// The statements about every group.
+  std::string groups() const;
+
+  /// What a preset or a host may store for a parameter.
+  static float defaultValue(const platform::AudioUnit& audioUnit,
+                            const platform::AUParameter& parameter);
+
+ private:
+  std::string audioGroup(std::uint32_t channels, const char* name) const;
+  std::string audioPort(std::uint32_t channel, bool isInput) const;
+  std::string controlPort() const;
+  std::string notifyPort() const;
+  std::string latencyPort() const;
+  std::string parameterPort(std::uint32_t index, const ParameterPort& port) const;
+
+  const platform::AudioUnit& audioUnit_;
+  const PortLayout& layout_;
+  const PortGroups& groups_;
+  std::string pluginUri_;
+};
+
+}  // namespace lv2_backend

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <lv2/atom/atom.h>
+#include <lv2/core/lv2.h>
+#include <lv2/state/state.h>
+#include <lv2/urid/urid.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string_view>
+#include <vector>
+
+#include "Orvane/PluginEntry.h"
+#include "backends/lv2/BlockRenderer.h"
+#include "backends/lv2/EditorLink.h"
+#include "backends/lv2/PortLayout.h"
+#include "backends/lv2/Urids.h"
+#include "platform/AudioUnit.h"
+
+namespace lv2_backend {
+
+/// One instance of a plug-in's sound in an LV2 host.
+///
+/// The host owns the values of control ports, and there is no way to tell it that the sound has
+/// changed one. So the ports are the truth: a parameter follows its port whenever the port's value
+/// changes, and all follow again after a state was set, whichever of the two the host sets first.
+/// What an editor changes reaches the ports through the host, not through the sound. The state
+/// holds the values too, as in any other format, but beside them it has what no port can carry (the
+/// name of the preset, what a newer version has stored), and that is what it is for here.
+///
+/// Hosts call `run` on the audio thread and all else on others, the state also while it runs.
+class SoundInstance {
+ public:
+  /// Throws std::runtime_error when the host lacks a required feature.
+  SoundInstance(const orvane::PluginEntry& entry, double sampleRate,
+                const LV2_Feature* const* features);
+
+  void connectPort(std::uint32_t port, void* buffer);
+  void activate();
+  void run(std::uint32_t frames);
+  void deactivate();
+
+  LV2_State_Status save(LV2_State_Store_Function store, LV2_State_Handle handle);
+  LV2_State_Status restore(LV2_State_Retrieve_Function retrieve, LV2_State_Handle handle);
+  void work(std::string_view request) { link_.work(request); }
+
+  platform::AudioUnit& audioUnit() { return *audioUnit_; }
+
+ private:
+  void readControls();
+  void writeControls();
+  void readEvents();
+
+  std::unique_ptr<platform::AudioUnit> audioUnit_;
+  LV2_URID_Map map_;
+  Urids urids_;
+  double sampleRate_;
+  PortLayout layout_;
+  /// Held for whatever the audio unit wants on one thread at a time; never by the audio thread.
+  std::mutex access_;
+  BlockRenderer renderer_;
+  EditorLink link_;
+
+  const LV2_Atom_Sequence* control_ = nullptr;
+  LV2_Atom_Sequence* notify_ = nullptr;
+  float* latencyPort_ = nullptr;
+  float latency_ = 0;
+  std::vector<float*> controls_;
+  /// What each port held in the last cycle; not a number before the first.
+  std::vector<float> lastValues_;
+};
+
+}  // namespace lv2_backend

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Orvane/KestroAUViewController.h"
+#include "Quillon/CommonAudioUnit.h"
+#include "backends/juce/EditorComponent.h"
+
+namespace bench {
+
+/// How the knobs of a page are spread: a grid of sections, in each a grid of knobs.
+struct Grid {
+  int sectionColumns;
+  int sectionRows;
+  int columns;
+  int rows;
+
+  int count() const { return sectionColumns * sectionRows * columns * rows; }
+};
+
+inline constexpr Grid twoHundred{4, 2, 5, 5};
+inline constexpr Grid oneThousand{5, 5, 8, 5};
+
+/// A parameter for each knob; the first of them publish live values.
+class BenchAudioUnit : public quillon::CommonAudioUnit {
+ public:
+  static constexpr int modulatedCount = 32;
+
+  explicit BenchAudioUnit(int count);
+
+  /// What the render thread would do: all live values at `value`, flagged as modulated or not.
+  void modulate(float value, bool modulated);
+};
+
+/// An editor as a plug-in's author would write it: one page that shows every parameter.
+class BenchController : public orvane::KestroAUViewController {
+ public:
+  BenchController(BenchAudioUnit& unit, const Grid& grid) : grid_(grid) { setAudioUnit(&unit); }
+  std::shared_ptr<orvane::AUDesign> design() override;
+
+ private:
+  const Grid grid_;
+};
+
+std::string benchKey(int index);
+
+/// The controller in the component that shows it on the desktop.
+class BenchEditor {
+ public:
+  BenchEditor(BenchAudioUnit& unit, const Grid& grid);
+
+  juce_backend::EditorComponent& component() { return component_; }
+  BenchController& controller() { return static_cast<BenchController&>(component_.controller()); }
+  kestroui::Container& knob(int index) { return *knobs_[static_cast<std::size_t>(index)]; }
+  /// Where each knob with its title is, in whole points.
+  std::vector<juce::Rectangle<int>> knobFrames();
+
+ private:
+  juce_backend::EditorComponent component_;
+  std::vector<kestroui::Container*> knobs_;
+};
+
+}  // namespace bench

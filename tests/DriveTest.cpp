@@ -1,0 +1,253 @@
+// Scripts: each test is the road of a person or a CI through an editor, as text in and JSON out.
+
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/RunTool.h"
+
+namespace {
+
+using nlohmann::json;
+using support::dataFile;
+using support::linesOf;
+using support::runTool;
+using support::ToolResult;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// The answers of a script that must run to its end.
+std::vector<json> drive(const std::string& script, const std::string& plugin = "example.json",
+                        std::vector<std::string> options = {}) {
+  std::vector<std::string> arguments{"drive", dataFile(plugin)};
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  const ToolResult result = runTool(arguments, script);
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err, "");
+  std::vector<json> answers;
+  for (const std::string& line : linesOf(result.out)) answers.push_back(json::parse(line));
+  return answers;
+}
+
+/// The answer to the last command, which must be ok; so must all before it.
+json last(const std::string& script, const std::string& plugin = "example.json") {
+  const auto answers = drive(script, plugin);
+  for (const json& answer : answers) EXPECT_EQ(answer.at("ok"), true) << answer;
+  return answers.empty() ? json() : answers.back();
+}
+
+std::string errorOf(const std::string& command) {
+  const auto answers = drive(command);
+  EXPECT_EQ(answers.size(), 1u);
+  if (answers.size() != 1) return {};
+  EXPECT_EQ(answers[0].at("ok"), false) << answers[0];
+  EXPECT_EQ(answers[0].size(), 2u) << answers[0];
+  return answers[0].value("error", "");
+}
+
+TEST(Drive, AutomationReachesTheControlAndItsText) {
+  const json answer = last("set cutoff 632.4555\nget cutoff\n");
+  EXPECT_FLOAT_EQ(answer["value"], 632.4555f);
+  EXPECT_NEAR(answer["position"], 0.5, 1e-5);
+  EXPECT_EQ(answer["text"], "632 Hz");
+  EXPECT_EQ(answer["midi"], nullptr);
+  EXPECT_EQ(answer["inactive"], false);
+  EXPECT_EQ(answer["modulated"], false);
+  EXPECT_EQ(answer["events"], json::array());
+}
+
+TEST(Drive, AValueOutsideTheRangeIsClamped) {
+  EXPECT_EQ(last("set cutoff 1e9\nget cutoff\n")["value"], 20000);
+  EXPECT_EQ(last("set mode 1\nget mode\n")["text"], "Band");
+}
+
+TEST(Drive, AFingerTurnsAKnobUpAndTheWheelTurnsIt) {
+  const json before = last("get cutoff");
+  EXPECT_GT(last("drag key:cutoff 0 -30\nget cutoff")["position"], before["position"]);
+  EXPECT_LT(last("drag key:cutoff 0 30\nget cutoff")["position"], before["position"]);
+  EXPECT_GT(last("wheel key:cutoff 2\nget cutoff")["position"], before["position"]);
+}
+
+TEST(Drive, ASecondTapResetsAKnob) {
+  EXPECT_EQ(last("set cutoff 5000\ndoubletap key:cutoff\nget cutoff")["value"], 1000);
+}
+
+TEST(Drive, ATapOnASwitchMakesItsSectionInactive) {
+  EXPECT_EQ(last("tap key:filterOn\nget cutoff")["inactive"], true);
+  EXPECT_EQ(last("tap key:filterOn\ntap key:filterOn\nget cutoff")["inactive"], false);
+  EXPECT_EQ(last("set filterOn 0\nget resonance")["inactive"], true);
+}
+
+TEST(Drive, TextsArePressedWhereTheyAreShownPaintedOnesToo) {
+  EXPECT_EQ(last("tap \"Motion\"\nstate")["page"], 1);
+  EXPECT_EQ(last("tap \"High\"\nget mode")["value"], 2);
+}
+
+TEST(Drive, ClassesAreCountedInDrawingOrderFromZero) {
+  EXPECT_EQ(last("tap PageButton#1\nstate")["page"], 1);
+  EXPECT_GT(last("drag KnobContainer#1 0 -30\nget resonance")["value"], 0);
+  EXPECT_GT(last("drag Knob 0 -30\nget cutoff")["value"], 1000);
+}
+
+TEST(Drive, PlacesAreInRootCoordinates) {
+  const json tree = last("tree")["tree"];
+  EXPECT_EQ(tree["frame"], (json{0, 0, 1024, 768}));
+  EXPECT_EQ(last("tap at:900,130\nstate")["page"], 1);
+}
+
+TEST(Drive, OnlyTheControlsOfTheShownPageAreFound) {
+  const auto answers = drive("tap key:rate\npage 1\ndrag key:rate 0 -20\nget rate");
+  EXPECT_EQ(answers[0]["error"], "the parameter \"rate\" is not on the shown page");
+  EXPECT_EQ(answers[2]["ok"], true);
+  EXPECT_GT(answers[3]["value"], 2);
+}
+
+TEST(Drive, LiveValuesAreShownAtTheNextFrame) {
+  const auto answers = drive(
+      "modulate cutoff on\nlive cutoff 5000\nwait 0.1\nget cutoff\n"
+      "modulate cutoff off\nwait 0.1\nget cutoff");
+  EXPECT_EQ(answers[3]["modulated"], true);
+  EXPECT_EQ(answers[3]["value"], 1000);
+  EXPECT_EQ(answers[6]["modulated"], false);
+}
+
+TEST(Drive, TimePassesOnlyByWaiting) {
+  const auto answers =
+      drive("wait 1\nframes\ntap \"Main\"\nframes\nwait 1\nframes\nset gain 3\nframes");
+  EXPECT_EQ(answers[1]["displayFrames"], 60);
+  EXPECT_EQ(answers[3]["displayFrames"], 0);
+  EXPECT_EQ(answers[5]["displayFrames"], 60);
+  EXPECT_EQ(answers[5]["repaints"], 0);
+  EXPECT_EQ(answers[5]["repaintedArea"], 0);
+  EXPECT_GE(answers[7]["repaints"], 1);
+  EXPECT_GT(answers[7]["repaintedArea"], 0);
+}
+
+TEST(Drive, FramesRestWhileTheHostResizesAndOffScreen) {
+  const auto answers = drive(
+      "wait 1\nframes\nsize 800 600\nframes\nwait 0.05\nframes\nwait 1\nframes\n"
+      "disappear\nwait 1\nframes\nappear\nwait 1\nframes\nstate");
+  EXPECT_LT(answers[5]["displayFrames"], 4);
+  EXPECT_GT(answers[7]["displayFrames"], 50);
+  EXPECT_EQ(answers[10]["displayFrames"], 0);
+  EXPECT_GT(answers[13]["displayFrames"], 50);
+  EXPECT_EQ(answers[14]["size"], (json{800, 600}));
+}
+
+TEST(Drive, PresetsAreChosenByNameAndStepped) {
+  const auto answers = drive("presets\npreset Bright\nget cutoff\nnext\nprevious\nstate");
+  EXPECT_EQ(answers[0]["walk"], (json{"Init", "Bright"}));
+  EXPECT_EQ(answers[0]["selected"], nullptr);
+  EXPECT_EQ(answers[1]["selected"], "Bright");
+  EXPECT_EQ(answers[2]["value"], 8000);
+  EXPECT_EQ(answers[3]["selected"], "Init");
+  EXPECT_EQ(answers[5]["preset"], "Bright");
+}
+
+TEST(Drive, KeysGoToTheControlThatHasTheKeyboard) {
+  const auto answers = drive("key q\ntap key:cutoff\nkey tab\nkey up\nkey shift+tab\n");
+  EXPECT_EQ(answers[0]["used"], false);
+  for (const json& answer : answers) EXPECT_EQ(answer["ok"], true) << answer;
+}
+
+TEST(Drive, OptionsSetTheFirstSizeAndPage) {
+  const auto answers = drive("state", "example.json", {"--size", "640x480", "--page=1"});
+  EXPECT_EQ(answers[0]["size"], (json{640, 480}));
+  EXPECT_EQ(answers[0]["page"], 1);
+}
+
+TEST(Drive, BlankLinesAndCommentsAreNotAnswered) {
+  EXPECT_EQ(drive("\n  \n# a comment\n\t# and one more\r\nstate\r\n").size(), 1u);
+}
+
+TEST(Drive, AnErrorDoesNotEndTheScript) {
+  const auto answers = drive("nonsense\nset cutoff 500\nget cutoff");
+  ASSERT_EQ(answers.size(), 3u);
+  EXPECT_EQ(answers[2]["value"], 500);
+}
+
+struct Wrong {
+  const char* command;
+  const char* error;
+};
+
+TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
+  const Wrong wrong[] = {
+      {"fly", "unknown command \"fly\""},
+      {"size 10", "size wants W H"},
+      {"size 0 100", "size wants W H in points, above 0 and at most 16384, not \"0 100\""},
+      {"size 1e9 100", "size wants W H in points, above 0 and at most 16384, not \"1e9 100\""},
+      {"page 2", "there is no page 2: the design has 2 pages, counted from 0"},
+      {"page -1", "page wants a number from 0 on, not \"-1\""},
+      {"tap", "tap wants TARGET"},
+      {"tap key:ghost", "no parameter \"ghost\""},
+      {"tap Ghost", "no \"Ghost\" is shown"},
+      {"tap PageButton#2", "only 2 of class \"PageButton\" are shown"},
+      {"tap PageButton#x", "a number from 0 on comes after # in \"PageButton#x\""},
+      {"tap \"nowhere\"", "nothing shows the text \"nowhere\""},
+      {"tap \"Main", "a quote is not closed"},
+      {"tap at:1", "a place is at:X,Y, not \"at:1\""},
+      {"tap at:5000,1", "\"at:5000,1\" is outside the editor"},
+      {"drag key:cutoff 1", "drag wants TARGET DX DY"},
+      {"drag key:cutoff up 1", "a number from -100000 to 100000 is wanted, not \"up\""},
+      {"wheel key:cutoff nan", "a number from -100000 to 100000 is wanted, not \"nan\""},
+      {"key any", "no key \"any\""},
+      {"set cutoff", "set wants KEY VALUE"},
+      {"set ghost 1", "no parameter \"ghost\""},
+      {"set cutoff high", "set wants a number, not \"high\""},
+      {"get ghost", "no parameter \"ghost\""},
+      {"live ghost 1", "no parameter \"ghost\""},
+      {"modulate cutoff maybe", "modulate wants on or off, not \"maybe\""},
+      {"wait -1", "a number from 0 to 3600 is wanted, not \"-1\""},
+      {"wait 1e9", "a number from 0 to 3600 is wanted, not \"1e9\""},
+      {"preset", "preset wants NAME"},
+      {"preset Ghost", "no factory preset \"Ghost\""},
+      {"preset user Mine", "preset user is not available in this version"},
+      {"type hello", "nothing has the keyboard"},
+      {"state now", "state takes nothing"},
+      {"midi cutoff 3", "midi is not available in this version"},
+      {"learn on", "learn is not available in this version"},
+      {"map cutoff 176,7", "map is not available in this version"},
+      {"unmap cutoff", "unmap is not available in this version"},
+      {"unmapall", "unmapall is not available in this version"},
+      {"pick a.preset", "pick is not available in this version"},
+      {"export", "export is not available in this version"},
+      {"exportall", "exportall is not available in this version"},
+  };
+  for (const Wrong& each : wrong) EXPECT_EQ(errorOf(each.command), each.error) << each.command;
+}
+
+TEST(Drive, TheSameScriptGivesTheSameBytes) {
+  const std::string script =
+      "wait 0.35\ndrag key:cutoff 7 -31\ntap DiceButton\nsize 700 500\nwait 0.5\nframes\n"
+      "page 3\ntree\nstate\nnext\nframes\nget cutoff\nget attack\n";
+  const auto run = [&] {
+    return runTool({"drive", dataFile("all-kinds.json")}, script).out;
+  };
+  EXPECT_EQ(run(), run());
+}
+
+TEST(Drive, EveryKindOfControlIsFoundDraggedAndTapped) {
+  std::string script = "wait 0.2\n";
+  const json tree = json::parse(runTool({"tree", dataFile("all-kinds.json")}).out);
+  for (int page = 0; page < 5; ++page) {
+    script += "page " + std::to_string(page) + "\n";
+    for (const std::string key :
+         {"level", "cutoff", "octave", "power", "drive", "bias", "spread", "lock", "mode", "wave",
+          "algorithm", "targets", "shape", "scope", "scopes", "table", "grain", "sample",
+          "filterFreq", "lowFreq", "attack", "release", "padX", "stopX", "curve1", "step5", "bend1",
+          "compThreshold", "duoLow", "bandLow", "threeLow", "bendyDrive", "mapA", "phaseRate",
+          "zorvaAmount", "gain"})
+      script += "tap key:" + key + "\nkey escape\ndrag key:" + key + " 9 -14\nwheel key:" + key +
+                " -1\ndoubletap key:" + key + "\nkey escape\nget " + key + "\n";
+  }
+  int found = 0;
+  for (const json& answer : drive(script, "all-kinds.json")) {
+    if (answer["ok"] == true) ++found;
+    // A control of another page is the only thing that may be wrong.
+    else EXPECT_THAT(answer["error"].get<std::string>(), HasSubstr("is not on the shown page"));
+  }
+  EXPECT_GT(found, 36 * 5);
+}
+
+}  // namespace

@@ -1,0 +1,124 @@
+// One editor in the host without a display: what its hands reach, and what it counts.
+
+#include "backends/headless/HeadlessHost.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "KestroUI/Container.h"
+#include "tests/support/TestEditor.h"
+
+namespace headless {
+namespace {
+
+using Events = std::vector<Event>;
+
+orvane::PluginEntry entry() {
+  orvane::PluginEntry entry;
+  entry.makeAudioUnit = [] {
+    return std::make_unique<quillon::CommonAudioUnit>(std::vector<quillon::ParameterDescription>{
+        {.key = "gain", .address = 1, .maxValue = 2},
+        {.key = "mix", .address = 2, .defaultValue = 0.5f},
+    });
+  };
+  entry.makeViewController = [] {
+    auto design = std::make_shared<support::GivenDesign>();
+    design->addPage("", {support::section("OUT", {"gain", "mix"})});
+    return std::make_unique<support::TestController>(design);
+  };
+  entry.preferredSize = {400, 300};
+  return entry;
+}
+
+class HeadlessHostTest : public testing::Test {
+ protected:
+  float value(const std::string& key) { return host.audioUnit().parameter(key)->value(); }
+  kestroui::Container& container(const std::string& key) { return *host.editor().container(key); }
+  platform::Point centre(const std::string& key) {
+    return container(key).control()->frameInRoot().centre();
+  }
+
+  HeadlessRunLoop loop;
+  HeadlessHost host{loop, entry()};
+};
+
+TEST_F(HeadlessHostTest, LaysTheEditorOutAtItsPreferredSizeAndAtAnyOther) {
+  EXPECT_EQ(host.editor().view().frame().size(), (platform::Size{400, 300}));
+  host.appear();
+  host.resize({800, 600});
+  EXPECT_EQ(host.editor().view().frame().size(), (platform::Size{800, 600}));
+  EXPECT_GT(container("gain").frameInRoot().maxX(), 400);
+}
+
+TEST_F(HeadlessHostTest, AutomationFromAnotherThreadMovesTheControl) {
+  host.appear();
+  EXPECT_TRUE(host.automate("gain", 1.5f));
+  EXPECT_FLOAT_EQ(value("gain"), 1.5f);
+  EXPECT_FLOAT_EQ(container("gain").value(), 0.75f);
+  EXPECT_FALSE(host.automate("nobody", 1));
+}
+
+TEST_F(HeadlessHostTest, AFingerThatDragsAKnobMovesItsParameter) {
+  host.appear();
+  host.drag(centre("mix"), {0, -40});
+  EXPECT_GT(value("mix"), 0.5f);
+  EXPECT_EQ(value("gain"), 0);
+}
+
+TEST_F(HeadlessHostTest, TheWheelMovesTheControlBelowItAndSaysSo) {
+  host.appear();
+  EXPECT_TRUE(host.turnWheel(centre("mix"), 1));
+  EXPECT_NE(value("mix"), 0.5f);
+  EXPECT_FALSE(host.turnWheel({1, 1}, 1));
+}
+
+TEST_F(HeadlessHostTest, AKeyThatNothingUsesGoesBackToTheHost) {
+  host.appear();
+  platform::KeyEvent key;
+  key.text = "q";
+  EXPECT_FALSE(host.pressKey(key));
+}
+
+TEST_F(HeadlessHostTest, AnIdleEditorRepaintsNothingAndOneKnobOnlyItself) {
+  host.appear();
+  loop.advance(1);
+  host.takeFrames();
+  loop.advance(1);
+  const FrameCount idle = host.takeFrames();
+  EXPECT_EQ(idle.displayFrames, 60u);
+  EXPECT_EQ(idle.repaints, 0u);
+  EXPECT_EQ(idle.repaintedArea, 0);
+
+  host.automate("gain", 1);
+  const FrameCount one = host.takeFrames();
+  EXPECT_GE(one.repaints, 1u);
+  EXPECT_GT(one.repaintedArea, 0);
+  const platform::Rect knob = container("gain").frame();
+  EXPECT_LE(one.repaintedArea, (knob.width + 4) * (knob.height + 4));
+  EXPECT_EQ(host.takeFrames(), FrameCount());
+}
+
+TEST_F(HeadlessHostTest, RecordsLinksThatTheEditorOpens) {
+  host.appear();
+  host.editor().openURL("https://example.org/help");
+  EXPECT_EQ(host.application()->takeEvents(),
+            (Events{{"openURL", {{"url", "https://example.org/help"}}}}));
+  EXPECT_TRUE(host.application()->events().empty());
+}
+
+TEST_F(HeadlessHostTest, TwoEditorsShareOneLoopAndMayGoInAnyOrder) {
+  auto second = std::make_unique<HeadlessHost>(loop, entry());
+  host.appear();
+  second->appear();
+  second->automate("gain", 2);
+  EXPECT_EQ(value("gain"), 0);
+  second.reset();
+  loop.advance(0.5);
+  EXPECT_TRUE(host.automate("gain", 1));
+}
+
+}  // namespace
+}  // namespace headless

@@ -1,0 +1,89 @@
+// Time on the virtual clock: what runs when, and that nothing runs by itself.
+
+#include "backends/headless/HeadlessRunLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "platform/RunLoop.h"
+
+namespace headless {
+namespace {
+
+using platform::DisplayLink;
+using platform::RunLoop;
+using platform::Timer;
+
+TEST(HeadlessRunLoop, RunsTimersInTheOrderOfTheirDeadlines) {
+  HeadlessRunLoop loop;
+  std::string order;
+  Timer late(0.3, Timer::Repeat::once, [&] { order += "c"; });
+  Timer often(0.1, Timer::Repeat::forever, [&] { order += "a"; });
+  Timer between(0.15, Timer::Repeat::once, [&] { order += "b"; });
+  loop.advance(0.25);
+  EXPECT_EQ(order, "aba");
+  loop.advance(0.05);
+  EXPECT_EQ(order.size(), 5u) << order;
+  EXPECT_DOUBLE_EQ(loop.now(), 0.3);
+}
+
+TEST(HeadlessRunLoop, ATimerSeesTheTimeAtWhichItWasDue) {
+  HeadlessRunLoop loop;
+  double seen = 0;
+  Timer timer(0.25, Timer::Repeat::once, [&] { seen = RunLoop::main().now(); });
+  loop.advance(2);
+  EXPECT_DOUBLE_EQ(seen, 0.25);
+}
+
+TEST(HeadlessRunLoop, ShowsSixtyFramesASecondWhileALinkWantsThem) {
+  HeadlessRunLoop loop;
+  loop.advance(1);
+  EXPECT_EQ(loop.displayFrames(), 0u);
+  int calls = 0;
+  {
+    DisplayLink link([&] { ++calls; });
+    loop.advance(1);
+    EXPECT_EQ(calls, 60);
+    loop.advance(0.5);
+    link.setPaused(true);
+    loop.advance(1);
+    EXPECT_EQ(calls, 90);
+  }
+  loop.advance(1);
+  EXPECT_EQ(loop.displayFrames(), 90u);
+}
+
+TEST(HeadlessRunLoop, ManySmallStepsShowAsManyFramesAsOneLargeStep) {
+  HeadlessRunLoop loop;
+  int calls = 0;
+  DisplayLink link([&] { ++calls; });
+  for (int i = 0; i < 1000; ++i) loop.advance(0.001);
+  EXPECT_EQ(calls, 60);
+}
+
+TEST(HeadlessRunLoop, RunsTasksPostedByTasksAndByOtherThreads) {
+  HeadlessRunLoop loop;
+  int ran = 0;
+  std::thread([&] {
+    RunLoop::main().async([&] {
+      ++ran;
+      RunLoop::main().async([&] { ++ran; });
+    });
+  }).join();
+  EXPECT_EQ(ran, 0);
+  EXPECT_TRUE(loop.runDue());
+  EXPECT_EQ(ran, 2);
+}
+
+TEST(HeadlessRunLoop, GivesUpOnATaskThatPostsItselfForEver) {
+  HeadlessRunLoop loop;
+  std::function<void()> again = [&] { RunLoop::main().async(again); };
+  again();
+  EXPECT_FALSE(loop.runDue());
+}
+
+}  // namespace
+}  // namespace headless

@@ -1,0 +1,172 @@
+// The editor's half of the conversation with an LV2 host, without a window.
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "backends/lv2/PortMirror.h"
+#include "backends/lv2/SoundInstance.h"
+#include "tests/support/Lv2Host.h"
+#include "tests/support/OddPlugin.h"
+
+namespace {
+
+using lv2_backend::EditorMessage;
+using support::OddAudioUnit;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Lv2EditorTest : public testing::Test {
+ protected:
+  static constexpr std::uint32_t controlPort = 2;
+  static constexpr std::uint32_t notifyPort = 3;
+  static constexpr std::uint32_t levelPort = 5;
+  static constexpr std::uint32_t meterPort = levelPort + OddAudioUnit::longestBlock;
+
+  Lv2EditorTest() { reopen(); }
+
+  void reopen() {
+    ports.reset();
+    lv2_backend::EditorHost host;
+    host.write = write;
+    host.controller = this;
+    host.map = features.map();
+    host.touch = &touch;
+    ports = std::make_unique<lv2_backend::PortMirror>(unit, host);
+  }
+  void hostSets(std::uint32_t port, float value) {
+    ports->portEvent(port, sizeof value, 0, &value);
+  }
+  template <class Forge>
+  void soundSends(Forge forgeMessage) {
+    support::EventBuffer buffer(features);
+    lv2_atom_forge_frame_time(&buffer.forge(), 0);
+    forgeMessage(buffer.forge());
+    const LV2_Atom* atom = buffer.events().at(0);
+    ports->portEvent(notifyPort, lv2_atom_total_size(atom), urids.atomEventTransfer, atom);
+  }
+
+  static void write(LV2UI_Controller controller, std::uint32_t port, std::uint32_t size,
+                    std::uint32_t protocol, const void* data) {
+    auto& self = *static_cast<Lv2EditorTest*>(controller);
+    if (protocol == 0 && size == sizeof(float)) {
+      self.log.push_back(std::to_string(port) + "=" +
+                         std::to_string(*static_cast<const float*>(data)));
+    } else if (protocol == self.urids.atomEventTransfer && port == controlPort) {
+      const auto message =
+          EditorMessage::read(*static_cast<const LV2_Atom_Object*>(data), self.urids);
+      self.log.push_back("message " + std::to_string(static_cast<int>(message.kind)));
+      self.state = message.state;
+    } else {
+      ADD_FAILURE() << "port " << port << ", protocol " << protocol;
+    }
+  }
+  static void touched(LV2UI_Feature_Handle handle, std::uint32_t port, bool grabbed) {
+    static_cast<Lv2EditorTest*>(handle)->log.push_back((grabbed ? "grab " : "release ") +
+                                                       std::to_string(port));
+  }
+  static std::string message(EditorMessage::Kind kind) {
+    return "message " + std::to_string(static_cast<int>(kind));
+  }
+
+  support::Lv2Features features;
+  lv2_backend::Urids urids{*features.map()};
+  LV2UI_Touch touch{this, touched};
+  lv2_backend::MirrorAudioUnit unit{std::make_unique<OddAudioUnit>()};
+  std::vector<std::string> log;
+  std::string state;
+  std::unique_ptr<lv2_backend::PortMirror> ports;
+};
+
+TEST_F(Lv2EditorTest, WritesWhatTheUserChangesInOrderWithinTheGesture) {
+  platform::AUParameter& level = *unit.parameter("level");
+  level.beginGesture();
+  level.setValue(0.5f);
+  level.setValue(0.75f);
+  level.endGesture();
+  EXPECT_THAT(log, ElementsAre("grab 5", "5=0.500000", "5=0.750000", "release 5"));
+}
+
+TEST_F(Lv2EditorTest, ShowsWhatTheHostSetsAndDoesNotWriteItBack) {
+  hostSets(levelPort, 0.5f);
+  hostSets(meterPort, 99);
+  EXPECT_EQ(unit.parameter("level")->value(), 0.5f);
+  EXPECT_EQ(unit.parameter("longestBlock")->value(), 99);
+  hostSets(meterPort + 1, 1);
+  EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(Lv2EditorTest, IgnoresEchoesWhileTheUserHoldsTheParameter) {
+  platform::AUParameter& level = *unit.parameter("level");
+  level.beginGesture();
+  level.setValue(0.5f);
+  hostSets(levelPort, 0.25f);
+  EXPECT_EQ(level.value(), 0.5f);
+  level.endGesture();
+  hostSets(levelPort, 0.125f);
+  EXPECT_EQ(level.value(), 0.125f);
+}
+
+TEST_F(Lv2EditorTest, WritesAPresetsValuesAndThenItsName) {
+  unit.setCurrentPreset(0);
+  ASSERT_FALSE(log.empty());
+  EXPECT_EQ(log.back(), message(EditorMessage::Kind::state));
+  EXPECT_THAT(log, testing::Contains("5=0.500000"));
+  EXPECT_THAT(log, testing::Contains("7=2.000000"));
+  EXPECT_THAT(state, testing::HasSubstr("First"));
+  EXPECT_THAT(state, testing::Not(testing::HasSubstr("cutoff")));
+}
+
+TEST_F(Lv2EditorTest, TakesTheSoundsStateSilently) {
+  OddAudioUnit sound;
+  sound.setCurrentPreset(5);
+  hostSets(levelPort, 0.5f);
+  lv2_backend::MirrorAudioUnit other(std::make_unique<OddAudioUnit>());
+  other.setCurrentPreset(5);
+  soundSends([&](LV2_Atom_Forge& forge) {
+    EditorMessage::forgeState(forge, urids, other.stateBesideParameters());
+  });
+  EXPECT_EQ(unit.currentPresetName(), "No bank");
+  EXPECT_EQ(unit.parameter("level")->value(), 0.5f) << "the ports' business";
+  EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
+  const auto* value = unit.getOutputValues("cutoff");
+  const auto* flag = unit.isModulating("cutoff");
+  ASSERT_TRUE(value && flag);
+  EXPECT_EQ(unit.getOutputValues("level"), nullptr);
+  const std::vector<float> values{440};
+  const std::vector<std::int32_t> flags{1};
+  soundSends([&](LV2_Atom_Forge& forge) { EditorMessage::forgeLive(forge, urids, values, flags); });
+  EXPECT_EQ(*value, 440);
+  EXPECT_TRUE(*flag);
+
+  const std::vector<float> tooMany{1, 2, 3};
+  soundSends([&](LV2_Atom_Forge& forge) { EditorMessage::forgeLive(forge, urids, tooMany, flags); });
+  EXPECT_EQ(*value, 440);
+}
+
+TEST_F(Lv2EditorTest, AnnouncesItselfOnceAndTakesLeave) {
+  ports->announce();
+  ports->announce();
+  ports.reset();
+  EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::opened),
+                               message(EditorMessage::Kind::closed)));
+  log.clear();
+  unit.parameter("level")->setValue(1);
+  unit.setCurrentPreset(0);
+  EXPECT_THAT(log, IsEmpty()) << "the editor has gone";
+}
+
+TEST_F(Lv2EditorTest, IgnoresWhatIsNoMessage) {
+  LV2_Atom_Object object{{sizeof(LV2_Atom_Object_Body), urids.atomObject}, {0, urids.stateChanged}};
+  ports->portEvent(notifyPort, sizeof object, urids.atomEventTransfer, &object);
+  object.atom.size = 4000;
+  ports->portEvent(notifyPort, sizeof object, urids.atomEventTransfer, &object);
+  ports->portEvent(notifyPort, 4, urids.atomEventTransfer, &object);
+  ports->portEvent(0, 0, 0, nullptr);
+  EXPECT_THAT(log, IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,248 @@
+// The sound of a plug-in as an LV2 host drives it.
+
+#include <gmock/gmock.h>
+
+#include <numeric>
+
+#include "Quillon/CommonAudioUnit.h"
+#include "backends/lv2/EditorMessages.h"
+#include "backends/lv2/PortLayout.h"
+#include "backends/lv2/SoundDescriptor.h"
+#include "tests/support/Lv2Host.h"
+#include "tests/support/OddPlugin.h"
+
+namespace {
+
+using lv2_backend::EditorMessage;
+using support::OddAudioUnit;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class Lv2SoundTest : public testing::Test {
+ protected:
+  static constexpr std::uint32_t firstParameter = 5;
+  static constexpr std::uint32_t portCount = firstParameter + OddAudioUnit::parameterCount;
+
+  Lv2SoundTest() { setDefaults(instance); }
+
+  static float& port(support::Lv2Instance& of, int parameter) {
+    return of.controls[firstParameter + static_cast<std::uint32_t>(parameter)];
+  }
+  float& port(int parameter) { return port(instance, parameter); }
+  static void setDefaults(support::Lv2Instance& of) {
+    OddAudioUnit unit;
+    for (int i = 0; i < OddAudioUnit::parameterCount; ++i)
+      port(of, i) = unit.defaultValueForKey(unit.parametersKeys()[static_cast<std::size_t>(i)]);
+  }
+  /// A message of the editor at the start of the next cycle.
+  template <class Forge>
+  void send(Forge forgeMessage) {
+    std::vector<std::uint64_t> bytes(512);
+    LV2_Atom_Forge forge{};
+    lv2_atom_forge_init(&forge, features.map());
+    lv2_atom_forge_set_buffer(&forge, reinterpret_cast<std::uint8_t*>(bytes.data()),
+                              bytes.size() * 8);
+    forgeMessage(forge);
+    instance.input.atom(0, reinterpret_cast<const LV2_Atom*>(bytes.data()));
+  }
+  std::vector<EditorMessage> messages() {
+    std::vector<EditorMessage> result;
+    for (const LV2_Atom* atom : instance.output.events())
+      result.push_back(
+          EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids));
+    return result;
+  }
+  void openEditor() {
+    send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeOpened(forge, urids); });
+    instance.run(16);
+    instance.runWorker();
+  }
+
+  support::Lv2Features features{64};
+  lv2_backend::SoundDescriptor descriptor{support::oddPluginEntry()};
+  lv2_backend::Urids urids{*features.map()};
+  support::Lv2Instance instance{descriptor, features, portCount};
+};
+
+TEST_F(Lv2SoundTest, IsNotMadeWithoutTheHostsMapOfAddresses) {
+  EXPECT_EQ(descriptor.instantiate(&descriptor, 48000, "", support::Lv2Features::none()), nullptr);
+}
+
+TEST_F(Lv2SoundTest, FollowsTheControlPorts) {
+  instance.activate();
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(0.25f));
+  port(OddAudioUnit::level) = 0.75f;
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(0.75f));
+  port(OddAudioUnit::level) = 9;
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(1.0f)) << "outside the range";
+}
+
+TEST_F(Lv2SoundTest, PlaysNotesAtTheirFrameHoweverTheCycleIsCut) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0;
+  instance.input.midi(0, {0x90, 60, 1});
+  instance.input.midi(63, {0x90, 60, 2});
+  instance.input.midi(64, {0x90, 60, 3});
+  instance.input.position(100, 1, 0, 120);
+  instance.input.midi(100, {0x90, 60, 4});
+  instance.input.midi(199, {0x90, 60, 5});
+  instance.input.midi(199, {0xf0, 1, 2, 3, 0xf7});
+  instance.run(200);
+  std::vector<float> expected(200);
+  expected[0] = 2;
+  expected[63] = 3;
+  expected[64] = 4;
+  expected[100] = 5;
+  expected[199] = 6;
+  EXPECT_EQ(instance.left, expected);
+  EXPECT_EQ(port(OddAudioUnit::longestBlock), 64) << "what the host promised at most";
+}
+
+TEST_F(Lv2SoundTest, KeepsMessagesOfACycleWithoutFramesForTheNext) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0;
+  instance.input.midi(0, {0x90, 60, 7});
+  instance.run(0);
+  instance.run(2);
+  EXPECT_THAT(instance.left, ElementsAre(8, 0));
+}
+
+TEST_F(Lv2SoundTest, CountsTheBeatsBetweenTheHostsReports) {
+  instance.activate();
+  instance.input.position(0, 1, 4, 60);
+  instance.run(48);
+  EXPECT_THAT(instance.right, Each(4.0f));
+  instance.run(48);
+  EXPECT_THAT(instance.right, Each(testing::FloatEq(4.001f))) << "48 of 48000 frames at 60 bpm";
+  instance.input.position(24, 0, 8, 60);
+  instance.run(48);
+  EXPECT_FLOAT_EQ(instance.right[23], 4.002f);
+  EXPECT_EQ(instance.right[24], 8);
+  instance.run(48);
+  EXPECT_THAT(instance.right, Each(8.0f)) << "stopped";
+}
+
+TEST_F(Lv2SoundTest, ReportsLatencyAndMeters) {
+  instance.activate();
+  instance.run(10);
+  EXPECT_EQ(instance.controls[firstParameter - 1], 7);
+  EXPECT_EQ(port(OddAudioUnit::longestBlock), 10);
+}
+
+TEST_F(Lv2SoundTest, SavesItsStateAndRestoresIt) {
+  instance.activate();
+  port(OddAudioUnit::cutoff) = 1234.5f;
+  instance.run(8);
+  const std::string state = instance.save();
+  EXPECT_THAT(state, HasSubstr("1234.5"));
+
+  support::Lv2Instance other(descriptor, features, portCount);
+  EXPECT_EQ(other.restore(state), LV2_STATE_SUCCESS);
+  EXPECT_EQ(other.save(), state);
+}
+
+TEST_F(Lv2SoundTest, LetsThePortsWinOverARestoredState) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0.5f;
+  instance.run(8);
+  const std::string state = instance.save();
+  port(OddAudioUnit::level) = 0.125f;
+  instance.run(8);
+  EXPECT_EQ(instance.restore(state), LV2_STATE_SUCCESS);
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(0.125f)) << "what the host shows is what sounds";
+}
+
+TEST_F(Lv2SoundTest, KeepsItsStateWhenWhatIsRestoredIsNone) {
+  const std::string before = instance.save();
+  EXPECT_EQ(instance.restore(""), LV2_STATE_ERR_NO_PROPERTY);
+  EXPECT_NE(instance.restore("<not a property list"), LV2_STATE_SUCCESS);
+  EXPECT_EQ(instance.save(), before);
+}
+
+TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
+  instance.activate();
+  instance.run(2000);
+  EXPECT_THAT(messages(), testing::IsEmpty());
+
+  openEditor();
+  instance.run(800);
+  auto received = messages();
+  ASSERT_EQ(received.size(), 2u);
+  EXPECT_EQ(received[0].kind, EditorMessage::Kind::state);
+  ASSERT_EQ(received[1].kind, EditorMessage::Kind::live);
+  EXPECT_THAT(received[1].values, ElementsAre(testing::FloatEq(2 * 632.4555f)));
+  EXPECT_THAT(received[1].modulating, ElementsAre(1)) << "the sound was told of the editor";
+
+  instance.run(800);
+  EXPECT_THAT(messages(), testing::IsEmpty()) << "nothing has changed";
+  port(OddAudioUnit::cutoff) = 100;
+  instance.run(400);
+  EXPECT_THAT(messages(), testing::IsEmpty()) << "not before the display's next frame";
+  instance.run(400);
+  EXPECT_EQ(messages().size(), 1u);
+
+  send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeClosed(forge, urids); });
+  instance.run(8);
+  instance.runWorker();
+  port(OddAudioUnit::cutoff) = 200;
+  instance.run(2000);
+  EXPECT_THAT(messages(), testing::IsEmpty());
+}
+
+TEST_F(Lv2SoundTest, TakesThePresetsNameFromTheEditorAndKeepsItsValues) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0.375f;
+  instance.run(8);
+  support::OddAudioUnit editorsUnit;
+  editorsUnit.setCurrentPreset(5);
+  const std::string name = editorsUnit.currentPresetName();
+  const std::string state =
+      "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>presetName</key><string>" + name +
+      "</string></dict></plist>";
+  send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
+  instance.run(8);
+  instance.runWorker();
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(0.375f));
+  EXPECT_THAT(instance.save(), HasSubstr(name));
+
+  // The next editor learns it.
+  openEditor();
+  instance.run(8);
+  ASSERT_EQ(messages().size(), 1u);
+  EXPECT_THAT(std::string(messages()[0].state), HasSubstr(name));
+}
+
+TEST_F(Lv2SoundTest, TellsAnOpenEditorOfARestoredState) {
+  instance.activate();
+  openEditor();
+  instance.run(8);
+  const std::string state = instance.save();
+  EXPECT_EQ(instance.restore(state), LV2_STATE_SUCCESS);
+  instance.run(8);
+  ASSERT_EQ(messages().size(), 1u);
+  EXPECT_EQ(messages()[0].kind, EditorMessage::Kind::state);
+  EXPECT_THAT(std::string(messages()[0].state), testing::Not(HasSubstr("cutoff")))
+      << "values are the ports' business";
+}
+
+TEST(Lv2Ports, HaveSymbolsThatAreIdentifiersAndUnique) {
+  OddAudioUnit unit;
+  const lv2_backend::PortLayout layout(unit);
+  std::vector<std::string> symbols;
+  for (const auto& port : layout.parameters()) symbols.push_back(port.symbol);
+  EXPECT_THAT(symbols, ElementsAre("level", "cutoff", "wave_form", "sync", "_1semi", "twin_a",
+                                   "twin_a_2", "longestBlock"));
+
+  lv2_backend::SymbolSet set;
+  for (const auto& [text, symbol] : std::vector<std::pair<std::string, std::string>>{
+           {"", "_"}, {"a", "a"}, {"a", "a_2"}, {"a_2", "a_2_2"}, {"\u00e4", "__"}, {"9", "_9"}})
+    EXPECT_EQ(set.add(text), symbol) << text;
+}
+
+}  // namespace

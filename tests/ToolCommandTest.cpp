@@ -1,0 +1,191 @@
+// The commands around the editor: what they print and the codes they exit with.
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <functional>
+#include <nlohmann/json.hpp>
+
+#include "tests/support/RunTool.h"
+
+namespace {
+
+using nlohmann::json;
+using support::dataFile;
+using support::isOneLine;
+using support::linesOf;
+using support::runTool;
+using support::TemporaryFile;
+using support::ToolResult;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(ToolCommand, ListNamesTheBuiltInsWithADescription) {
+  const ToolResult result = runTool({"list"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_THAT(linesOf(result.out), Contains(StartsWith("halden  ")));
+}
+
+TEST(ToolCommand, UsageErrorsExitWithTwoAndOneLine) {
+  const std::vector<std::vector<std::string>> wrong = {
+      {},
+      {"fly"},
+      {"list", "all"},
+      {"tree"},
+      {"tree", "halden", "again"},
+      {"tree", "halden", "--colour", "red"},
+      {"tree", "halden", "--size"},
+      {"tree", "halden", "--size", "wide"},
+      {"tree", "halden", "--size", "0x0"},
+      {"tree", "halden", "--size", "-5x10"},
+      {"tree", "halden", "--size", "10x"},
+      {"tree", "halden", "--size", "99999x99999"},
+      {"tree", "halden", "--size", "10x10", "--size", "20x20"},
+      {"tree", "halden", "--page", "first"},
+      {"snapshot", "halden"},
+      {"snapshot", "halden", "-o", "x.png", "--scale", "0"},
+      {"snapshot", "halden", "-o", "x.png", "--scale", "100"},
+      {"drive"},
+      {"check"},
+      {"run"},
+  };
+  for (const auto& arguments : wrong) {
+    const ToolResult result = runTool(arguments);
+    EXPECT_EQ(result.code, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(isOneLine(result.err)) << result.err;
+  }
+}
+
+TEST(ToolCommand, OtherFailuresExitWithOneAndOneLineThatNamesTheFile) {
+  const std::vector<std::vector<std::string>> wrong = {
+      {"tree", "no-such-plugin"},
+      {"tree", "/no/such/file.json"},
+      {"tree", ORVANE_SOURCE_DIR},
+      {"tree", "halden", "--page", "99"},
+      {"drive", "halden", "--page", "99"},
+      {"check", "/no/such/file.json"},
+      {"run", "/no/such/file.json"},
+  };
+  for (const auto& arguments : wrong) {
+    const ToolResult result = runTool(arguments);
+    EXPECT_EQ(result.code, 1) << testing::PrintToString(arguments);
+    EXPECT_TRUE(isOneLine(result.err)) << result.err;
+    EXPECT_THAT(result.err, StartsWith(arguments[1] + ": "));
+  }
+}
+
+TEST(ToolCommand, CommonOptionsAreTakenByEveryCommand) {
+  EXPECT_EQ(runTool({"list", "--data", "/tmp/x", "--cloud=/tmp/y"}).code, 0);
+  EXPECT_EQ(runTool({"drive", "--data", "/tmp/x", dataFile("example.json")}).code, 0);
+}
+
+/// The first node, in drawing order, that `wanted` accepts; null when there is none.
+json find(const json& node, const std::function<bool(const json&)>& wanted) {
+  if (wanted(node)) return node;
+  for (const json& child : node["children"])
+    if (json found = find(child, wanted); !found.is_null()) return found;
+  return nullptr;
+}
+
+TEST(ToolCommand, TheTreeSaysWhatEachViewIs) {
+  const ToolResult result = runTool({"tree", dataFile("example.json"), "--size", "800x600"});
+  ASSERT_EQ(result.code, 0) << result.err;
+  const json root = json::parse(result.out);
+  EXPECT_EQ(root["class"], "View");
+  EXPECT_EQ(root["frame"], (json{0, 0, 800, 600}));
+  EXPECT_FALSE(root.contains("name"));
+  EXPECT_FALSE(root.contains("enabled"));
+
+  const json section = find(root, [](const json& node) { return node["class"] == "SectionView"; });
+  EXPECT_EQ(section["name"], "Filter");
+  EXPECT_EQ(section["hidden"], false);
+  const json knob = find(section, [](const json& node) { return node.contains("key"); });
+  EXPECT_THAT(knob["class"].get<std::string>(), HasSubstr("Container"));
+  EXPECT_EQ(knob["enabled"], true);
+  const json page = find(root, [](const json& node) { return node["class"] == "PageView"; });
+  EXPECT_EQ(page["name"], "Main");
+  const json tab = find(root, [](const json& node) { return node["class"] == "PageButton"; });
+  EXPECT_EQ(tab["text"], "Main");
+  EXPECT_EQ(tab["selected"], true);
+}
+
+TEST(ToolCommand, TheTreeFollowsSizeAndPage) {
+  const json root = json::parse(runTool({"tree", dataFile("example.json"), "--page", "1"}).out);
+  const json shown = find(root, [](const json& node) {
+    return node["class"] == "PageView" && node["hidden"] == false;
+  });
+  EXPECT_EQ(shown["name"], "Motion");
+}
+
+TEST(ToolCommand, CheckFindsNothingWrongWithTheSamplesAndBuiltIns) {
+  for (const std::string& plugin :
+       {dataFile("example.json"), dataFile("all-kinds.json"), std::string("halden")}) {
+    const ToolResult result = runTool({"check", plugin});
+    EXPECT_EQ(result.code, 0) << result.out << result.err;
+    EXPECT_EQ(result.out, plugin + ": no problems\n");
+  }
+}
+
+TEST(ToolCommand, CheckTakesSeveralSizes) {
+  const ToolResult result =
+      runTool({"check", "--size", "60x40", "1024x768", "50x30", dataFile("example.json")});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.out, HasSubstr("too small to use"));
+  EXPECT_THAT(result.out, HasSubstr("at 60x40\n"));
+  EXPECT_THAT(result.out, HasSubstr("at 50x30\n"));
+  EXPECT_THAT(result.out, testing::Not(HasSubstr("at 1024x768")));
+}
+
+TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
+  std::ifstream file(dataFile("example.json"));
+  json description = json::parse(file);
+  json& sections = description["pages"][0]["sections"];
+  // The third row begins below the sum of what was above it, outside the page.
+  sections.push_back({{"name", "Second"}, {"row", 1}});
+  sections.push_back({{"name", "Third"}, {"row", 2}});
+  // A slot that reaches beyond its column lies over the next column's.
+  sections[0]["columns"][0]["slots"][0]["widthRatio"] = 1.5;
+  const TemporaryFile broken(description.dump());
+  const ToolResult result = runTool({"check", broken.path(), "--size", "1024x768"});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(linesOf(result.out),
+              Contains(broken.path() + ": pages[0].sections[2]: \"Third\" is outside its page at "
+                                       "1024x768"));
+  EXPECT_THAT(linesOf(result.out),
+              Contains(broken.path() +
+                       ": pages[0].sections[0].columns[1].slots[0]: \"mode\" covers \"cutoff\" of "
+                       "pages[0].sections[0].columns[0].slots[0] at 1024x768"));
+}
+
+TEST(ToolCommand, ASnapshotScriptThatFailsNamesItsLine) {
+  const TemporaryFile script("page 1\n\nfly\n", ".txt");
+  const ToolResult result =
+      runTool({"snapshot", "halden", "-o", "/no/such/folder/x.png", "--script", script.path()});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_TRUE(isOneLine(result.err)) << result.err;
+  // Without the desktop backend there are no pictures at all.
+  EXPECT_TRUE(result.err == script.path() + ": line 3: unknown command \"fly\"\n" ||
+              result.err.find("without the desktop backend") != std::string::npos)
+      << result.err;
+}
+
+TEST(ToolCommand, ASnapshotIsAPngOrAClearFailure) {
+  const TemporaryFile picture("", ".png");
+  const ToolResult result = runTool({"snapshot", dataFile("example.json"), "-o", picture.path(),
+                                     "--size", "200x150", "--scale", "2"});
+  if (result.code != 0) {
+    EXPECT_THAT(result.err, HasSubstr("without the desktop backend"));
+    return;
+  }
+  std::ifstream file(picture.path(), std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+  ASSERT_GT(bytes.size(), 24u);
+  EXPECT_EQ(bytes.substr(1, 3), "PNG");
+  // Width and height, big-endian.
+  EXPECT_EQ(static_cast<unsigned char>(bytes[18]) * 256 + static_cast<unsigned char>(bytes[19]), 400);
+  EXPECT_EQ(static_cast<unsigned char>(bytes[22]) * 256 + static_cast<unsigned char>(bytes[23]), 300);
+}
+
+}  // namespace

@@ -1,0 +1,8 @@
+orvane_add_tests(kestroui
+  SOURCES
+    ChoiceControlsTest.cpp
+    ContainerTest.cpp
+    ControlGesturesTest.cpp
+    ControlTypeTest.cpp
+    DropDownListTest.cpp
+  DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Orvane/PluginEntry.h"
+#include "Quillon/CommonAudioUnit.h"
+
+namespace support {
+
+/// An instrument whose every sample says what reached it, with one parameter of each kind and the
+/// names that formats stumble over. Its outputs are the level, with 1 plus the velocity added at
+/// the frame of a note, and the host's beat.
+class OddAudioUnit : public quillon::CommonAudioUnit {
+ public:
+  /// The order of the parameters.
+  enum Param { level, cutoff, wave, sync, semitones, twin, otherTwin, longestBlock };
+  static constexpr int parameterCount = longestBlock + 1;
+
+  OddAudioUnit();
+
+  int inputChannels() const override { return 0; }
+  bool acceptsMidi() const override { return true; }
+  int latencyFrames() const override { return 7; }
+  void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
+  void render(const platform::RenderBlock& block) override;
+};
+
+const orvane::PluginEntry& oddPluginEntry();
+
+}  // namespace support
