@@ -139,11 +139,10 @@ void Container::setInactive(bool inactive) {
 void Container::setLabelHRatio(double ratio) {
   if (!(ratio > 0) || ratio == labelHRatio_) return;
   labelHRatio_ = ratio;
-  if (control_) control_->setFaceScale(textScale());
+  textScale_ = std::pow(ratio, 0.35);
+  if (control_) control_->setFaceScale(textScale_);
   setNeedsDisplay();
 }
-
-double Container::textScale() const { return std::pow(labelHRatio_, 0.35); }
 
 void Container::updateTitleLabel() {
   const bool moves = isHovered() || (control_ && control_->isInGesture());
@@ -179,13 +178,16 @@ bool Container::showsTitle() const {
 }
 
 Rect Container::controlFrame() const {
-  const double title = showsTitle() ? titleHeight() : 0;
+  const double title = showsTitle() ? titleHeight() + bottomGap() : 0;
   // A comparison that a size that is no number fails too.
   const auto positive = [](double length) { return length > 0 ? length : 0; };
-  const double gap = std::min(2.0, bounds().height * 0.03);
-  return {positive(gap), topMargin_ + positive(gap), positive(bounds().width - 2 * gap),
+  const double side = positive(std::min(4.0, bounds().width * 0.03));
+  const double gap = positive(std::min(2.0, bounds().height * 0.03));
+  return {side, topMargin_ + gap, positive(bounds().width - 2 * side),
           positive(bounds().height - topMargin_ - bottomMargin_ - title - 2 * gap)};
 }
+
+double Container::bottomGap() const { return std::min(4.0, bounds().height * 0.03); }
 
 void Container::draw(const Rect&) {
   const bool hasTitle = showsTitle();
@@ -200,7 +202,8 @@ void Container::draw(const Rect&) {
   if (hasTitle) {
     const double height = titleHeight();
     // At the bottom whatever the control's height, so that the titles of a row stand on one line.
-    const Rect line{1, bounds().height - bottomMargin_ - height, bounds().width - 2, height};
+    const double bottom = bounds().height - bottomMargin_ - bottomGap();
+    const Rect line{1, bottom - height, bounds().width - 2, height};
     titleLabel_.setFrame(line);
     if (!iconPath_.isEmpty()) {
       const Rect icon = Icons::squareIn(line.inset(0, height * 0.1));

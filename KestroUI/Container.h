@@ -133,7 +133,7 @@ class Container : public platform::Control {
   double titleHeight() const;
   /// How much larger texts are than on the smallest editor: less than the editor itself, which has
   /// more room to show more, not the same in larger letters.
-  double textScale() const;
+  double textScale() const { return textScale_; }
   /// The accent of its controls: the control colour, else the first of the colours, else grey.
   platform::Color accent() const { return accent_; }
   /// Tells the delegate of `key`; may destroy the container.
@@ -145,6 +145,8 @@ class Container : public platform::Control {
   bool isOwnKey(const std::string& key) const;
 
  private:
+  /// Below the title, in points.
+  double bottomGap() const;
   /// The title, or the value while it moves or is hovered over.
   void updateTitleLabel();
 
@@ -161,6 +163,7 @@ class Container : public platform::Control {
   double topMargin_ = 0;
   double bottomMargin_ = 0;
   double labelHRatio_ = 1;
+  double textScale_ = 1;
   bool displayTitle_ = true;
   bool visible_ = false;
   bool inactive_ = false;

@@ -143,17 +143,17 @@ void KestroControl::changeValue(float value) {
 }
 
 void KestroControl::changeValueOnce(float value) {
-  if (!isEnabled()) return;
+  // Whoever drags the control has it to themselves.
+  if (!isEnabled() || (inGesture_ && !burst_.isValid())) return;
   const platform::Weak<KestroControl> alive = this;
-  const bool ownGesture = !inGesture_ || burst_.isValid();
   if (!inGesture_) beginGesture();
   if (!alive) return;
   const bool hasLoop = platform::RunLoop::mainIfAny() != nullptr;
-  if (ownGesture && hasLoop)
+  if (hasLoop)
     burst_ =
         platform::Timer(burstInterval, platform::Timer::Repeat::once, [this] { endGesture(); });
   changeValue(value);
-  if (alive && ownGesture && !hasLoop) endGesture();
+  if (alive && !hasLoop) endGesture();
 }
 
 void KestroControl::beginGesture() {

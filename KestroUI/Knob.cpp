@@ -60,8 +60,8 @@ void Knob::paint(platform::Canvas& canvas) {
   paintCentre(canvas, circle(centre, body));
 
   path_.clear();
-  path_.moveTo(pointAt(centre, body * 0.42, angle));
-  path_.lineTo(pointAt(centre, body - line * 0.75, angle));
+  path_.moveTo(pointAt(centre, body * pointerStart(), angle));
+  path_.lineTo(pointAt(centre, std::max(body * pointerStart(), body - line * 0.75), angle));
   const Color pointer = isEnabled() ? Theme::front : Theme::textDim;
   canvas.strokePath(path_, {line * 0.85}, isInactive() ? Theme::textDim : pointer);
 }

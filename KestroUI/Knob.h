@@ -19,8 +19,10 @@ class Knob : public DragControl {
   void paint(platform::Canvas& canvas) override;
 
  protected:
-  /// What is drawn on the body instead of a bare face; the pointer is drawn around it.
+  /// What is drawn on the body, inside of the pointer's way.
   virtual void paintCentre(platform::Canvas&, const platform::Rect& /*body*/) {}
+  /// Where the pointer starts, in parts of the body's radius.
+  virtual double pointerStart() const { return 0.42; }
 
  private:
   // Of its width: the arc is open at the bottom.

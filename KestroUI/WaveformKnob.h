@@ -19,6 +19,7 @@ class WaveformKnob : public Knob {
 
  protected:
   void paintCentre(platform::Canvas& canvas, const platform::Rect& body) override;
+  double pointerStart() const override { return 0.74; }
 
  private:
   std::vector<std::string> names_;

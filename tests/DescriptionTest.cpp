@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <ostream>
 
 #include "tests/support/RunTool.h"
 
@@ -46,6 +47,8 @@ struct Mistake {
   const char* problem;
 };
 
+void PrintTo(const Mistake& mistake, std::ostream* stream) { *stream << mistake.name; }
+
 class DescriptionMistakes : public testing::TestWithParam<Mistake> {};
 
 TEST_P(DescriptionMistakes, AreToldWithTheirPlace) {
@@ -71,7 +74,8 @@ const Mistake mistakes[] = {
      "pages[0].sections[0].columns[0].slots[1].height: unknown field"},
     {"TextForANumber", "/contentRatio", "\"wide\"", "contentRatio: must be a number, not a text"},
     {"ContentRatioOfZero", "/contentRatio", "0", "contentRatio: must be in [0.05, 20], not 0"},
-    {"FootAsHighAsTheEditor", "/footHeightRatio", "1", "footHeightRatio: must be in [0, 0.9], not 1"},
+    {"FootAsHighAsTheEditor", "/footHeightRatio", "1",
+     "footHeightRatio: must be in [0, 0.9], not 1"},
     {"EmptyName", "/name", "\"\"", "name: must not be empty"},
     {"NumberForAName", "/name", "3", "name: must be a text, not a number"},
     {"NumberForAFlag", "/allowImportAndExport", "1",
@@ -99,10 +103,12 @@ const Mistake mistakes[] = {
      "parameters[0].default: must be in [20, 20000], not 10"},
     {"RangeBeyondFloats", "/parameters/0/max", "1e300",
      "parameters[0].max: must be in [-1e+30, 1e+30], not 1e+300"},
-    {"UnknownUnit", "/parameters/0/unit", "\"furlongs\"", "parameters[0].unit: no unit \"furlongs\""},
+    {"UnknownUnit", "/parameters/0/unit", "\"furlongs\"",
+     "parameters[0].unit: no unit \"furlongs\""},
     {"UnknownControl", "/parameters/0/control", "\"wheel\"",
      "parameters[0].control: no control \"wheel\""},
-    {"UnknownFlag", "/parameters/0/flags/0", "\"shiny\"", "parameters[0].flags[0]: no flag \"shiny\""},
+    {"UnknownFlag", "/parameters/0/flags/0", "\"shiny\"",
+     "parameters[0].flags[0]: no flag \"shiny\""},
     {"TooFewStrings", "/parameters/2/strings", "[\"Low\",\"High\"]",
      "parameters[2].strings: must be one for each of the 3 values from min to max, not 2"},
     {"BadColour", "/parameters/0/controlColor", "\"orange\"",
@@ -152,7 +158,8 @@ const Mistake mistakes[] = {
      "pages[0].sections[0].columns[0].slots[0].param already, and a control is in one place at a "
      "time"},
     {"SlotInTheFootToo", "/pages/0/sections/0/columns/0/slots/1/param", "\"mix\"",
-     "pages[0].sections[0].columns[0].slots[1].param: \"mix\" has its place in foot[2] already, and "
+     "pages[0].sections[0].columns[0].slots[1].param: \"mix\" has its place in foot[2] already, "
+     "and "
      "a control is in one place at a time"},
     {"SiblingUnknown", "/pages/0/sections/0/columns/0/slots/1/siblings", "[null,\"y\"]",
      "pages[0].sections[0].columns[0].slots[1].siblings[1]: no parameter \"y\""},
@@ -178,10 +185,11 @@ TEST(Description, AllProblemsAreTold) {
   description["contentRatio"] = "wide";
   description["parameters"][0]["unit"] = "furlongs";
   description["pages"][1]["sections"][0]["columns"][0]["slots"][0]["param"] = "ghost";
-  EXPECT_THAT(problemsOf(description.dump()),
-              ElementsAre("contentRatio: must be a number, not a text",
-                          "parameters[0].unit: no unit \"furlongs\"",
-                          "pages[1].sections[0].columns[0].slots[0].param: no parameter \"ghost\""));
+  EXPECT_THAT(
+      problemsOf(description.dump()),
+      ElementsAre("contentRatio: must be a number, not a text",
+                  "parameters[0].unit: no unit \"furlongs\"",
+                  "pages[1].sections[0].columns[0].slots[0].param: no parameter \"ghost\""));
 }
 
 TEST(Description, AMemberThatIsGivenTwiceIsToldAtEachLevel) {
@@ -208,6 +216,8 @@ struct Nonsense {
   const char* problem;
 };
 
+void PrintTo(const Nonsense& nonsense, std::ostream* stream) { *stream << nonsense.name; }
+
 class DescriptionSyntax : public testing::TestWithParam<Nonsense> {};
 
 TEST_P(DescriptionSyntax, EndsInOneLineThatNamesTheFileAndThePlace) {
@@ -223,7 +233,8 @@ std::string repeated(const std::string& text, int times) {
 const Nonsense nonsense[] = {
     {"Empty", "", "line 1, column 1: the file ends in the middle of a value"},
     {"Blank", " \n ", "line 2, column 2: the file ends in the middle of a value"},
-    {"Unfinished", "{\"name\": \"A\",\n \"version\"", "line 2, column 11: the file ends in the middle of a value"},
+    {"Unfinished", "{\"name\": \"A\",\n \"version\"",
+     "line 2, column 11: the file ends in the middle of a value"},
     {"NoJson", "{\n  \"name\": oops\n}", "line 2, column 11: unexpected o"},
     {"AfterTheEnd", "{}\n{}", "line 2, column 1: unexpected {"},
     {"AfterWideCharacters", "{\"\xC3\xA4\xC3\xB6\": ?}", "line 1, column 8: unexpected ?"},
@@ -233,7 +244,8 @@ const Nonsense nonsense[] = {
     {"Deep", repeated("[", 100000), "line 1, column 65: nested too deeply"},
     {"DeepObjects", repeated("{\"a\":", 100000), "line 1, column 321: nested too deeply"},
     {"TenMegabytesOfBytes", repeated("\x93", 10000000), "line 1, column 1: unexpected byte 0x93"},
-    {"TenMegabytesOfDigits", repeated("1", 10000000), "line 1, column 10000000: this number is too large"},
+    {"TenMegabytesOfDigits", repeated("1", 10000000),
+     "line 1, column 10000000: this number is too large"},
     {"OnlyAList", "[]", "must be an object, not a list"},
     {"OnlyNull", "null", "must be an object, not null"},
     {"ALongList", "[" + repeated("0,", 2000000) + "0]", "must be an object, not a list"},

@@ -374,6 +374,23 @@ TEST(HaldenTest, ComesBackFromItsStateAndSoundsTheSame) {
   EXPECT_EQ(first.left, second.left);
 }
 
+TEST(HaldenTest, KeepsAnLfoInStepWithTheSong) {
+  for (double tempo : {90.0, 120.0, 174.0}) {
+    HaldenPlayer player(48000, 64);
+    player.set({{"lfo1Sync", 1}, {"lfo1Division", 8}, {"lfo1Wave", 0}});
+    player.unit.hasUI(true);
+    player.transport = {tempo, 17, true};
+    const auto* light = player.unit.getOutputValues("lfo1Light");
+    for (int i = 0; i < 1500; ++i) {
+      player.render(64);
+      if (i < 20) continue;
+      // A sine that takes one beat; the light shows it from 0 to 1, rounded off by 2 ms.
+      const double beat = player.transport.beatPosition - 0.003 * tempo / 60;
+      EXPECT_NEAR(*light, 0.5 + 0.5 * std::sin(2 * 3.14159265358979 * beat), 0.03) << beat;
+    }
+  }
+}
+
 TEST(HaldenTest, ShowsTheLiveCutoffOnlyToAnEditorAndOnlyWhileItMoves) {
   HaldenPlayer player;
   const auto* flag = player.unit.isModulating("cutoff");

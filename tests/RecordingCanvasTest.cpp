@@ -43,7 +43,10 @@ TEST(RecordingCanvas, KeepsTextsAndTheFirstColourOfAGradient) {
   canvas.fillRect({0, 0, 1, 1}, Paint({0, 0}, {0, 1}, {{0, Color::rgb(0xff0000)}, {1, {}}}));
   EXPECT_EQ(canvas.texts(), std::vector<std::string>{"Gain"});
   EXPECT_EQ(canvas.calls().back().color, Color::rgb(0xff0000));
-  EXPECT_DOUBLE_EQ(canvas.textWidth("Gr\xC3\xB6\xC3\x9F" "e", {platform::FontWeight::regular, 10}), 25);
+  EXPECT_DOUBLE_EQ(canvas.textWidth("Gr\xC3\xB6\xC3\x9F"
+                                    "e",
+                                    {platform::FontWeight::regular, 10}),
+                   25);
 }
 
 TEST(RecordingCanvas, SurvivesMoreRestoresThanSaves) {

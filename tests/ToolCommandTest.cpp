@@ -60,12 +60,9 @@ TEST(ToolCommand, UsageErrorsExitWithTwoAndOneLine) {
 
 TEST(ToolCommand, OtherFailuresExitWithOneAndOneLineThatNamesTheFile) {
   const std::vector<std::vector<std::string>> wrong = {
-      {"tree", "no-such-plugin"},
-      {"tree", "/no/such/file.json"},
-      {"tree", ORVANE_SOURCE_DIR},
-      {"tree", "halden", "--page", "99"},
-      {"drive", "halden", "--page", "99"},
-      {"check", "/no/such/file.json"},
+      {"tree", "no-such-plugin"},          {"tree", "/no/such/file.json"},
+      {"tree", ORVANE_SOURCE_DIR},         {"tree", "halden", "--page", "99"},
+      {"drive", "halden", "--page", "99"}, {"check", "/no/such/file.json"},
       {"run", "/no/such/file.json"},
   };
   for (const auto& arguments : wrong) {
@@ -184,8 +181,10 @@ TEST(ToolCommand, ASnapshotIsAPngOrAClearFailure) {
   ASSERT_GT(bytes.size(), 24u);
   EXPECT_EQ(bytes.substr(1, 3), "PNG");
   // Width and height, big-endian.
-  EXPECT_EQ(static_cast<unsigned char>(bytes[18]) * 256 + static_cast<unsigned char>(bytes[19]), 400);
-  EXPECT_EQ(static_cast<unsigned char>(bytes[22]) * 256 + static_cast<unsigned char>(bytes[23]), 300);
+  EXPECT_EQ(static_cast<unsigned char>(bytes[18]) * 256 + static_cast<unsigned char>(bytes[19]),
+            400);
+  EXPECT_EQ(static_cast<unsigned char>(bytes[22]) * 256 + static_cast<unsigned char>(bytes[23]),
+            300);
 }
 
 }  // namespace

@@ -26,16 +26,25 @@ std::size_t below(std::mt19937& random, std::size_t end) { return random() % end
 
 /// `text` with a few pieces removed, repeated, exchanged or made up.
 std::string damaged(std::string text, std::mt19937& random) {
-  static const std::string pieces[] = {"{", "}", "[", "]", ",", ":", "\"", "null", "-1", "0", "1e9",
-                                       "\\u0000", "\"row\": 3", "true", "\"\"", "\xF0\x9F"};
+  static const std::string pieces[] = {"{",          "}",    "[",    "]",       ",",   ":",
+                                       "\"",         "null", "-1",   "0",       "1e9", "\\u0000",
+                                       "\"row\": 3", "true", "\"\"", "\xF0\x9F"};
   for (std::size_t times = 1 + below(random, 4); times > 0 && !text.empty(); --times) {
     const std::size_t at = below(random, text.size());
     const std::size_t length = 1 + below(random, std::min<std::size_t>(40, text.size() - at));
     switch (below(random, 4)) {
-      case 0: text.erase(at, length); break;
-      case 1: text.insert(at, text.substr(at, length)); break;
-      case 2: text.replace(at, 1, pieces[below(random, std::size(pieces))]); break;
-      default: text[at] = static_cast<char>(random()); break;
+      case 0:
+        text.erase(at, length);
+        break;
+      case 1:
+        text.insert(at, text.substr(at, length));
+        break;
+      case 2:
+        text.replace(at, 1, pieces[below(random, std::size(pieces))]);
+        break;
+      default:
+        text[at] = static_cast<char>(random());
+        break;
     }
   }
   return text;

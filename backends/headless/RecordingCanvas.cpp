@@ -18,9 +18,8 @@ Color firstColor(const Paint& paint) {
 }  // namespace
 
 std::size_t RecordingCanvas::count(Operation operation) const {
-  return static_cast<std::size_t>(
-      std::count_if(calls_.begin(), calls_.end(),
-                    [=](const Call& call) { return call.operation == operation; }));
+  return static_cast<std::size_t>(std::count_if(
+      calls_.begin(), calls_.end(), [=](const Call& call) { return call.operation == operation; }));
 }
 
 std::vector<std::string> RecordingCanvas::texts() const {

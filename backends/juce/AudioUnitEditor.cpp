@@ -13,13 +13,14 @@ AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
       content_(processor.entry(), processor.audioUnit()) {
   setOpaque(true);
   addAndMakeVisible(content_);
-  // The host's frame resizes the window; a corner of ours would cover the editor's own.
-  setResizable(true, false);
-  setResizeLimits(minimumWidth, minimumHeight, maximumSide, maximumSide);
+  // Read first: setting the limits gives the editor a size of its own.
   const juce::Point<int> size =
       processor.editorSize.isOrigin()
           ? juce::Point<int>(content_.getWidth(), content_.getHeight())
           : processor.editorSize;
+  // The host's frame resizes the window; a corner of ours would cover the editor's own.
+  setResizable(true, false);
+  setResizeLimits(minimumWidth, minimumHeight, maximumSide, maximumSide);
   setSize(size.x, size.y);
 }
 

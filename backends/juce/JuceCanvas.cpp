@@ -21,15 +21,15 @@ void addRoundedRect(juce::Path& path, juce::Rectangle<float> area, double radius
 }  // namespace
 
 JuceCanvas::JuceCanvas(juce::Graphics& graphics, double scale)
-    : graphics_(graphics), context_(graphics.getInternalContext()) {
+    : context_(graphics.getInternalContext()) {
   state_.transform = platform::AffineTransform::scale(scale, scale);
   state_.clip = graphics.getClipBounds();
-  graphics_.saveState();
+  context_.saveState();
 }
 
 JuceCanvas::~JuceCanvas() {
   while (!saved_.empty()) restore();
-  graphics_.restoreState();
+  context_.restoreState();
 }
 
 void JuceCanvas::save() {

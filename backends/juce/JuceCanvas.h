@@ -69,7 +69,6 @@ class JuceCanvas : public platform::Canvas {
   void drawLine(const GlyphLine& line, const platform::Rect& rect,
                 platform::TextAlignment alignment, platform::Color color);
 
-  juce::Graphics& graphics_;
   juce::LowLevelGraphicsContext& context_;
   juce::SharedResourcePointer<FontBook> fonts_;
   State state_;

@@ -97,6 +97,11 @@ macro(orvane_add_vst3 target)
   target_compile_features(${target}_Juce PRIVATE cxx_std_20)
   # For the definitions that the modules were compiled with.
   target_link_libraries(${target}_Juce_VST3 PRIVATE orvane::juce_modules)
+  # Not even what the compiler exports by itself may meet another plug-in's copy.
+  target_link_options(${target}_Juce_VST3 PRIVATE
+    "LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vst3.map")
+  set_property(TARGET ${target}_Juce_VST3 APPEND PROPERTY
+    LINK_DEPENDS "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vst3.map")
   # A target of the whole plug-in is there already.
   add_custom_target(${target}_VST3 DEPENDS ${target}_Juce_VST3)
   set(bundle "${folder}/${arg_NAME}.vst3")

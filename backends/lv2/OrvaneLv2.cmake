@@ -61,6 +61,7 @@ function(orvane_add_lv2 target)
     OUTPUT "${bundle}/manifest.ttl" "${bundle}/plugin.ttl"
     COMMAND ${CMAKE_COMMAND} -E make_directory "${bundle}"
     COMMAND ${target}_LV2_Turtle "${bundle}" plugin.ttl "${arg_LICENSE}" "${sound}" "${editor}"
+    DEPENDS ${target}_LV2_Turtle
     COMMENT "Describing ${arg_NAME}.lv2"
     VERBATIM)
   add_custom_target(${target}_LV2 ALL DEPENDS "${bundle}/manifest.ttl" "${bundle}/plugin.ttl")

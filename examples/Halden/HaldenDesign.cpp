@@ -5,8 +5,6 @@
 #include <string>
 #include <utility>
 
-#include "KestroUI/Theme.h"
-
 namespace halden {
 namespace {
 
@@ -68,15 +66,13 @@ std::vector<UIColumn> operator+(std::vector<UIColumn> left, std::vector<UIColumn
 }
 
 std::shared_ptr<Page> oscillatorPage() {
-  const auto first =
-      section("OSCILLATOR 1", Colors::sand,
-              {buttons("osc1Wave", 1.7), single("osc1Octave", 1.3), single("osc1Fine"),
-               single("osc1Width"), single("osc1Level"), single("osc1Pan")});
-  const auto second =
-      section("OSCILLATOR 2", Colors::coral,
-              {buttons("osc2Wave", 1.7), single("osc2Semi", 1.3), single("osc2Fine"),
-               single("osc2Width"), single("osc2Level"), single("osc2Pan")},
-              "osc2On");
+  const auto first = section("OSCILLATOR 1", Colors::sand,
+                             {buttons("osc1Wave", 2), single("osc1Octave"), single("osc1Fine"),
+                              single("osc1Width"), single("osc1Level"), single("osc1Pan")});
+  const auto second = section("OSCILLATOR 2", Colors::coral,
+                              {buttons("osc2Wave", 2), single("osc2Semi"), single("osc2Fine"),
+                               single("osc2Width"), single("osc2Level"), single("osc2Pan")},
+                              "osc2On");
   return std::make_shared<Page>(
       std::vector<UISection>{{first, 7, 0, 1, 0},
                              {section("SUB", Colors::moss, row({"subLevel"})), 1, 0, 1, 0},

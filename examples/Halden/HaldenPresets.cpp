@@ -115,7 +115,7 @@ std::vector<quillon::PresetDescription> presetDescriptions() {
        {"lfo1Sync", on},      {"lfo1Division", 5},  {"lfo1Cutoff", 20},    {"lfo1Level", 55},
        {"lfo2Wave", 5},       {"lfo2Rate", 0.5f},   {"lfo2Pitch", 6},      {"lfo2Pan", 60},
        {"delayOn", on},       {"delayDivision", 9}, {"delayFeedback", 60}, {"delayMix", 34},
-       {"reverbDecay", 6.5f}, {"reverbMix", 36},    {"volume", 5}});
+       {"reverbDecay", 6.5f}, {"reverbMix", 36},    {"volume", 3}});
 
   add("Wind Index", "HARBOUR", {"effects"},
       {{"osc1Wave", noise},   {"osc1Level", -2},      {"osc2On", off},    {"subLevel", -48},

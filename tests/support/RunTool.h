@@ -21,7 +21,8 @@ struct ToolResult {
 };
 
 /// Runs the tool in this process.
-inline ToolResult runTool(const std::vector<std::string>& arguments, const std::string& input = "") {
+inline ToolResult runTool(const std::vector<std::string>& arguments,
+                          const std::string& input = "") {
   std::istringstream in(input);
   std::ostringstream out, err;
   const int code = tool::runTool(arguments, in, out, err);
@@ -38,10 +39,10 @@ class TemporaryFile {
   explicit TemporaryFile(const std::string& text, const std::string& suffix = ".json") {
     static std::atomic<int> count{0};
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    path_ = (std::filesystem::temp_directory_path() /
-             (std::string("orvane-") + test->test_suite_name() + '-' + test->name() + '-' +
-              std::to_string(++count) + suffix))
-                .string();
+    std::string name = std::string("orvane-") + test->test_suite_name() + '-' + test->name() +
+                       '-' + std::to_string(++count) + suffix;
+    std::replace(name.begin(), name.end(), '/', '-');
+    path_ = (std::filesystem::temp_directory_path() / name).string();
     std::ofstream(path_, std::ios::binary) << text;
   }
   ~TemporaryFile() { std::filesystem::remove(path_); }

@@ -77,7 +77,8 @@ std::optional<int> ArgumentParser::count(std::string_view option) const {
   const auto value = text(option);
   if (!value) return std::nullopt;
   const auto number = parseCount(*value);
-  if (!number) fail(std::string(option) + " wants a whole number from 0 on, not " + inQuotes(*value));
+  if (!number)
+    fail(std::string(option) + " wants a whole number from 0 on, not " + inQuotes(*value));
   return number;
 }
 

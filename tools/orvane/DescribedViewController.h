@@ -24,9 +24,7 @@ class DescribedViewController : public orvane::KestroAUViewController {
   std::string appName() override { return plugin_->name; }
   double contentRatio() override { return plugin_->contentRatio; }
   double footHeightRatio() override { return plugin_->footHeightRatio; }
-  std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override {
-    return design_->foot();
-  }
+  std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override { return design_->foot(); }
 
  private:
   std::shared_ptr<const DescribedPlugin> plugin_;

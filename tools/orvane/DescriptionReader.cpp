@@ -49,8 +49,8 @@ DescribedPlugin readDescription(std::string_view text, const std::string& fallba
   ParameterIndex index;
   result.parameters = readParameters(plugin, problems, index);
   result.foot = plugin.optionalTexts("foot");
-  result.footHeightRatio = plugin.number("footHeightRatio", result.foot.empty() ? 0 : 0.1,
-                                         {0, 0.9});
+  result.footHeightRatio =
+      plugin.number("footHeightRatio", result.foot.empty() ? 0 : 0.1, {0, 0.9});
   result.categories = plugin.texts("categories");
   result.presetViewUseFilters = plugin.boolean("presetViewUseFilters", false);
   result.allowImportAndExport = plugin.boolean("allowImportAndExport", false);

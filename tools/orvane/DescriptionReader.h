@@ -8,9 +8,9 @@
 
 namespace tool {
 
-/// Reads the text of a description and adds everything that is wrong with it to `problems`, in the
-/// order of the file's parts: parameters first, since pages and presets name them. The result is fit
-/// to be shown only when there is no problem.
+/// Reads the text of a description and adds everything that is wrong with it to `problems`: first
+/// what is wrong with single fields, then what does not fit together. The result is fit to be shown
+/// only when there is no problem.
 ///
 /// `fallbackName` names a plug-in that has no name.
 DescribedPlugin readDescription(std::string_view text, const std::string& fallbackName,

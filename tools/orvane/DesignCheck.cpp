@@ -15,8 +15,7 @@ using orvane::UISection;
 namespace {
 
 std::string at(const std::string& place, std::string_view list, std::size_t index) {
-  return place + (place.empty() ? "" : ".") + std::string(list) + '[' + std::to_string(index) +
-         ']';
+  return place + (place.empty() ? "" : ".") + std::string(list) + '[' + std::to_string(index) + ']';
 }
 
 }  // namespace
@@ -38,8 +37,7 @@ void DesignCheck::check(const std::vector<DescribedPage>& pages) {
 
 void DesignCheck::checkFoot() {
   for (std::size_t i = 0; i < foot_.size(); ++i)
-    if (foot_[i] && checkKey(*foot_[i], at("", "foot", i)))
-      takePlace(*foot_[i], at("", "foot", i));
+    if (foot_[i] && checkKey(*foot_[i], at("", "foot", i))) takePlace(*foot_[i], at("", "foot", i));
 }
 
 void DesignCheck::checkPage(const DescribedPage& page, const std::string& place) {
@@ -65,9 +63,9 @@ void DesignCheck::checkRows(const DescribedPage& page, const std::string& place)
         add(here + ".row",
             "must be 0 for the first section, not " + std::to_string(section.rowIndex));
       else if (section.columnOffset < 0 || section.columnOffset >= inRow)
-        add(here + ".columnOffset",
-            "must name a section of the row above, which has " + std::to_string(inRow) +
-                ", counted from 0, not " + std::to_string(section.columnOffset));
+        add(here + ".columnOffset", "must name a section of the row above, which has " +
+                                        std::to_string(inRow) + ", counted from 0, not " +
+                                        std::to_string(section.columnOffset));
       row = section.rowIndex;
       inRow = 0;
     }
@@ -81,9 +79,8 @@ void DesignCheck::checkSection(const orvane::Section& section, const std::string
   for (std::size_t i = 0; i < section.stack.size(); ++i)
     checkColumn(section.stack[i], at(place, "columns", i));
   // The height of a slot is its share of the highest column's weights.
-  const bool isEmpty =
-      std::all_of(section.stack.begin(), section.stack.end(),
-                  [](const UIColumn& column) { return column.params.empty(); });
+  const bool isEmpty = std::all_of(section.stack.begin(), section.stack.end(),
+                                   [](const UIColumn& column) { return column.params.empty(); });
   if (isEmpty && !section.stack.empty()) add(place + ".columns", "must hold a slot");
 }
 

@@ -16,7 +16,8 @@ namespace tool {
 /// leave something out. Places are those of a description's file.
 class DesignCheck {
  public:
-  /// `isParameter` says whether the plug-in has a parameter with this key; `foot` is the foot strip.
+  /// `isParameter` says whether the plug-in has a parameter with this key; `foot` is the foot
+  /// strip and outlives the check.
   DesignCheck(Problems& problems, std::function<bool(const std::string&)> isParameter,
               const std::vector<std::optional<std::string>>& foot);
 

@@ -106,9 +106,7 @@ void DriveSession::stepPreset(Direction direction, Json& answer) {
 
 void DriveSession::next(const Words&, Json& answer) { stepPreset(Direction::next, answer); }
 
-void DriveSession::previous(const Words&, Json& answer) {
-  stepPreset(Direction::previous, answer);
-}
+void DriveSession::previous(const Words&, Json& answer) { stepPreset(Direction::previous, answer); }
 
 void DriveSession::presets(const Words&, Json& answer) {
   const platform::AudioUnit& unit = host_.audioUnit();
@@ -117,9 +115,7 @@ void DriveSession::presets(const Words&, Json& answer) {
   for (const auto& preset : unit.factoryPresets()) walk.push_back(preset.name);
 }
 
-void DriveSession::tree(const Words&, Json& answer) {
-  answer["tree"] = viewTree(host_.rootView());
-}
+void DriveSession::tree(const Words&, Json& answer) { answer["tree"] = viewTree(host_.rootView()); }
 
 void DriveSession::state(const Words&, Json& answer) {
   answer["preset"] = presetName(host_.audioUnit());

@@ -18,9 +18,9 @@ void showPage(headless::HeadlessHost& host, int page, const std::string& place) 
   auto& content = host.editor().settingsViewController();
   const auto count = content.pageViews().size();
   if (page < 0 || static_cast<std::size_t>(page) >= count)
-    throw Failure((place.empty() ? "" : place + ": ") + "there is no page " +
-                  std::to_string(page) + ": the design has " + std::to_string(count) +
-                  (count == 1 ? " page" : " pages") + ", counted from 0");
+    throw Failure((place.empty() ? "" : place + ": ") + "there is no page " + std::to_string(page) +
+                  ": the design has " + std::to_string(count) + (count == 1 ? " page" : " pages") +
+                  ", counted from 0");
   content.setCurrentPage(page);
   host.loop().runDue();
 }

@@ -15,13 +15,20 @@ using platform::Modifiers;
 namespace {
 
 constexpr std::pair<std::string_view, Key> keys[] = {
-    {"return", Key::returnKey},  {"escape", Key::escape},
-    {"tab", Key::tab},           {"space", Key::space},
-    {"backspace", Key::backspace}, {"delete", Key::deleteForward},
-    {"left", Key::left},         {"right", Key::right},
-    {"up", Key::up},             {"down", Key::down},
-    {"pageup", Key::pageUp},     {"pagedown", Key::pageDown},
-    {"home", Key::home},         {"end", Key::end},
+    {"return", Key::returnKey},
+    {"escape", Key::escape},
+    {"tab", Key::tab},
+    {"space", Key::space},
+    {"backspace", Key::backspace},
+    {"delete", Key::deleteForward},
+    {"left", Key::left},
+    {"right", Key::right},
+    {"up", Key::up},
+    {"down", Key::down},
+    {"pageup", Key::pageUp},
+    {"pagedown", Key::pageDown},
+    {"home", Key::home},
+    {"end", Key::end},
 };
 
 constexpr std::pair<std::string_view, Modifiers> modifiers[] = {

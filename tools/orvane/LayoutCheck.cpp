@@ -69,8 +69,8 @@ class PageCheck {
     for (std::size_t c = 0; c < section.stack.size(); ++c) {
       const auto& params = section.stack[c].params;
       for (std::size_t s = 0; s < params.size(); ++s) {
-        const std::string here = place + ".columns[" + std::to_string(c) + "].slots[" +
-                                 std::to_string(s) + ']';
+        const std::string here =
+            place + ".columns[" + std::to_string(c) + "].slots[" + std::to_string(s) + ']';
         const Container* container = shown(params[s].param);
         if (!container) continue;
         slots.push_back({here, inQuotes(params[s].param), container->frame()});
@@ -115,9 +115,7 @@ class PageCheck {
     return container && container->isShown() ? container : nullptr;
   }
 
-  static std::string lengthText(double length) {
-    return numberText(std::round(length * 10) / 10);
-  }
+  static std::string lengthText(double length) { return numberText(std::round(length * 10) / 10); }
 
   void add(const std::string& place, const std::string& text) {
     problems_.push_back({place, text + size_});

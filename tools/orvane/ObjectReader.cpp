@@ -117,9 +117,9 @@ double ObjectReader::weight(std::string_view member, double fallback) {
   const double number = value->get<double>();
   // Far beyond any use, but sums and quotients of such weights are finite.
   if (number >= 1e-6 && number <= 1e6) return number;
-  problem(member, number <= 0 ? "must be above 0, not " + numberText(number)
-                              : "must be in " + rangeText(1e-6, 1e6) + ", not " +
-                                    numberText(number));
+  problem(member, number <= 0
+                      ? "must be above 0, not " + numberText(number)
+                      : "must be in " + rangeText(1e-6, 1e6) + ", not " + numberText(number));
   return fallback;
 }
 
@@ -173,8 +173,8 @@ std::vector<std::string> ObjectReader::texts(std::string_view member) {
 std::vector<std::optional<std::string>> ObjectReader::optionalTexts(std::string_view member) {
   std::vector<std::optional<std::string>> texts;
   list(member, [&](const Json& entry, std::size_t index) {
-    const bool right = entry.is_null() || checkEntry(member, index, entry, entry.is_string(),
-                                                     "a text or null");
+    const bool right =
+        entry.is_null() || checkEntry(member, index, entry, entry.is_string(), "a text or null");
     texts.push_back(right && !entry.is_null() ? std::optional(entry.get<std::string>())
                                               : std::nullopt);
   });

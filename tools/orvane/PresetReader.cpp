@@ -59,8 +59,8 @@ std::vector<quillon::PresetDescription> readPresets(
     quillon::PresetDescription description;
     platform::AUAudioUnitPreset& preset = description.preset;
     preset.name = reader.requiredText("name");
-    preset.number = static_cast<int>(
-        reader.whole("number", static_cast<std::int64_t>(i), {0, mostPresets}));
+    preset.number =
+        static_cast<int>(reader.whole("number", static_cast<std::int64_t>(i), {0, mostPresets}));
     preset.bank = reader.text("bank", "");
     preset.categories = reader.texts("categories");
     preset.pack = reader.text("pack", "");

@@ -13,7 +13,7 @@ constexpr double largestSide = 16384;
 /// Length of the UTF-8 character that `text` begins with, or 0 when it begins with none.
 std::size_t characterLength(std::string_view text) {
   const auto first = static_cast<unsigned char>(text[0]);
-  const std::size_t length = first < 0x80                  ? 1
+  const std::size_t length = first < 0x80                    ? 1
                              : first >= 0xC2 && first < 0xE0 ? 2
                              : first >= 0xE0 && first < 0xF0 ? 3
                              : first >= 0xF0 && first < 0xF5 ? 4

@@ -1,0 +1,245 @@
+#include "backends/juce/JuceCanvas.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <string>
+
+namespace {
+
+using juce_backend::JuceCanvas;
+using platform::Color;
+using platform::Rect;
+
+constexpr double scales[] = {1, 1.25, 1.5, 2, 3};
+const platform::Font font{platform::FontWeight::regular, 12, false};
+
+juce::Image paint(double scale, platform::Size size,
+                  const std::function<void(JuceCanvas&)>& painting) {
+  juce::Image image(juce::Image::RGB, static_cast<int>(std::ceil(size.width * scale)),
+                    static_cast<int>(std::ceil(size.height * scale)), true,
+                    juce::SoftwareImageType());
+  juce::Graphics graphics(image);
+  JuceCanvas canvas(graphics, scale);
+  painting(canvas);
+  return image;
+}
+
+/// The pixels that are not black.
+juce::Rectangle<int> ink(const juce::Image& image) {
+  juce::Rectangle<int> area;
+  for (int y = 0; y < image.getHeight(); ++y)
+    for (int x = 0; x < image.getWidth(); ++x)
+      if (image.getPixelAt(x, y).getBrightness() > 0.05f)
+        area = area.isEmpty() ? juce::Rectangle<int>(x, y, 1, 1)
+                              : area.getUnion(juce::Rectangle<int>(x, y, 1, 1));
+  return area;
+}
+
+std::set<juce::uint32> colours(const juce::Image& image) {
+  std::set<juce::uint32> found;
+  for (int y = 0; y < image.getHeight(); ++y)
+    for (int x = 0; x < image.getWidth(); ++x) found.insert(image.getPixelAt(x, y).getARGB());
+  return found;
+}
+
+bool areSame(const juce::Image& a, const juce::Image& b) {
+  for (int y = 0; y < a.getHeight(); ++y)
+    for (int x = 0; x < a.getWidth(); ++x)
+      if (a.getPixelAt(x, y) != b.getPixelAt(x, y)) return false;
+  return a.getBounds() == b.getBounds();
+}
+
+platform::Path line(platform::Point from, platform::Point to) {
+  platform::Path path;
+  path.moveTo(from);
+  path.lineTo(to);
+  return path;
+}
+
+TEST(JuceCanvas, rectanglesAndStraightLinesHaveNoGreyEdgesAtAnyScale) {
+  const platform::StrokeStyle butt{1, platform::StrokeStyle::Cap::butt};
+  const std::pair<const char*, std::function<void(JuceCanvas&)>> cases[] = {
+      {"fillRect", [](JuceCanvas& c) { c.fillRect({3.3, 2.7, 11.1, 0.3}, Color::white()); }},
+      {"frame", [](JuceCanvas& c) { c.strokeRoundedRect({3, 3, 20, 9}, 0, 1, Color::white()); }},
+      {"level line",
+       [&](JuceCanvas& c) { c.strokePath(line({2, 5}, {20, 5}), butt, Color::white()); }},
+      {"upright line",
+       [](JuceCanvas& c) { c.strokePath(line({7, 3}, {7, 12}), {0.5}, Color::white()); }},
+      {"clip",
+       [](JuceCanvas& c) {
+         c.save();
+         c.clip({2.3, 2.3, 7, 7});
+         c.fillRect({-50, -50, 130, 130}, Color::white());
+         c.restore();
+       }},
+  };
+  for (double scale : scales) {
+    for (const auto& [name, painting] : cases) {
+      const std::set<juce::uint32> found = colours(paint(scale, {30, 20}, painting));
+      EXPECT_EQ(found, (std::set<juce::uint32>{0xff000000, 0xffffffff}))
+          << name << " at scale " << scale;
+    }
+  }
+}
+
+TEST(JuceCanvas, everyHairlineOfAGridIsEquallyThick) {
+  for (double scale : scales) {
+    const juce::Image image = paint(scale, {40, 4}, [](JuceCanvas& c) {
+      for (int x = 2; x < 40; x += 4) c.strokePath(line({x + 0.5, 0}, {x + 0.5, 4}), {1}, Color::white());
+    });
+    std::set<int> widths;
+    int run = 0;
+    for (int x = 0; x < image.getWidth(); ++x) {
+      if (image.getPixelAt(x, 1) == juce::Colours::white) {
+        ++run;
+      } else if (run > 0) {
+        widths.insert(run);
+        run = 0;
+      }
+    }
+    EXPECT_EQ(widths.size(), 1u) << "at scale " << scale;
+  }
+}
+
+TEST(JuceCanvas, textStaysInItsRectangle) {
+  struct Case {
+    const char* text;
+    Rect rect;
+    double pointSize;
+    double minimumScale;
+  };
+  const Case cases[] = {
+      {"fits", {20, 20, 60, 20}, 12, 0.7},
+      {"is set a little smaller", {20, 20, 110, 20}, 12, 0.7},
+      {"is much too long to be shown in so small a place", {20, 20, 60, 20}, 12, 0.7},
+      {"Ågjy", {20, 20, 60, 12}, 40, 1},
+      {"not even an ellipsis", {20, 20, 4, 20}, 20, 1},
+      {"\xe4\xb8\xad\xe6\x96\x87 \xe2\x99\xaf \xf0\x9f\x8e\xb9", {20, 20, 40, 20}, 16, 0.7},
+      {"\xff\xc0 is no UTF-8", {20, 20, 60, 20}, 12, 0.7},
+  };
+  for (double scale : scales) {
+    for (const Case& c : cases) {
+      for (auto alignment : {platform::TextAlignment::left, platform::TextAlignment::centre,
+                             platform::TextAlignment::right}) {
+        const juce::Rectangle<int> found = ink(paint(scale, {160, 60}, [&](JuceCanvas& canvas) {
+          canvas.drawText(c.text, font.withSize(c.pointSize), c.rect, alignment, Color::white(),
+                          c.minimumScale);
+        }));
+        const auto allowed = juce::Rectangle<double>(c.rect.x * scale, c.rect.y * scale,
+                                                     c.rect.width * scale, c.rect.height * scale)
+                                 .getSmallestIntegerContainer()
+                                 .expanded(1);
+        EXPECT_TRUE(found.isEmpty() || allowed.contains(found))
+            << c.text << " at scale " << scale << ": " << found.toString();
+      }
+    }
+  }
+}
+
+TEST(JuceCanvas, aTextThatIsTooWideShrinksBeforeItIsCut) {
+  juce_backend::FontBook fonts;
+  const std::string text = "Resonance";
+  const double width = fonts.textWidth(text, font);
+  const auto inkWidth = [&](double room) {
+    return ink(paint(4, {200, 30}, [&](JuceCanvas& c) {
+             c.drawText(text, font, {0, 5, room, 20}, platform::TextAlignment::left,
+                        Color::white());
+           })).getWidth() / 4.0;
+  };
+  EXPECT_NEAR(inkWidth(width + 1), width, 2);
+  EXPECT_NEAR(inkWidth(width * 0.8), width * 0.8, 3);
+  // Cut, at seven tenths of its size.
+  const juce_backend::GlyphLine cut = fonts.layOutTruncated(text, font, 8.4, width * 0.5);
+  EXPECT_EQ(cut.glyphs.back().character, 0x2026);
+  EXPECT_LE(cut.width, width * 0.5);
+  EXPECT_LT(cut.glyphs.size(), text.size());
+}
+
+TEST(JuceCanvas, tabularFiguresAreEquallyWide) {
+  juce_backend::FontBook fonts;
+  const platform::Font tabular{platform::FontWeight::regular, 12, true};
+  EXPECT_DOUBLE_EQ(fonts.textWidth("1111", tabular), fonts.textWidth("0000", tabular));
+  EXPECT_LT(fonts.textWidth("1111", font), fonts.textWidth("0000", font));
+  EXPECT_DOUBLE_EQ(fonts.textWidth("dB", tabular), fonts.textWidth("dB", font));
+}
+
+TEST(JuceCanvas, aKeptRunPaintsLikeAFreshText) {
+  platform::TextRun run;
+  run.text = "Cutoff";
+  run.font = font;
+  run.rect = {2, 2, 60, 16};
+  run.color = Color::white();
+  for (double scale : {1.0, 1.0, 1.5, 1.0}) {
+    const juce::Image kept = paint(scale, {70, 20}, [&](JuceCanvas& c) { c.drawTextRun(run); });
+    const juce::Image fresh = paint(scale, {70, 20}, [&](JuceCanvas& c) {
+      c.drawText(run.text, run.font, run.rect, run.alignment, run.color, run.minimumScale);
+    });
+    EXPECT_TRUE(areSame(kept, fresh)) << "at scale " << scale;
+    EXPECT_TRUE(run.cache);
+  }
+}
+
+TEST(JuceCanvas, restoreBringsBackTransformClipAndAlpha) {
+  const juce::Image image = paint(2, {30, 10}, [](JuceCanvas& c) {
+    c.save();
+    c.concat(platform::AffineTransform::translation(10, 0));
+    c.clip({0, 0, 5, 10});
+    c.multiplyAlpha(0.5f);
+    c.save();
+    c.clip({0, 0, 5, 5});
+    c.multiplyAlpha(0.5f);
+    c.fillRect({0, 0, 30, 10}, Color::white());
+    EXPECT_FALSE(c.intersectsClip({8, 0, 5, 5}));
+    c.restore();
+    c.fillRect({0, 5, 30, 10}, Color::white());
+    c.restore();
+    EXPECT_TRUE(c.intersectsClip({18, 0, 5, 5}));
+    c.fillRect({20, 0, 10, 10}, Color::white());
+  });
+  EXPECT_EQ(image.getPixelAt(10, 10).getRed(), 0);
+  EXPECT_NEAR(image.getPixelAt(24, 4).getRed(), 64, 1);
+  EXPECT_NEAR(image.getPixelAt(24, 14).getRed(), 128, 1);
+  EXPECT_EQ(image.getPixelAt(32, 4).getRed(), 0);
+  EXPECT_EQ(image.getPixelAt(50, 4).getRed(), 255);
+}
+
+TEST(JuceCanvas, leavesTheGraphicsAsItWas) {
+  juce::Image image(juce::Image::RGB, 20, 20, true, juce::SoftwareImageType());
+  juce::Graphics graphics(image);
+  {
+    JuceCanvas canvas(graphics, 1);
+    canvas.clip({0, 0, 5, 5});
+    canvas.save();
+    canvas.clip({0, 0, 2, 2});
+  }
+  EXPECT_EQ(graphics.getClipBounds(), image.getBounds());
+}
+
+TEST(JuceCanvas, aGradientGoesFromItsFirstToItsLastStop) {
+  const platform::Paint paintStops({0, 0}, {0, 100},
+                                   {{0, Color::rgb(0xff0000)}, {1, Color::rgb(0x0000ff)}});
+  const juce::Image image = paint(1.5, {10, 100}, [&](JuceCanvas& c) {
+    c.fillRect({0, 0, 10, 100}, paintStops);
+  });
+  EXPECT_GT(image.getPixelAt(5, 1).getRed(), 245);
+  EXPECT_GT(image.getPixelAt(5, 148).getBlue(), 245);
+  EXPECT_NEAR(image.getPixelAt(5, 75).getRed(), 128, 6);
+}
+
+TEST(JuceCanvas, emptyShapesPaintNothing) {
+  const juce::Image image = paint(1, {20, 20}, [](JuceCanvas& c) {
+    c.fillRect({5, 5, 0, 5}, Color::white());
+    c.fillRoundedRect({5, 5, 5, -1}, 3, Color::white());
+    c.fillEllipse({5, 5, -2, 5}, Color::white());
+    c.fillPath({}, Color::white());
+    c.strokePath(line({1, 1}, {9, 9}), {0}, Color::white());
+    c.drawText("", font, {0, 0, 20, 20}, platform::TextAlignment::left, Color::white());
+    c.drawText("x", font, {0, 0, 0, 20}, platform::TextAlignment::left, Color::white());
+    c.restore();
+  });
+  EXPECT_TRUE(ink(image).isEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "backends/juce/AudioUnitEditor.h"
+#include "backends/juce/ComputerKeyboard.h"
+#include "backends/juce/JuceInput.h"
+#include "backends/juce/Snapshot.h"
+#include "tests/support/JuceBench.h"
+
+namespace {
+
+using juce_backend::EditorComponent;
+using platform::Key;
+using platform::Modifiers;
+
+/// Counts its life on screen; its view takes the keys that are typed as "x".
+class Probe : public platform::ViewController {
+ public:
+  struct KeyView : platform::View {
+    bool canBecomeFirstResponder() const override { return true; }
+    bool keyPressed(const platform::KeyEvent& event) override { return event.text == "x"; }
+  };
+
+  void viewDidLoad() override { view().addSubview(keyView); }
+  void viewDidAppear() override { log += "appear "; }
+  void viewDidDisappear() override { log += "disappear "; }
+
+  KeyView keyView;
+  std::string log;
+};
+
+struct EditorTest : testing::Test {
+  juce::ScopedJuceInitialiser_GUI juceIsUp;
+};
+
+TEST_F(EditorTest, paintsItsControllerAtTheScaleOfTheGraphics) {
+  EditorComponent editor([] {
+    auto controller = std::make_unique<Probe>();
+    controller->view().setBackgroundColor(platform::Color::rgb(0x204060));
+    return controller;
+  });
+  editor.setSize(50, 30);
+  EXPECT_EQ(editor.controller().view().frame(), (platform::Rect{0, 0, 50, 30}));
+  for (float scale : {1.0f, 1.25f, 2.0f, 1.0f}) {
+    juce::Image image(juce::Image::RGB, juce::roundToInt(50 * scale),
+                      juce::roundToInt(30 * scale), true, juce::SoftwareImageType());
+    juce::Graphics graphics(image);
+    graphics.addTransform(juce::AffineTransform::scale(scale));
+    editor.paintEntireComponent(graphics, true);
+    for (int x = 0; x < image.getWidth(); ++x)
+      ASSERT_EQ(image.getPixelAt(x, image.getHeight() - 2).getARGB(), 0xff204060)
+          << x << " at scale " << scale;
+  }
+}
+
+TEST_F(EditorTest, aComponentOffScreenHasNotAppeared) {
+  EditorComponent editor([] { return std::make_unique<Probe>(); });
+  editor.setVisible(true);
+  editor.setSize(20, 20);
+  EXPECT_EQ(static_cast<Probe&>(editor.controller()).log, "");
+}
+
+TEST_F(EditorTest, keysThatNoControlUsesGoBackToTheHost) {
+  EditorComponent editor([] { return std::make_unique<Probe>(); });
+  EXPECT_FALSE(editor.keyPressed(juce::KeyPress('X', {}, 'x')));
+  ASSERT_TRUE(static_cast<Probe&>(editor.controller()).keyView.becomeFirstResponder());
+  EXPECT_TRUE(editor.keyPressed(juce::KeyPress('X', {}, 'x')));
+  EXPECT_FALSE(editor.keyPressed(juce::KeyPress('Y', {}, 'y')));
+  EXPECT_FALSE(editor.keyPressed(juce::KeyPress(juce::KeyPress::F5Key)));
+}
+
+TEST_F(EditorTest, theHostsEditorTakesAnySizeFromTheSmallestOnAndRemembersIt) {
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  juce_backend::AudioUnitProcessor processor(entry);
+  {
+    const std::unique_ptr<juce::AudioProcessorEditor> editor(processor.createEditor());
+    EXPECT_EQ(editor->getBounds().getWidth(), 600);
+    EXPECT_TRUE(editor->isResizable());
+    EXPECT_EQ(editor->getConstrainer()->getMinimumWidth(), 480);
+    EXPECT_EQ(editor->getConstrainer()->getMinimumHeight(), 320);
+    EXPECT_EQ(editor->getConstrainer()->getFixedAspectRatio(), 0);
+    editor->setSize(700, 350);
+    auto& content = static_cast<juce_backend::AudioUnitEditor&>(*editor).content();
+    EXPECT_EQ(content.window().size(), (platform::Size{700, 350}));
+    processor.editorBeingDeleted(editor.get());
+  }
+  const std::unique_ptr<juce::AudioProcessorEditor> again(processor.createEditor());
+  EXPECT_EQ(again->getWidth(), 700);
+  processor.editorBeingDeleted(again.get());
+}
+
+TEST_F(EditorTest, severalEditorsShareTheProcessAndMayCloseInAnyOrder) {
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  auto firstUnit = entry.makeAudioUnit(), secondUnit = entry.makeAudioUnit();
+  auto first = std::make_unique<EditorComponent>(entry, *firstUnit);
+  auto second = std::make_unique<EditorComponent>(entry, *secondUnit);
+  first.reset();
+  firstUnit.reset();
+  secondUnit->setParameter("mix", 3);
+  // The host drops the sound before the editor.
+  secondUnit.reset();
+  juce::Image image(juce::Image::RGB, 600, 400, true, juce::SoftwareImageType());
+  juce::Graphics graphics(image);
+  second->paintEntireComponent(graphics, true);
+}
+
+TEST(JuceInput, keysKeepTheirMeaning) {
+  using juce::KeyPress;
+  using juce::ModifierKeys;
+  const struct {
+    KeyPress press;
+    Key key;
+    Modifiers modifiers;
+    const char* text;
+  } cases[] = {
+      {KeyPress('A', {}, 'a'), Key::character, Modifiers::none, "a"},
+      {KeyPress('A', ModifierKeys::shiftModifier, 'A'), Key::character, Modifiers::shift, "A"},
+      {KeyPress(0xe4, {}, 0xe4), Key::character, Modifiers::none, "\xc3\xa4"},
+      {KeyPress('C', ModifierKeys::ctrlModifier, 3), Key::character, Modifiers::control, "c"},
+      {KeyPress(KeyPress::spaceKey, {}, ' '), Key::space, Modifiers::none, " "},
+      {KeyPress(KeyPress::returnKey, {}, '\r'), Key::returnKey, Modifiers::none, ""},
+      {KeyPress(KeyPress::tabKey, ModifierKeys::shiftModifier, '\t'), Key::tab, Modifiers::shift, ""},
+      {KeyPress(KeyPress::backspaceKey, {}, 8), Key::backspace, Modifiers::none, ""},
+      {KeyPress(KeyPress::deleteKey, {}, 127), Key::deleteForward, Modifiers::none, ""},
+      {KeyPress(KeyPress::upKey, ModifierKeys::altModifier, 0), Key::up, Modifiers::alt, ""},
+      {KeyPress(KeyPress::F5Key), Key::character, Modifiers::none, ""},
+  };
+  for (const auto& c : cases) {
+    const platform::KeyEvent event = juce_backend::toKeyEvent(c.press);
+    EXPECT_EQ(event.key, c.key) << c.press.getTextDescription();
+    EXPECT_EQ(event.modifiers, c.modifiers) << c.press.getTextDescription();
+    EXPECT_EQ(event.text, c.text) << c.press.getTextDescription();
+  }
+}
+
+TEST(JuceInput, oneNotchOfTheWheelIsOne) {
+  juce::MouseWheelDetails wheel{};
+  wheel.deltaY = -50.0f / 256.0f;
+  EXPECT_NEAR(juce_backend::toWheelEvent({}, wheel, {}).deltaY, -1, 1e-6);
+}
+
+TEST(ComputerKeyboard, isLaidOutAsAPiano) {
+  const std::pair<int, int> cases[] = {{'Z', 48}, {'z', 48}, {'S', 49}, {'M', 59}, {',', 60},
+                                       {'Q', 60}, {'2', 61}, {'P', 76}, {'A', -1}, {'1', -1},
+                                       {0, -1},   {0x10000 | 'Z', -1}};
+  for (const auto& [key, note] : cases)
+    EXPECT_EQ(juce_backend::ComputerKeyboard::noteForKey(key), note) << key;
+}
+
+TEST(ComputerKeyboard, playsAHeldKeyOnceAndLeavesShortcutsAlone) {
+  std::vector<juce::MidiMessage> sent;
+  juce_backend::ComputerKeyboard keyboard([&](const juce::MidiMessage& m) { sent.push_back(m); });
+  EXPECT_TRUE(keyboard.keyPressed(juce::KeyPress('Z', {}, 'z')));
+  EXPECT_TRUE(keyboard.keyPressed(juce::KeyPress('Z', {}, 'z')));
+  EXPECT_FALSE(keyboard.keyPressed(juce::KeyPress('Z', juce::ModifierKeys::ctrlModifier, 0)));
+  EXPECT_FALSE(keyboard.keyPressed(juce::KeyPress(juce::KeyPress::upKey)));
+  ASSERT_EQ(sent.size(), 1u);
+  EXPECT_TRUE(sent[0].isNoteOn());
+  keyboard.releaseAll();
+  keyboard.releaseAll();
+  ASSERT_EQ(sent.size(), 2u);
+  EXPECT_TRUE(sent[1].isNoteOff());
+  EXPECT_EQ(sent[1].getNoteNumber(), 48);
+}
+
+TEST(Snapshot, writesAPictureOfEveryPageAndSaysWhatFails) {
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() / "orvane-snapshot-test";
+  std::filesystem::remove_all(folder);
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  std::string error;
+  const auto paths = juce_backend::writePages(entry, {300, 200}, 1.5, folder.string(), error);
+  ASSERT_EQ(paths.size(), 1u) << error;
+  const juce::Image picture = juce::ImageFileFormat::loadFrom(juce::File(paths[0]));
+  EXPECT_EQ(picture.getBounds(), juce::Rectangle<int>(450, 300));
+
+  EXPECT_TRUE(juce_backend::writePages(entry, {300, 200}, 1, paths[0] + "/below", error).empty());
+  EXPECT_NE(error.find("below"), std::string::npos);
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace

@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <thread>
+
+#include "backends/juce/AudioUnitProcessor.h"
+#include "tests/support/AllocationCounter.h"
+#include "tests/support/JuceBench.h"
+
+namespace {
+
+using juce_backend::AudioUnitParameter;
+using juce_backend::AudioUnitProcessor;
+
+struct Listener : juce::AudioProcessorListener {
+  void audioProcessorParameterChanged(juce::AudioProcessor*, int index, float value) override {
+    log += "set" + std::to_string(index) + "=" + std::to_string(std::lround(value * 100)) + " ";
+  }
+  void audioProcessorChanged(juce::AudioProcessor*, const ChangeDetails&) override {}
+  void audioProcessorParameterChangeGestureBegin(juce::AudioProcessor*, int index) override {
+    log += "begin" + std::to_string(index) + " ";
+  }
+  void audioProcessorParameterChangeGestureEnd(juce::AudioProcessor*, int index) override {
+    log += "end" + std::to_string(index) + " ";
+  }
+  std::string log;
+};
+
+class JuceProcessorTest : public testing::Test {
+ protected:
+  JuceProcessorTest() { processor_.addListener(&listener_); }
+  ~JuceProcessorTest() override { processor_.removeListener(&listener_); }
+
+  AudioUnitParameter& parameter(int index) {
+    return static_cast<AudioUnitParameter&>(*processor_.getParameters()[index]);
+  }
+  support::RenderLog& unit() { return static_cast<support::RenderLog&>(processor_.audioUnit()); }
+  float value(const char* key) { return unit().parameter(key)->value(); }
+
+  juce::ScopedJuceInitialiser_GUI juceIsUp_;
+  orvane::PluginEntry entry_ = support::renderLogEntry();
+  AudioUnitProcessor processor_{entry_};
+  Listener listener_;
+};
+
+TEST_F(JuceProcessorTest, hostsSeeEveryParameterWithItsIdentityAndScale) {
+  ASSERT_EQ(processor_.getParameters().size(), 4);
+  const struct {
+    int index;
+    const char *id, *name;
+    float normalised, value;
+    const char* text;
+    int steps;
+  } cases[] = {
+      {0, "cutoff", "Cutoff", 0, 20, "20.0 Hz", 0x7fffffff},
+      {0, "cutoff", "Cutoff", 0.5f, 632.456f, "632 Hz", 0x7fffffff},
+      {0, "cutoff", "Cutoff", 1, 20000, "20.0 kHz", 0x7fffffff},
+      {1, "wave", "Wave", 0.5f, 1, "Saw", 3},
+      {1, "wave", "Wave", 0.8f, 2, "Noise", 3},
+      {2, "on", "on", 1, 1, "On", 2},
+      {3, "mix", "Mix", 0.25f, 25, "25 %", 0x7fffffff},
+  };
+  for (const auto& c : cases) {
+    AudioUnitParameter& p = parameter(c.index);
+    EXPECT_EQ(p.getParameterID(), c.id);
+    EXPECT_EQ(p.getName(100), c.name);
+    EXPECT_EQ(p.getNumSteps(), c.steps);
+    EXPECT_EQ(p.getText(c.normalised, 0), c.text);
+    p.setValue(c.normalised);
+    EXPECT_NEAR(unit().parameter(c.id)->value(), c.value, c.value * 1e-4);
+  }
+  EXPECT_NEAR(parameter(0).getDefaultValue(), 1.0 / 3, 1e-4);
+  EXPECT_TRUE(parameter(2).isBoolean());
+  EXPECT_EQ(parameter(1).getAllValueStrings(), juce::StringArray({"Sine", "Saw", "Noise"}));
+}
+
+TEST_F(JuceProcessorTest, typedTextsBecomeValues) {
+  const struct {
+    int index;
+    const char* text;
+    float value;
+  } cases[] = {{0, "2 kHz", 2000}, {0, "440", 440}, {0, "999999", 20000}, {1, "noise", 2},
+               {1, "1", 1},        {2, "On", 1},    {3, "60 %", 60}};
+  for (const auto& c : cases)
+    EXPECT_NEAR(parameter(c.index).fromNormalised(parameter(c.index).getValueForText(c.text)),
+                c.value, c.value * 1e-4)
+        << c.text;
+  EXPECT_EQ(parameter(3).getValueForText("nonsense"), parameter(3).getValue());
+}
+
+TEST_F(JuceProcessorTest, whatTheHostSetsIsNotReportedBackToIt) {
+  parameter(3).setValue(0.8f);
+  EXPECT_FLOAT_EQ(value("mix"), 80);
+  EXPECT_EQ(listener_.log, "");
+}
+
+TEST_F(JuceProcessorTest, whatTheEditorSetsReachesTheHostWithinItsGesture) {
+  platform::AUParameter& mix = *unit().parameter("mix");
+  mix.beginGesture();
+  mix.setValue(50);
+  mix.endGesture();
+  EXPECT_EQ(listener_.log, "begin3 set3=50 end3 ");
+}
+
+TEST_F(JuceProcessorTest, whatAnotherThreadSetsReachesTheHostFromTheMessageThread) {
+  std::thread([&] {
+    const support::AllocationCounter counter;
+    unit().parameter("mix")->setValue(75);
+    EXPECT_EQ(counter.count(), 0u);
+  }).join();
+  EXPECT_EQ(listener_.log, "");
+  parameter(3).reportPendingChange();
+  parameter(3).reportPendingChange();
+  EXPECT_EQ(listener_.log, "set3=75 ");
+}
+
+TEST_F(JuceProcessorTest, aStateSurvivesTheWayThroughTheHost) {
+  parameter(0).setValue(0.5f);
+  parameter(1).setValue(1);
+  juce::MemoryBlock state;
+  processor_.getStateInformation(state);
+  AudioUnitProcessor other(entry_);
+  other.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+  EXPECT_FLOAT_EQ(other.audioUnit().parameter("cutoff")->value(), value("cutoff"));
+  EXPECT_FLOAT_EQ(other.audioUnit().parameter("wave")->value(), 2);
+
+  other.setStateInformation("garbage", 7);
+  other.setStateInformation(nullptr, 0);
+  EXPECT_FLOAT_EQ(other.audioUnit().parameter("wave")->value(), 2);
+}
+
+TEST_F(JuceProcessorTest, factoryPresetsAreProgramsAndARepeatedOneKeepsTheState) {
+  ASSERT_EQ(processor_.getNumPrograms(), 2);
+  EXPECT_EQ(processor_.getProgramName(1), "Loud");
+  EXPECT_EQ(processor_.getProgramName(7), "");
+  processor_.setCurrentProgram(1);
+  EXPECT_FLOAT_EQ(value("mix"), 90);
+  parameter(3).setValue(0.1f);
+  processor_.setCurrentProgram(1);
+  processor_.setCurrentProgram(-1);
+  EXPECT_FLOAT_EQ(value("mix"), 10);
+}
+
+TEST_F(JuceProcessorTest, aBlockThatIsTooLongIsRenderedInPartsWithItsNotesInPlace) {
+  processor_.setPlayConfigDetails(2, 2, 48000, 64);
+  processor_.prepareToPlay(48000, 64);
+  EXPECT_EQ(processor_.getLatencySamples(), 32);
+  juce::AudioBuffer<float> buffer(2, 150);
+  juce::MidiBuffer midi;
+  for (int frame : {0, 63, 64, 149}) midi.addEvent(juce::MidiMessage::noteOn(1, frame / 2, 1.0f), frame);
+  const juce::uint8 sysex[] = {1, 2, 3, 4};
+  midi.addEvent(juce::MidiMessage::createSysExMessage(sysex, 4), 10);
+  processor_.processBlock(buffer, midi);
+
+  using Notes = std::vector<std::pair<std::uint32_t, int>>;
+  ASSERT_EQ(unit().blocks.size(), 3u);
+  EXPECT_EQ(unit().blocks[0].notes, (Notes{{0, 0}, {63, 31}}));
+  EXPECT_EQ(unit().blocks[1].notes, (Notes{{0, 32}}));
+  EXPECT_EQ(unit().blocks[2].notes, (Notes{{21, 74}}));
+  EXPECT_EQ(unit().blocks[2].frames, 22u);
+}
+
+TEST_F(JuceProcessorTest, processingAllocatesNothing) {
+  unit().logs = false;
+  processor_.setPlayConfigDetails(2, 2, 48000, 64);
+  processor_.prepareToPlay(48000, 64);
+  juce::AudioBuffer<float> buffer(2, 128);
+  juce::MidiBuffer midi;
+  for (int i = 0; i < 100; ++i) midi.addEvent(juce::MidiMessage::noteOn(1, 60, 1.0f), i);
+  const support::AllocationCounter counter;
+  processor_.processBlock(buffer, midi);
+  EXPECT_EQ(counter.count(), 0u);
+}
+
+TEST_F(JuceProcessorTest, aBlockBeforePreparingOrWithTooFewChannelsIsSilent) {
+  juce::AudioBuffer<float> buffer(2, 16);
+  juce::MidiBuffer midi;
+  buffer.setSample(0, 0, 1);
+  processor_.processBlock(buffer, midi);
+  EXPECT_EQ(buffer.getMagnitude(0, 16), 0);
+  processor_.prepareToPlay(48000, 16);
+  juce::AudioBuffer<float> mono(1, 16);
+  processor_.processBlock(mono, midi);
+  EXPECT_TRUE(unit().blocks.empty());
+}
+
+}  // namespace

@@ -1,0 +1,96 @@
+#include "backends/juce/JuceRunLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "platform/RealtimePort.h"
+
+namespace {
+
+using juce_backend::JuceRunLoop;
+
+class JuceRunLoopTest : public testing::Test {
+ protected:
+  /// Runs JUCE's loop for so many seconds.
+  void run(double seconds) {
+    platform::Timer end(seconds, platform::Timer::Repeat::once,
+                        [] { juce::MessageManager::getInstance()->stopDispatchLoop(); });
+    juce::MessageManager::getInstance()->runDispatchLoop();
+  }
+
+  juce::ScopedJuceInitialiser_GUI juceIsUp_;
+  juce::SharedResourcePointer<JuceRunLoop> runLoop_;
+};
+
+struct CountingClient : JuceRunLoop::FrameClient {
+  void displayFrame() override { ++frames; }
+  int frames = 0;
+};
+
+TEST_F(JuceRunLoopTest, bringsTasksAndMessagesOfOtherThreadsInOrder) {
+  std::vector<std::uint64_t> received;
+  int overflows = 0;
+  platform::RealtimePort port(
+      1024, [&](std::uint64_t message) { received.push_back(message); }, [&] { ++overflows; });
+  bool hasTaskRun = false;
+  std::thread other([&] {
+    for (std::uint64_t i = 0; i < 500; ++i) port.post(i);
+    platform::RunLoop::main().async([&] { hasTaskRun = true; });
+  });
+  run(0.2);
+  other.join();
+  ASSERT_EQ(received.size(), 500u);
+  EXPECT_TRUE(std::is_sorted(received.begin(), received.end()));
+  EXPECT_EQ(overflows, 0);
+  EXPECT_TRUE(hasTaskRun);
+}
+
+TEST_F(JuceRunLoopTest, firesTimersInTheirOrder) {
+  std::string order;
+  platform::Timer late(0.06, platform::Timer::Repeat::once, [&] { order += 'l'; });
+  platform::Timer early(0.02, platform::Timer::Repeat::once, [&] { order += 'e'; });
+  platform::Timer stopped(0.03, platform::Timer::Repeat::once, [&] { order += 's'; });
+  platform::Timer repeating(0.045, platform::Timer::Repeat::forever, [&] { order += 'r'; });
+  stopped.invalidate();
+  run(0.12);
+  EXPECT_EQ(order, "erlr");
+}
+
+TEST_F(JuceRunLoopTest, framesComeOnlyWhileTheyAreWanted) {
+  int frames = 0;
+  platform::DisplayLink link([&] { ++frames; });
+  platform::Timer pause(0.3, platform::Timer::Repeat::once, [&] { link.setPaused(true); });
+  run(0.6);
+  // About eighteen; a machine with much else to do shows fewer.
+  EXPECT_GE(frames, 4);
+  EXPECT_LE(frames, 24);
+}
+
+TEST_F(JuceRunLoopTest, aRequestIsAnsweredOnceAndCanBeTakenBack) {
+  CountingClient asked, takenBack;
+  runLoop_->requestFrame(asked);
+  runLoop_->requestFrame(asked);
+  runLoop_->requestFrame(takenBack);
+  runLoop_->cancelFrame(takenBack);
+  run(0.15);
+  EXPECT_EQ(asked.frames, 1);
+  EXPECT_EQ(takenBack.frames, 0);
+}
+
+TEST_F(JuceRunLoopTest, aClientMayTakeAnotherOutOfTheFrameUnderWay) {
+  struct Killer : JuceRunLoop::FrameClient {
+    void displayFrame() override { loop->cancelFrame(*victim); }
+    JuceRunLoop* loop;
+    JuceRunLoop::FrameClient* victim;
+  } killer;
+  CountingClient victim;
+  killer.loop = &runLoop_.get();
+  killer.victim = &victim;
+  runLoop_->requestFrame(killer);
+  runLoop_->requestFrame(victim);
+  run(0.15);
+  EXPECT_EQ(victim.frames, 0);
+}
+
+}  // namespace

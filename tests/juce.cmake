@@ -1,0 +1,8 @@
+orvane_add_tests(juce
+  SOURCES
+    JuceCanvasTest.cpp
+    JuceEditorTest.cpp
+    JuceProcessorTest.cpp
+    JuceRunLoopTest.cpp
+    support/AllocationCounter.cpp
+  DEPENDS orvane::juce orvane::quillon Threads::Threads)
