@@ -21,8 +21,10 @@ constexpr double smallestTitleFont = 7;
 // Part of the font's size that a letter is wide on average.
 constexpr double letterWidth = 0.56;
 constexpr double smallestControl = 14;
-/// Squares up to this side show their control alone: they stand in the corner of a title band.
-constexpr double smallSquare = 34;
+// Places up to this side show their control alone. An exact square may be larger: it is no slot of
+// a column but stands in the corner of a title band.
+constexpr double smallPlace = 26;
+constexpr double smallSquare = 44;
 // Of the title's line.
 constexpr double titleFontShare = 0.74;
 
@@ -172,7 +174,8 @@ double Container::titleHeight() const {
 bool Container::showsTitle() const {
   const double w = bounds().width, h = bounds().height - topMargin_ - bottomMargin_;
   if (!displayTitle_ || (title_.empty() && iconPath_.isEmpty())) return false;
-  const double small = smallSquare * std::max(1.0, labelHRatio_);
+  const bool square = std::fabs(bounds().width - bounds().height) < 0.01;
+  const double small = (square ? smallSquare : smallPlace) * std::max(1.0, textScale_);
   if (w <= small && h <= small) return false;
   return w >= 18 && titleHeight() >= smallestTitleLine && h - titleHeight() >= smallestControl;
 }

@@ -1,5 +1,7 @@
 #include "Orvane/ControlBuilder.h"
 
+#include <utility>
+
 #include "KestroUI/BitFlagsGroupContainer.h"
 #include "KestroUI/DropDownListContainer.h"
 #include "KestroUI/MultipleContainer.h"
@@ -73,13 +75,26 @@ std::shared_ptr<Container> ControlBuilder::make(const kestroui::ParamKey& key) c
   }
 }
 
+namespace {
+
+/// The key as a container may hold it. The key of a ready-made control owns that control, so the
+/// two would keep each other alive.
+ControlBuilder::Key withoutContainer(const ControlBuilder::Key& key) {
+  if (!key->settings().container) return key;
+  kestroui::ParameterUISettings settings = key->settings();
+  settings.container = nullptr;
+  return std::make_shared<kestroui::ParamKey>(key->key(), std::move(settings));
+}
+
+}  // namespace
+
 std::vector<ControlBuilder::Key> ControlBuilder::keysOf(const Key& key) const {
-  std::vector<Key> keys{key};
+  std::vector<Key> keys{withoutContainer(key)};
   // The attached names of a flag group are its flags: bits of the one parameter.
   if (key->settings().controlType == ControlType::bitFlagsGroup) return keys;
   for (const std::string& attached : key->settings().attachedParameters) {
     if (const auto entry = known_.find(attached); entry != known_.end())
-      keys.push_back(entry->second);
+      keys.push_back(withoutContainer(entry->second));
     else if (const platform::AUParameter* parameter = parameters_[attached])
       keys.push_back(plainKey(*parameter));
     else

@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-PageView::PageView(std::shared_ptr<Page> page, std::shared_ptr<ControlCollection> controls)
+PageView::PageView(std::shared_ptr<Page> page, const std::shared_ptr<ControlCollection>& controls)
     : page_(std::move(page)) {
   for (const UISection& placement : page_->sections)
     sectionViews_.insert_or_assign(placement.section->name,

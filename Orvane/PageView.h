@@ -17,7 +17,7 @@ class PageView : public platform::View {
  public:
   using SectionViews = std::map<std::string, std::unique_ptr<SectionView>>;
 
-  PageView(std::shared_ptr<Page> page, std::shared_ptr<ControlCollection> controls);
+  PageView(std::shared_ptr<Page> page, const std::shared_ptr<ControlCollection>& controls);
 
   Page& page() const { return *page_; }
   const std::string& title() const { return page_->title(); }

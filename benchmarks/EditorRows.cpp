@@ -139,6 +139,7 @@ void addLayout(Report& report) {
       [&] {
         isSmaller = !isSmaller;
         const double less = isSmaller ? 40 : 0;
+        ours.editor->component().window().prepareFrame();
         return worked([&] {
           page.setFrame({frame.x, frame.y, frame.width - less, frame.height - less});
           page.draw(page.bounds());

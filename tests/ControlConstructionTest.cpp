@@ -217,6 +217,10 @@ TEST_F(ControlConstructionTest, AReadyMadeControlIsBoundAnewByEachConnection) {
   EXPECT_EQ(own->watchedValues.size(), 1u);
   EXPECT_EQ(own->title(), "Mine");
   EXPECT_FLOAT_EQ(own->value(), 0.75f);
+  // It does not keep itself alive through its key: the editor and the design go before it.
+  controller.controls().clear();
+  design->givenKeys.clear();
+  EXPECT_EQ(own.use_count(), 1);
 }
 
 TEST_F(ControlConstructionTest, KeysThatThePagesUseNeedNoSettings) {

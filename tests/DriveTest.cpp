@@ -85,7 +85,7 @@ TEST(Drive, TextsArePressedWhereTheyAreShownPaintedOnesToo) {
 
 TEST(Drive, ClassesAreCountedInDrawingOrderFromZero) {
   EXPECT_EQ(last("tap PageButton#1\nstate")["page"], 1);
-  EXPECT_GT(last("drag KnobContainer#1 0 -30\nget resonance")["value"], 0);
+  EXPECT_GT(last("drag AUKnobContainer#1 0 -30\nget resonance")["value"], 0);
   EXPECT_GT(last("drag Knob 0 -30\nget cutoff")["value"], 1000);
 }
 

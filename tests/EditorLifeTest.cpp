@@ -12,11 +12,7 @@
 namespace orvane {
 namespace {
 
-#if defined(__SANITIZE_THREAD__) || defined(__SANITIZE_ADDRESS__)
-constexpr int editors = 200;
-#else
 constexpr int editors = 1000;
-#endif
 
 class LiveUnit : public quillon::CommonAudioUnit {
  public:

@@ -43,9 +43,7 @@ class Lv2BundleTest : public testing::Test {
     return nodes.back();
   }
   LilvNode* lv2(const std::string& name) { return node(LV2_CORE_PREFIX + name); }
-  static std::string text(const LilvNode* value) {
-    return value ? lilv_node_as_string(value) : "";
-  }
+  static std::string text(const LilvNode* value) { return value ? lilv_node_as_string(value) : ""; }
   const LilvPort* port(const std::string& symbol) {
     LilvNode* name = lilv_new_string(world, symbol.c_str());
     const LilvPort* found = lilv_plugin_get_port_by_symbol(plugin, name);
@@ -107,17 +105,19 @@ TEST_F(Lv2BundleTest, HasAControlPortForEveryParameterWithItsRange) {
     EXPECT_EQ(maxima[index], parameter.maxValue()) << parameterPort.symbol;
     EXPECT_EQ(defaults[index], unit.defaultValueForKey(parameter.key())) << parameterPort.symbol;
     LilvNode* name = lilv_port_get_name(plugin, described);
-    EXPECT_EQ(text(name), parameter.displayName().empty() ? parameter.key()
-                                                          : parameter.displayName());
+    EXPECT_EQ(text(name),
+              parameter.displayName().empty() ? parameter.key() : parameter.displayName());
     lilv_node_free(name);
   }
 }
 
 TEST_F(Lv2BundleTest, SaysWhatEachParameterMeasures) {
   const std::string unit = "http://lv2plug.in/ns/extensions/units#unit";
-  for (const auto& [symbol, name] : std::map<std::string, std::string>{
-           {"level", ""}, {"cutoff", "hz"}, {"_1semi", "semitone12TET"}, {"twin_a", "ms"},
-           {"twin_a_2", "s"}})
+  for (const auto& [symbol, name] : std::map<std::string, std::string>{{"level", ""},
+                                                                       {"cutoff", "hz"},
+                                                                       {"_1semi", "semitone12TET"},
+                                                                       {"twin_a", "ms"},
+                                                                       {"twin_a_2", "s"}})
     EXPECT_EQ(value(symbol, unit),
               name.empty() ? "" : "http://lv2plug.in/ns/extensions/units#" + name);
 
@@ -143,10 +143,15 @@ TEST_F(Lv2BundleTest, NamesTheValuesOfChoices) {
 }
 
 TEST_F(Lv2BundleTest, GroupsPortsByTheDesignsSections) {
-  for (const auto& [symbol, name] : std::map<std::string, std::string>{
-           {"level", "TONE"}, {"cutoff", "ONE TONE"}, {"sync", "ONE TONE"},
-           {"_1semi", "TWO TONE"}, {"twin_a", "TWO TONE"}, {"wave_form", "TWO"},
-           {"twin_a_2", ""}, {"out_1", "Audio Out"}, {"out_2", "Audio Out"}})
+  for (const auto& [symbol, name] : std::map<std::string, std::string>{{"level", "TONE"},
+                                                                       {"cutoff", "ONE TONE"},
+                                                                       {"sync", "ONE TONE"},
+                                                                       {"_1semi", "TWO TONE"},
+                                                                       {"twin_a", "TWO TONE"},
+                                                                       {"wave_form", "TWO"},
+                                                                       {"twin_a_2", ""},
+                                                                       {"out_1", "Audio Out"},
+                                                                       {"out_2", "Audio Out"}})
     EXPECT_EQ(groupName(symbol), name) << symbol;
 }
 
@@ -202,19 +207,19 @@ TEST_F(Lv2BundleTest, HoldsALibraryThatSounds) {
 }
 
 TEST(Lv2Turtle, WritesTextsThatReadBack) {
-  for (const auto& [given, literal] : std::vector<std::pair<std::string, std::string>>{
-           {"plain", "\"plain\""},
-           {"\"\\\n\r\t", "\"\\\"\\\\\\n\\r\\t\""},
-           {"\u00e4", "\"\u00e4\""},
-           {"\xff", "\"\ufffd\""},
-           {std::string("a\0b", 3), "\"a\ufffdb\""}})
+  for (const auto& [given, literal] :
+       std::vector<std::pair<std::string, std::string>>{{"plain", "\"plain\""},
+                                                        {"\"\\\n\r\t", "\"\\\"\\\\\\n\\r\\t\""},
+                                                        {"\u00e4", "\"\u00e4\""},
+                                                        {"\xff", "\"\ufffd\""},
+                                                        {std::string("a\0b", 3), "\"a\ufffdb\""}})
     EXPECT_EQ(lv2_backend::turtleString(given), literal);
 }
 
 TEST(Lv2Turtle, WritesNumbersThatReadBackExactly) {
-  for (const float number : {0.0f, 1.0f, -12.0f, 0.1f, 632.4555f, 1e-4f, 1e20f,
-                             std::numeric_limits<float>::max(),
-                             std::numeric_limits<float>::denorm_min()}) {
+  for (const float number :
+       {0.0f, 1.0f, -12.0f, 0.1f, 632.4555f, 1e-4f, 1e20f, std::numeric_limits<float>::max(),
+        std::numeric_limits<float>::denorm_min()}) {
     const std::string text = lv2_backend::turtleNumber(number);
     EXPECT_EQ(std::strtof(text.c_str(), nullptr), number) << text;
     EXPECT_EQ(text.find('e'), std::string::npos) << text;

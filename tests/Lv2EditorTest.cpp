@@ -143,7 +143,8 @@ TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
   EXPECT_TRUE(*flag);
 
   const std::vector<float> tooMany{1, 2, 3};
-  soundSends([&](LV2_Atom_Forge& forge) { EditorMessage::forgeLive(forge, urids, tooMany, flags); });
+  soundSends(
+      [&](LV2_Atom_Forge& forge) { EditorMessage::forgeLive(forge, urids, tooMany, flags); });
   EXPECT_EQ(*value, 440);
 }
 
@@ -151,8 +152,8 @@ TEST_F(Lv2EditorTest, AnnouncesItselfOnceAndTakesLeave) {
   ports->announce();
   ports->announce();
   ports.reset();
-  EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::opened),
-                               message(EditorMessage::Kind::closed)));
+  EXPECT_THAT(
+      log, ElementsAre(message(EditorMessage::Kind::opened), message(EditorMessage::Kind::closed)));
   log.clear();
   unit.parameter("level")->setValue(1);
   unit.setCurrentPreset(0);

@@ -49,8 +49,7 @@ class Lv2SoundTest : public testing::Test {
   std::vector<EditorMessage> messages() {
     std::vector<EditorMessage> result;
     for (const LV2_Atom* atom : instance.output.events())
-      result.push_back(
-          EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids));
+      result.push_back(EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids));
     return result;
   }
   void openEditor() {

@@ -5,9 +5,11 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <string_view>
 #include <vector>
 
 #include "Orvane/PluginEntry.h"
+#include "backends/juce/FontBook.h"
 #include "backends/juce/JuceRunLoop.h"
 #include "platform/Window.h"
 
@@ -72,6 +74,9 @@ class EditorComponent : public juce::Component,
 
   void frameWanted() override;
   platform::Application* application() override { return &linkOpener_; }
+  double textWidth(std::string_view text, const platform::Font& font) override {
+    return fonts_->textWidth(text, font);
+  }
   void displayFrame() override;
   void updateShowing();
   /// Makes the picture anew for this scale, with all that has to be shown.
@@ -80,6 +85,8 @@ class EditorComponent : public juce::Component,
 
   // First in, last out: every part of an editor may have timers.
   juce::SharedResourcePointer<JuceRunLoop> runLoop_;
+  /// Held for the canvases, which would open the font files anew for each repaint.
+  juce::SharedResourcePointer<FontBook> fonts_;
   LinkOpener linkOpener_;
   platform::Window window_{*this};
   /// Plays the host's controller, whose child the editor's is.

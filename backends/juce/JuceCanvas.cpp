@@ -1,6 +1,8 @@
 #include "backends/juce/JuceCanvas.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace juce_backend {
 namespace {
@@ -124,6 +126,39 @@ void JuceCanvas::setFill(const platform::Paint& paint) {
   context_.setFill(juce::FillType(std::move(gradient)));
 }
 
+// JUCE works out the colour of a gradient for each pixel, which makes the panels the most expensive
+// part of an editor. In 8 bits a soft gradient has few colours, and plain bands of them are cheap.
+bool JuceCanvas::fillBands(juce::Rectangle<int> area, const platform::Paint& paint) {
+  if (paint.stops.empty() || paint.from.x != paint.to.x || !isUpright()) return false;
+  const double from = state_.transform.apply(paint.from).y;
+  const double length = state_.transform.apply(paint.to).y - from;
+  if (length == 0) return false;
+  const juce::Rectangle<int> seen = area.getIntersection(state_.clip);
+
+  const auto colourAt = [&](int row) {
+    const double position = (row + 0.5 - from) / length;
+    auto next = std::find_if(paint.stops.begin(), paint.stops.end(),
+                             [&](const auto& stop) { return stop.position > position; });
+    if (next == paint.stops.begin()) return toColour(next->color, state_.alpha);
+    if (next == paint.stops.end()) return toColour(std::prev(next)->color, state_.alpha);
+    const auto before = std::prev(next);
+    const double share = (position - before->position) / (next->position - before->position);
+    return toColour(before->color, state_.alpha)
+        .interpolatedWith(toColour(next->color, state_.alpha), toFloat(share));
+  };
+  for (int top = seen.getY(); top < seen.getBottom();) {
+    const juce::Colour colour = colourAt(top);
+    int bottom = top + 1;
+    while (bottom < seen.getBottom() && colourAt(bottom) == colour) ++bottom;
+    if (!colour.isTransparent()) {
+      context_.setFill(colour);
+      context_.fillRect(seen.withTop(top).withBottom(bottom), false);
+    }
+    top = bottom;
+  }
+  return true;
+}
+
 juce::Path& JuceCanvas::scratchPath(const platform::Path& path) {
   scratch_.clear();
   const platform::Point* next = path.points().data();
@@ -166,8 +201,10 @@ void JuceCanvas::fillRect(const platform::Rect& rect, const platform::Paint& pai
     fillPath(path, paint);
     return;
   }
+  const juce::Rectangle<int> area = toWholePixels(rect);
+  if (fillBands(area, paint)) return;
   setFill(paint);
-  context_.fillRect(toWholePixels(rect), false);
+  context_.fillRect(area, false);
 }
 
 void JuceCanvas::fillRoundedRect(const platform::Rect& rect, double radius,
@@ -184,8 +221,22 @@ void JuceCanvas::fillRoundedRect(const platform::Rect& rect, double radius,
     fillRect(rect, paint);
     return;
   }
+  const juce::Rectangle<int> area = toWholePixels(rect);
   scratch_.clear();
-  addRoundedRect(scratch_, toWholePixels(rect).toFloat(), pixelRadius);
+  addRoundedRect(scratch_, area.toFloat(), pixelRadius);
+  const int corner = static_cast<int>(std::ceil(pixelRadius));
+  const juce::Rectangle<int> middle = area.reduced(0, corner);
+  if (!middle.isEmpty() && fillBands(middle, paint)) {
+    // What is left are the strips with the corners.
+    setFill(paint);
+    for (const juce::Rectangle<int>& strip :
+         {area.withHeight(corner), area.withTop(middle.getBottom())}) {
+      context_.saveState();
+      if (context_.clipToRectangle(strip)) context_.fillPath(scratch_, {});
+      context_.restoreState();
+    }
+    return;
+  }
   setFill(paint);
   context_.fillPath(scratch_, {});
 }

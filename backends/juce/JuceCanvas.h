@@ -62,6 +62,8 @@ class JuceCanvas : public platform::Canvas {
   juce::Rectangle<int> toWholePixels(const platform::Rect& rect) const;
   int toWholePixels(double width) const;
   void setFill(const platform::Paint& paint);
+  /// Fills `area` with a gradient that runs straight down; false for any other paint.
+  bool fillBands(juce::Rectangle<int> area, const platform::Paint& paint);
   juce::Path& scratchPath(const platform::Path& path);
   bool strokeStraightLine(const platform::Path& path, double width, const platform::Paint& paint);
   GlyphLine fitText(std::string_view text, const platform::Font& font, const platform::Rect& rect,

@@ -100,15 +100,15 @@ std::string BundleTurtle::plugin() const {
     text += "\tdoap:maintainer [\n\t\ta foaf:Agent ;\n\t\tfoaf:name " +
             turtleString(entry_.manufacturer) + "\n\t] ;\n";
   }
-  text += "\tlv2:minorVersion " + std::to_string(major * 100 + minor) +
-          " ;\n\tlv2:microVersion " + std::to_string(micro) + " ;\n";
-  text += "\tlv2:requiredFeature urid:map ;\n"
-          "\tlv2:optionalFeature lv2:hardRTCapable , opts:options , bufsz:boundedBlockLength ,\n"
-          "\t\twork:schedule , state:threadSafeRestore ;\n"
-          "\topts:supportedOption bufsz:maxBlockLength ;\n"
-          "\tlv2:extensionData state:interface , work:interface ;\n";
-  if (!files_.editorLibrary.empty())
-    text += "\tui:ui " + address(editorUri(entry_)) + " ;\n";
+  text += "\tlv2:minorVersion " + std::to_string(major * 100 + minor) + " ;\n\tlv2:microVersion " +
+          std::to_string(micro) + " ;\n";
+  text +=
+      "\tlv2:requiredFeature urid:map ;\n"
+      "\tlv2:optionalFeature lv2:hardRTCapable , opts:options , bufsz:boundedBlockLength ,\n"
+      "\t\twork:schedule , state:threadSafeRestore ;\n"
+      "\topts:supportedOption bufsz:maxBlockLength ;\n"
+      "\tlv2:extensionData state:interface , work:interface ;\n";
+  if (!files_.editorLibrary.empty()) text += "\tui:ui " + address(editorUri(entry_)) + " ;\n";
   if (const std::string group = ports_.mainInput(); !group.empty())
     text += "\tpg:mainInput " + group + " ;\n";
   if (const std::string group = ports_.mainOutput(); !group.empty())
@@ -120,10 +120,11 @@ std::string BundleTurtle::plugin() const {
 
 std::string BundleTurtle::editor() const {
   std::string text = address(editorUri(entry_)) + "\n\ta ui:X11UI ;\n";
-  text += "\tlv2:requiredFeature urid:map , ui:idleInterface , ui:parent ;\n"
-          "\tlv2:optionalFeature ui:resize , ui:touch , opts:options ;\n"
-          "\tlv2:extensionData ui:idleInterface , ui:resize ;\n"
-          "\topts:supportedOption ui:scaleFactor ;\n";
+  text +=
+      "\tlv2:requiredFeature urid:map , ui:idleInterface , ui:parent ;\n"
+      "\tlv2:optionalFeature ui:resize , ui:touch , opts:options ;\n"
+      "\tlv2:extensionData ui:idleInterface , ui:resize ;\n"
+      "\topts:supportedOption ui:scaleFactor ;\n";
   const auto notification = [this](std::string_view symbol, const char* rest) {
     return "[\n\t\tui:plugin " + address(uri_) + " ;\n\t\tlv2:symbol " + turtleString(symbol) +
            " ;\n" + rest + "\t]";

@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "backends/lv2/EditorInstance.h"
-#include "backends/lv2/Uris.h"
 #include "backends/lv2/Urids.h"
+#include "backends/lv2/Uris.h"
 
 namespace lv2_backend {
 namespace {
@@ -54,16 +54,15 @@ EditorDescriptor::EditorDescriptor(const orvane::PluginEntry& entry)
   URI = uri_.c_str();
   instantiate = makeInstance;
   cleanup = [](LV2UI_Handle handle) { delete &instance(handle); };
-  port_event = [](LV2UI_Handle handle, std::uint32_t port, std::uint32_t size,
-                  std::uint32_t format,
+  port_event = [](LV2UI_Handle handle, std::uint32_t port, std::uint32_t size, std::uint32_t format,
                   const void* data) { instance(handle).portEvent(port, size, format, data); };
   extension_data = extensionData;
 }
 
 LV2UI_Handle EditorDescriptor::makeInstance(const LV2UI_Descriptor* descriptor,
                                             const char* /*pluginUri*/, const char* /*bundlePath*/,
-                                            LV2UI_Write_Function write,
-                                            LV2UI_Controller controller, LV2UI_Widget* widget,
+                                            LV2UI_Write_Function write, LV2UI_Controller controller,
+                                            LV2UI_Widget* widget,
                                             const LV2_Feature* const* features) {
   const orvane::PluginEntry& entry = static_cast<const EditorDescriptor*>(descriptor)->entry_;
   try {
@@ -83,8 +82,7 @@ LV2UI_Handle EditorDescriptor::makeInstance(const LV2UI_Descriptor* descriptor,
     *widget = editor->widget();
     return editor.release();
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "The editor of %s cannot be made: %s\n", entry.name.c_str(),
-                 error.what());
+    std::fprintf(stderr, "The editor of %s cannot be made: %s\n", entry.name.c_str(), error.what());
     return nullptr;
   }
 }

@@ -1,6 +1,9 @@
 #include "backends/lv2/EditorInstance.h"
 
 #include <cmath>
+#include <utility>
+
+#include "backends/juce/AudioUnitEditor.h"
 
 namespace juce {
 // Not declared in any header; JUCE's own formats declare it in the same way.
@@ -23,42 +26,44 @@ EditorInstance::JuceSession::JuceSession() { enter(); }
 
 EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHost& host,
                                const Place& place)
-    : parent_(place.parent, [this](int width, int height) { resize(width, height); }),
+    : hostWindow_(place.parent, [this](int width, int height) { resize(width, height); }),
       audioUnit_(entry.makeAudioUnit()),
       ports_(audioUnit_, host),
-      component_(entry, audioUnit_) {
-  component_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
+      editor_(entry, audioUnit_),
+      frame_(editor_, hostWindow_) {
+  frame_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
   resize(static_cast<int>(std::lround(entry.preferredSize.width * place.scale)),
          static_cast<int>(std::lround(entry.preferredSize.height * place.scale)));
-  component_.setVisible(true);
+  frame_.setVisible(true);
   if (place.resize) {
     const double pixels = pixelsPerUnit();
     place.resize->ui_resize(place.resize->handle,
-                            static_cast<int>(std::lround(component_.getWidth() * pixels)),
-                            static_cast<int>(std::lround(component_.getHeight() * pixels)));
+                            static_cast<int>(std::lround(frame_.getWidth() * pixels)),
+                            static_cast<int>(std::lround(frame_.getHeight() * pixels)));
   }
 }
 
 EditorInstance::~EditorInstance() {
   enter();
-  component_.removeFromDesktop();
+  frame_.removeFromDesktop();
 }
 
 LV2UI_Widget EditorInstance::widget() const {
-  const juce::ComponentPeer* peer = component_.getPeer();
+  const juce::ComponentPeer* peer = frame_.getPeer();
   return peer ? peer->getNativeHandle() : nullptr;
 }
 
 double EditorInstance::pixelsPerUnit() const {
-  const juce::ComponentPeer* peer = component_.getPeer();
-  return peer ? peer->getPlatformScaleFactor() * component_.getDesktopScaleFactor() : 1;
+  const juce::ComponentPeer* peer = frame_.getPeer();
+  return peer ? peer->getPlatformScaleFactor() * frame_.getDesktopScaleFactor() : 1;
 }
 
 void EditorInstance::resize(int width, int height) {
   if (width <= 0 || height <= 0) return;
   const double pixels = pixelsPerUnit();
-  component_.setSize(static_cast<int>(std::lround(width / pixels)),
-                     static_cast<int>(std::lround(height / pixels)));
+  frame_.setSize(static_cast<int>(std::lround(width / pixels)),
+                 static_cast<int>(std::lround(height / pixels)));
+  minimumIsLost_ = true;
 }
 
 void EditorInstance::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t format,
@@ -70,9 +75,16 @@ void EditorInstance::portEvent(std::uint32_t port, std::uint32_t size, std::uint
 void EditorInstance::idle() {
   enter();
   ports_.announce();
-  parent_.poll();
+  hostWindow_.poll();
   for (int i = 0; i < roundsPerIdle; ++i)
     if (!juce::dispatchNextMessageOnSystemQueue(true)) break;
+  if (std::exchange(minimumIsLost_, false)) {
+    const double pixels = pixelsPerUnit();
+    hostWindow_.setMinimumSize(
+        reinterpret_cast<unsigned long>(widget()),
+        static_cast<int>(juce_backend::AudioUnitEditor::minimumWidth * pixels),
+        static_cast<int>(juce_backend::AudioUnitEditor::minimumHeight * pixels));
+  }
 }
 
 }  // namespace lv2_backend

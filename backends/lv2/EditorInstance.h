@@ -7,8 +7,9 @@
 
 #include "Orvane/PluginEntry.h"
 #include "backends/juce/EditorComponent.h"
+#include "backends/lv2/EditorFrame.h"
+#include "backends/lv2/HostWindow.h"
 #include "backends/lv2/MirrorAudioUnit.h"
-#include "backends/lv2/ParentWindow.h"
 #include "backends/lv2/PortMirror.h"
 
 namespace lv2_backend {
@@ -51,10 +52,13 @@ class EditorInstance {
 
   // First in, last out: nothing of JUCE may outlive it.
   JuceSession juce_;
-  ParentWindow parent_;
+  HostWindow hostWindow_;
   MirrorAudioUnit audioUnit_;
   PortMirror ports_;
-  juce_backend::EditorComponent component_;
+  juce_backend::EditorComponent editor_;
+  EditorFrame frame_;
+  /// JUCE has set the size of its window, and with it all that the window said of its size.
+  bool minimumIsLost_ = true;
 };
 
 }  // namespace lv2_backend

@@ -39,8 +39,8 @@ EditorLink::~EditorLink() {
 }
 
 bool EditorLink::schedule(char request) {
-  return schedule_ && schedule_->schedule_work(schedule_->handle, 1, &request) ==
-                          LV2_WORKER_SUCCESS;
+  return schedule_ &&
+         schedule_->schedule_work(schedule_->handle, 1, &request) == LV2_WORKER_SUCCESS;
 }
 
 void EditorLink::receive(const LV2_Atom_Object& object) {
@@ -55,8 +55,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
       break;
     case EditorMessage::Kind::state:
       // One that comes before the worker has taken the last is lost: people are not that fast.
-      if (message.state.size() > stateCapacity ||
-          incomingBusy_.load(std::memory_order_acquire))
+      if (message.state.size() > stateCapacity || incomingBusy_.load(std::memory_order_acquire))
         break;
       incomingSize_ = message.state.copy(incoming_.get(), stateCapacity);
       incomingBusy_.store(true, std::memory_order_release);

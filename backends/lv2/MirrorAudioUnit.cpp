@@ -47,8 +47,7 @@ const std::atomic<float>* MirrorAudioUnit::getOutputValues(std::string_view key)
 
 const std::atomic<bool>* MirrorAudioUnit::isModulating(std::string_view key) const {
   const auto entry = liveOfKey_.find(key);
-  return entry != liveOfKey_.end() && entry->second->hasFlag ? &entry->second->modulating
-                                                             : nullptr;
+  return entry != liveOfKey_.end() && entry->second->hasFlag ? &entry->second->modulating : nullptr;
 }
 
 void MirrorAudioUnit::setCurrentPreset(int number) {

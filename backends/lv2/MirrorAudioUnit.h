@@ -45,9 +45,7 @@ class MirrorAudioUnit : public platform::AudioUnit {
   float defaultValueForKey(std::string_view key) const override {
     return unit_->defaultValueForKey(key);
   }
-  void setParameter(std::string_view key, float value) override {
-    unit_->setParameter(key, value);
-  }
+  void setParameter(std::string_view key, float value) override { unit_->setParameter(key, value); }
   void randomize() override { unit_->randomize(); }
 
   const std::atomic<float>* getOutputValues(std::string_view key) const override;

@@ -14,10 +14,9 @@ PortMirror::PortMirror(MirrorAudioUnit& audioUnit, const EditorHost& host)
 
   platform::AUParameterTree& tree = audioUnit_.parameterTree();
   // Nobody renders this audio unit, so only the editor sets its parameters, on this thread.
-  token_ = tree.tokenByAddingParameterObserver(
-      [this](platform::AUParameterAddress address, float value) {
-        writeParameter(address, value);
-      });
+  token_ =
+      tree.tokenByAddingParameterObserver([this](platform::AUParameterAddress address,
+                                                 float value) { writeParameter(address, value); });
   tree.setGestureObserver(
       [this](platform::AUParameterAddress address, bool began) { touch(address, began); });
   audioUnit_.setStateObserver([this] { send(Report::state); });
@@ -68,8 +67,7 @@ void PortMirror::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t
       atom->size < sizeof(LV2_Atom_Object_Body) ||
       (atom->type != urids_.atomObject && atom->type != urids_.atomBlank))
     return;
-  const auto message =
-      EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids_);
+  const auto message = EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids_);
   if (message.kind == EditorMessage::Kind::live) {
     audioUnit_.showLive(message.values, message.modulating);
   } else if (message.kind == EditorMessage::Kind::state) {

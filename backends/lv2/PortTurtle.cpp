@@ -119,10 +119,7 @@ std::string line(std::string_view predicate, std::string_view object) {
 
 PortTurtle::PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
                        const PortGroups& groups, std::string pluginUri)
-    : audioUnit_(audioUnit),
-      layout_(layout),
-      groups_(groups),
-      pluginUri_(std::move(pluginUri)) {}
+    : audioUnit_(audioUnit), layout_(layout), groups_(groups), pluginUri_(std::move(pluginUri)) {}
 
 std::string PortTurtle::audioGroup(std::uint32_t channels, const char* name) const {
   return channels == 1 || channels == 2 ? "<" + pluginUri_ + "#" + name + ">" : "";
@@ -190,9 +187,9 @@ std::string PortTurtle::parameterPort(std::uint32_t index, const ParameterPort& 
   const platform::AUParameter& parameter = *port.parameter;
   const std::string& name =
       parameter.displayName().empty() ? parameter.key() : parameter.displayName();
-  std::string text = head(port.isOutput ? "lv2:ControlPort , lv2:OutputPort"
-                                        : "lv2:ControlPort , lv2:InputPort",
-                          layout_.firstParameter() + index, port.symbol, name);
+  std::string text =
+      head(port.isOutput ? "lv2:ControlPort , lv2:OutputPort" : "lv2:ControlPort , lv2:InputPort",
+           layout_.firstParameter() + index, port.symbol, name);
   text += line("lv2:default", turtleNumber(defaultValue(audioUnit_, parameter)));
   text += line("lv2:minimum", turtleNumber(parameter.minValue()));
   text += line("lv2:maximum", turtleNumber(parameter.maxValue()));
@@ -203,8 +200,7 @@ std::string PortTurtle::parameterPort(std::uint32_t index, const ParameterPort& 
     const float steps = std::round(parameter.maxValue() - parameter.minValue()) + 1;
     text += line("pprops:rangeSteps", turtleNumber(static_cast<int>(steps)));
   }
-  if (const auto unit = unitName(parameter.unit()); !unit.empty())
-    text += line("units:unit", unit);
+  if (const auto unit = unitName(parameter.unit()); !unit.empty()) text += line("units:unit", unit);
   if (const PortGroups::Group* group = groups_.groupOf(parameter.key()))
     text += line("pg:group", groupAddress(*group));
   for (const auto& [value, label] : points) {

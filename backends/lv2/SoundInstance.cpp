@@ -134,8 +134,7 @@ LV2_State_Status SoundInstance::restore(LV2_State_Retrieve_Function retrieve,
   std::size_t size = 0;
   std::uint32_t type = 0;
   std::uint32_t flags = 0;
-  const auto* text =
-      static_cast<const char*>(retrieve(handle, urids_.state, &size, &type, &flags));
+  const auto* text = static_cast<const char*>(retrieve(handle, urids_.state, &size, &type, &flags));
   // A preset may consist of ports only.
   if (!text || size == 0) return LV2_STATE_ERR_NO_PROPERTY;
   if (type != urids_.atomString) return LV2_STATE_ERR_BAD_TYPE;

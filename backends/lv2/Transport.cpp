@@ -51,8 +51,7 @@ void Transport::read(const LV2_Atom_Object& position) {
 }
 
 void Transport::advance(std::uint32_t frames) {
-  if (transport_.isPlaying)
-    transport_.beatPosition += frames / sampleRate_ * transport_.tempo / 60;
+  if (transport_.isPlaying) transport_.beatPosition += frames / sampleRate_ * transport_.tempo / 60;
 }
 
 }  // namespace lv2_backend

@@ -29,8 +29,12 @@ namespace support {
 class Lv2Features {
  public:
   explicit Lv2Features(std::int32_t maximumFrames = 64) : maximumFrames_(maximumFrames) {
-    options_[0] = {LV2_OPTIONS_INSTANCE,      0, id(LV2_BUF_SIZE__maxBlockLength),
-                   sizeof(maximumFrames_),    id(LV2_ATOM__Int), &maximumFrames_};
+    options_[0] = {LV2_OPTIONS_INSTANCE,
+                   0,
+                   id(LV2_BUF_SIZE__maxBlockLength),
+                   sizeof(maximumFrames_),
+                   id(LV2_ATOM__Int),
+                   &maximumFrames_};
     options_[1] = {LV2_OPTIONS_INSTANCE, 0, 0, 0, 0, nullptr};
   }
   Lv2Features(const Lv2Features&) = delete;
@@ -131,7 +135,11 @@ class Lv2Instance {
  public:
   /// `count` ports; the first two are outputs of sound, the others as in PortLayout.
   Lv2Instance(const LV2_Descriptor& descriptor, Lv2Features& features, std::uint32_t count)
-      : features(features), input(features), output(features), controls(count), descriptor_(descriptor) {
+      : features(features),
+        input(features),
+        output(features),
+        controls(count),
+        descriptor_(descriptor) {
     handle_ = descriptor.instantiate(&descriptor, 48000, "/bundle/", features.list());
     if (!handle_) throw std::runtime_error("instantiate has failed");
     for (std::uint32_t i = 4; i < count; ++i) descriptor.connect_port(handle_, i, &controls[i]);
@@ -154,8 +162,8 @@ class Lv2Instance {
     input.clear();
   }
   void runWorker() {
-    const auto* worker = static_cast<const LV2_Worker_Interface*>(
-        descriptor_.extension_data(LV2_WORKER__interface));
+    const auto* worker =
+        static_cast<const LV2_Worker_Interface*>(descriptor_.extension_data(LV2_WORKER__interface));
     for (const std::string& request : std::exchange(features.requests, {}))
       worker->work(handle_, nullptr, nullptr, static_cast<std::uint32_t>(request.size()),
                    request.data());

@@ -55,13 +55,13 @@ KeyEvent keyEventOf(std::string_view name) {
   for (const auto& [keyName, key] : keys) {
     if (rest != keyName) continue;
     event.key = key;
-    if (key == Key::space) event.text = " ";
+    if (key == Key::space) event.text.assign(1, ' ');
     return event;
   }
   const bool isOneCharacter =
       rest.size() == 1 && static_cast<unsigned char>(rest[0]) > 0x20 && rest[0] != 0x7F;
   if (!isOneCharacter) throw Failure("no key " + inQuotes(name));
-  event.text = std::string(rest);
+  event.text.assign(rest);
   return event;
 }
 
