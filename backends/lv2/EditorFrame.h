@@ -1,6 +1,5 @@
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
 
 #include "backends/juce/EditorComponent.h"
 #include "backends/lv2/HostWindow.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
 #include <lv2/ui/ui.h>
 
 #include <cstdint>
