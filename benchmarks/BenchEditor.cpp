@@ -16,6 +16,7 @@ std::vector<quillon::ParameterDescription> descriptions(int count) {
     result.push_back({.key = benchKey(i),
                       .address = static_cast<platform::AUParameterAddress>(i),
                       .displayName = "Knob " + std::to_string(i + 1),
+                      .defaultValue = benchValue(i),
                       .publishesLive = i < BenchAudioUnit::modulatedCount});
   return result;
 }
@@ -40,10 +41,9 @@ class BenchDesign : public orvane::AUDesign {
       for (int row = 0; row < grid_.rows; ++row)
         column.params.emplace_back(benchKey(next++), std::vector<std::optional<std::string>>{}, 1,
                                    0, 1);
-    return std::make_shared<orvane::Section>(std::move(columns),
-                                             "SECTION " + std::to_string(number + 1),
-                                             accents[number % 4], std::nullopt, std::nullopt,
-                                             false, true);
+    return std::make_shared<orvane::Section>(
+        std::move(columns), "SECTION " + std::to_string(number + 1), accents[number % 4],
+        std::nullopt, std::nullopt, false, true);
   }
 
   const Grid grid_;
@@ -76,10 +76,9 @@ std::vector<juce::Rectangle<int>> BenchEditor::knobFrames() {
   std::vector<juce::Rectangle<int>> result;
   for (const kestroui::Container* knob : knobs_) {
     const platform::Rect frame = knob->frameInRoot();
-    result.push_back({static_cast<int>(std::lround(frame.x)),
-                      static_cast<int>(std::lround(frame.y)),
-                      static_cast<int>(std::lround(frame.width)),
-                      static_cast<int>(std::lround(frame.height))});
+    result.push_back(
+        {static_cast<int>(std::lround(frame.x)), static_cast<int>(std::lround(frame.y)),
+         static_cast<int>(std::lround(frame.width)), static_cast<int>(std::lround(frame.height))});
   }
   return result;
 }

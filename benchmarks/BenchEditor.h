@@ -7,21 +7,9 @@
 #include "Orvane/KestroAUViewController.h"
 #include "Quillon/CommonAudioUnit.h"
 #include "backends/juce/EditorComponent.h"
+#include "benchmarks/Grid.h"
 
 namespace bench {
-
-/// How the knobs of a page are spread: a grid of sections, in each a grid of knobs.
-struct Grid {
-  int sectionColumns;
-  int sectionRows;
-  int columns;
-  int rows;
-
-  int count() const { return sectionColumns * sectionRows * columns * rows; }
-};
-
-inline constexpr Grid twoHundred{4, 2, 5, 5};
-inline constexpr Grid oneThousand{5, 5, 8, 5};
 
 /// A parameter for each knob; the first of them publish live values.
 class BenchAudioUnit : public quillon::CommonAudioUnit {

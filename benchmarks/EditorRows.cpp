@@ -20,8 +20,8 @@ void addOpening(Report& report) {
   for (const auto boxes : {StockEditor::ValueBoxes::shown, StockEditor::ValueBoxes::none}) {
     const bool shown = boxes == StockEditor::ValueBoxes::shown;
     StockSide stock(boxes);
-    const Medians ms =
-        interleaved(15, [&] { return opening(ours); }, [&] { return opening(stock); });
+    const Medians ms = interleaved(
+        15, [&] { return opening(ours); }, [&] { return opening(stock); });
     report.add({.key = shown ? "open" : "openWithoutBoxes",
                 .title = shown ? "open 200 knobs up to the first painted frame"
                                : "  against stock knobs without value boxes",
@@ -84,8 +84,8 @@ double memory() {
 }
 
 void addMemory(Report& report) {
-  // Our editor keeps what is on screen: three bytes a pixel.
-  const double pixels = width * scale * height * scale * 3 / (1024 * 1024);
+  // Our editor keeps what is on screen: four bytes a pixel.
+  const double pixels = width * scale * height * scale * 4 / (1024 * 1024);
   report.add({.key = "memory",
               .title = "memory of 200 knobs beyond the pixels",
               .unit = "MiB",

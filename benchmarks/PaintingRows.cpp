@@ -1,4 +1,5 @@
 #include "backends/juce/JuceCanvas.h"
+#include "backends/juce/Picture.h"
 #include "benchmarks/EventLoop.h"
 #include "benchmarks/Measure.h"
 #include "benchmarks/Rows.h"
@@ -17,8 +18,8 @@ class OurFullRepaint {
  public:
   explicit OurFullRepaint(OurSide& side)
       : side_(side),
-        picture_(juce::Image::RGB, static_cast<int>(width * scale),
-                 static_cast<int>(height * scale), true, juce::SoftwareImageType()) {}
+        picture_(juce_backend::makePicture(static_cast<int>(width * scale),
+                                           static_cast<int>(height * scale))) {}
 
   double operator()() {
     platform::Window& window = side_.editor->component().window();
@@ -27,8 +28,7 @@ class OurFullRepaint {
       window.prepareFrame();
     }));
     compositing_.push_back(worked([&] {
-      juce::Graphics graphics(picture_);
-      juce_backend::JuceCanvas canvas(graphics, scale);
+      juce_backend::JuceCanvas canvas(picture_, scale);
       window.composite(canvas, {0, 0, width, height});
     }));
     side_.window.repaint();
@@ -113,15 +113,6 @@ double modulatedFrame(OurSide& side, float value) {
   });
 }
 
-/// A different value each time, back and forth between the ends.
-class Sweep {
- public:
-  float next() { return static_cast<float>(++step_ * 37 % 100) / 100; }
-
- private:
-  int step_ = 0;
-};
-
 }  // namespace
 
 void addPaintingRows(Report& report) {
@@ -131,10 +122,10 @@ void addPaintingRows(Report& report) {
   stock.open();
   const double full = addFullRepaint(report, ours, stock);
 
-  Sweep sweep;
+  int step = 0;
   const Medians one = interleaved(
-      60, [&] { return ourFrame(ours, 1, sweep.next()); },
-      [&] { return stockFrame(stock, 1, sweep.next()); });
+      60, [&] { return ourFrame(ours, 1, benchValue(++step)); },
+      [&] { return stockFrame(stock, 1, benchValue(++step)); });
   report.add({.key = "oneKnob",
               .title = "one changed knob: layout, paint, composite, copy",
               .unit = "ms",
@@ -148,8 +139,8 @@ void addPaintingRows(Report& report) {
               .goal = 1.0 / 50});
 
   const Medians some = interleaved(
-      60, [&] { return modulatedFrame(ours, sweep.next()); },
-      [&] { return stockFrame(stock, BenchAudioUnit::modulatedCount, sweep.next()); });
+      60, [&] { return modulatedFrame(ours, benchValue(++step)); },
+      [&] { return stockFrame(stock, BenchAudioUnit::modulatedCount, benchValue(++step)); });
   report.add({.key = "modulatedFrame",
               .title = "a frame of 32 modulated knobs at scale 2",
               .unit = "ms",

@@ -34,9 +34,7 @@ void printLine(const std::string& title, const std::string& unit, const std::str
 
 }  // namespace
 
-void Report::printHead() {
-  printLine("", "", "ours", "stock", "ratio", "goal", "");
-}
+void Report::printHead() { printLine("", "", "ours", "stock", "ratio", "goal", ""); }
 
 void Report::add(Row row) {
   const std::optional<double> ratio = ratioOf(row);
@@ -53,8 +51,8 @@ void Report::add(Row row) {
 bool Report::writeJson(const std::string& path) const {
   nlohmann::ordered_json rows = nlohmann::ordered_json::array();
   for (const Row& row : rows_) {
-    nlohmann::ordered_json entry{{"key", row.key}, {"title", row.title}, {"unit", row.unit},
-                                 {"ours", row.ours}};
+    nlohmann::ordered_json entry{
+        {"key", row.key}, {"title", row.title}, {"unit", row.unit}, {"ours", row.ours}};
     if (row.stock) entry["stock"] = *row.stock;
     if (const auto ratio = ratioOf(row)) entry["ratio"] = *ratio;
     if (row.goal) {

@@ -1,5 +1,7 @@
 #include "benchmarks/StockEditor.h"
 
+#include "benchmarks/Grid.h"
+
 namespace bench {
 namespace {
 
@@ -12,7 +14,8 @@ juce::AudioProcessorValueTreeState::ParameterLayout layout(int count) {
   juce::AudioProcessorValueTreeState::ParameterLayout result;
   for (int i = 0; i < count; ++i)
     result.add(std::make_unique<juce::AudioParameterFloat>(
-        juce::ParameterID{identifier(i), 1}, name(i), juce::NormalisableRange<float>(0, 1), 0.0f));
+        juce::ParameterID{identifier(i), 1}, name(i), juce::NormalisableRange<float>(0, 1),
+        benchValue(i)));
   return result;
 }
 

@@ -52,8 +52,7 @@ Posting posting(Poster& poster, Set set) {
     const support::AllocationCounter counter;
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < posts; ++i) set(i % twoHundred.count(), static_cast<float>(i) / posts);
-    const std::chrono::duration<double, std::nano> took =
-        std::chrono::steady_clock::now() - start;
+    const std::chrono::duration<double, std::nano> took = std::chrono::steady_clock::now() - start;
     result = {took.count() / posts, static_cast<double>(counter.count())};
   });
   return result;
@@ -70,7 +69,7 @@ void addPosting(Report& report, OurSide& ours, StockSide& stock) {
           ours.unit.parameterTree().at(static_cast<std::size_t>(index)).setValue(value);
         });
         ourAllocations = p.allocations;
-        runLoopUntil([&] { return ours.editor->knob(last).value() > 0.9f; });
+        runLoopUntil([&] { return ours.editor->knob(last).value() > 0.99f; });
         ours.editor->knob(last).setValue(0);
         return p.nanoseconds;
       },
@@ -81,7 +80,7 @@ void addPosting(Report& report, OurSide& ours, StockSide& stock) {
         });
         stockAllocations = p.allocations;
         juce::Slider& slider = stock.editor->slider(last);
-        runLoopUntil([&] { return slider.getValue() > 0.9; });
+        runLoopUntil([&] { return slider.getValue() > 0.99; });
         slider.setValue(0, juce::dontSendNotification);
         return p.nanoseconds;
       });
@@ -105,7 +104,7 @@ void addArriving(Report& report, OurSide& ours, StockSide& stock) {
   int turn = 0;
   const auto next = [&turn] {
     ++turn;
-    return std::pair(turn % twoHundred.count(), static_cast<float>(turn * 7 % 101) / 101);
+    return std::pair(turn % twoHundred.count(), benchValue(turn + 50));
   };
   const Medians us = interleaved(
       400,

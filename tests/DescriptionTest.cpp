@@ -248,6 +248,9 @@ const Nonsense nonsense[] = {
      "line 1, column 10000000: this number is too large"},
     {"OnlyAList", "[]", "must be an object, not a list"},
     {"OnlyNull", "null", "must be an object, not null"},
+    {"TooManyParameters",
+     "{\"pages\":[{\"sections\":[{}]}],\"parameters\":[" + repeated("0,", 2000000) + "0]}",
+     "parameters: must hold at most 20000 entries, not 2000001"},
     {"ALongList", "[" + repeated("0,", 2000000) + "0]", "must be an object, not a list"},
 };
 

@@ -6,8 +6,10 @@
 
 #include "Quillon/CommonAudioUnit.h"
 #include "backends/lv2/EditorMessages.h"
+#include "backends/lv2/PluginState.h"
 #include "backends/lv2/PortLayout.h"
 #include "backends/lv2/SoundDescriptor.h"
+#include "tests/support/AllocationCounter.h"
 #include "tests/support/Lv2Host.h"
 #include "tests/support/OddPlugin.h"
 
@@ -156,6 +158,17 @@ TEST_F(Lv2SoundTest, LetsThePortsWinOverARestoredState) {
   EXPECT_THAT(instance.left, Each(0.125f)) << "what the host shows is what sounds";
 }
 
+TEST_F(Lv2SoundTest, TakesTheNameOfAPresetWithoutValues) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0.5f;
+  instance.run(8);
+  OddAudioUnit named;
+  named.setCurrentPreset(0);
+  EXPECT_EQ(instance.restore(lv2_backend::stateBesideParameters(named)), LV2_STATE_SUCCESS);
+  EXPECT_THAT(instance.save(), HasSubstr("First"));
+  EXPECT_THAT(instance.save(), HasSubstr("<real>0.5</real>"));
+}
+
 TEST_F(Lv2SoundTest, KeepsItsStateWhenWhatIsRestoredIsNone) {
   const std::string before = instance.save();
   EXPECT_EQ(instance.restore(""), LV2_STATE_ERR_NO_PROPERTY);
@@ -193,6 +206,21 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   EXPECT_THAT(messages(), testing::IsEmpty());
 }
 
+TEST_F(Lv2SoundTest, AllocatesNothingWhileItRuns) {
+  instance.activate();
+  openEditor();
+  instance.run(1000);
+  for (int i = 0; i < 40; ++i) {
+    port(OddAudioUnit::cutoff) = 100 + static_cast<float>(i);
+    instance.input.position(1, 1, i, 120);
+    for (int frame = 2; frame < 900; ++frame) instance.input.midi(frame, {0x90, 60, 1});
+    support::AllocationCounter counter;
+    instance.run(1000);
+    ASSERT_EQ(counter.count(), 0u);
+    ASSERT_EQ(messages().size(), 1u);
+  }
+}
+
 TEST_F(Lv2SoundTest, TakesThePresetsNameFromTheEditorAndKeepsItsValues) {
   instance.activate();
   port(OddAudioUnit::level) = 0.375f;
@@ -200,9 +228,7 @@ TEST_F(Lv2SoundTest, TakesThePresetsNameFromTheEditorAndKeepsItsValues) {
   support::OddAudioUnit editorsUnit;
   editorsUnit.setCurrentPreset(5);
   const std::string name = editorsUnit.currentPresetName();
-  const std::string state =
-      "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>presetName</key><string>" + name +
-      "</string></dict></plist>";
+  const std::string state = lv2_backend::stateBesideParameters(editorsUnit);
   send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
   instance.run(8);
   instance.runWorker();

@@ -6,11 +6,12 @@ target_link_libraries(odd_plugin PUBLIC
   orvane::orvane orvane::quillon orvane::toolkit orvane::foundation)
 orvane_add_lv2(odd_plugin
   NAME "Odd Plugin"
+  NO_INSTALL
   SOURCES support/OddPluginEntry.cpp
   LIBRARIES orvane::odd_plugin)
 
 set(odd_bundle "${CMAKE_BINARY_DIR}/lv2/Odd Plugin.lv2")
-set(lv2_sources Lv2EditorTest.cpp Lv2SoundTest.cpp)
+set(lv2_sources Lv2EditorTest.cpp Lv2SoundTest.cpp support/AllocationCounter.cpp)
 set(lv2_depends orvane::lv2 orvane::odd_plugin Threads::Threads)
 if(TARGET PkgConfig::lilv)
   list(APPEND lv2_sources Lv2BundleTest.cpp)

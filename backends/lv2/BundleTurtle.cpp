@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Orvane/KestroAUViewController.h"
+#include "backends/lv2/PluginState.h"
 #include "backends/lv2/Turtle.h"
 #include "backends/lv2/Uris.h"
 
@@ -141,6 +142,7 @@ std::string BundleTurtle::presets() {
   const auto factory = audioUnit_->factoryPresets();
   if (factory.empty()) return {};
   std::string text = prefixes;
+  text += address(uri::state) + "\n\ta rdf:Property ;\n\trdfs:label \"State\" .\n\n";
 
   SymbolSet bankSymbols;
   std::map<std::string, std::string> bankAddresses;
@@ -156,6 +158,9 @@ std::string BundleTurtle::presets() {
     text += presetAddress(preset) + "\n\ta pset:Preset ;\n\tlv2:appliesTo " + address(uri_) +
             " ;\n\trdfs:label " + turtleString(preset.name);
     if (!preset.bank.empty()) text += " ;\n\tpset:bank " + bankAddresses[preset.bank];
+    // With the name, so that an editor shows which preset the host has loaded.
+    text += " ;\n\tstate:state [ " + address(uri::state) + " " +
+            turtleString(stateBesideParameters(*audioUnit_)) + " ]";
     const char* separator = " ;\n\tlv2:port ";
     for (const ParameterPort& port : layout_.parameters()) {
       if (port.isOutput) continue;

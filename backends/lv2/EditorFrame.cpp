@@ -27,7 +27,6 @@ EditorFrame::~EditorFrame() { removeChildComponent(&editor_); }
 void EditorFrame::resized() { editor_.setBounds(getLocalBounds()); }
 
 bool EditorFrame::keyPressed(const juce::KeyPress& key) {
-  fprintf(stderr, "KEY %x\n", key.getKeyCode());
   const juce::ModifierKeys modifiers = key.getModifiers();
   return host_.sendKey(
       {symbolOf(key), modifiers.isShiftDown(), modifiers.isCtrlDown(), modifiers.isAltDown()});

@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include "backends/juce/EditorComponent.h"
 #include "backends/lv2/HostWindow.h"
 

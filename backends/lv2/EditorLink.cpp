@@ -86,7 +86,7 @@ void EditorLink::work(std::string_view request) {
 
 void EditorLink::setState(std::string_view text) {
   const std::lock_guard lock(access_);
-  if (!setStateBesideParameters(audioUnit_, text)) return;
+  if (!lv2_backend::setState(audioUnit_, text)) return;
   // Values that the audio thread set meanwhile are lost; the ports still have them.
   stateSet_.store(true, std::memory_order_release);
 }

@@ -91,7 +91,6 @@ bool HostWindow::sendKey(const Key& key) {
   event.xkey.keycode = XKeysymToKeycode(display, key.symbol);
   if (event.xkey.keycode == 0) return false;
   const Window target = outermost(display, connection_->window);
-  fprintf(stderr, "TARGET %lx keycode %x\n", target, event.xkey.keycode);
   event.xkey.display = display;
   event.xkey.window = target;
   event.xkey.root = DefaultRootWindow(display);
@@ -99,10 +98,11 @@ bool HostWindow::sendKey(const Key& key) {
   event.xkey.same_screen = True;
   event.xkey.state =
       (key.shift ? ShiftMask : 0u) | (key.control ? ControlMask : 0u) | (key.alt ? Mod1Mask : 0u);
-  for (const auto& [type, mask] : {std::pair<int, long>(KeyPress, KeyPressMask),
-                                   std::pair<int, long>(KeyRelease, KeyReleaseMask)}) {
+  // Without a mask it goes to the program that made the window, whatever the window listens to:
+  // toolkits that use the X input extension do not ask for these events, but take them.
+  for (const int type : {KeyPress, KeyRelease}) {
     event.type = type;
-    XSendEvent(display, target, True, mask, &event);
+    XSendEvent(display, target, False, NoEventMask, &event);
   }
   XFlush(display);
   return true;

@@ -36,9 +36,7 @@ std::string MirrorAudioUnit::stateBesideParameters() const {
   return lv2_backend::stateBesideParameters(*unit_);
 }
 
-void MirrorAudioUnit::setStateBesideParameters(std::string_view text) {
-  lv2_backend::setStateBesideParameters(*unit_, text);
-}
+void MirrorAudioUnit::setStateBesideParameters(std::string_view text) { setState(*unit_, text); }
 
 const std::atomic<float>* MirrorAudioUnit::getOutputValues(std::string_view key) const {
   const auto entry = liveOfKey_.find(key);

@@ -2,6 +2,7 @@
 #
 #   orvane_add_lv2(<target>
 #     NAME <name>             the bundle is <name>.lv2
+#     [NO_INSTALL]            for a plug-in that nobody is to have
 #     [LICENSE <address>]     of the binaries; GPL 3 unless told, since the editor contains JUCE
 #     [SOURCES <sources>]     one of them, or of the libraries, defines
 #     [LIBRARIES <targets>])  const orvane::PluginEntry& orvanePluginEntry()
@@ -11,7 +12,7 @@
 # What else callers say of a plug-in, the plug-in's own entry says too.
 
 function(orvane_add_lv2 target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT;NO_INSTALL"
     "NAME;LICENSE;IDENTIFIER;VERSION;MANUFACTURER" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_lv2(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
@@ -66,5 +67,7 @@ function(orvane_add_lv2 target)
     VERBATIM)
   add_custom_target(${target}_LV2 ALL DEPENDS "${bundle}/manifest.ttl" "${bundle}/plugin.ttl")
   add_dependencies(${target}_LV2 ${libraries})
-  install(DIRECTORY "${bundle}" DESTINATION ${CMAKE_INSTALL_LIBDIR}/lv2 USE_SOURCE_PERMISSIONS)
+  if(NOT arg_NO_INSTALL)
+    install(DIRECTORY "${bundle}" DESTINATION ${CMAKE_INSTALL_LIBDIR}/lv2 USE_SOURCE_PERMISSIONS)
+  endif()
 endfunction()

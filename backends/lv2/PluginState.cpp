@@ -29,25 +29,21 @@ std::string stateText(const platform::AudioUnit& audioUnit) {
   return platform::writeXmlPropertyList(audioUnit.fullState());
 }
 
-bool setStateText(platform::AudioUnit& audioUnit, std::string_view text) {
-  const auto list = parse(text);
-  if (list) audioUnit.setFullState(*list);
-  return list.has_value();
-}
-
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit) {
   PropertyList state = audioUnit.fullState();
   if (auto* entries = state.as<PropertyList::Dictionary>()) entries->erase(parametersEntry);
   return platform::writeXmlPropertyList(state);
 }
 
-bool setStateBesideParameters(platform::AudioUnit& audioUnit, std::string_view text) {
+bool setState(platform::AudioUnit& audioUnit, std::string_view text) {
   auto list = parse(text);
   auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
-  const PropertyList current = audioUnit.fullState();
-  if (const PropertyList* parameters = current.find(parametersEntry))
-    (*entries)[parametersEntry] = *parameters;
+  if (!entries->count(parametersEntry)) {
+    const PropertyList current = audioUnit.fullState();
+    if (const PropertyList* parameters = current.find(parametersEntry))
+      (*entries)[parametersEntry] = *parameters;
+  }
   audioUnit.setFullState(*list);
   return true;
 }

@@ -11,12 +11,10 @@ namespace lv2_backend {
 // and how the sound and the editor pass it on.
 
 std::string stateText(const platform::AudioUnit& audioUnit);
-/// False when `text` is no property list; then nothing has changed.
-bool setStateText(platform::AudioUnit& audioUnit, std::string_view text);
-
 /// Without the values of the parameters, which are the ports' business.
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit);
-/// Sets what such a text holds; parameters keep their values. False as above.
-bool setStateBesideParameters(platform::AudioUnit& audioUnit, std::string_view text);
+/// Sets what either of them holds; without values, the parameters keep theirs. False when `text` is
+/// no such state; then nothing has changed.
+bool setState(platform::AudioUnit& audioUnit, std::string_view text);
 
 }  // namespace lv2_backend

@@ -135,13 +135,13 @@ LV2_State_Status SoundInstance::restore(LV2_State_Retrieve_Function retrieve,
   std::uint32_t type = 0;
   std::uint32_t flags = 0;
   const auto* text = static_cast<const char*>(retrieve(handle, urids_.state, &size, &type, &flags));
-  // A preset may consist of ports only.
+  // A user's preset may consist of ports only.
   if (!text || size == 0) return LV2_STATE_ERR_NO_PROPERTY;
   if (type != urids_.atomString) return LV2_STATE_ERR_BAD_TYPE;
   std::string_view state(text, size);
   if (state.back() == '\0') state.remove_suffix(1);
   const std::lock_guard lock(access_);
-  if (!setStateText(*audioUnit_, state)) return LV2_STATE_ERR_UNKNOWN;
+  if (!setState(*audioUnit_, state)) return LV2_STATE_ERR_UNKNOWN;
   link_.stateRestored();
   return LV2_STATE_SUCCESS;
 }

@@ -44,6 +44,7 @@ class GivenDesign : public orvane::AUDesign {
   /// A page with one row of sections.
   void addPage(std::string title, std::vector<std::shared_ptr<orvane::Section>> sections) {
     std::vector<orvane::UISection> placements;
+    placements.reserve(sections.size());
     for (auto& s : sections) placements.emplace_back(std::move(s), 1, 0, 1, 0);
     givenPages.push_back(std::make_shared<orvane::Page>(std::move(placements), std::move(title)));
   }
