@@ -1,7 +1,5 @@
 #include "benchmarks/BenchEditor.h"
 
-#include <cmath>
-
 namespace bench {
 namespace {
 
@@ -70,17 +68,6 @@ BenchEditor::BenchEditor(BenchAudioUnit& unit, const Grid& grid)
     : component_([&] { return std::make_unique<BenchController>(unit, grid); }) {
   for (int i = 0; i < grid.count(); ++i)
     knobs_.push_back(controller().container(benchKey(i)).get());
-}
-
-std::vector<juce::Rectangle<int>> BenchEditor::knobFrames() {
-  std::vector<juce::Rectangle<int>> result;
-  for (const kestroui::Container* knob : knobs_) {
-    const platform::Rect frame = knob->frameInRoot();
-    result.push_back(
-        {static_cast<int>(std::lround(frame.x)), static_cast<int>(std::lround(frame.y)),
-         static_cast<int>(std::lround(frame.width)), static_cast<int>(std::lround(frame.height))});
-  }
-  return result;
 }
 
 }  // namespace bench

@@ -42,8 +42,6 @@ class BenchEditor {
   juce_backend::EditorComponent& component() { return component_; }
   BenchController& controller() { return static_cast<BenchController&>(component_.controller()); }
   kestroui::Container& knob(int index) { return *knobs_[static_cast<std::size_t>(index)]; }
-  /// Where each knob with its title is, in whole points.
-  std::vector<juce::Rectangle<int>> knobFrames();
 
  private:
   juce_backend::EditorComponent component_;

@@ -15,8 +15,8 @@ struct Grid {
 inline constexpr Grid twoHundred{4, 2, 5, 5};
 inline constexpr Grid oneThousand{5, 5, 8, 5};
 
-/// Values spread between 0 and 1, so that knobs point everywhere: those of the knobs at first, and
-/// a new one for each step of a change.
-inline float benchValue(int step) { return static_cast<float>(step * 37 % 101) / 101; }
+/// Hundredths spread between 0 and 1, so that knobs point everywhere: the defaults of the knobs, and
+/// a new value for each step of a change.
+inline float benchValue(int step) { return static_cast<float>(step * 37 % 101) / 100; }
 
 }  // namespace bench

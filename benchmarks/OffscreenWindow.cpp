@@ -3,6 +3,8 @@
 #include <cmath>
 #include <memory>
 
+#include "backends/juce/Picture.h"
+
 namespace bench {
 
 class OffscreenWindow::Peer : public juce::ComponentPeer {
@@ -11,10 +13,10 @@ class OffscreenWindow::Peer : public juce::ComponentPeer {
       : ComponentPeer(window, styleFlags),
         scale_(scale),
         bounds_(window.getLocalBounds()),
-        // With shared memory the X server takes 32 bits a pixel, and JUCE paints into those.
-        picture_(juce::Image::ARGB, static_cast<int>(std::ceil(bounds_.getWidth() * scale)),
-                 static_cast<int>(std::ceil(bounds_.getHeight() * scale)), true,
-                 juce::SoftwareImageType()) {}
+        // What JUCE paints opaque windows into with shared memory: no alpha, 32 bits a pixel.
+        picture_(
+            juce_backend::makePicture(static_cast<int>(std::ceil(bounds_.getWidth() * scale)),
+                                      static_cast<int>(std::ceil(bounds_.getHeight() * scale)))) {}
 
   bool isDirty() const { return !dirty_.isEmpty(); }
   int repaintRequests() const { return repaintRequests_; }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "benchmarks/BenchEditor.h"
 #include "benchmarks/OffscreenWindow.h"
@@ -34,17 +33,13 @@ struct OurSide {
   std::unique_ptr<BenchEditor> editor;
 };
 
-/// The same for the stock editor; its knobs are where ours are.
+/// The same for the stock editor.
 struct StockSide {
   explicit StockSide(StockEditor::ValueBoxes boxes = StockEditor::ValueBoxes::shown)
-      : boxes(boxes), processor(twoHundred.count()) {
-    OurSide ours;
-    ours.open();
-    frames = ours.editor->knobFrames();
-  }
+      : boxes(boxes), processor(twoHundred.count()) {}
 
   void open() {
-    editor = std::make_unique<StockEditor>(processor, frames, boxes);
+    editor = std::make_unique<StockEditor>(processor, boxes);
     window.show(*editor);
     window.paintNow();
   }
@@ -55,7 +50,6 @@ struct StockSide {
 
   const StockEditor::ValueBoxes boxes;
   StockProcessor processor;
-  std::vector<juce::Rectangle<int>> frames;
   OffscreenWindow window{width, height, scale};
   std::unique_ptr<StockEditor> editor;
 };

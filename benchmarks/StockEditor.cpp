@@ -5,7 +5,8 @@
 namespace bench {
 namespace {
 
-constexpr int lineHeight = 14;
+constexpr int columns = 20;
+constexpr int lineHeight = 14, boxWidth = 44;
 
 juce::String identifier(int index) { return "knob" + juce::String(index); }
 juce::String name(int index) { return "Knob " + juce::String(index + 1); }
@@ -14,7 +15,7 @@ juce::AudioProcessorValueTreeState::ParameterLayout layout(int count) {
   juce::AudioProcessorValueTreeState::ParameterLayout result;
   for (int i = 0; i < count; ++i)
     result.add(std::make_unique<juce::AudioParameterFloat>(
-        juce::ParameterID{identifier(i), 1}, name(i), juce::NormalisableRange<float>(0, 1),
+        juce::ParameterID{identifier(i), 1}, name(i), juce::NormalisableRange<float>(0, 1, 0.01f),
         benchValue(i)));
   return result;
 }
@@ -23,16 +24,15 @@ juce::AudioProcessorValueTreeState::ParameterLayout layout(int count) {
 
 StockProcessor::StockProcessor(int count) : state(*this, nullptr, "state", layout(count)) {}
 
-StockEditor::StockEditor(StockProcessor& processor, std::vector<juce::Rectangle<int>> frames,
-                         ValueBoxes boxes)
-    : juce::AudioProcessorEditor(processor), frames_(std::move(frames)) {
+StockEditor::StockEditor(StockProcessor& processor, ValueBoxes boxes)
+    : juce::AudioProcessorEditor(processor) {
   setOpaque(true);
-  for (int i = 0; i < static_cast<int>(frames_.size()); ++i) {
+  for (int i = 0; i < processor.getParameters().size(); ++i) {
     Knob& knob = *knobs_.emplace_back(std::make_unique<Knob>());
     knob.slider.setSliderStyle(juce::Slider::RotaryHorizontalVerticalDrag);
     knob.slider.setTextBoxStyle(
         boxes == ValueBoxes::shown ? juce::Slider::TextBoxBelow : juce::Slider::NoTextBox, false,
-        frames_[static_cast<std::size_t>(i)].getWidth(), lineHeight);
+        boxWidth, lineHeight);
     knob.title.setText(name(i), juce::dontSendNotification);
     knob.title.setJustificationType(juce::Justification::centred);
     knob.title.setFont(juce::Font(11.0f));
@@ -48,10 +48,14 @@ void StockEditor::paint(juce::Graphics& graphics) {
 }
 
 void StockEditor::resized() {
-  for (std::size_t i = 0; i < knobs_.size(); ++i) {
-    juce::Rectangle<int> frame = frames_[i];
-    knobs_[i]->title.setBounds(frame.removeFromBottom(lineHeight));
-    knobs_[i]->slider.setBounds(frame);
+  const int rows = (static_cast<int>(knobs_.size()) + columns - 1) / columns;
+  const int cellWidth = getWidth() / columns, cellHeight = getHeight() / rows;
+  for (int i = 0; i < static_cast<int>(knobs_.size()); ++i) {
+    juce::Rectangle<int> cell(i % columns * cellWidth, i / columns * cellHeight, cellWidth,
+                              cellHeight);
+    Knob& knob = *knobs_[static_cast<std::size_t>(i)];
+    knob.title.setBounds(cell.removeFromBottom(lineHeight));
+    knob.slider.setBounds(cell);
   }
 }
 

@@ -34,16 +34,15 @@ class StockProcessor : public juce::AudioProcessor {
 };
 
 /// The editor that JUCE's tutorials lead to: a rotary slider, a title and an attachment for each
-/// parameter, in JUCE's own look. It has no menu bar, panels and section titles, which ours has.
+/// parameter, in JUCE's own look. Since it has no menu bar, panels and section titles, its knobs have
+/// the whole window; they come out nearly as large as ours.
 class StockEditor : public juce::AudioProcessorEditor {
  public:
   /// A slider shows its value in a box of text unless told otherwise; our knobs show it only while
   /// they move.
   enum class ValueBoxes { shown, none };
 
-  /// `frames` are the places of the knobs with their titles.
-  StockEditor(StockProcessor& processor, std::vector<juce::Rectangle<int>> frames,
-              ValueBoxes boxes);
+  StockEditor(StockProcessor& processor, ValueBoxes boxes);
 
   juce::Slider& slider(int index) { return knobs_[static_cast<std::size_t>(index)]->slider; }
   void paint(juce::Graphics& graphics) override;
@@ -56,7 +55,6 @@ class StockEditor : public juce::AudioProcessorEditor {
     std::unique_ptr<juce::AudioProcessorValueTreeState::SliderAttachment> attachment;
   };
 
-  const std::vector<juce::Rectangle<int>> frames_;
   std::vector<std::unique_ptr<Knob>> knobs_;
 };
 

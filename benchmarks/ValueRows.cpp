@@ -1,3 +1,4 @@
+#include <cmath>
 #include <semaphore>
 #include <thread>
 
@@ -124,7 +125,7 @@ void addArriving(Report& report, OurSide& ours, StockSide& stock) {
         const float wanted = value;
         poster.run([parameter, wanted] { parameter->setValueNotifyingHost(wanted); });
         return 1000 * worked([&] {
-                 runLoopUntil([&] { return static_cast<float>(slider.getValue()) == wanted; });
+                 runLoopUntil([&] { return std::abs(slider.getValue() - wanted) < 0.001; });
                });
       });
   report.add({.key = "change",

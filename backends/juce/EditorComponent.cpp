@@ -36,10 +36,12 @@ EditorComponent::EditorComponent(const ControllerFactory& makeController)
     : controller_(makeController()) {
   setOpaque(true);
   setWantsKeyboardFocus(true);
-  host_.view().setBackgroundColor(platform::Color::black());
   host_.addChild(*controller_);
   window_.setRootViewController(&host_);
   host_.view().addSubview(controller_->view());
+  // What shows through the editor must not be what was there before.
+  if (controller_->view().backgroundColor().alpha < 1)
+    host_.view().setBackgroundColor(platform::Color::black());
 }
 
 EditorComponent::EditorComponent(const orvane::PluginEntry& entry, platform::AudioUnit& audioUnit)
@@ -86,37 +88,31 @@ void EditorComponent::displayFrame() {
   }
   const std::vector<platform::Rect> damage = window_.prepareFrame();
   if (damage.empty()) return;
-  juce::Graphics graphics(picture_);
   for (const platform::Rect& area : damage) {
     // Lines and glyphs are moved by up to half a pixel.
     const platform::Rect grown = area.inset(-1 / scale_, -1 / scale_);
-    compositeInto(graphics, juce::Rectangle<double>(grown.x * scale_, grown.y * scale_,
-                                                    grown.width * scale_, grown.height * scale_)
-                                .getSmallestIntegerContainer());
+    composite(juce::Rectangle<double>(grown.x * scale_, grown.y * scale_, grown.width * scale_,
+                                      grown.height * scale_)
+                  .getSmallestIntegerContainer());
     repaint(juce::Rectangle<double>(grown.x, grown.y, grown.width, grown.height)
                 .getSmallestIntegerContainer());
   }
 }
 
-void EditorComponent::compositeInto(juce::Graphics& graphics, juce::Rectangle<int> pixels) {
+void EditorComponent::composite(juce::Rectangle<int> pixels) {
   const juce::Rectangle<int> area = pixels.getIntersection(picture_.getBounds());
   if (area.isEmpty()) return;
-  juce::Graphics::ScopedSaveState state(graphics);
-  graphics.reduceClipRegion(area);
-  JuceCanvas canvas(graphics, scale_);
+  JuceCanvas canvas(picture_, scale_, area);
   window_.composite(canvas, {area.getX() / scale_, area.getY() / scale_, area.getWidth() / scale_,
                              area.getHeight() / scale_});
 }
 
 void EditorComponent::renewPicture(double scale) {
   scale_ = scale;
-  const int width = static_cast<int>(std::ceil(getWidth() * scale));
-  const int height = static_cast<int>(std::ceil(getHeight() * scale));
-  picture_ = juce::Image(juce::Image::RGB, juce::jmax(1, width), juce::jmax(1, height), true,
-                         juce::SoftwareImageType());
+  picture_ = makePicture(static_cast<int>(std::ceil(getWidth() * scale)),
+                         static_cast<int>(std::ceil(getHeight() * scale)));
   window_.prepareFrame();
-  juce::Graphics graphics(picture_);
-  compositeInto(graphics, picture_.getBounds());
+  composite(picture_.getBounds());
 }
 
 void EditorComponent::paint(juce::Graphics& graphics) {

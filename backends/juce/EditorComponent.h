@@ -81,7 +81,7 @@ class EditorComponent : public juce::Component,
   void updateShowing();
   /// Makes the picture anew for this scale, with all that has to be shown.
   void renewPicture(double scale);
-  void compositeInto(juce::Graphics& graphics, juce::Rectangle<int> pixels);
+  void composite(juce::Rectangle<int> pixels);
 
   // First in, last out: every part of an editor may have timers.
   juce::SharedResourcePointer<JuceRunLoop> runLoop_;

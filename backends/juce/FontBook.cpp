@@ -9,7 +9,6 @@ namespace {
 constexpr char32_t noncharacter = 0xFFFF;
 constexpr char32_t emSpace = 0x2003;
 constexpr char32_t ellipsis = 0x2026;
-constexpr std::size_t maximumSizedFonts = 512;
 
 struct StyleNames {
   platform::FontWeight weight;
@@ -36,6 +35,13 @@ std::vector<char32_t> decode(std::string_view text) {
 
 }  // namespace
 
+juce::Path GlyphLine::path() const {
+  juce::Path all;
+  for (const Glyph& glyph : glyphs)
+    all.addPath(*glyph.outline, juce::AffineTransform::scale(glyph.height).translated(glyph.x, 0));
+  return all;
+}
+
 /// One typeface. Lengths are in units of the em square.
 struct FontBook::Face {
   juce::Typeface::Ptr typeface;
@@ -47,6 +53,7 @@ struct FontBook::Face {
   struct Character {
     double width = 0;
     bool isMissing = false;
+    juce::Path outline;
   };
   std::unordered_map<char32_t, Character> characters;
 
@@ -54,14 +61,13 @@ struct FontBook::Face {
     const auto known = characters.find(code);
     if (known != characters.end()) return known->second;
     const auto text = juce::String::charToString(static_cast<juce::juce_wchar>(code));
-    Character measured{typeface->getStringWidth(text) * heightPerEm, false};
+    Character measured;
+    measured.width = typeface->getStringWidth(text) * heightPerEm;
+    const bool isDrawn =
+        typeface->getOutlineForGlyph(static_cast<int>(code), measured.outline);
     // Latin letters, digits and signs are in every face that is chosen on purpose.
-    if (code >= 0x180) {
-      juce::Path outline;
-      measured.isMissing = !typeface->getOutlineForGlyph(static_cast<int>(code), outline) ||
-                           outline == missingGlyph;
-    }
-    return characters.emplace(code, measured).first->second;
+    measured.isMissing = code >= 0x180 && (!isDrawn || measured.outline == missingGlyph);
+    return characters.emplace(code, std::move(measured)).first->second;
   }
 
   double advance(char32_t code, bool tabularFigures) {
@@ -175,41 +181,23 @@ GlyphLine FontBook::layOut(const std::vector<char32_t>& text, const platform::Fo
                            double pixelSize) {
   Face& preferred = face(font.weight);
   GlyphLine line;
-  line.fonts.push_back(sized(preferred, pixelSize));
-  line.ascent = line.fonts[0].getAscent();
-  line.descent = line.fonts[0].getDescent();
+  const double height = pixelSize * preferred.heightPerEm;
+  line.ascent = static_cast<float>(preferred.typeface->getAscent() * height);
+  line.descent = static_cast<float>(preferred.typeface->getDescent() * height);
   line.glyphs.reserve(text.size());
-
-  std::vector<Face*> used{&preferred};
   double x = 0;
   for (char32_t character : text) {
     Face& glyphFace = faceFor(character, preferred);
-    auto slot = std::find(used.begin(), used.end(), &glyphFace);
-    if (slot == used.end()) {
-      line.fonts.push_back(sized(glyphFace, pixelSize));
-      slot = used.insert(used.end(), &glyphFace);
-    }
+    const Face::Character& glyph = glyphFace.character(character);
     const double width = glyphFace.advance(character, font.tabularFigures) * pixelSize;
-    const double ink = glyphFace.advance(character, false) * pixelSize;
-    if (character > U' ')
-      line.glyphs.push_back({static_cast<int>(character), static_cast<int>(slot - used.begin()),
-                             static_cast<float>(x + (width - ink) / 2)});
+    if (!glyph.outline.isEmpty())
+      line.glyphs.push_back({character, &glyph.outline,
+                             static_cast<float>(x + (width - glyph.width * pixelSize) / 2),
+                             static_cast<float>(pixelSize * glyphFace.heightPerEm)});
     x += width;
   }
   line.width = static_cast<float>(x);
   return line;
-}
-
-const juce::Font& FontBook::sized(Face& face, double pixelSize) {
-  const auto key = std::make_pair(static_cast<const Face*>(&face), pixelSize);
-  const auto known = sizedFonts_.find(key);
-  if (known != sizedFonts_.end()) return known->second;
-  // A window that is dragged through many sizes must not leave all of them behind.
-  if (sizedFonts_.size() >= maximumSizedFonts) sizedFonts_.clear();
-  return sizedFonts_
-      .emplace(key, juce::Font(face.typeface)
-                        .withHeight(static_cast<float>(pixelSize * face.heightPerEm)))
-      .first->second;
 }
 
 }  // namespace juce_backend

@@ -3,7 +3,6 @@
 #include <juce_graphics/juce_graphics.h>
 
 #include <array>
-#include <map>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
@@ -13,16 +12,20 @@
 
 namespace juce_backend {
 
-/// A line of text with every glyph in its place, in pixels from the left end of its base line.
+/// A line of text with every glyph in its place, in pixels from the left end of its base line. The
+/// outlines are the font book's.
 struct GlyphLine {
   struct Glyph {
-    int character = 0;
-    /// Index into `fonts`.
-    int font = 0;
+    char32_t character = 0;
+    /// At a height of 1.
+    const juce::Path* outline = nullptr;
     float x = 0;
+    float height = 0;
   };
 
-  std::vector<juce::Font> fonts;
+  /// All glyphs as one path.
+  juce::Path path() const;
+
   std::vector<Glyph> glyphs;
   float width = 0;
   float ascent = 0;
@@ -56,12 +59,10 @@ class FontBook {
   Face* installedFaceWith(char32_t character);
   GlyphLine layOut(const std::vector<char32_t>& text, const platform::Font& font,
                    double pixelSize);
-  const juce::Font& sized(Face& face, double pixelSize);
 
   std::vector<std::unique_ptr<Face>> faces_;
   std::array<Face*, 4> weights_{};
   std::unordered_map<char32_t, Face*> fallbacks_;
-  std::map<std::pair<const Face*, double>, juce::Font> sizedFonts_;
 };
 
 }  // namespace juce_backend

@@ -15,33 +15,21 @@ juce::Colour toColour(platform::Color color, float alpha) {
   return juce::Colour(color.withAlpha(color.alpha * alpha).argb());
 }
 
-void addRoundedRect(juce::Path& path, juce::Rectangle<float> area, double radius) {
-  path.addRoundedRectangle(area, juce::jmin(toFloat(radius), area.getWidth() / 2,
-                                            area.getHeight() / 2));
-}
-
 }  // namespace
 
-JuceCanvas::JuceCanvas(juce::Graphics& graphics, double scale)
-    : context_(graphics.getInternalContext()) {
+JuceCanvas::JuceCanvas(juce::Image& picture, double scale)
+    : JuceCanvas(picture, scale, picture.getBounds()) {}
+
+JuceCanvas::JuceCanvas(juce::Image& picture, double scale, juce::Rectangle<int> clip)
+    : painter_(picture) {
   state_.transform = platform::AffineTransform::scale(scale, scale);
-  state_.clip = graphics.getClipBounds();
-  context_.saveState();
+  state_.clip = clip.getIntersection(picture.getBounds());
 }
 
-JuceCanvas::~JuceCanvas() {
-  while (!saved_.empty()) restore();
-  context_.restoreState();
-}
-
-void JuceCanvas::save() {
-  saved_.push_back(state_);
-  state_.isJuceStateSaved = false;
-}
+void JuceCanvas::save() { saved_.push_back(state_); }
 
 void JuceCanvas::restore() {
   if (saved_.empty()) return;
-  if (state_.isJuceStateSaved) context_.restoreState();
   state_ = saved_.back();
   saved_.pop_back();
 }
@@ -55,13 +43,7 @@ void JuceCanvas::clip(const platform::Rect& rect) {
   const juce::Rectangle<float> exact = toPixels(rect);
   const auto area = juce::Rectangle<int>::leftTopRightBottom(
       toInt(exact.getX()), toInt(exact.getY()), toInt(exact.getRight()), toInt(exact.getBottom()));
-  if (area.contains(state_.clip)) return;
-  if (!saved_.empty() && !state_.isJuceStateSaved) {
-    context_.saveState();
-    state_.isJuceStateSaved = true;
-  }
   state_.clip = state_.clip.getIntersection(area);
-  context_.clipToRectangle(state_.clip);
 }
 
 void JuceCanvas::multiplyAlpha(float alpha) { state_.alpha *= alpha; }
@@ -106,91 +88,19 @@ bool JuceCanvas::intersectsClip(const platform::Rect& rect) const {
   return toPixels(rect).getSmallestIntegerContainer().expanded(1).intersects(state_.clip);
 }
 
-void JuceCanvas::setFill(const platform::Paint& paint) {
-  if (paint.stops.empty()) {
-    context_.setFill(toColour(paint.color, state_.alpha));
-    return;
-  }
+PixelSource JuceCanvas::source(const platform::Paint& paint) const {
+  if (paint.stops.empty()) return PixelSource(toColour(paint.color, state_.alpha));
   const platform::Point from = state_.transform.apply(paint.from);
   const platform::Point to = state_.transform.apply(paint.to);
-  juce::ColourGradient gradient;
-  gradient.point1 = {toFloat(from.x), toFloat(from.y)};
-  gradient.point2 = {toFloat(to.x), toFloat(to.y)};
-  gradient.isRadial = false;
-  // JUCE wants a colour at both ends.
-  gradient.addColour(0, toColour(paint.stops.front().color, state_.alpha));
+  std::vector<std::pair<float, juce::Colour>> stops;
   for (const platform::Paint::Stop& stop : paint.stops)
-    if (stop.position > 0 && stop.position < 1)
-      gradient.addColour(stop.position, toColour(stop.color, state_.alpha));
-  gradient.addColour(1, toColour(paint.stops.back().color, state_.alpha));
-  context_.setFill(juce::FillType(std::move(gradient)));
+    stops.emplace_back(toFloat(stop.position), toColour(stop.color, state_.alpha));
+  return PixelSource({toFloat(from.x), toFloat(from.y)}, {toFloat(to.x), toFloat(to.y)}, stops);
 }
 
-// JUCE works out the colour of a gradient for each pixel, which makes the panels the most expensive
-// part of an editor. In 8 bits a soft gradient has few colours, and plain bands of them are cheap.
-bool JuceCanvas::fillBands(juce::Rectangle<int> area, const platform::Paint& paint) {
-  if (paint.stops.empty() || paint.from.x != paint.to.x || !isUpright()) return false;
-  const double from = state_.transform.apply(paint.from).y;
-  const double length = state_.transform.apply(paint.to).y - from;
-  if (length == 0) return false;
-  const juce::Rectangle<int> seen = area.getIntersection(state_.clip);
-
-  const auto colourAt = [&](int row) {
-    const double position = (row + 0.5 - from) / length;
-    auto next = std::find_if(paint.stops.begin(), paint.stops.end(),
-                             [&](const auto& stop) { return stop.position > position; });
-    if (next == paint.stops.begin()) return toColour(next->color, state_.alpha);
-    if (next == paint.stops.end()) return toColour(std::prev(next)->color, state_.alpha);
-    const auto before = std::prev(next);
-    const double share = (position - before->position) / (next->position - before->position);
-    return toColour(before->color, state_.alpha)
-        .interpolatedWith(toColour(next->color, state_.alpha), toFloat(share));
-  };
-  for (int top = seen.getY(); top < seen.getBottom();) {
-    const juce::Colour colour = colourAt(top);
-    int bottom = top + 1;
-    while (bottom < seen.getBottom() && colourAt(bottom) == colour) ++bottom;
-    if (!colour.isTransparent()) {
-      context_.setFill(colour);
-      context_.fillRect(seen.withTop(top).withBottom(bottom), false);
-    }
-    top = bottom;
-  }
-  return true;
-}
-
-juce::Path& JuceCanvas::scratchPath(const platform::Path& path) {
-  scratch_.clear();
-  const platform::Point* next = path.points().data();
-  const auto take = [&] {
-    const platform::Point p = state_.transform.apply(*next++);
-    return juce::Point<float>(toFloat(p.x), toFloat(p.y));
-  };
-  for (const platform::Path::Verb verb : path.verbs()) {
-    switch (verb) {
-      case platform::Path::Verb::move:
-        scratch_.startNewSubPath(take());
-        break;
-      case platform::Path::Verb::line:
-        scratch_.lineTo(take());
-        break;
-      case platform::Path::Verb::quad: {
-        const auto control = take();
-        scratch_.quadraticTo(control, take());
-        break;
-      }
-      case platform::Path::Verb::cubic: {
-        const auto control1 = take();
-        const auto control2 = take();
-        scratch_.cubicTo(control1, control2, take());
-        break;
-      }
-      case platform::Path::Verb::close:
-        scratch_.closeSubPath();
-        break;
-    }
-  }
-  return scratch_;
+void JuceCanvas::fill(const juce::Path& path, const platform::Paint& paint) {
+  PixelSource pixels = source(paint);
+  painter_.fillPath(path, state_.clip, pixels);
 }
 
 void JuceCanvas::fillRect(const platform::Rect& rect, const platform::Paint& paint) {
@@ -198,13 +108,11 @@ void JuceCanvas::fillRect(const platform::Rect& rect, const platform::Paint& pai
   if (!isUpright()) {
     platform::Path path;
     path.addRect(rect);
-    fillPath(path, paint);
+    fill(outline_.filled(path, state_.transform), paint);
     return;
   }
-  const juce::Rectangle<int> area = toWholePixels(rect);
-  if (fillBands(area, paint)) return;
-  setFill(paint);
-  context_.fillRect(area, false);
+  PixelSource pixels = source(paint);
+  painter_.fillRect(toWholePixels(rect), state_.clip, pixels);
 }
 
 void JuceCanvas::fillRoundedRect(const platform::Rect& rect, double radius,
@@ -213,32 +121,14 @@ void JuceCanvas::fillRoundedRect(const platform::Rect& rect, double radius,
   if (!isUpright()) {
     platform::Path path;
     path.addRoundedRect(rect, radius);
-    fillPath(path, paint);
+    fill(outline_.filled(path, state_.transform), paint);
     return;
   }
   const double pixelRadius = radius * pixelsPerPoint();
-  if (pixelRadius < 0.5) {
+  if (pixelRadius < 0.5)
     fillRect(rect, paint);
-    return;
-  }
-  const juce::Rectangle<int> area = toWholePixels(rect);
-  scratch_.clear();
-  addRoundedRect(scratch_, area.toFloat(), pixelRadius);
-  const int corner = static_cast<int>(std::ceil(pixelRadius));
-  const juce::Rectangle<int> middle = area.reduced(0, corner);
-  if (!middle.isEmpty() && fillBands(middle, paint)) {
-    // What is left are the strips with the corners.
-    setFill(paint);
-    for (const juce::Rectangle<int>& strip :
-         {area.withHeight(corner), area.withTop(middle.getBottom())}) {
-      context_.saveState();
-      if (context_.clipToRectangle(strip)) context_.fillPath(scratch_, {});
-      context_.restoreState();
-    }
-    return;
-  }
-  setFill(paint);
-  context_.fillPath(scratch_, {});
+  else
+    fill(outline_.roundedRect(toWholePixels(rect).toFloat(), pixelRadius), paint);
 }
 
 void JuceCanvas::strokeRoundedRect(const platform::Rect& rect, double radius, double width,
@@ -251,19 +141,10 @@ void JuceCanvas::strokeRoundedRect(const platform::Rect& rect, double radius, do
     strokePath(path, {width}, paint);
     return;
   }
-  // The ring between two rounded rectangles; whole pixels keep all four sides equally thick.
+  // Whole pixels keep all four sides equally thick.
   const int thickness = toWholePixels(width);
-  const juce::Rectangle<int> outer = toWholePixels(outside);
-  const juce::Rectangle<int> inner = outer.reduced(thickness);
   const double pixelRadius = radius > 0 ? radius * pixelsPerPoint() + thickness / 2.0 : 0;
-  scratch_.clear();
-  scratch_.setUsingNonZeroWinding(false);
-  addRoundedRect(scratch_, outer.toFloat(), pixelRadius);
-  if (!inner.isEmpty())
-    addRoundedRect(scratch_, inner.toFloat(), juce::jmax(0.0, pixelRadius - thickness));
-  setFill(paint);
-  context_.fillPath(scratch_, {});
-  scratch_.setUsingNonZeroWinding(true);
+  fill(outline_.roundedFrame(toWholePixels(outside).toFloat(), pixelRadius, thickness), paint);
 }
 
 void JuceCanvas::fillEllipse(const platform::Rect& rect, const platform::Paint& paint) {
@@ -271,19 +152,15 @@ void JuceCanvas::fillEllipse(const platform::Rect& rect, const platform::Paint& 
   if (!isUpright()) {
     platform::Path path;
     path.addEllipse(rect);
-    fillPath(path, paint);
+    fill(outline_.filled(path, state_.transform), paint);
     return;
   }
-  scratch_.clear();
-  scratch_.addEllipse(toPixels(rect));
-  setFill(paint);
-  context_.fillPath(scratch_, {});
+  fill(outline_.ellipse(toPixels(rect)), paint);
 }
 
 void JuceCanvas::fillPath(const platform::Path& path, const platform::Paint& paint) {
   if (path.isEmpty() || !intersectsClip(path.bounds())) return;
-  setFill(paint);
-  context_.fillPath(scratchPath(path), {});
+  fill(outline_.filled(path, state_.transform), paint);
 }
 
 bool JuceCanvas::strokeStraightLine(const platform::Path& path, double width,
@@ -296,18 +173,12 @@ bool JuceCanvas::strokeStraightLine(const platform::Path& path, double width,
   if (!isUpright() || isLevel == (bounds.width == 0)) return false;
   const int thickness = toWholePixels(width);
   const juce::Rectangle<float> line = toPixels(bounds);
-  setFill(paint);
-  if (isLevel) {
-    const int left = toInt(line.getX());
-    const int top = toInt(line.getY() - thickness / 2.0);
-    context_.fillRect(
-        juce::Rectangle<int>(left, top, toInt(line.getRight()) - left, thickness), false);
-  } else {
-    const int left = toInt(line.getX() - thickness / 2.0);
-    const int top = toInt(line.getY());
-    context_.fillRect(
-        juce::Rectangle<int>(left, top, thickness, toInt(line.getBottom()) - top), false);
-  }
+  const int left = toInt(isLevel ? line.getX() : line.getX() - thickness / 2.0);
+  const int top = toInt(isLevel ? line.getY() - thickness / 2.0 : line.getY());
+  PixelSource pixels = source(paint);
+  painter_.fillRect({left, top, isLevel ? toInt(line.getRight()) - left : thickness,
+                     isLevel ? thickness : toInt(line.getBottom()) - top},
+                    state_.clip, pixels);
   return true;
 }
 
@@ -321,14 +192,7 @@ void JuceCanvas::strokePath(const platform::Path& path, const platform::StrokeSt
   if ((pixelWidth < 2.5 || style.cap == platform::StrokeStyle::Cap::butt) &&
       strokeStraightLine(path, style.width, paint))
     return;
-  const juce::PathStrokeType stroke(toFloat(pixelWidth), juce::PathStrokeType::curved,
-                                    style.cap == platform::StrokeStyle::Cap::round
-                                        ? juce::PathStrokeType::rounded
-                                        : juce::PathStrokeType::butt);
-  juce::Path outline;
-  stroke.createStrokedPath(outline, scratchPath(path));
-  setFill(paint);
-  context_.fillPath(outline, {});
+  fill(outline_.stroked(path, state_.transform, pixelWidth, style.cap), paint);
 }
 
 }  // namespace juce_backend

@@ -2,25 +2,31 @@
 
 #include <juce_graphics/juce_graphics.h>
 
+#include <memory>
 #include <vector>
 
 #include "backends/juce/FontBook.h"
+#include "backends/juce/Outline.h"
+#include "backends/juce/Picture.h"
+#include "backends/juce/PixelPainter.h"
 #include "platform/Canvas.h"
 
 namespace juce_backend {
 
-/// Paints on a juce::Graphics. Rectangles, clips and straight lines are moved to whole pixels, so
-/// that they stay sharp at fractional scales; curves are not. User-interface thread only.
+/// Paints into a picture. Rectangles, clips and straight lines are moved to whole pixels, so that
+/// they stay sharp at fractional scales; curves are not. It fills pixels by itself, from JUCE's
+/// outlines and edge tables: it knows that the picture is opaque and what may be kept from one
+/// painting to the next. User-interface thread only.
 ///
-///     juce::Graphics graphics(image);
-///     JuceCanvas canvas(graphics, 1.25);
+///     juce::Image picture = makePicture(1280, 960);
+///     JuceCanvas canvas(picture, 1.25);
 ///     window.composite(canvas, area);
 class JuceCanvas : public platform::Canvas {
  public:
-  /// A unit of `graphics` is a device pixel, as when painting into an image; `scale` is how many
-  /// of them a point takes. `graphics` outlives the canvas and is left as it was.
-  JuceCanvas(juce::Graphics& graphics, double scale);
-  ~JuceCanvas() override;
+  /// `picture` comes from makePicture; a point takes `scale` of its pixels.
+  JuceCanvas(juce::Image& picture, double scale);
+  /// Leaves everything outside of `clip`, in pixels, as it is.
+  JuceCanvas(juce::Image& picture, double scale, juce::Rectangle<int> clip);
 
   void save() override;
   void restore() override;
@@ -51,8 +57,6 @@ class JuceCanvas : public platform::Canvas {
     /// In pixels.
     juce::Rectangle<int> clip;
     float alpha = 1;
-    /// JUCE's own state is saved only by the first clip after a save: it is the costly part.
-    bool isJuceStateSaved = false;
   };
 
   bool isUpright() const;
@@ -61,21 +65,18 @@ class JuceCanvas : public platform::Canvas {
   juce::Rectangle<float> toPixels(const platform::Rect& rect) const;
   juce::Rectangle<int> toWholePixels(const platform::Rect& rect) const;
   int toWholePixels(double width) const;
-  void setFill(const platform::Paint& paint);
-  /// Fills `area` with a gradient that runs straight down; false for any other paint.
-  bool fillBands(juce::Rectangle<int> area, const platform::Paint& paint);
-  juce::Path& scratchPath(const platform::Path& path);
+  PixelSource source(const platform::Paint& paint) const;
+  void fill(const juce::Path& path, const platform::Paint& paint);
   bool strokeStraightLine(const platform::Path& path, double width, const platform::Paint& paint);
-  GlyphLine fitText(std::string_view text, const platform::Font& font, const platform::Rect& rect,
-                    double minimumScale);
-  void drawLine(const GlyphLine& line, const platform::Rect& rect,
-                platform::TextAlignment alignment, platform::Color color);
+  GlyphLine fitText(const platform::TextRun& run);
+  void drawTurnedText(const platform::TextRun& run);
+  juce::Rectangle<int> textClip(const platform::Rect& rect) const;
 
-  juce::LowLevelGraphicsContext& context_;
+  PixelPainter painter_;
   juce::SharedResourcePointer<FontBook> fonts_;
+  Outline outline_;
   State state_;
   std::vector<State> saved_;
-  juce::Path scratch_;
 };
 
 }  // namespace juce_backend

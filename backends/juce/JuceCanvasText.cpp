@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "backends/juce/JuceCanvas.h"
@@ -5,100 +6,124 @@
 namespace juce_backend {
 namespace {
 
-// What a text run keeps: its glyphs at the scale at which it was painted last.
-struct CachedLine {
+// What a text run keeps: its shape at the scale and the place within a pixel of the last painting.
+struct CachedText {
   double scale = 0;
-  GlyphLine line;
+  double fraction = 0;
+  CoverageMask mask;
 };
 
+// Text may begin at so many places within a pixel.
+constexpr double placesPerPixel = 4;
+
 // Sizes that a fit leads to are rounded down to steps, so that labels of one row, which have
-// nearly the same width, keep the same size and share their glyphs.
+// nearly the same width, keep the same size.
 constexpr double sizeStep = 0.25;
+
+// Light letters on dark ground look thinner than they are.
+float contrastFor(platform::Color color) {
+  const float brightness = std::max({color.red, color.green, color.blue});
+  return 1 + 1.6f * std::max(0.0f, brightness - 0.5f);
+}
+
+// Where a line begins in its rectangle of `width` and `height`; all in pixels.
+juce::Point<double> startOf(const GlyphLine& line, double width, double height,
+                            platform::TextAlignment alignment) {
+  const double room = width - line.width;
+  const double indent = alignment == platform::TextAlignment::left     ? 0
+                        : alignment == platform::TextAlignment::centre ? room / 2
+                                                                       : room;
+  return {indent, (height + line.ascent - line.descent) / 2};
+}
 
 }  // namespace
 
-GlyphLine JuceCanvas::fitText(std::string_view text, const platform::Font& font,
-                              const platform::Rect& rect, double minimumScale) {
-  const double width = fonts_->textWidth(text, font);
+GlyphLine JuceCanvas::fitText(const platform::TextRun& run) {
+  const platform::Font& font = run.font;
+  const double width = fonts_->textWidth(run.text, font);
   double fit = 1;
-  if (width > rect.width) fit = rect.width / width;
+  if (width > run.rect.width) fit = run.rect.width / width;
   // Letters with ascenders and descenders take about the em square.
-  if (font.pointSize > rect.height) fit = std::fmin(fit, rect.height / font.pointSize);
+  if (font.pointSize > run.rect.height) fit = std::fmin(fit, run.rect.height / font.pointSize);
   double size = font.pointSize;
   if (fit < 1) {
-    const double smallest = font.pointSize * minimumScale;
+    const double smallest = font.pointSize * run.minimumScale;
     size = std::fmax(std::floor(font.pointSize * fit / sizeStep) * sizeStep, smallest);
   }
   const double scale = pixelsPerPoint();
   // A tenth of a pixel of rounding must not cost the last letter.
-  if (width * size / font.pointSize <= rect.width + 0.1 / scale)
-    return fonts_->layOut(text, font, size * scale);
-  return fonts_->layOutTruncated(text, font, size * scale, rect.width * scale);
-}
-
-void JuceCanvas::drawLine(const GlyphLine& line, const platform::Rect& rect,
-                          platform::TextAlignment alignment, platform::Color color) {
-  const double scale = pixelsPerPoint();
-  const double room = rect.width * scale - line.width;
-  const double indent = alignment == platform::TextAlignment::left     ? 0
-                        : alignment == platform::TextAlignment::centre ? room / 2
-                                                                       : room;
-  const double baseline = (rect.height * scale + line.ascent - line.descent) / 2;
-
-  // Only text that is higher than its rectangle can reach out of it.
-  const bool isTooHigh = line.ascent + line.descent > rect.height * scale * 1.25;
-  if (isTooHigh) {
-    save();
-    clip(rect);
-  }
-  context_.setFill(juce::Colour(color.withAlpha(color.alpha * state_.alpha).argb()));
-  const platform::AffineTransform& t = state_.transform;
-  const platform::Point origin = t.apply(rect.origin());
-  const bool isPlain = isUpright() && t.a > 0 && t.a == t.d;
-  const juce::AffineTransform turned(
-      static_cast<float>(t.a / scale), static_cast<float>(t.c / scale),
-      static_cast<float>(origin.x), static_cast<float>(t.b / scale),
-      static_cast<float>(t.d / scale), static_cast<float>(origin.y));
-  int font = -1;
-  for (const GlyphLine::Glyph& glyph : line.glyphs) {
-    if (glyph.font != font) {
-      font = glyph.font;
-      context_.setFont(line.fonts[static_cast<std::size_t>(font)]);
-    }
-    const double x = indent + glyph.x;
-    if (isPlain)
-      context_.drawGlyph(glyph.character,
-                         juce::AffineTransform::translation(
-                             static_cast<float>(origin.x + x),
-                             static_cast<float>(origin.y + baseline)));
-    else
-      context_.drawGlyph(glyph.character,
-                         juce::AffineTransform::translation(static_cast<float>(x),
-                                                            static_cast<float>(baseline))
-                             .followedBy(turned));
-  }
-  if (isTooHigh) restore();
+  if (width * size / font.pointSize <= run.rect.width + 0.1 / scale)
+    return fonts_->layOut(run.text, font, size * scale);
+  return fonts_->layOutTruncated(run.text, font, size * scale, run.rect.width * scale);
 }
 
 void JuceCanvas::drawText(std::string_view text, const platform::Font& font,
                           const platform::Rect& rect, platform::TextAlignment alignment,
                           platform::Color color, double minimumScale) {
-  if (text.empty() || rect.isEmpty() || font.pointSize <= 0 || !intersectsClip(rect)) return;
-  drawLine(fitText(text, font, rect, minimumScale), rect, alignment, color);
+  platform::TextRun run;
+  run.text = text;
+  run.font = font;
+  run.rect = rect;
+  run.alignment = alignment;
+  run.color = color;
+  run.minimumScale = minimumScale;
+  drawTextRun(run);
 }
 
 void JuceCanvas::drawTextRun(const platform::TextRun& run) {
   if (run.text.empty() || run.rect.isEmpty() || run.font.pointSize <= 0 ||
       !intersectsClip(run.rect))
     return;
-  auto cached = std::static_pointer_cast<CachedLine>(run.cache);
-  const double scale = pixelsPerPoint();
-  if (!cached || cached->scale != scale) {
-    cached = std::make_shared<CachedLine>(
-        CachedLine{scale, fitText(run.text, run.font, run.rect, run.minimumScale)});
+  const platform::AffineTransform& t = state_.transform;
+  if (!isUpright() || t.a != t.d || t.a <= 0) {
+    drawTurnedText(run);
+    return;
+  }
+
+  const double scale = t.a;
+  const platform::Point corner = t.apply(run.rect.origin());
+  const double left = std::floor(corner.x);
+  const double fraction = std::floor((corner.x - left) * placesPerPixel) / placesPerPixel;
+  auto cached = std::static_pointer_cast<CachedText>(run.cache);
+  if (!cached || cached->scale != scale || cached->fraction != fraction) {
+    const GlyphLine line = fitText(run);
+    const juce::Point<double> start =
+        startOf(line, run.rect.width * scale, run.rect.height * scale, run.alignment);
+    juce::Path path = line.path();
+    // Base lines are on whole pixels, so that all letters of a row are equally sharp.
+    path.applyTransform(juce::AffineTransform::translation(
+        static_cast<float>(std::round((start.x + fraction) * placesPerPixel) / placesPerPixel),
+        static_cast<float>(std::round(start.y))));
+    cached = std::make_shared<CachedText>(
+        CachedText{scale, fraction, PixelPainter::maskOf(path, contrastFor(run.color))});
     run.cache = cached;
   }
-  drawLine(cached->line, run.rect, run.alignment, run.color);
+
+  PixelSource pixels = source(run.color);
+  painter_.fillMask(cached->mask, {static_cast<int>(left), static_cast<int>(std::lround(corner.y))},
+                    textClip(run.rect), pixels);
+}
+
+juce::Rectangle<int> JuceCanvas::textClip(const platform::Rect& rect) const {
+  // The blank beside the first and last letter's shape takes less than a pixel.
+  return toPixels(rect).getSmallestIntegerContainer().expanded(1, 0).getIntersection(state_.clip);
+}
+
+void JuceCanvas::drawTurnedText(const platform::TextRun& run) {
+  const platform::AffineTransform& t = state_.transform;
+  const double scale = pixelsPerPoint();
+  const GlyphLine line = fitText(run);
+  const juce::Point<double> start =
+      startOf(line, run.rect.width * scale, run.rect.height * scale, run.alignment);
+  const platform::Point corner = t.apply(run.rect.origin());
+  juce::Path path = line.path();
+  path.applyTransform(
+      juce::AffineTransform::translation(static_cast<float>(start.x), static_cast<float>(start.y))
+          .followedBy({static_cast<float>(t.a / scale), static_cast<float>(t.c / scale),
+                       static_cast<float>(corner.x), static_cast<float>(t.b / scale),
+                       static_cast<float>(t.d / scale), static_cast<float>(corner.y)}));
+  PixelSource pixels = source(run.color);
+  painter_.fillPath(path, textClip(run.rect), pixels);
 }
 
 double JuceCanvas::textWidth(std::string_view text, const platform::Font& font) {

@@ -32,13 +32,10 @@ juce::File fileAt(const std::string& path) {
 
 juce::Image picture(platform::Window& window, double scale) {
   const platform::Size size = window.size();
-  juce::Image image(juce::Image::RGB,
-                    juce::jmax(1, static_cast<int>(std::lround(size.width * scale))),
-                    juce::jmax(1, static_cast<int>(std::lround(size.height * scale))), true,
-                    juce::SoftwareImageType());
+  juce::Image image = makePicture(static_cast<int>(std::lround(size.width * scale)),
+                                  static_cast<int>(std::lround(size.height * scale)));
   window.prepareFrame();
-  juce::Graphics graphics(image);
-  JuceCanvas canvas(graphics, scale);
+  JuceCanvas canvas(image, scale);
   window.composite(canvas, {0, 0, size.width, size.height});
   return image;
 }

@@ -49,9 +49,10 @@ class EditorInstance {
     juce::ScopedJuceInitialiser_GUI initialiser;
   };
 
+  // Before JUCE, which does not look whether there is a display.
+  HostWindow hostWindow_;
   // First in, last out: nothing of JUCE may outlive it.
   JuceSession juce_;
-  HostWindow hostWindow_;
   MirrorAudioUnit audioUnit_;
   PortMirror ports_;
   juce_backend::EditorComponent editor_;

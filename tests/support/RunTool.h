@@ -39,8 +39,8 @@ class TemporaryFile {
   explicit TemporaryFile(const std::string& text, const std::string& suffix = ".json") {
     static std::atomic<int> count{0};
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string("orvane-") + test->test_suite_name() + '-' + test->name() +
-                       '-' + std::to_string(++count) + suffix;
+    std::string name = std::string("orvane-") + test->test_suite_name() + '-' + test->name() + '-' +
+                       std::to_string(++count) + suffix;
     std::replace(name.begin(), name.end(), '/', '-');
     path_ = (std::filesystem::temp_directory_path() / name).string();
     std::ofstream(path_, std::ios::binary) << text;
