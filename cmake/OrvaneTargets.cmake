@@ -17,10 +17,7 @@ set(ORVANE_ROOMS_NOT_INSTALLED juce lv2)
 # Adds directories below the top.
 function(orvane_add_directories)
   foreach(directory IN LISTS ARGN)
-    # A room that has not been written yet is left out.
-    if(EXISTS "${Orvane_SOURCE_DIR}/${directory}/CMakeLists.txt")
-      add_subdirectory("${Orvane_SOURCE_DIR}/${directory}" "${Orvane_BINARY_DIR}/${directory}")
-    endif()
+    add_subdirectory("${Orvane_SOURCE_DIR}/${directory}" "${Orvane_BINARY_DIR}/${directory}")
   endforeach()
 endfunction()
 
@@ -41,17 +38,6 @@ function(orvane_configure_target target)
   endif()
 endfunction()
 
-# Sets <result> to the first of the given targets that does not exist, or to the empty string.
-function(orvane_find_missing_target result)
-  set(missing "")
-  foreach(dependency IN LISTS ARGN)
-    if(NOT missing AND dependency MATCHES "::" AND NOT TARGET ${dependency})
-      set(missing ${dependency})
-    endif()
-  endforeach()
-  set(${result} "${missing}" PARENT_SCOPE)
-endfunction()
-
 # One room: the static library orvane_<room> and its alias orvane::<room>. DEPENDS is what the
 # room's headers include, PRIVATE_DEPENDS what only its sources do. A room that calls what platform/
 # declares and another room defines links that room, although it may not include it: the linker
@@ -63,12 +49,6 @@ function(orvane_add_room room)
   endif()
   if(arg_INTERFACE AND (arg_SOURCES OR arg_PRIVATE_DEPENDS))
     message(FATAL_ERROR "orvane_add_room(${room}): a room of headers has no sources of its own")
-  endif()
-
-  orvane_find_missing_target(missing ${arg_DEPENDS} ${arg_PRIVATE_DEPENDS})
-  if(missing)
-    message(WARNING "orvane_add_room(${room}) is left out: there is no target ${missing}")
-    return()
   endif()
 
   set(target orvane_${room})
@@ -127,12 +107,6 @@ function(orvane_add_tests area)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_tests(${area}): what is ${arg_UNPARSED_ARGUMENTS}?")
-  endif()
-
-  orvane_find_missing_target(missing ${arg_DEPENDS})
-  if(missing)
-    message(WARNING "orvane_add_tests(${area}) is left out: there is no target ${missing}")
-    return()
   endif()
 
   set(target test_${area})

@@ -13,7 +13,10 @@ mark_as_advanced(ORVANE_CCACHE)
 if(ORVANE_CCACHE)
   foreach(language IN ITEMS C CXX)
     if(NOT DEFINED CMAKE_${language}_COMPILER_LAUNCHER)
-      set(CMAKE_${language}_COMPILER_LAUNCHER "${ORVANE_CCACHE}")
+      # Paths below the source folder count as relative, so that all clones share what is cached.
+      set(CMAKE_${language}_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env
+        "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORVANE_CCACHE}")
     endif()
   endforeach()
 endif()
