@@ -1,11 +1,17 @@
 -- Lists what Ardour makes of a plug-in's parameters, without a display or a sound card:
 --
---   LV2_PATH=<build>/lv2 ardour7-lua tests/hosts/list_lv2_parameters.lua urn:orvane:org.orvane.halden
+--   LV2_PATH=<build>/lv2 ardour7-lua tests/hosts/list_parameters.lua LV2 urn:orvane:org.orvane.halden
 --
--- Ardour is a host that automates control ports only, so a parameter that is missing here cannot be
--- automated in it.
+-- Of a VST3, Ardour knows what its scanner has seen; the scanner prints the identifier as "uid":
+--
+--   ln -s <build>/plugins/Halden.vst3 ~/.vst3/
+--   LD_LIBRARY_PATH=/usr/lib/ardour7 /usr/lib/ardour7/ardour-vst3-scanner -f -v ~/.vst3/Halden.vst3
+--   ardour7-lua tests/hosts/list_parameters.lua VST3 <uid>
+--
+-- A parameter that is missing here cannot be automated in Ardour.
 
-local uri = arg[1] or "urn:orvane:org.orvane.halden"
+local format = arg[1] or "LV2"
+local identifier = arg[2] or "urn:orvane:org.orvane.halden"
 
 local backend = AudioEngine:set_backend("None (Dummy)", "", "")
 backend:set_sample_rate(48000)
@@ -16,8 +22,8 @@ os.remove(folder)
 local session = create_session(folder, "parameters", 48000)
 assert(session, "no session")
 
-local processor = ARDOUR.LuaAPI.new_plugin(session, uri, ARDOUR.PluginType.LV2, "")
-assert(not processor:isnil(), "Ardour does not know " .. uri)
+local processor = ARDOUR.LuaAPI.new_plugin(session, identifier, ARDOUR.PluginType[format], "")
+assert(not processor:isnil(), "Ardour does not know " .. identifier)
 local plugin = processor:to_insert():plugin(0)
 print(plugin:name())
 
