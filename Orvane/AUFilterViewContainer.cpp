@@ -1,19 +1,37 @@
 #include "Orvane/AUFilterViewContainer.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "Orvane/MathUtils.h"
+#include "platform/FilterUnits.h"
 
 namespace orvane {
 
 using platform::AudioUnitParameterUnit;
+using Type = kestroui::FilterView::Type;
+namespace FilterUnits = platform::FilterUnits;
 
 namespace {
 
 // The pitch of 20 Hz, and how much higher 20 kHz is.
 constexpr float lowestPitch = 15.486819f;
 constexpr float pitchRange = 119.5894f;
+
+// A key that names a filter names its type.
+constexpr std::array<std::pair<std::string_view, Type>, 8> typeWords{{
+    {"HighPass", Type::hiPass},
+    {"HiPass", Type::hiPass},
+    {"BandPass", Type::bandPass},
+    {"Notch", Type::notch},
+    {"Peak", Type::peak},
+    {"LowShelf", Type::lowShelf},
+    {"HighShelf", Type::hiShelf},
+    {"HiShelf", Type::hiShelf},
+}};
 
 float positionOfFrequency(float hertz) {
   return (MathUtils::toMidi(hertz) - lowestPitch) / pitchRange;
@@ -31,6 +49,70 @@ const std::string& AUFilterViewContainer::parameterKey(const std::string& key) {
   for (const auto& [own, parameter] : sidechainKeys)
     if (own == key) return parameter;
   return key;
+}
+
+void AUFilterViewContainer::setParamKeys(std::vector<std::shared_ptr<kestroui::ParamKey>> keys) {
+  FilterViewContainer::setParamKeys(std::move(keys));
+  if (!key()) return;
+  for (const auto& [word, type] : typeWords)
+    if (key()->key().find(word) != std::string::npos) filterView().setType(type);
+}
+
+void AUFilterViewContainer::showValue(const std::string& key, float value,
+                                      const std::string& text) {
+  const float frequency = filterView().frequency(), resonance = filterView().resonance();
+  FilterViewContainer::showValue(key, value, text);
+  const bool moved = filterView().frequency() != frequency || filterView().resonance() != resonance;
+  // While it is modulated the next frame shows the live values anyway.
+  if (filterView().isModulated()) return;
+  if (moved || filterView().filterMagnitudes().empty()) updateViewData();
+}
+
+void AUFilterViewContainer::updateViewData() {
+  if (paramKeys().size() < 2) return;
+  updateFilterViewFrequencyAndMagnitudes(filterView(), parameterKey(paramKeys()[0]->key()),
+                                         parameterKey(paramKeys()[1]->key()));
+}
+
+void AUFilterViewContainer::updateFilterViewFrequencyAndMagnitudes(
+    kestroui::FilterView& view, const std::string& frequencyKey, const std::string& resonanceKey) {
+  if (const auto* unit = audioUnit.get())
+    view.setFilterMagnitudes(unit->magnitudesForFrequencies(view.frequencies(), view.typeName(),
+                                                            frequencyKey, resonanceKey));
+}
+
+void AUFilterViewContainer::updateModulation() {
+  if (!allowModulation) return;
+  filterView().setModulated(std::any_of(
+      isModulating.begin(), isModulating.end(),
+      [](const std::atomic<bool>* flag) { return flag && flag->load(std::memory_order_relaxed); }));
+  if (watchedValues.size() < 2) return;
+  const float freq = watchedValues[0]->load(std::memory_order_relaxed);
+  const float res = watchedValues[1]->load(std::memory_order_relaxed);
+  if (!std::isfinite(freq) || !std::isfinite(res)) return;
+  if (!filterView().isModulated() && freq == previousFreq && res == previousRes) return;
+  if (const auto* unit = audioUnit.get())
+    filterView().setFilterMagnitudes(
+        unit->magnitudesForFrequencies(filterView().frequencies(), filterView().typeName(),
+                                       liveHertz(*unit, freq), liveDecibels(*unit, res)));
+  previousFreq = freq;
+  previousRes = res;
+}
+
+const platform::AUParameter* AUFilterViewContainer::parameterAt(const platform::AudioUnit& unit,
+                                                                std::size_t index) const {
+  return index < paramKeys().size() ? unit.parameter(parameterKey(paramKeys()[index]->key()))
+                                    : nullptr;
+}
+
+float AUFilterViewContainer::liveHertz(const platform::AudioUnit& unit, float value) const {
+  const auto* parameter = parameterAt(unit, 0);
+  return parameter ? static_cast<float>(FilterUnits::hertz(*parameter, value)) : value;
+}
+
+float AUFilterViewContainer::liveDecibels(const platform::AudioUnit& unit, float value) const {
+  const auto* parameter = parameterAt(unit, 1);
+  return parameter ? static_cast<float>(FilterUnits::decibels(*parameter, value)) : value;
 }
 
 float AUFilterViewContainer::parameterValue(const std::string& key,

@@ -1,15 +1,19 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "KestroUI/FilterViewContainer.h"
 #include "platform/AudioUnit.h"
 
 namespace orvane {
 
-/// A filter view for the audio unit's parameters. A frequency parameter in hertz takes the
-/// frequency; any other takes its place in pitch between 20 Hz and 20 kHz, from 0 to 1. The keys
-/// of the side chain's filters stand for parameters with other keys.
+/// A filter view whose response the audio unit computes, again only when a value has changed. A
+/// frequency parameter in hertz takes the frequency; any other takes its place in pitch between
+/// 20 Hz and 20 kHz, from 0 to 1. The keys of the side chain's filters stand for parameters with
+/// other keys. The type of the filter is the one that the own key names, else a low pass.
 class AUFilterViewContainer : public kestroui::FilterViewContainer {
  public:
   /// Whose filter it shows.
@@ -22,11 +26,29 @@ class AUFilterViewContainer : public kestroui::FilterViewContainer {
   /// side chain's.
   static const std::string& parameterKey(const std::string& key);
 
+  void setParamKeys(std::vector<std::shared_ptr<kestroui::ParamKey>> keys) override;
+  void showValue(const std::string& key, float value, const std::string& text) override;
+  /// Shows the response for the present values of its first two keys.
+  void updateViewData();
+  void updateFilterViewFrequencyAndMagnitudes(kestroui::FilterView& view,
+                                              const std::string& frequencyKey,
+                                              const std::string& resonanceKey);
+  /// Shows the response for the live values.
+  void updateModulation() override;
+
   /// What the user set for `key`, as `parameter` takes it.
   float parameterValue(const std::string& key, const platform::AUParameter& parameter) const;
   /// What showValue takes for `key` when `parameter` has `value`.
   float shownValue(const std::string& key, const platform::AUParameter& parameter,
                    float value) const;
+
+ private:
+  /// Of the key at this place; null where there is none.
+  const platform::AUParameter* parameterAt(const platform::AudioUnit& unit,
+                                           std::size_t index) const;
+  // From the live values of its first two keys.
+  float liveHertz(const platform::AudioUnit& unit, float value) const;
+  float liveDecibels(const platform::AudioUnit& unit, float value) const;
 };
 
 }  // namespace orvane

@@ -105,6 +105,28 @@ const std::atomic<bool>* CommonAudioUnit::isModulating(std::string_view key) con
   return index && tree_.at(*index).description().publishesLive ? &modulating_[*index] : nullptr;
 }
 
+std::vector<const platform::LiveBuffer*> CommonAudioUnit::liveBuffers(std::string_view key) const {
+  std::vector<const platform::LiveBuffer*> buffers;
+  if (const auto entry = liveBuffers_.find(key); entry != liveBuffers_.end())
+    for (const std::unique_ptr<LiveRing>& ring : entry->second) buffers.push_back(ring.get());
+  return buffers;
+}
+
+LiveRing& CommonAudioUnit::addLiveBuffer(const std::string& key, std::size_t capacity) {
+  return *liveBuffers_[key].emplace_back(std::make_unique<LiveRing>(capacity));
+}
+
+std::shared_ptr<const platform::SampleData> CommonAudioUnit::sampleData(
+    std::string_view key) const {
+  const auto entry = sampleData_.find(key);
+  return entry == sampleData_.end() ? nullptr : entry->second;
+}
+
+void CommonAudioUnit::setSampleData(const std::string& key,
+                                    std::shared_ptr<const platform::SampleData> data) {
+  sampleData_[key] = std::move(data);
+}
+
 void CommonAudioUnit::setFactoryPresets(std::vector<PresetDescription> presets) {
   checkPresets(presets, tree_);
   presetDescriptions_ = std::move(presets);

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -11,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Quillon/LiveRing.h"
 #include "Quillon/ParameterDescription.h"
 #include "Quillon/ParameterTree.h"
 #include "platform/AudioUnit.h"
@@ -67,6 +69,19 @@ class CommonAudioUnit : public platform::AudioUnit {
 
   const std::atomic<float>* getOutputValues(std::string_view key) const override;
   const std::atomic<bool>* isModulating(std::string_view key) const override;
+  std::vector<const platform::LiveBuffer*> liveBuffers(std::string_view key) const override;
+  std::shared_ptr<const platform::SampleData> sampleData(std::string_view key) const override;
+  /// Analogue responses of second order; a plug-in with other filters, or another reading of their
+  /// parameters, overrides them.
+  std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                               std::string_view filterType,
+                                               std::string_view frequencyParameter,
+                                               std::string_view resonanceParameter) const override;
+  std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                               std::string_view filterType, float frequencyValue,
+                                               float resonanceValue) const override;
+  std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                               const platform::FilterPairKeys& keys) const override;
   void hasUI(bool visible) override { uiVisible_.store(visible, std::memory_order_relaxed); }
   /// Whether an editor watches the live values. Any thread.
   bool isUIVisible() const { return uiVisible_.load(std::memory_order_relaxed); }
@@ -114,6 +129,12 @@ class CommonAudioUnit : public platform::AudioUnit {
     modulating_[index].store(modulating, std::memory_order_relaxed);
   }
 
+  /// A buffer that displays of the parameter show, beside those added before; `render` appends to
+  /// it. Called by the constructor of a subclass.
+  LiveRing& addLiveBuffer(const std::string& key, std::size_t capacity);
+  /// What displays of the parameter show from now on, or null. User-interface thread.
+  void setSampleData(const std::string& key, std::shared_ptr<const platform::SampleData> data);
+
   /// Throws as the constructor does, and then leaves the list as it was.
   void setFactoryPresets(std::vector<PresetDescription> presets);
 
@@ -124,6 +145,8 @@ class CommonAudioUnit : public platform::AudioUnit {
   std::unique_ptr<std::atomic<float>[]> live_;
   std::unique_ptr<std::atomic<bool>[]> modulating_;
   std::atomic<bool> uiVisible_{false};
+  std::map<std::string, std::vector<std::unique_ptr<LiveRing>>, std::less<>> liveBuffers_;
+  std::map<std::string, std::shared_ptr<const platform::SampleData>, std::less<>> sampleData_;
   std::mt19937 random_;
 
   std::vector<PresetDescription> presetDescriptions_;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/AUParameter.h"
+#include "platform/LiveBuffer.h"
 #include "platform/PropertyList.h"
 #include "platform/Weak.h"
 
@@ -40,7 +41,6 @@ struct MidiEvent {
   std::uint8_t size = 0;
 };
 
-
 /// What the host knows of its transport while a block is rendered.
 struct HostTransport {
   double tempo = 120;
@@ -57,6 +57,19 @@ struct RenderBlock {
   /// Ordered by frame.
   std::span<const MidiEvent> midi;
   HostTransport transport;
+};
+
+/// The parameter keys of a low-pass and a high-pass filter in series. An empty key, or one of no
+/// parameter, leaves the filter as it is without: on, of the type of its name, without gain and at
+/// no particular resonance; a filter without a frequency is left out.
+struct FilterPairKeys {
+  // The empty braces let designated initialisers leave members out without a warning.
+  std::string_view lowPassFrequency{}, lowPassResonance{};
+  std::string_view hiPassFrequency{}, hiPassResonance{};
+  std::string_view isLowPassOn{}, isHighPassOn{};
+  /// A parameter whose value is named by a filter type, or counts the types from its minimum up.
+  std::string_view lowPassType{}, hiPassType{};
+  std::string_view lowPassGain{}, hiPassGain{};
 };
 
 /// What the editor and the formats ask of a plug-in's sound. Everything is for the user-interface
@@ -88,6 +101,34 @@ class AudioUnit : public WeakTarget {
   virtual const std::atomic<float>* getOutputValues(std::string_view key) const = 0;
   /// Whether a parameter is being modulated, or null when the audio unit publishes no flag.
   virtual const std::atomic<bool>* isModulating(std::string_view key) const = 0;
+  /// The sounds that a display of this parameter shows, each channel one; none for most. They live
+  /// as long as the audio unit.
+  virtual std::vector<const LiveBuffer*> liveBuffers(std::string_view /*key*/) const { return {}; }
+  /// The recording that a display of this parameter shows now, or null.
+  virtual std::shared_ptr<const SampleData> sampleData(std::string_view /*key*/) const {
+    return nullptr;
+  }
+  /// The response of a filter in decibels, one for each of `frequencies` (in hertz); empty when the
+  /// audio unit computes none, the type is unknown or a key names no parameter. The types are
+  /// "lowPass", "hiPass", "bandPass", "notch", "peak", "lowShelf" and "hiShelf". FilterUnits says
+  /// how the parameters are read.
+  virtual std::vector<double> magnitudesForFrequencies(
+      const std::vector<double>& /*frequencies*/, std::string_view /*filterType*/,
+      std::string_view /*frequencyParameter*/, std::string_view /*resonanceParameter*/) const {
+    return {};
+  }
+  /// The same for a frequency in hertz and a resonance (of a peak or shelf: its gain) in decibels.
+  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& /*frequencies*/,
+                                                       std::string_view /*filterType*/,
+                                                       float /*frequencyValue*/,
+                                                       float /*resonanceValue*/) const {
+    return {};
+  }
+  /// The same for two filters in series.
+  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& /*frequencies*/,
+                                                       const FilterPairKeys& /*keys*/) const {
+    return {};
+  }
   /// Told when an editor appears (true) and disappears (false): live values may rest without one.
   virtual void hasUI(bool visible) = 0;
 

@@ -1,5 +1,6 @@
 orvane_add_tests(orvane
   SOURCES
+    AUFilterViewContainerTest.cpp
     ControlConstructionTest.cpp
     ControllerLifecycleTest.cpp
     DSPParametersTest.cpp

@@ -1,6 +1,8 @@
 orvane_add_tests(quillon
   SOURCES
     CommonAudioUnitTest.cpp
+    FilterResponseTest.cpp
+    LiveRingTest.cpp
     MidiMessageTest.cpp
     ParameterTextTest.cpp
     ParameterTreeTest.cpp
