@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,9 @@ class Window : public Responder {
     /// The time stamp of touches: seconds on the run loop's clock. At first a clock that never
     /// goes back.
     virtual double now() const;
+    /// The text that other programs have cut or copied; at first there is no clipboard.
+    virtual std::string clipboardText() { return {}; }
+    virtual void setClipboardText(const std::string& /*text*/) {}
   };
 
   /// `client` outlives the window.
@@ -43,6 +47,12 @@ class Window : public Responder {
   void setSize(const Size& size);
   Size size() const { return size_; }
   Responder* nextResponder() const override;
+  /// What Canvas::textWidth answers while views paint, in points.
+  double textWidth(std::string_view text, const Font& font) const {
+    return client_.textWidth(text, font);
+  }
+  std::string clipboardText() const { return client_.clipboardText(); }
+  void setClipboardText(const std::string& text) { client_.setClipboardText(text); }
 
   // Frames
 

@@ -2,7 +2,9 @@ orvane_add_tests(toolkit
   SOURCES
     ControlTest.cpp
     LayerTest.cpp
+    TableViewTest.cpp
+    TextFieldTest.cpp
     TouchTest.cpp
     ViewTest.cpp
     WindowTest.cpp
-  DEPENDS orvane::toolkit)
+  DEPENDS orvane::toolkit orvane::foundation)

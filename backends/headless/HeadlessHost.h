@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "Orvane/KestroAUViewController.h"
@@ -76,6 +77,8 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
 
  private:
   void frameWanted() override {}
+  std::string clipboardText() override { return clipboard_; }
+  void setClipboardText(const std::string& text) override { clipboard_ = text; }
   void refresh() override;
   void tapOnce(platform::Point place, int count);
 
@@ -86,6 +89,7 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   platform::ViewController root_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
   std::unique_ptr<orvane::KestroAUViewController> editor_;
+  std::string clipboard_;
   bool appeared_ = false;
   double repaintedArea_ = 0;
   std::uint64_t countedFrames_ = 0;

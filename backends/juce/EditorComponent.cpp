@@ -75,6 +75,14 @@ void EditorComponent::resized() {
   controller_->view().setFrame({0, 0, size.width, size.height});
 }
 
+std::string EditorComponent::clipboardText() {
+  return juce::SystemClipboard::getTextFromClipboard().toStdString();
+}
+
+void EditorComponent::setClipboardText(const std::string& text) {
+  juce::SystemClipboard::copyTextToClipboard(juce::String::fromUTF8(text.c_str()));
+}
+
 void EditorComponent::frameWanted() {
   if (hasAppeared_) runLoop_->requestFrame(*this);
 }

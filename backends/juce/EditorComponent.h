@@ -77,6 +77,8 @@ class EditorComponent : public juce::Component,
   double textWidth(std::string_view text, const platform::Font& font) override {
     return fonts_->textWidth(text, font);
   }
+  std::string clipboardText() override;
+  void setClipboardText(const std::string& text) override;
   void displayFrame() override;
   void updateShowing();
   /// Makes the picture anew for this scale, with all that has to be shown.

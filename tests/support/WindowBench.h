@@ -83,6 +83,9 @@ class WindowBench : public platform::Window::Client {
 
   void frameWanted() override { ++framesWanted; }
   platform::Application* application() override { return programme; }
+  double now() const override { return seconds; }
+  std::string clipboardText() override { return clipboard; }
+  void setClipboardText(const std::string& text) override { clipboard = text; }
 
   platform::View& root() { return controller.view(); }
   std::vector<platform::Rect> frame() { return window.prepareFrame(); }
@@ -101,11 +104,15 @@ class WindowBench : public platform::Window::Client {
     press(at);
     lift(at);
   }
-  bool key(platform::Key key, platform::Modifiers modifiers = platform::Modifiers::none) {
-    return window.keyPressed({key, modifiers, ""});
+  bool key(platform::Key key, platform::Modifiers modifiers = platform::Modifiers::none,
+           const std::string& text = "") {
+    return window.keyPressed({key, modifiers, text});
   }
 
   int framesWanted = 0;
+  /// The time stamp of touches.
+  double seconds = 1;
+  std::string clipboard;
   platform::Application* programme = nullptr;
   platform::ViewController controller;
   platform::Window window{*this};

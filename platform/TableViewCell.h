@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/Label.h"
+
+namespace platform {
+
+/// A row of a table: a text, in a content view that a subclass may make narrower to add something
+/// beside it. Owned by its table, which shows it now here and now there; what it showed before is
+/// to be overwritten by whoever fills it. User-interface thread only. Implemented in toolkit/.
+class TableViewCell : public View {
+ public:
+  TableViewCell();
+
+  Label& textLabel() { return textLabel_; }
+  View& contentView() { return contentView_; }
+  /// Free space at both ends of the text, in points.
+  void setTextInset(double points);
+  /// What its row is drawn on.
+  struct Colors {
+    Color background = Color::clear();
+    Color selected = Color::white().withAlpha(0.16f);
+    /// A touch is down on it.
+    Color pressed = Color::white().withAlpha(0.1f);
+    /// The outline of the row that the arrow keys have reached.
+    Color focused = Color::white().withAlpha(0.5f);
+  };
+  void setColors(const Colors& colors);
+
+  bool isSelected() const { return selected_; }
+  virtual void setSelected(bool selected);
+  bool isHighlighted() const { return highlighted_; }
+  void setHighlighted(bool highlighted);
+  bool isFocused() const { return focused_; }
+  void setFocused(bool focused);
+
+  void draw(const Rect& rect) override;
+  void paint(Canvas& canvas) override;
+
+ private:
+  void set(bool& state, bool value);
+
+  View contentView_;
+  Label textLabel_;
+  Colors colors_;
+  double textInset_ = 10;
+  bool selected_ = false;
+  bool highlighted_ = false;
+  bool focused_ = false;
+};
+
+}  // namespace platform

@@ -1,0 +1,184 @@
+#include "platform/TableView.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "platform/Control.h"
+#include "tests/support/ManualDriver.h"
+#include "tests/support/WindowBench.h"
+
+namespace {
+
+using platform::IndexPath;
+using platform::Key;
+using platform::TableView;
+using ScrollPosition = platform::TableView::ScrollPosition;
+
+class StarCell : public platform::TableViewCell {
+ public:
+  StarCell() { addSubview(star); }
+  void draw(const platform::Rect& rect) override {
+    TableViewCell::draw(rect);
+    star.setFrame({bounds().width - 40, 0, 20, bounds().height});
+  }
+  platform::Control star;
+};
+
+// Two sections in a table of 200 x 240 points: rows of 30, headers of 24.
+class TableViewTest : public testing::Test,
+                      public platform::TableViewSource,
+                      public platform::WeakTarget {
+ protected:
+  TableViewTest() {
+    table.setFrame({0, 0, 200, 240});
+    bench.root().addSubview(table);
+    table.setSource(this);
+    bench.frame();
+  }
+
+  int numberOfSections(TableView&) override { return static_cast<int>(rows.size()); }
+  int numberOfRowsInSection(TableView&, int section) override {
+    return rows[static_cast<std::size_t>(section)];
+  }
+  platform::TableViewCell& cellForRowAt(TableView& asking, IndexPath row) override {
+    auto& cell = asking.dequeueReusableCell<StarCell>();
+    cell.textLabel().setText(std::to_string(row.section) + "/" + std::to_string(row.row));
+    ++filled;
+    return cell;
+  }
+  std::string titleForHeaderInSection(TableView&, int section) override {
+    return section == 0 ? "USER" : "FACTORY";
+  }
+  double heightForHeaderInSection(TableView&, int) override { return 24; }
+  double heightForRowsInSection(TableView&, int) override { return 30; }
+  void didSelectRowAt(TableView&, IndexPath row) override {
+    journal += "+" + std::to_string(row.section) + "/" + std::to_string(row.row);
+    if (onSelect) onSelect();
+  }
+  void didDeselectRowAt(TableView&, IndexPath row) override {
+    journal += "-" + std::to_string(row.section) + "/" + std::to_string(row.row);
+  }
+
+  /// The texts of the cells and headers in sight.
+  std::set<std::string> texts() {
+    std::set<std::string> result;
+    bench.frame();
+    for (const std::string& line : bench.painted())
+      if (line.rfind("text ", 0) == 0) result.insert(line.substr(line.find_first_not_of(' ', 5)));
+    return result;
+  }
+
+  support::ManualLoop loop;
+  support::WindowBench bench;
+  std::vector<int> rows{3, 100000};
+  TableView table;
+  std::string journal;
+  std::function<void()> onSelect;
+  int filled = 0;
+};
+
+TEST_F(TableViewTest, buildsNoMoreCellsThanFitHoweverFarItScrolls) {
+  EXPECT_EQ(table.contentHeight(), 24 + 3 * 30 + 24 + 100000 * 30.0);
+  for (int i = 0; i < 500; ++i) {
+    table.setContentOffset(i * 5999.0);
+    bench.frame();
+  }
+  EXPECT_LE(table.cellCount(), 10u);
+  table.scrollToRow({1, 50000}, ScrollPosition::middle);
+  EXPECT_TRUE(texts().contains("1/50000"));
+  EXPECT_NEAR(table.cellForRow({1, 50000})->frame().y, (240 - 30) / 2, 1e-6);
+  filled = 0;
+  table.setContentOffset(table.contentOffset() + 30);
+  bench.frame();
+  EXPECT_EQ(filled, 1) << "one row came into sight";
+}
+
+TEST_F(TableViewTest, aHeaderFloatsUntilItsSectionHasGoneBy) {
+  EXPECT_TRUE(texts().contains("USER"));
+  table.setContentOffset(60);
+  EXPECT_TRUE(texts().contains("USER")) << "its rows are still there";
+  table.setContentOffset(24 + 90 + 24 + 3000);
+  EXPECT_EQ(texts().count("USER"), 0u);
+  EXPECT_TRUE(texts().contains("FACTORY"));
+  bench.tap({50, 10});
+  EXPECT_EQ(journal, "") << "a tap on it is none on the row below it";
+}
+
+TEST_F(TableViewTest, aTapChoosesAndADragScrollsAndGlidesToRest) {
+  bench.tap({50, 24 + 45});
+  bench.tap({50, 24 + 15});
+  EXPECT_EQ(journal, "+0/1-0/1+0/0");
+  EXPECT_EQ(table.indexPathForSelectedRow(), (IndexPath{0, 0}));
+
+  bench.press({50, 200});
+  for (int i = 1; i <= 10; ++i) {
+    bench.seconds += 0.01;
+    bench.drag({50, 200 - 10.0 * i});
+  }
+  const double dragged = table.contentOffset();
+  EXPECT_GT(dragged, 80);
+  bench.lift({50, 100});
+  EXPECT_TRUE(loop.loop.wantsDisplayFrames());
+  loop.advance(8);
+  EXPECT_GT(table.contentOffset(), dragged + 200);
+  EXPECT_FALSE(loop.loop.wantsDisplayFrames()) << "it runs only while it glides";
+  EXPECT_EQ(journal, "+0/1-0/1+0/0");
+}
+
+TEST_F(TableViewTest, wheelBarAndKeysReachEveryRow) {
+  bench.window.wheelTurned({{50, 50}, 0, -1, platform::Modifiers::none});
+  EXPECT_EQ(table.contentOffset(), 90);
+  bench.press({195, 120});
+  bench.drag({195, 239});
+  bench.lift({195, 239});
+  EXPECT_TRUE(texts().contains("1/99999"));
+
+  table.becomeFirstResponder();
+  bench.key(Key::home);
+  bench.key(Key::down);
+  bench.key(Key::down);
+  bench.key(Key::down);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{1, 0})) << "from one section into the next";
+  EXPECT_EQ(journal, "") << "the arrows choose nothing yet";
+  bench.key(Key::returnKey);
+  EXPECT_EQ(journal, "+1/0");
+  bench.key(Key::end);
+  bench.key(Key::pageUp);
+  EXPECT_TRUE(texts().contains("1/99993"));
+}
+
+TEST_F(TableViewTest, controlsInACellGetTheirOwnTouches) {
+  struct Counter : platform::WeakTarget {
+    void count() { ++taps; }
+    int taps = 0;
+  } counter;
+  auto* cell = static_cast<StarCell*>(table.cellForRow({0, 1}));
+  cell->star.addTarget<&Counter::count>(counter, platform::ControlEvent::touchDown);
+  bench.tap({170, 24 + 45});
+  EXPECT_EQ(counter.taps, 1);
+  EXPECT_EQ(journal, "");
+}
+
+TEST_F(TableViewTest, aReloadFromWithinASelectionAndFewerRowsAreHarmless) {
+  table.scrollToRow({1, 70000}, ScrollPosition::middle);
+  bench.frame();
+  onSelect = [&] {
+    rows = {0, 2};
+    table.reloadData();
+  };
+  bench.tap({50, 120});
+  EXPECT_EQ(table.indexPathForSelectedRow(), std::nullopt);
+  EXPECT_EQ(texts(), (std::set<std::string>{"USER", "FACTORY", "1/0", "1/1"}));
+  EXPECT_EQ(table.contentOffset(), 0);
+  table.selectRow(IndexPath{0, 0});
+  EXPECT_EQ(table.indexPathForSelectedRow(), std::nullopt);
+  table.selectRow(IndexPath{1, 1}, ScrollPosition::middle);
+  EXPECT_TRUE(table.cellForRow({1, 1})->isSelected());
+  rows.clear();
+  table.reloadData();
+  EXPECT_EQ(texts(), std::set<std::string>{});
+  EXPECT_FALSE(bench.key(Key::down));
+}
+
+}  // namespace

@@ -1,0 +1,178 @@
+#include "platform/TextField.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/ManualDriver.h"
+#include "tests/support/WindowBench.h"
+#include "toolkit/TextBuffer.h"
+
+namespace {
+
+using platform::Key;
+using platform::Modifiers;
+
+// A field of 200 points in a window whose letters are 10 points wide.
+class TextFieldTest : public testing::Test, public platform::WeakTarget {
+ public:
+  void onBegin() { journal += 'b'; }
+  void onChange() { journal += 'c'; }
+  void onEnd() { journal += 'e'; }
+
+ protected:
+  class Bench : public support::WindowBench {
+    double textWidth(std::string_view text, const platform::Font&) override {
+      return 10 * static_cast<double>(text.size());
+    }
+  };
+
+  TextFieldTest() {
+    using Event = platform::ControlEvent;
+    field.setFrame({0, 0, 200, 30});
+    bench.root().addSubview(field);
+    field.addTarget<&TextFieldTest::onBegin>(*this, Event::editingDidBegin);
+    field.addTarget<&TextFieldTest::onChange>(*this, Event::editingChanged);
+    field.addTarget<&TextFieldTest::onEnd>(*this, Event::editingDidEnd);
+    bench.frame();
+  }
+
+  void type(const std::string& text) {
+    for (char c : text) bench.key(Key::character, Modifiers::none, std::string(1, c));
+  }
+  void shortcut(const std::string& letter, Modifiers more = Modifiers::none) {
+    bench.key(Key::character, Modifiers::control | more, letter);
+  }
+
+  support::ManualLoop loop;
+  Bench bench;
+  platform::TextField field;
+  std::string journal;
+};
+
+TEST_F(TextFieldTest, typesWhereItWasTouchedAndTellsEachChange) {
+  field.setText("Glas");
+  bench.tap({36, 15});  // 3 points of margin, then three letters and a bit
+  type("s");
+  EXPECT_EQ(field.text(), "Glass");
+  bench.key(Key::end);
+  bench.key(Key::backspace);
+  bench.key(Key::home);
+  bench.key(Key::deleteForward);
+  EXPECT_EQ(field.text(), "las");
+  field.resignFirstResponder();
+  EXPECT_EQ(journal, "bccce");
+  EXPECT_FALSE(bench.key(Key::character, Modifiers::none, "x")) << "the host's again";
+}
+
+TEST_F(TextFieldTest, aSelectionIsReplacedCopiedAndBroughtBack) {
+  field.setText("Sea Glass");
+  field.becomeFirstResponder();
+  EXPECT_EQ(field.selectedText(), "Sea Glass") << "all of it, when the keyboard comes";
+  shortcut("c");
+  EXPECT_EQ(bench.clipboard, "Sea Glass");
+  bench.key(Key::end);
+  bench.key(Key::left, Modifiers::shift | Modifiers::control);
+  EXPECT_EQ(field.selectedText(), "Glass");
+  type("Foam");
+  EXPECT_EQ(field.text(), "Sea Foam");
+  shortcut("z");
+  EXPECT_EQ(field.text(), "Sea F") << "letters typed after each other are one step";
+  shortcut("z");
+  EXPECT_EQ(field.text(), "Sea Glass");
+  shortcut("z", Modifiers::shift);
+  shortcut("y");
+  EXPECT_EQ(field.text(), "Sea Foam");
+  bench.clipboard = "one\r\ntwo\tthree\x01";
+  shortcut("a");
+  shortcut("v");
+  EXPECT_EQ(field.text(), "one two three ") << "a line stays a line";
+  shortcut("a");
+  shortcut("x");
+  EXPECT_EQ(field.text(), "");
+}
+
+TEST_F(TextFieldTest, doubleTapSelectsAWordAndDraggingSelectsLetters) {
+  field.setText("Low Tide");
+  bench.window.touchBegan(1, platform::Touch::Kind::mouse, {60, 15}, 2);
+  bench.lift({60, 15});
+  EXPECT_EQ(field.selectedText(), "Tide");
+  bench.press({3, 15});
+  bench.drag({24, 15});
+  bench.lift({24, 15});
+  EXPECT_EQ(field.selectedText(), "Lo");
+}
+
+TEST_F(TextFieldTest, theClearButtonEmptiesAndTellsOnce) {
+  field.setClearButtonShown(true);
+  field.setText("bass");
+  field.becomeFirstResponder();
+  bench.frame();
+  journal.clear();
+  bench.tap({190, 15});
+  EXPECT_EQ(field.text(), "");
+  EXPECT_EQ(journal, "c");
+  bench.tap({190, 15});
+  EXPECT_EQ(journal, "c") << "without a text there is no button";
+}
+
+TEST_F(TextFieldTest, leavesEscapeTabAndUnwantedReturnToItsSurroundings) {
+  struct Delegate : platform::TextFieldDelegate, platform::WeakTarget {
+    bool textFieldShouldReturn(platform::TextField& asked) override {
+      asked.resignFirstResponder();
+      return true;
+    }
+  };
+  field.becomeFirstResponder();
+  EXPECT_FALSE(bench.key(Key::escape));
+  EXPECT_FALSE(bench.key(Key::returnKey));
+  Delegate delegate;
+  field.delegate = &delegate;
+  EXPECT_TRUE(bench.key(Key::returnKey));
+  EXPECT_FALSE(field.isFirstResponder());
+}
+
+TEST_F(TextFieldTest, aLongTextScrollsSoThatTheCaretShowsAndNothingBlinksWithoutTheKeyboard) {
+  field.becomeFirstResponder();
+  type("a text that is wider than its field");
+  bench.frame();
+  const auto caretShows = [&] {
+    for (const std::string& line : bench.painted())
+      if (line.rfind("rect ", 0) == 0 && line.find(" 1.5 ") != std::string::npos)
+        return std::stod(line.substr(5)) >= 0 && std::stod(line.substr(5)) < 200;
+    return false;
+  };
+  EXPECT_TRUE(caretShows());
+  bench.key(Key::home);
+  bench.frame();
+  EXPECT_TRUE(caretShows());
+  field.resignFirstResponder();
+  bench.frame();
+  const auto painted = bench.window.paintedViews();
+  loop.advance(3);
+  bench.frame();
+  EXPECT_EQ(bench.window.paintedViews(), painted);
+}
+
+TEST(TextBuffer, movesByWhatAReaderTakesForCharacters) {
+  // A letter with a decomposed accent, a family of three, a flag, a thumb with a skin tone, and a
+  // byte that is no UTF-8.
+  const std::string parts[] = {"e\xCC\x81",
+                               "\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7",
+                               "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA",
+                               "\xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD",
+                               "\xFF",
+                               "z"};
+  std::string text;
+  for (const std::string& part : parts) text += part;
+  toolkit::TextBuffer buffer;
+  buffer.setText(text);
+  std::size_t place = 0;
+  for (const std::string& part : parts) {
+    EXPECT_EQ(buffer.next(place), place + part.size()) << part;
+    EXPECT_EQ(buffer.previous(place + part.size()), place) << part;
+    place += part.size();
+  }
+  EXPECT_EQ(buffer.next(place), place);
+  EXPECT_EQ(buffer.previous(0), 0u);
+}
+
+}  // namespace

@@ -1,0 +1,45 @@
+#include "platform/TableViewCell.h"
+
+namespace platform {
+
+TableViewCell::TableViewCell() {
+  contentView_.setUserInteractionEnabled(false);
+  contentView_.addSubview(textLabel_);
+  addSubview(contentView_);
+}
+
+void TableViewCell::setTextInset(double points) {
+  if (points == textInset_) return;
+  textInset_ = points;
+  setNeedsDisplay();
+}
+
+void TableViewCell::setColors(const Colors& colors) {
+  colors_ = colors;
+  setNeedsDisplay();
+}
+
+void TableViewCell::set(bool& state, bool value) {
+  if (state == value) return;
+  state = value;
+  setNeedsDisplay();
+}
+
+void TableViewCell::setSelected(bool selected) { set(selected_, selected); }
+void TableViewCell::setHighlighted(bool highlighted) { set(highlighted_, highlighted); }
+void TableViewCell::setFocused(bool focused) { set(focused_, focused); }
+
+void TableViewCell::draw(const Rect&) {
+  contentView_.setFrame(bounds());
+  textLabel_.setFrame(contentView_.bounds().inset(textInset_, 0));
+}
+
+void TableViewCell::paint(Canvas& canvas) {
+  const Color ground = highlighted_ ? colors_.pressed
+                       : selected_  ? colors_.selected
+                                    : colors_.background;
+  if (ground.alpha > 0) canvas.fillRect(bounds(), ground);
+  if (focused_) canvas.strokeRoundedRect(bounds().inset(1, 1), 2, 1, colors_.focused);
+}
+
+}  // namespace platform

@@ -1,0 +1,16 @@
+#include "platform/TableViewController.h"
+
+namespace platform {
+
+void TableViewController::viewDidLoad() {
+  ViewController::viewDidLoad();
+  tableView_.setSource(this);
+  view().addSubview(tableView_);
+}
+
+void TableViewController::viewDidLayoutSubviews() {
+  ViewController::viewDidLayoutSubviews();
+  tableView_.setFrame(view().bounds());
+}
+
+}  // namespace platform
