@@ -46,6 +46,8 @@ inline constexpr platform::Color record = platform::Color::rgb(0xe5484d);
 inline constexpr platform::Font titleFont{platform::FontWeight::semiBold, 15, false};
 inline constexpr platform::Font smallTitleFont{platform::FontWeight::medium, 12, false};
 inline constexpr platform::Font pageFont{platform::FontWeight::extraLight, 17, false};
+/// Rows of lists, and what is typed.
+inline constexpr platform::Font cellFont{platform::FontWeight::extraLight, 15, false};
 inline constexpr platform::Font regularFont{platform::FontWeight::regular, 13, false};
 inline constexpr platform::Font labelFont{platform::FontWeight::regular, 11, false};
 inline constexpr platform::Font valueFont{platform::FontWeight::medium, 11, true};

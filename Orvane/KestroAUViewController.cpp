@@ -48,7 +48,10 @@ void KestroAUViewController::viewDidLoad() {
   ViewController::viewDidLoad();
   view().setBackgroundColor(kestroui::Theme::background);
   view().addSubview(menuBar_);
+  view().addSubview(enterValueOverlay_);
   menuBar_.delegate = this;
+  enterValueOverlay_.setHidden(true);
+  enterValueOverlay_.delegate = this;
   if (auto* unit = audioUnit()) {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();
@@ -142,6 +145,7 @@ void KestroAUViewController::viewDidLayoutSubviews() {
   mainContentFrame_ = {content.x, content.y + menuHeight, content.width,
                        content.height - menuHeight};
   settingsViewController_.view().setFrame(mainContentFrame_);
+  enterValueOverlay_.setFrame(content);
   labelScale_ = std::min(content.height / labelHeightUnit, maximumLabelScale);
   applyLabelScale();
 }

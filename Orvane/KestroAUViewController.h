@@ -10,6 +10,7 @@
 #include "Orvane/ControlCollection.h"
 #include "Orvane/ControlParameterObserver.h"
 #include "Orvane/DSPParameters.h"
+#include "Orvane/EnterValueOverlay.h"
 #include "Orvane/HeldParameters.h"
 #include "Orvane/KestroAUViewControllerDelegate.h"
 #include "Orvane/MenuBar.h"
@@ -36,7 +37,8 @@ namespace orvane {
 /// User-interface thread only; the audio unit's parameters may change on any thread.
 class KestroAUViewController : public platform::ViewController,
                                public kestroui::ContainerDelegate,
-                               public MenuBarDelegate {
+                               public MenuBarDelegate,
+                               public EnterValueOverlayDelegate {
  public:
   KestroAUViewController();
   ~KestroAUViewController() override;
@@ -78,13 +80,14 @@ class KestroAUViewController : public platform::ViewController,
   /// switches show it.
   virtual void updateParameter(platform::AUParameterAddress address);
   void randomize();
-  /// Sets the parameter that was double-tapped last to its default.
+  /// Sets the parameter that was double-tapped last to its default, and closes the value panel.
   void reset();
 
   // Parts
 
   SettingsViewController& settingsViewController() { return settingsViewController_; }
   MenuBar& menuBar() { return menuBar_; }
+  EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
   DSPParameters& parameters() { return parameters_; }
   ControlCollection& controls() { return *controls_; }
   /// Null for a known key without a control; an unknown key is fatal.
@@ -97,8 +100,10 @@ class KestroAUViewController : public platform::ViewController,
 
   /// The page that is shown first.
   int initPage = 0;
-  /// A double tap on a control resets its parameter.
+  /// A double tap on a control asks for a value.
   bool doubleTapEnabled = true;
+  /// A double tap resets the parameter instead.
+  bool doubleTapResetOnly = false;
   bool isStandaloneVersion = false;
   /// Off: while the host changes the size the pages rest, and are laid out once when it is done.
   bool layoutWhileResizing = true;
@@ -130,6 +135,9 @@ class KestroAUViewController : public platform::ViewController,
   /// A control has a new value: sets its parameters. Any sender but a container is ignored.
   void handleValueChanged(platform::Control& sender);
   void didDoubleTap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
+                                  const std::optional<std::string>& text) override;
+  void enterValueOverlayDidReset() override { reset(); }
   void didBeginGesture(kestroui::Container& container) override;
   void didEndGesture(kestroui::Container& container) override;
   void menuBarDidRequestRandomize() override { randomize(); }
@@ -145,6 +153,8 @@ class KestroAUViewController : public platform::ViewController,
 
  private:
   std::vector<std::shared_ptr<kestroui::ParamKey>> keysToShow() const;
+  /// The key of the parameter that was double-tapped last, which some kinds call otherwise.
+  const std::string& doubleTappedParameter() const;
   void updateAllParameters();
   void applyLabelScale();
   void followHostFrame();
@@ -159,6 +169,7 @@ class KestroAUViewController : public platform::ViewController,
   std::unordered_map<std::string, std::shared_ptr<ControlParameterObserver>> controlObservers_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
+  EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   HeldParameters heldParameters_;
   std::unique_ptr<ParameterConnection> connection_;

@@ -6,6 +6,7 @@
 #include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
+#include "Orvane/MathUtils.h"
 #include "Orvane/ParameterMapping.h"
 
 namespace orvane {
@@ -153,22 +154,50 @@ void KestroAUViewController::didEndGesture(Container& container) {
 
 void KestroAUViewController::didDoubleTap(const Key& key) {
   doubleTappedKey_ = key;
-  if (doubleTapEnabled) reset();
+  if (!doubleTapEnabled) return;
+  if (doubleTapResetOnly) {
+    reset();
+    return;
+  }
+  const platform::AUParameter* parameter =
+      doubleTappedKey_ ? parameters_[doubleTappedParameter()] : nullptr;
+  enterValueOverlay_.setCurrentValueText(parameter ? parameter->stringFromValue(parameter->value())
+                                                   : std::string());
+  view().bringSubviewToFront(enterValueOverlay_);
+  enterValueOverlay_.setHidden(false);
+}
+
+const std::string& KestroAUViewController::doubleTappedParameter() const {
+  const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
+  return container ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
+                   : doubleTappedKey_->key();
+}
+
+void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
+                                                        const std::optional<std::string>& text) {
+  auto* unit = audioUnit();
+  if (text && !text->empty() && unit && doubleTappedKey_) {
+    const std::string& key = doubleTappedParameter();
+    auto* parameter = parameters_[key];
+    if (parameter) heldParameters_.hold(*parameter);
+    unit->setParameter(key, MathUtils::floatValue(*text));
+    if (parameter) heldParameters_.release(*parameter);
+  }
+  enterValueOverlay_.setHidden(true);
 }
 
 void KestroAUViewController::reset() {
-  auto* unit = audioUnit();
-  if (!unit || !doubleTappedKey_) return;
-  const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
-  const std::string& key = container
-                               ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
-                               : doubleTappedKey_->key();
-  if (auto* parameter = parameters_[key]) {
-    heldParameters_.hold(*parameter);
-    parameter->setValue(unit->defaultValueForKey(key));
-    heldParameters_.release(*parameter);
+  if (auto* unit = audioUnit(); unit && doubleTappedKey_) {
+    const std::string& key = doubleTappedParameter();
+    if (auto* parameter = parameters_[key]) {
+      heldParameters_.hold(*parameter);
+      parameter->setValue(unit->defaultValueForKey(key));
+      heldParameters_.release(*parameter);
+    }
+    const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
+    if (container && container->control()) container->control()->setModulatedValue(0);
   }
-  if (container && container->control()) container->control()->setModulatedValue(0);
+  enterValueOverlay_.setHidden(true);
 }
 
 // From the parameter to the control

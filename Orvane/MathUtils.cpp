@@ -1,6 +1,9 @@
 #include "Orvane/MathUtils.h"
 
+#include <charconv>
 #include <cmath>
+#include <limits>
+#include <system_error>
 
 namespace orvane {
 
@@ -16,6 +19,28 @@ float MathUtils::toMidi(float frequency) {
 float MathUtils::toFreq(float pitch) {
   // ln 2 / 12.
   return std::exp(pitch * 0.057762265f) * 8.175799f;
+}
+
+float MathUtils::floatValue(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t\n\v\f\r");
+  if (start == std::string_view::npos) return 0;
+  text.remove_prefix(start);
+  const bool isNegative = text.front() == '-';
+  if (isNegative || text.front() == '+') text.remove_prefix(1);
+  // Which leaves out the words for infinity and for no number.
+  const std::size_t digit = text.starts_with('.') ? 1 : 0;
+  if (text.size() <= digit || text[digit] < '0' || text[digit] > '9') return 0;
+  double value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  constexpr float largest = std::numeric_limits<float>::max();
+  // Out of range is also what is too near to 0, which only a negative exponent makes.
+  if (result.ec == std::errc::result_out_of_range)
+    value = text.substr(0, static_cast<std::size_t>(result.ptr - text.data())).find("e-") !=
+                    std::string_view::npos
+                ? 0
+                : largest;
+  const float number = value > largest ? largest : static_cast<float>(value);
+  return isNegative ? -number : number;
 }
 
 }  // namespace orvane

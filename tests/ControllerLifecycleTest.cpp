@@ -233,7 +233,7 @@ TEST_F(ControllerLifecycleTest, EveryGestureThatBeganEnds) {
   EXPECT_EQ(gestures.back(), (std::pair<platform::AUParameterAddress, bool>{1, false}));
 }
 
-TEST_F(ControllerLifecycleTest, ADoubleTapResetsUnlessItIsDisabled) {
+TEST_F(ControllerLifecycleTest, ADoubleTapAsksOrResetsUnlessItIsDisabled) {
   const auto controller = make();
   controller->view();
   unit->parameter("a")->setValue(1);
@@ -242,11 +242,19 @@ TEST_F(ControllerLifecycleTest, ADoubleTapResetsUnlessItIsDisabled) {
   controller->didDoubleTap(key);
   EXPECT_EQ(controller->doubleTappedKey(), key);
   EXPECT_EQ(unit->parameter("a")->value(), 1);
+  EXPECT_TRUE(controller->enterValueOverlay().isHidden());
   controller->doubleTapEnabled = true;
+  controller->didDoubleTap(key);
+  EXPECT_FALSE(controller->enterValueOverlay().isHidden());
+  EXPECT_EQ(controller->enterValueOverlay().textField().placeholder(),
+            unit->parameter("a")->stringFromValue(1));
+  controller->enterValueOverlay().setHidden(true);
+  controller->doubleTapResetOnly = true;
   controller->didDoubleTap(nullptr);
   EXPECT_EQ(unit->parameter("a")->value(), 1);
   controller->didDoubleTap(key);
   EXPECT_EQ(unit->parameter("a")->value(), 0.25f);
+  EXPECT_TRUE(controller->enterValueOverlay().isHidden());
 }
 
 TEST_F(ControllerLifecycleTest, TheMenuBarStepsThroughThePresets) {

@@ -100,6 +100,27 @@ TEST(MathUtilsTest, PitchAndFrequency) {
   EXPECT_NEAR(MathUtils::toFreq(-1500), 0, 1e-30);
 }
 
+TEST(MathUtilsTest, ANumberIsReadFromTheFrontOfATextInEveryLanguage) {
+  const std::pair<const char*, float> cases[] = {{"12.5 Hz", 12.5f},
+                                                 {" \t-3", -3.0f},
+                                                 {"+4.", 4.0f},
+                                                 {".5", 0.5f},
+                                                 {"1e3x", 1000.0f},
+                                                 {"12,5", 12.0f},
+                                                 {"", 0.0f},
+                                                 {"abc", 0.0f},
+                                                 {"-", 0.0f},
+                                                 {"nan", 0.0f},
+                                                 {"inf", 0.0f},
+                                                 {"0x10", 0.0f},
+                                                 {"--4", 0.0f},
+                                                 {"1e-400", 0.0f},
+                                                 {"- 4", 0.0f},
+                                                 {"1e400", std::numeric_limits<float>::max()},
+                                                 {"-1e40", -std::numeric_limits<float>::max()}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(MathUtils::floatValue(text), value) << text;
+}
+
 TEST(ParameterMappingTest, PositionsAndValuesAnswerEachOther) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
   struct Case {

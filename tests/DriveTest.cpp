@@ -68,8 +68,18 @@ TEST(Drive, AFingerTurnsAKnobUpAndTheWheelTurnsIt) {
   EXPECT_GT(last("wheel key:cutoff 2\nget cutoff")["position"], before["position"]);
 }
 
-TEST(Drive, ASecondTapResetsAKnob) {
-  EXPECT_EQ(last("set cutoff 5000\ndoubletap key:cutoff\nget cutoff")["value"], 1000);
+TEST(Drive, ADoubleTapAsksForAValueThatIsTypedOrReset) {
+  const std::string ask = "set cutoff 5000\ndoubletap key:cutoff\n";
+  EXPECT_EQ(last(ask + "state")["overlays"], json({"EnterValueOverlay"}));
+  EXPECT_EQ(last(ask + "type 632.5\ntap \"OK\"\nget cutoff")["value"], 632.5);
+  EXPECT_EQ(last(ask + "type abc\ntap \"OK\"\nget cutoff")["value"], 20) << "0 is below it";
+  EXPECT_EQ(last(ask + "tap \"OK\"\nget cutoff")["value"], 5000) << "nothing typed";
+  EXPECT_EQ(last(ask + "tap \"RESET\"\nget cutoff")["value"], 1000);
+  EXPECT_EQ(last(ask + "type 7\nkey escape\nget cutoff")["value"], 5000);
+  EXPECT_EQ(last(ask + "type 7\nkey return\nget cutoff")["value"], 5000);
+  EXPECT_EQ(last(ask + "type 700\nkey return\nkey return\nget cutoff")["value"], 700);
+  for (const char* closing : {"key escape", "tap at:3,3", "tap \"OK\"", "tap \"RESET\""})
+    EXPECT_EQ(last(ask + closing + "\nstate")["overlays"], json::array()) << closing;
 }
 
 TEST(Drive, ATapOnASwitchMakesItsSectionInactive) {

@@ -14,6 +14,7 @@
 #include "Orvane/SectionView.h"
 #include "platform/Button.h"
 #include "platform/Label.h"
+#include "platform/TextField.h"
 #include "tools/orvane/Text.h"
 
 namespace tool {
@@ -34,6 +35,7 @@ std::string className(const View& view) {
 std::optional<std::string> textOf(const View& view) {
   if (const auto* label = dynamic_cast<const platform::Label*>(&view)) return label->text();
   if (const auto* label = dynamic_cast<const kestroui::SimpleLabel*>(&view)) return label->text();
+  if (const auto* field = dynamic_cast<const platform::TextField*>(&view)) return field->text();
   std::string title;
   if (const auto* button = dynamic_cast<const platform::Button*>(&view))
     title = button->title();

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "KestroUI/SimpleButton.h"
+#include "Orvane/ConfirmOverlayDelegate.h"
+#include "platform/Label.h"
+
+namespace orvane {
+
+/// A panel that asks a question with NO and YES. Escape answers NO. User-interface thread only.
+class ConfirmOverlay : public platform::View {
+ public:
+  ConfirmOverlay();
+
+  platform::Weak<ConfirmOverlayDelegate> delegate;
+
+  const std::string& text() const { return textLabel_.text(); }
+  /// Another question than whether to delete a preset.
+  void setText(std::string text) { textLabel_.setText(std::move(text)); }
+  platform::Label& textLabel() { return textLabel_; }
+  kestroui::SimpleButton& cancelButton() { return cancelButton_; }
+  kestroui::SimpleButton& okButton() { return okButton_; }
+
+  /// Either button: tells the delegate which.
+  void handleTouchDown(platform::Control& sender);
+
+  void setHidden(bool hidden) override;
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  platform::Label textLabel_;
+  kestroui::SimpleButton cancelButton_{"NO"};
+  kestroui::SimpleButton okButton_{"YES"};
+};
+
+}  // namespace orvane

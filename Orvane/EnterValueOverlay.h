@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "Orvane/EnterValueOverlayDelegate.h"
+#include "Orvane/TextFieldOverlay.h"
+
+namespace orvane {
+
+/// Asks for the exact value of a control, or for its default: its delegate is an
+/// EnterValueOverlayDelegate. A touch beside the panel closes it. User-interface thread only.
+class EnterValueOverlay : public TextFieldOverlay {
+ public:
+  EnterValueOverlay();
+
+  std::string titleText() const override { return "Please enter a value : "; }
+  /// Shown in the field while it is empty: the value that the control has now.
+  void setCurrentValueText(const std::string& text);
+
+  platform::Control& outside() { return outside_; }
+  kestroui::SimpleButton& resetButton() { return resetButton_; }
+
+  void handleTouchDownReset();
+  void handleTouchDownOutside();
+
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  /// Behind the panel, over all of the editor.
+  platform::Control outside_;
+  /// The panel.
+  platform::Layer back_;
+  kestroui::SimpleButton resetButton_{"RESET"};
+};
+
+}  // namespace orvane

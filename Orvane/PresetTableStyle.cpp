@@ -1,0 +1,34 @@
+#include "Orvane/PresetTableStyle.h"
+
+#include <algorithm>
+
+#include "KestroUI/Theme.h"
+
+namespace orvane {
+
+namespace Theme = kestroui::Theme;
+
+double PresetTableStyle::rowHeight(const platform::TableView& table) {
+  return std::max(table.frame().height / 8, Theme::cellFont.lineHeight());
+}
+
+double PresetTableStyle::headerHeight(const platform::TableView& table) {
+  return 0.8 * rowHeight(table);
+}
+
+void PresetTableStyle::apply(platform::TableView& table) {
+  table.setBackgroundColor(Theme::panel);
+  table.setBarColor(Theme::grey.withAlpha(0.5f));
+}
+
+void PresetTableStyle::apply(platform::TableViewCell& cell) {
+  cell.textLabel().setFont(Theme::cellFont);
+  cell.textLabel().setTextColor(Theme::text);
+  cell.setTextInset(14);
+  cell.setColors({.background = platform::Color::clear(),
+                  .selected = Theme::accent.withAlpha(0.26f),
+                  .pressed = Theme::accent.withAlpha(0.14f),
+                  .focused = Theme::accent.withAlpha(0.7f)});
+}
+
+}  // namespace orvane

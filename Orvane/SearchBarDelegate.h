@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace orvane {
+
+/// Told what to search for. Held weakly. User-interface thread only.
+class SearchBarDelegate {
+ public:
+  virtual ~SearchBarDelegate() = default;
+
+  /// As typed; empty after the field was cleared.
+  virtual void searchTextChanged(const std::string& text) = 0;
+};
+
+}  // namespace orvane
