@@ -89,6 +89,7 @@ class CommonAudioUnit : public platform::AudioUnit {
   // Presets and state
 
   bool hasStore() const override { return false; }
+  std::string presetExtension() const override { return "preset"; }
   const std::vector<platform::AUAudioUnitPreset>& factoryPresets() const override {
     return presets_;
   }

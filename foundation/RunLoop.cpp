@@ -15,23 +15,31 @@ namespace platform {
 namespace {
 
 std::atomic<RunLoop*> mainLoop{nullptr};
+std::mutex mainStateMutex;
+/// Guarded by mainStateMutex: threads that hold on to it are heard until the loop ends.
+std::weak_ptr<void> mainState;
 
 }  // namespace
 
 RunLoop::RunLoop(Driver& driver) : state_(std::make_shared<State>(driver)) {
   RunLoop* none = nullptr;
   if (!mainLoop.compare_exchange_strong(none, this)) fatal("There is a main run loop already");
+  {
+    const std::lock_guard lock(mainStateMutex);
+    mainState = state_;
+  }
   foundation::LoopWaker::attach(driver);
 }
 
 RunLoop::~RunLoop() {
   foundation::LoopWaker::detach();
   mainLoop.store(nullptr);
-  state_->running = false;
   // What the tasks own dies here and not under the lock: it may post.
   std::deque<std::function<void()>> dropped;
+  const std::list<Timer> droppedTimers = std::move(state_->delayed);
   {
     const std::lock_guard lock(state_->mutex);
+    state_->running = false;
     dropped.swap(state_->tasks);
     state_->tasksTaken = state_->tasksPosted;
   }
@@ -45,13 +53,30 @@ RunLoop& RunLoop::main() {
 
 RunLoop* RunLoop::mainIfAny() { return mainLoop.load(); }
 
-void RunLoop::async(std::function<void()> task) {
+void RunLoop::async(std::function<void()> task) { state_->post(std::move(task)); }
+
+std::shared_ptr<RunLoop::State> RunLoop::State::ofMain() {
+  const std::lock_guard lock(mainStateMutex);
+  return std::static_pointer_cast<State>(mainState.lock());
+}
+
+bool RunLoop::State::post(std::function<void()> task) {
   {
-    const std::lock_guard lock(state_->mutex);
-    state_->tasks.push_back(std::move(task));
-    ++state_->tasksPosted;
+    const std::lock_guard lock(mutex);
+    if (!running) return false;
+    tasks.push_back(std::move(task));
+    ++tasksPosted;
   }
   foundation::LoopWaker::wake();
+  return true;
+}
+
+void RunLoop::State::runAfter(double seconds, std::function<void()> task) {
+  const auto place = delayed.insert(delayed.end(), Timer());
+  *place = Timer(seconds, Timer::Repeat::once, [this, place, task = std::move(task)] {
+    delayed.erase(place);
+    task();
+  });
 }
 
 double RunLoop::now() const { return state_->driver.now(); }

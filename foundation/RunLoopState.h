@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -34,12 +35,19 @@ struct DisplayLink::Entry {
 struct RunLoop::State {
   explicit State(Driver& theDriver) : driver(theDriver) {}
 
+  /// The main run loop's, or null. Any thread.
+  static std::shared_ptr<State> ofMain();
+
+  /// False when the loop has ended. Any thread.
+  bool post(std::function<void()> task);
+  void runAfter(double seconds, std::function<void()> task);
   void runTasks(std::uint64_t end);
   void runTimers();
   void remove(const Timer::Entry& entry);
   void remove(const DisplayLink::Entry& entry);
 
   Driver& driver;
+  /// Changed with `mutex` held, so that other threads may read it then.
   bool running = true;
 
   std::mutex mutex;
@@ -51,6 +59,8 @@ struct RunLoop::State {
   std::vector<std::shared_ptr<Timer::Entry>> timers;
   std::uint64_t timersMade = 0;
   std::vector<std::shared_ptr<DisplayLink::Entry>> links;
+  /// Timers that nobody else holds.
+  std::list<Timer> delayed;
 };
 
 }  // namespace platform

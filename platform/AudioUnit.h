@@ -136,6 +136,8 @@ class AudioUnit : public WeakTarget {
 
   /// True when presets are kept in a store, so that the plug-in must name its product.
   virtual bool hasStore() const = 0;
+  /// Of the files of its presets, without the dot.
+  virtual std::string presetExtension() const = 0;
   virtual const std::vector<AUAudioUnitPreset>& factoryPresets() const = 0;
   virtual void rebuildPresetList() = 0;
   /// The number of the factory preset that was loaded last, or -1.

@@ -8,6 +8,7 @@
 
 namespace platform {
 
+class Presentation;
 class View;
 
 /// Bits of the modifier keys held during an event.
@@ -98,6 +99,8 @@ class Application : public Responder {
  public:
   /// Opens a link outside the editor; false when that is not possible.
   virtual bool open(const std::string& url) = 0;
+  /// Shows what needs more than the editor; null where nothing can.
+  virtual Presentation* presentation() { return nullptr; }
 };
 
 }  // namespace platform

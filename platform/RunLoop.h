@@ -58,6 +58,7 @@ class RunLoop {
   friend class Timer;
   friend class DisplayLink;
   friend class RealtimePort;
+  friend class DispatchQueue;
   struct State;
   std::shared_ptr<State> state_;
 };

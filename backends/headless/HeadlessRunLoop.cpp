@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/DispatchQueue.h"
+
 namespace headless {
 
 namespace {
@@ -18,6 +20,8 @@ bool HeadlessRunLoop::runDue() {
   for (int turn = 0; turn < mostTurns; ++turn) {
     clock_.takeWake();
     loop_.runDue();
+    // What was handed to other threads counts as due as well.
+    platform::DispatchQueue::waitForGlobal();
     for (Screen* screen : screens_) screen->refresh();
     // Laying out a frame may have queued something again.
     if (!clock_.takeWake() && loop_.nextDeadline() > clock_.now()) return true;

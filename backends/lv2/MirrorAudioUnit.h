@@ -53,6 +53,7 @@ class MirrorAudioUnit : public platform::AudioUnit {
   void hasUI(bool visible) override { unit_->hasUI(visible); }
 
   bool hasStore() const override { return unit_->hasStore(); }
+  std::string presetExtension() const override { return unit_->presetExtension(); }
   const std::vector<platform::AUAudioUnitPreset>& factoryPresets() const override {
     return unit_->factoryPresets();
   }

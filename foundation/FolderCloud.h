@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/CloudStorage.h"
+
+namespace foundation {
+
+/// Brings the files that placeholders stand for.
+class CloudDownloader {
+ public:
+  virtual ~CloudDownloader() = default;
+  /// Fetches the file to `path` and then calls `done` once, on a thread of the global queue, with
+  /// whether it is there. Returns at once. Any thread.
+  virtual void download(const std::string& path, std::function<void(bool)> done) = 0;
+};
+
+/// A cloud whose containers are plain folders. "Bass.preset.icloud", or ".Bass.preset.icloud", is
+/// the placeholder of "Bass.preset" beside it and goes when that has come.
+class FolderCloud : public platform::CloudStorage {
+ public:
+  /// `folder` is the program's own container; `others` are those that have an identifier. A
+  /// container whose folder does not exist is not available.
+  explicit FolderCloud(std::string folder, std::shared_ptr<CloudDownloader> downloader = nullptr,
+                       std::map<std::string, std::string> others = {});
+
+  std::optional<std::string> container(const std::optional<std::string>& identifier) override;
+  bool isUbiquitousItem(const std::string& path) override;
+  void coordinateReading(const std::string& path,
+                         std::function<void(std::optional<std::string>)> accessor) override;
+
+ private:
+  const std::string folder_;
+  const std::shared_ptr<CloudDownloader> downloader_;
+  const std::map<std::string, std::string> others_;
+};
+
+}  // namespace foundation

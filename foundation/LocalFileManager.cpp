@@ -1,0 +1,289 @@
+#include "foundation/LocalFileManager.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "foundation/FileErrors.h"
+#include "foundation/SafeFile.h"
+#include "platform/FilePath.h"
+
+namespace platform {
+
+namespace {
+
+std::atomic<FileManager*> currentManager{nullptr};
+
+}  // namespace
+
+FileManager& FileManager::defaultManager() {
+  if (FileManager* manager = currentManager.load()) return *manager;
+  // Never destroyed: threads may still use it while the program ends.
+  static auto& usersOwn =
+      *new foundation::LocalFileManager(foundation::LocalFileManager::usersDataFolder());
+  return usersOwn;
+}
+
+DefaultFileManager::DefaultFileManager(FileManager& manager)
+    : previous_(currentManager.exchange(&manager)) {}
+
+DefaultFileManager::~DefaultFileManager() { currentManager.store(previous_); }
+
+}  // namespace platform
+
+namespace foundation {
+
+using platform::DirectoryEntry;
+using platform::FileError;
+using platform::PropertyList;
+using Error = platform::FileManager::Error;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Far above any preset or pack of them.
+constexpr std::uint64_t largestFile = std::uint64_t{256} << 20;
+constexpr std::size_t blockSize = std::size_t{1} << 18;
+
+bool hasNul(const std::string& path) { return path.find('\0') != path.npos; }
+
+std::string environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value && value[0] == '/' ? value : "";
+}
+
+std::int64_t nanoseconds(const timespec& time) {
+  return std::int64_t{time.tv_sec} * 1000000000 + time.tv_nsec;
+}
+
+platform::FileStamp stampOf(const struct stat& status) {
+#if defined(__APPLE__)
+  const timespec& modified = status.st_mtimespec;
+  const timespec& changed = status.st_ctimespec;
+#else
+  const timespec& modified = status.st_mtim;
+  const timespec& changed = status.st_ctim;
+#endif
+  return {static_cast<std::uint64_t>(status.st_ino), nanoseconds(modified), nanoseconds(changed),
+          static_cast<std::uint64_t>(status.st_size)};
+}
+
+/// A folder that only this user can enter, so that nobody prepares traps in it.
+bool isPrivateFolder(const std::string& path) {
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+         status.st_uid == ::geteuid() && (status.st_mode & 022) == 0;
+}
+
+std::string makeTemporaryFolder() {
+  std::string parent = environment("TMPDIR");
+  if (parent.empty()) parent = "/tmp";
+  std::string folder = parent + "/orvane-" + std::to_string(::geteuid());
+  ::mkdir(folder.c_str(), 0700);
+  if (!isPrivateFolder(folder)) {
+    folder = parent + "/orvane-XXXXXX";
+    if (!::mkdtemp(folder.data())) folder = parent;
+  }
+  return folder + '/';
+}
+
+/// Closes what it opened.
+class Descriptor {
+ public:
+  explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
+  ~Descriptor() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int get() const { return descriptor_; }
+
+ private:
+  const int descriptor_;
+};
+
+/// Opens for reading; none with an error for anything but a regular file. Pipes and devices, which
+/// could keep us waiting for ever, are looked at without waiting.
+int openRegular(const std::string& path, struct stat& status, int& errorNumber) {
+  errorNumber = hasNul(path) ? EINVAL : 0;
+  if (errorNumber) return -1;
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (descriptor < 0 || ::fstat(descriptor, &status) != 0) {
+    errorNumber = errno;
+  } else if (!S_ISREG(status.st_mode)) {
+    errorNumber = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+  }
+  if (errorNumber && descriptor >= 0) ::close(descriptor);
+  return errorNumber ? -1 : descriptor;
+}
+
+}  // namespace
+
+LocalFileManager::LocalFileManager(std::string groups, Groups kind,
+                                   std::shared_ptr<platform::CloudStorage> cloud,
+                                   std::string temporary)
+    : groups_(std::move(groups)),
+      kind_(kind),
+      cloud_(std::move(cloud)),
+      temporary_(std::move(temporary)) {}
+
+std::string LocalFileManager::usersDataFolder() {
+  std::string folder = environment("XDG_DATA_HOME");
+  if (folder.empty() && !environment("HOME").empty())
+    folder = environment("HOME") + "/.local/share";
+  return folder.empty() ? folder : folder + "/orvane";
+}
+
+std::optional<std::string> LocalFileManager::groupContainer(const std::string& groupIdentifier) {
+  if (groups_.empty() || !platform::isFileName(groupIdentifier)) return std::nullopt;
+  const std::string path = kind_ == Groups::oneForAll ? groups_ : groups_ + '/' + groupIdentifier;
+  if (!isDirectory(path) && createDirectory(path, Intermediates::create)) return std::nullopt;
+  return path;
+}
+
+std::string LocalFileManager::temporaryDirectory() {
+  const std::lock_guard lock(mutex_);
+  if (temporary_.empty()) temporary_ = makeTemporaryFolder();
+  return temporary_;
+}
+
+std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory(
+    const std::string& path) {
+  if (hasNul(path)) return std::nullopt;
+  DIR* const directory = ::opendir(path.c_str());
+  if (!directory) return std::nullopt;
+  std::vector<DirectoryEntry> entries;
+  while (const dirent* found = ::readdir(directory)) {
+    std::string name = found->d_name;
+    if (name == "." || name == ".." || SafeFile::isUnfinished(name)) continue;
+    struct stat status {};
+    // A link to nowhere is listed as well.
+    if (::fstatat(::dirfd(directory), name.c_str(), &status, 0) != 0 &&
+        ::fstatat(::dirfd(directory), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+      continue;
+    entries.push_back({std::move(name), S_ISDIR(status.st_mode) != 0, stampOf(status)});
+  }
+  ::closedir(directory);
+  return entries;
+}
+
+bool LocalFileManager::isDirectory(const std::string& path) {
+  struct stat status {};
+  return !hasNul(path) && ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool LocalFileManager::fileExists(const std::string& path) {
+  struct stat status {};
+  return !hasNul(path) && ::stat(path.c_str(), &status) == 0;
+}
+
+Error LocalFileManager::createDirectory(const std::string& path, Intermediates intermediates) {
+  const auto failure = [&](int number) { return fileError(path, "created", number); };
+  if (hasNul(path)) return failure(EINVAL);
+  if (intermediates == Intermediates::create) {
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (error) return failure(error.value());
+    return {};
+  }
+  if (::mkdir(path.c_str(), 0777) != 0) return failure(errno);
+  SafeFile::syncFolder(path);
+  return {};
+}
+
+Error LocalFileManager::copyItem(const std::string& from, const std::string& to) {
+  return isDirectory(from) ? copyFolder(from, to) : copyFile(from, to);
+}
+
+Error LocalFileManager::copyFile(const std::string& from, const std::string& to) {
+  struct stat status {};
+  int errorNumber = 0;
+  const Descriptor source(openRegular(from, status, errorNumber));
+  if (source.get() < 0) return fileError(from, "copied", errorNumber);
+  // Told before anything is written; decided when the copy takes its name.
+  if (!hasNul(to) && ::lstat(to.c_str(), &status) == 0) return fileError(to, "copied", EEXIST);
+  SafeFile target(to, "copied");
+  if (Error error = target.open()) return error;
+  std::vector<std::uint8_t> block(blockSize);
+  for (;;) {
+    const ssize_t count = ::read(source.get(), block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return fileError(from, "copied", errno);
+    if (count == 0) return target.commitNew();
+    if (Error error = target.append({block.data(), static_cast<std::size_t>(count)})) return error;
+  }
+}
+
+Error LocalFileManager::copyFolder(const std::string& from, const std::string& to) {
+  struct stat status {};
+  if (hasNul(to)) return fileError(to, "copied", EINVAL);
+  if (::lstat(to.c_str(), &status) == 0) return fileError(to, "copied", EEXIST);
+  const std::string unfinished = folderOf(to) + '/' + SafeFile::unfinishedName();
+  std::error_code error, ignored;
+  fs::copy(from, unfinished, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+  if (!error) fs::rename(unfinished, to, error);
+  if (!error) return {};
+  fs::remove_all(unfinished, ignored);
+  return fileError(to, "copied", error.value());
+}
+
+Error LocalFileManager::removeItem(const std::string& path) {
+  if (hasNul(path)) return fileError(path, "removed", EINVAL);
+  std::error_code error;
+  const auto removed = fs::remove_all(path, error);
+  if (error) return fileError(path, "removed", error.value());
+  if (removed == 0) return fileError(path, "removed", ENOENT);
+  SafeFile::syncFolder(path);
+  return {};
+}
+
+std::optional<PropertyList::Data> LocalFileManager::contents(const std::string& path,
+                                                             FileError& error, std::uint64_t offset,
+                                                             std::size_t count) {
+  struct stat status {};
+  int errorNumber = 0;
+  const Descriptor file(openRegular(path, status, errorNumber));
+  if (file.get() < 0) {
+    error = fileError(path, "read", errorNumber);
+    return std::nullopt;
+  }
+  const auto size = static_cast<std::uint64_t>(status.st_size);
+  const std::uint64_t wanted = std::min<std::uint64_t>(count, size - std::min(offset, size));
+  if (wanted > largestFile) {
+    error = fileError(path, "read", "it is too large");
+    return std::nullopt;
+  }
+  PropertyList::Data bytes(static_cast<std::size_t>(wanted));
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t got = ::pread(file.get(), bytes.data() + done, bytes.size() - done,
+                                static_cast<off_t>(offset + done));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) {
+      error = fileError(path, "read", errno);
+      return std::nullopt;
+    }
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
+Error LocalFileManager::write(std::span<const std::uint8_t> bytes, const std::string& path) {
+  SafeFile file(path, "saved");
+  if (Error error = file.open()) return error;
+  if (Error error = file.append(bytes)) return error;
+  return file.commitReplacing();
+}
+
+}  // namespace foundation

@@ -1,0 +1,148 @@
+#include "platform/UserDefaults.h"
+
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <set>
+#include <utility>
+
+#include "foundation/FileLock.h"
+#include "platform/Console.h"
+#include "platform/DispatchQueue.h"
+#include "platform/FileManager.h"
+#include "platform/PropertyListCoding.h"
+#include "platform/RunLoop.h"
+
+namespace platform {
+
+/// What this process knows of one suite; one for all who open it.
+struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
+  /// As they were when this process last read or wrote them.
+  std::map<std::string, PropertyList::Array> known;
+  /// Not yet from the file.
+  std::set<std::string> removed;
+  std::string folder;
+  std::string name;
+
+  std::string path() const { return folder + '/' + name + ".plist"; }
+
+  static std::shared_ptr<Suite> of(const std::string& folder, const std::string& name) {
+    static std::mutex mutex;
+    static std::map<std::string, std::shared_ptr<Suite>> suites;
+    const std::lock_guard lock(mutex);
+    std::shared_ptr<Suite>& suite = suites[folder + '/' + name];
+    if (!suite) {
+      suite = std::make_shared<Suite>();
+      suite->folder = folder;
+      suite->name = name;
+    }
+    return suite;
+  }
+
+  PropertyList::Dictionary read() const {
+    FileManager& files = FileManager::defaultManager();
+    if (!files.fileExists(path())) return {};
+    FileError fileError;
+    std::string error;
+    const auto bytes = files.contents(path(), fileError);
+    auto list = bytes ? parsePropertyList(*bytes, error) : std::nullopt;
+    if (auto* dictionary = list ? list->as<PropertyList::Dictionary>() : nullptr)
+      return std::move(*dictionary);
+    if (!bytes)
+      printToConsole(fileError.localizedDescription);
+    else
+      printToConsole(path() + ": " + (list ? "there is no dictionary" : error));
+    return {};
+  }
+
+  /// Does to the file what `change` does to its dictionary, alone among all processes.
+  template <class Change>
+  bool update(Change change) {
+    FileManager& files = FileManager::defaultManager();
+    if (!files.isDirectory(folder))
+      if (const auto error = files.createDirectory(folder, FileManager::Intermediates::create)) {
+        printToConsole(error->localizedDescription);
+        return false;
+      }
+    const foundation::FileLock lock(path() + ".lock");
+    PropertyList::Dictionary values = read();
+    for (const std::string& key : removed) values.erase(key);
+    change(values);
+    const std::string text = writeXmlPropertyList(values);
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    if (const auto error = files.write({bytes, text.size()}, path())) {
+      printToConsole(error->localizedDescription);
+      return false;
+    }
+    removed.clear();
+    return true;
+  }
+
+  void removeFromFile() {
+    if (!removed.empty()) update([](PropertyList::Dictionary&) {});
+  }
+};
+
+namespace {
+
+bool takeFirst(PropertyList::Array& array, const PropertyList& element) {
+  const auto found = std::find(array.begin(), array.end(), element);
+  if (found == array.end()) return false;
+  array.erase(found);
+  return true;
+}
+
+/// `stored` with the changes that lead from `before` to `after`.
+PropertyList::Array merged(const PropertyList::Array& before, const PropertyList::Array& after,
+                           PropertyList::Array stored) {
+  if (stored == before) return after;
+  PropertyList::Array taken = before, added;
+  for (const PropertyList& element : after)
+    if (!takeFirst(taken, element)) added.push_back(element);
+  for (const PropertyList& element : taken) takeFirst(stored, element);
+  stored.insert(stored.end(), added.begin(), added.end());
+  return stored;
+}
+
+}  // namespace
+
+UserDefaults::UserDefaults(std::shared_ptr<Suite> suite) : suite_(std::move(suite)) {}
+
+std::optional<UserDefaults> UserDefaults::open(const std::string& suiteName) {
+  const auto container = FileManager::defaultManager().groupContainer(suiteName);
+  if (!container) return std::nullopt;
+  return UserDefaults(Suite::of(*container + "/Library/Preferences", suiteName));
+}
+
+std::optional<PropertyList::Array> UserDefaults::array(const std::string& key) {
+  if (suite_->removed.count(key)) return std::nullopt;
+  PropertyList::Dictionary values = suite_->read();
+  const auto found = values.find(key);
+  auto* array = found == values.end() ? nullptr : found->second.as<PropertyList::Array>();
+  suite_->known[key] = array ? *array : PropertyList::Array();
+  if (!array) return std::nullopt;
+  return std::move(*array);
+}
+
+void UserDefaults::removeObject(const std::string& key) {
+  suite_->removed.insert(key);
+  DispatchQueue::mainAsync([suite = suite_] { suite->removeFromFile(); });
+}
+
+void UserDefaults::setObject(const std::string& key, const PropertyList::Array& value) {
+  const auto known = suite_->known.find(key);
+  suite_->removed.erase(key);
+  const bool written = suite_->update([&](PropertyList::Dictionary& values) {
+    const auto found = values.find(key);
+    const auto* stored = found == values.end() ? nullptr : found->second.as<PropertyList::Array>();
+    values[key] =
+        known == suite_->known.end() || !stored ? value : merged(known->second, value, *stored);
+  });
+  if (written) suite_->known[key] = value;
+}
+
+void UserDefaults::synchronize() {
+  if (!RunLoop::mainIfAny()) suite_->removeFromFile();
+}
+
+}  // namespace platform

@@ -1,0 +1,72 @@
+// Work beside the user-interface thread, and its way back.
+
+#include "platform/DispatchQueue.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+#include "platform/RunLoop.h"
+#include "tests/support/ManualDriver.h"
+
+namespace {
+
+using platform::DispatchQueue;
+
+TEST(DispatchQueueTest, WorkRunsElsewhereAndAnswersOnTheMainRunLoop) {
+  support::ManualDriver driver;
+  platform::RunLoop loop(driver);
+  const auto here = std::this_thread::get_id();
+  std::atomic<bool> ranElsewhere{false};
+  bool answeredHere = false;
+  DispatchQueue::globalAsync([&] {
+    ranElsewhere = std::this_thread::get_id() != here;
+    DispatchQueue::mainAsync([&] { answeredHere = std::this_thread::get_id() == here; });
+  });
+  DispatchQueue::waitForGlobal();
+  EXPECT_TRUE(ranElsewhere);
+  EXPECT_FALSE(answeredHere);
+  loop.runDue();
+  EXPECT_TRUE(answeredHere);
+}
+
+TEST(DispatchQueueTest, AllWorkIsDoneAfterWaiting) {
+  std::atomic<int> count{0};
+  for (int i = 0; i < 100; ++i)
+    DispatchQueue::globalAsync([&] {
+      ++count;
+      DispatchQueue::globalAsync([&] { ++count; });
+    });
+  DispatchQueue::waitForGlobal();
+  EXPECT_EQ(count, 200);
+}
+
+TEST(DispatchQueueTest, ADelayedTaskRunsOnTheClockOfTheLoop) {
+  support::ManualDriver driver;
+  platform::RunLoop loop(driver);
+  int runs = 0;
+  DispatchQueue::mainAsyncAfter(1, [&] { ++runs; });
+  driver.advance(0.9);
+  EXPECT_EQ(runs, 0);
+  driver.advance(2);
+  EXPECT_EQ(runs, 1);
+}
+
+TEST(DispatchQueueTest, TasksOfALoopThatEndsAreDropped) {
+  const auto owned = std::make_shared<int>(0);
+  DispatchQueue::mainAsync([owned] { ++*owned; });
+  {
+    support::ManualDriver driver;
+    platform::RunLoop loop(driver);
+    DispatchQueue::mainAsyncAfter(1, [owned] { ++*owned; });
+    loop.runDue();
+    DispatchQueue::mainAsync([owned] { ++*owned; });
+  }
+  DispatchQueue::mainAsync([owned] { ++*owned; });
+  EXPECT_EQ(*owned, 0);
+  EXPECT_EQ(owned.use_count(), 1);
+}
+
+}  // namespace

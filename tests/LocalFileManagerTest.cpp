@@ -1,0 +1,237 @@
+// Files that are there whole or not at all, and nowhere else than asked for.
+
+#include "foundation/LocalFileManager.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/FilePath.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using foundation::LocalFileManager;
+using platform::FileError;
+using platform::FileManager;
+using support::namesIn;
+using support::TemporaryFolder;
+using support::textOf;
+using testing::HasSubstr;
+using Names = std::set<std::string>;
+
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+TEST(FilePathTest, NamesAreTakenApartAtTheLastDot) {
+  const struct {
+    const char *path, *last, *stem, *extension;
+  } cases[] = {
+      {"/a/Warm Pad.preset", "Warm Pad.preset", "Warm Pad", "preset"},
+      {"A.b.preset", "A.b.preset", "A.b", "preset"},
+      {"/a/folder/", "folder", "folder", ""},
+      {"/a/.preset", ".preset", ".preset", ""},
+      {"/a/.Bass.preset.icloud", ".Bass.preset.icloud", ".Bass.preset", "icloud"},
+      {"/a.b/c", "c", "c", ""},
+      {"x.", "x.", "x", ""},
+      {"/", "/", "/", ""},
+      {"", "", "", ""},
+  };
+  for (const auto& [path, last, stem, extension] : cases) {
+    EXPECT_EQ(platform::lastPathComponent(path), last);
+    EXPECT_EQ(platform::fileStem(path), stem);
+    EXPECT_EQ(platform::pathExtension(path), extension);
+  }
+}
+
+TEST(FilePathTest, AFileNameStaysInItsFolder) {
+  using namespace std::string_literals;
+  for (const std::string& name : {""s, "."s, ".."s, "a/b"s, "../x"s, "/"s, "a\0b"s})
+    EXPECT_FALSE(platform::isFileName(name)) << name;
+  for (const char* name : {"a", "...", "..preset", " ", "\xf0\x9f\x8e\xb9", "a\nb"})
+    EXPECT_TRUE(platform::isFileName(name)) << name;
+}
+
+TEST(LocalFileManagerTest, AFileIsReplacedWholeAndKeepsItsPermissions) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  const std::string path = folder / "a.preset";
+  EXPECT_FALSE(files.write(bytesOf("one"), path));
+  ::chmod(path.c_str(), 0600);
+  EXPECT_FALSE(files.write(bytesOf(std::string(300000, 'x')), path));
+  EXPECT_EQ(textOf(path), std::string(300000, 'x'));
+  struct stat status {};
+  ::stat(path.c_str(), &status);
+  EXPECT_EQ(status.st_mode & 0777, 0600u);
+  EXPECT_EQ(namesIn(folder.path()), Names{"a.preset"});
+}
+
+TEST(LocalFileManagerTest, ASaveThatFailsLeavesEverythingAsItWas) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  const std::string inside = folder.write("sub/a", "old");
+  using namespace std::string_literals;
+  const struct {
+    std::string path;
+    const char* why;
+  } cases[] = {
+      {folder / "sub", "\"sub\" could not be saved: Is a directory"},
+      {folder / "none/a", "\"a\" could not be saved: No such file or directory"},
+      {folder / "sub/a/b", "\"b\" could not be saved: Not a directory"},
+      {folder / ("sub/" + std::string(300, 'n')), "File name too long"},
+      {folder / "sub/a\0b"s, "Invalid argument"},
+      {folder / "sub/a\n\xff\0"s, "\"a \xef\xbf\xbd"},
+  };
+  for (const auto& [path, why] : cases) {
+    const auto error = files.write(bytesOf("new"), path);
+    ASSERT_TRUE(error) << path;
+    EXPECT_THAT(error->localizedDescription, HasSubstr(why));
+    EXPECT_EQ(error->localizedDescription.find('\n'), std::string::npos);
+  }
+  EXPECT_EQ(textOf(inside), "old");
+  EXPECT_EQ(namesIn(folder.path()), Names{"sub"});
+  EXPECT_EQ(namesIn(folder / "sub"), Names{"a"});
+}
+
+TEST(LocalFileManagerTest, AFullOrReadOnlyDiskLeavesTheOldFile) {
+  const TemporaryFolder folder;
+  if (::mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=64k") != 0)
+    GTEST_SKIP() << "mounting a small file system is not allowed here";
+  LocalFileManager files(folder.path());
+  const std::string path = folder / "a";
+  const std::string old(30000, 'o');
+  EXPECT_FALSE(files.write(bytesOf(old), path));
+  const auto full = files.write(bytesOf(std::string(60000, 'n')), path);
+  const auto copy = files.copyItem(path, folder / "b");
+  EXPECT_FALSE(copy);
+  const auto fullCopy = files.copyItem(path, folder / "c");
+  const std::string left = textOf(path);
+  const Names names = namesIn(folder.path());
+  ::mount(nullptr, folder.path().c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr);
+  const auto readOnly = files.write(bytesOf("new"), path);
+  const std::string stillLeft = textOf(path);
+  ::umount2(folder.path().c_str(), MNT_DETACH);
+  ASSERT_TRUE(full && fullCopy && readOnly);
+  EXPECT_EQ(full->localizedDescription, "\"a\" could not be saved: No space left on device");
+  EXPECT_EQ(readOnly->localizedDescription, "\"a\" could not be saved: Read-only file system");
+  EXPECT_TRUE(left == old && stillLeft == old);
+  EXPECT_EQ(names, (Names{"a", "b"}));
+}
+
+TEST(LocalFileManagerTest, ACopyNeverReplacesAnything) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  folder.write("from/a", "new");
+  folder.write("from/deep/b", "two");
+  folder.write("to/a", "old");
+  const auto error = files.copyItem(folder / "from/a", folder / "to/a");
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->code, FileError::Code::fileExists);
+  EXPECT_EQ(error->localizedDescription, "\"a\" could not be copied: File exists");
+  EXPECT_EQ(textOf(folder / "to/a"), "old");
+  EXPECT_FALSE(files.copyItem(folder / "from/a", folder / "to/c"));
+  EXPECT_EQ(textOf(folder / "to/c"), "new");
+  EXPECT_EQ(files.copyItem(folder / "from", folder / "to")->code, FileError::Code::fileExists);
+  EXPECT_FALSE(files.copyItem(folder / "from", folder / "to/all"));
+  EXPECT_EQ(textOf(folder / "to/all/deep/b"), "two");
+  EXPECT_TRUE(files.copyItem(folder / "none", folder / "to/d"));
+  EXPECT_EQ(namesIn(folder / "to"), (Names{"a", "c", "all"}));
+}
+
+TEST(LocalFileManagerTest, FoldersAreMadeAndRemoved) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  const auto mustExist = FileManager::Intermediates::mustExist;
+  EXPECT_FALSE(files.createDirectory(folder / "a", mustExist));
+  const auto again = files.createDirectory(folder / "a", mustExist);
+  ASSERT_TRUE(again);
+  EXPECT_EQ(static_cast<int>(again->code), 516);
+  EXPECT_TRUE(files.createDirectory(folder / "b/c", mustExist));
+  EXPECT_FALSE(files.createDirectory(folder / "b/c", FileManager::Intermediates::create));
+  folder.write("b/c/file", "x");
+  EXPECT_FALSE(files.removeItem(folder / "b"));
+  const auto gone = files.removeItem(folder / "b");
+  ASSERT_TRUE(gone);
+  EXPECT_EQ(gone->localizedDescription, "\"b\" could not be removed: No such file or directory");
+  EXPECT_EQ(namesIn(folder.path()), Names{"a"});
+}
+
+TEST(LocalFileManagerTest, PartsOfAFileAreReadAndOnlyOfRegularFiles) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  const std::string path = folder.write("a", "0123456789");
+  FileError error;
+  const auto read = [&](std::uint64_t offset, std::size_t count) {
+    const auto bytes = files.contents(path, error, offset, count);
+    return bytes ? std::string(bytes->begin(), bytes->end()) : "none";
+  };
+  EXPECT_EQ(read(0, FileManager::everything), "0123456789");
+  EXPECT_EQ(read(0, 3), "012");
+  EXPECT_EQ(read(8, 5), "89");
+  EXPECT_EQ(read(20, 5), "");
+  ::mkfifo((folder / "pipe").c_str(), 0600);
+  for (const std::string name : {"none", "", "pipe"}) {
+    EXPECT_FALSE(files.contents(folder / name, error));
+    EXPECT_THAT(error.localizedDescription, HasSubstr("could not be read: "));
+  }
+}
+
+TEST(LocalFileManagerTest, AListingLeavesUnfinishedFilesOutAndTellsWhatChanged) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  folder.write("a", "x");
+  folder.write("sub/b", "x");
+  folder.write(".orvane-unfinished-1-2-3", "x");
+  std::filesystem::create_symlink("nowhere", folder / "link");
+  const auto entry = [&](const std::string& name) -> std::optional<platform::DirectoryEntry> {
+    const auto entries = files.contentsOfDirectory(folder.path());
+    if (entries)
+      for (const auto& each : *entries)
+        if (each.name == name) return each;
+    return std::nullopt;
+  };
+  EXPECT_EQ(files.contentsOfDirectory(folder.path())->size(), 3u);
+  EXPECT_TRUE(entry("sub")->isDirectory);
+  EXPECT_TRUE(entry("link"));
+  const platform::FileStamp before = entry("a")->stamp;
+  EXPECT_EQ(entry("a")->stamp, before);
+  EXPECT_FALSE(files.write(bytesOf("y"), folder / "a"));
+  EXPECT_NE(entry("a")->stamp, before);
+  EXPECT_FALSE(files.contentsOfDirectory(folder / "none"));
+  EXPECT_FALSE(files.contentsOfDirectory(folder / "a"));
+}
+
+TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder / "data");
+  EXPECT_EQ(files.groupContainer("group.one"), folder / "data/group.one");
+  EXPECT_TRUE(files.isDirectory(folder / "data/group.one"));
+  EXPECT_FALSE(files.groupContainer(""));
+  EXPECT_FALSE(files.groupContainer("../other"));
+  LocalFileManager one(folder / "one", LocalFileManager::Groups::oneForAll);
+  EXPECT_EQ(one.groupContainer("group.one"), folder / "one");
+  EXPECT_FALSE(LocalFileManager("").groupContainer("group.one"));
+  folder.write("file", "");
+  EXPECT_FALSE(LocalFileManager(folder / "file").groupContainer("group.one"));
+  const std::string temporary = files.temporaryDirectory();
+  EXPECT_EQ(temporary.back(), '/');
+  EXPECT_TRUE(files.isDirectory(temporary));
+}
+
+TEST(LocalFileManagerTest, TheDefaultIsThatOfTheInnermostScope) {
+  LocalFileManager outer(""), inner("");
+  const platform::DefaultFileManager outerScope(outer);
+  {
+    const platform::DefaultFileManager innerScope(inner);
+    EXPECT_EQ(&FileManager::defaultManager(), &inner);
+  }
+  EXPECT_EQ(&FileManager::defaultManager(), &outer);
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+// The key-value store that the processes of an app group share.
+
+#include "platform/UserDefaults.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "foundation/LocalFileManager.h"
+#include "platform/Console.h"
+#include "platform/PropertyListCoding.h"
+#include "platform/RunLoop.h"
+#include "tests/support/ManualDriver.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using platform::PropertyList;
+using platform::UserDefaults;
+using Array = PropertyList::Array;
+
+class UserDefaultsTest : public testing::Test {
+ protected:
+  std::string file() const { return folder / "group.test/Library/Preferences/group.test.plist"; }
+  std::optional<PropertyList> stored(const std::string& key) const {
+    const std::string text = support::textOf(file());
+    std::string error;
+    const auto list = platform::parsePropertyList(
+        {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
+    const PropertyList* value = list ? list->find(key) : nullptr;
+    return value ? std::optional(*value) : std::nullopt;
+  }
+  /// As another process would.
+  void storeElsewhere(const PropertyList::Dictionary& values) const {
+    std::filesystem::create_directories(std::filesystem::path(file()).parent_path());
+    std::ofstream(file(), std::ios::binary) << platform::writeXmlPropertyList(values);
+  }
+  UserDefaults open() const { return *UserDefaults::open("group.test"); }
+
+  support::TemporaryFolder folder;
+  foundation::LocalFileManager files{folder.path()};
+  platform::DefaultFileManager scope{files};
+  std::vector<std::string> printed;
+  platform::ConsoleListener listener{[this](const std::string& line) { printed.push_back(line); }};
+};
+
+TEST_F(UserDefaultsTest, ValuesAreStoredWholeBesideWhatElseIsThere) {
+  storeElsewhere({{"other", 5}});
+  EXPECT_FALSE(open().array("list"));
+  open().setObject("list", {"a", "b"});
+  open().setObject("list", {"b", "c", "b"});
+  EXPECT_EQ(*open().array("list"), (Array{"b", "c", "b"}));
+  EXPECT_EQ(*stored("list"), (Array{"b", "c", "b"}));
+  EXPECT_EQ(*stored("other"), 5);
+  EXPECT_FALSE(open().array("other"));
+}
+
+TEST_F(UserDefaultsTest, ASuiteWithoutAContainerDoesNotOpen) {
+  EXPECT_FALSE(UserDefaults::open(""));
+  EXPECT_FALSE(UserDefaults::open("../elsewhere"));
+}
+
+TEST_F(UserDefaultsTest, AValueThatIsRemovedAndSetAgainIsNeverSeenMissing) {
+  support::ManualDriver driver;
+  platform::RunLoop loop(driver);
+  open().setObject("list", {"a"});
+  open().removeObject("list");
+  open().synchronize();
+  EXPECT_FALSE(open().array("list"));
+  EXPECT_EQ(*stored("list"), Array{"a"});
+  open().setObject("list", {"a", "b"});
+  open().synchronize();
+  EXPECT_EQ(*stored("list"), (Array{"a", "b"}));
+  loop.runDue();
+  EXPECT_EQ(*stored("list"), (Array{"a", "b"}));
+  open().removeObject("list");
+  loop.runDue();
+  EXPECT_FALSE(stored("list"));
+}
+
+TEST_F(UserDefaultsTest, WhatAnotherProcessHasChangedMeanwhileIsKept) {
+  open().setObject("list", {"a", "b", "c"});
+  storeElsewhere({{"list", Array{"b", "c", "theirs"}}});
+  open().setObject("list", {"a", "c", "mine"});
+  EXPECT_EQ(*stored("list"), (Array{"c", "theirs", "mine"}));
+  EXPECT_EQ(*open().array("list"), (Array{"c", "theirs", "mine"}));
+}
+
+TEST_F(UserDefaultsTest, ABrokenFileIsToldAndReplaced) {
+  storeElsewhere({});
+  std::ofstream(file()) << "<plist>";
+  EXPECT_FALSE(open().array("list"));
+  ASSERT_EQ(printed.size(), 1u);
+  EXPECT_THAT(printed[0], testing::EndsWith("the XML property list is damaged"));
+  open().setObject("list", {"a"});
+  EXPECT_EQ(*open().array("list"), Array{"a"});
+}
+
+TEST_F(UserDefaultsTest, AFailedWriteIsToldAndMadeUpForLater) {
+  open().setObject("list", {"a"});
+  std::filesystem::remove(file());
+  std::filesystem::create_directory(file());
+  open().setObject("list", {"a", "b"});
+  EXPECT_FALSE(printed.empty());
+  std::filesystem::remove(file());
+  storeElsewhere({{"list", Array{"a", "theirs"}}});
+  open().setObject("list", {"a", "b", "c"});
+  EXPECT_EQ(*stored("list"), (Array{"a", "theirs", "b", "c"}));
+}
+
+}  // namespace
