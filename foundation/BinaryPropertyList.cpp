@@ -14,8 +14,9 @@ using platform::PropertyList;
 
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
-/// Roughly what one value takes in memory besides its text or data.
-constexpr std::uint64_t nodeSize = 128;
+/// Roughly what one value takes in memory besides its text or data, and an entry of a dictionary
+/// besides its key and its value.
+constexpr std::uint64_t valueSize = sizeof(PropertyList), entrySize = 64;
 
 /// Goes from a problem deep in the tree to readBinaryPropertyList.
 struct Damage : std::runtime_error {
@@ -62,7 +63,7 @@ class Reader {
     if (index >= count_) throw Damage("refers to a value that it does not have");
     std::uint64_t place = number(table_ + index * offsetWidth_, offsetWidth_);
     if (place >= end_) throw Damage("has a damaged table");
-    spend(nodeSize);
+    spend(valueSize);
     const int kind = bytes_[place] >> 4;
     const int low = bytes_[place] & 15;
     ++place;
@@ -155,6 +156,7 @@ class Reader {
     for (std::uint64_t i = 0; i < count; ++i) {
       const PropertyList key = child(place, i, depth);
       if (!key.as<std::string>()) throw Damage("has a key that is no text");
+      spend(entrySize);
       result[*key.as<std::string>()] = child(place, count + i, depth);
     }
     return result;

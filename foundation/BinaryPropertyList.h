@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -16,6 +17,13 @@ struct PropertyListLimits {
   std::size_t depth = 256;
   /// Bytes in memory, roughly.
   std::uint64_t size = std::uint64_t{256} << 20;
+
+  /// A value of one byte becomes one of some tens in memory, and may be referred to many times.
+  static PropertyListLimits ofFile(std::uint64_t fileSize) {
+    PropertyListLimits limits;
+    limits.size = std::min(limits.size, (std::uint64_t{1} << 20) + 64 * fileSize);
+    return limits;
+  }
 };
 
 /// Reads the binary form, references of keyed archives included: {"CF$UID": number}, as the XML

@@ -209,7 +209,7 @@ std::optional<PropertyList> readXml(std::string_view text, std::string& error) {
 
 std::optional<PropertyList> parsePropertyList(std::span<const std::uint8_t> bytes,
                                               std::string& error) {
-  const foundation::PropertyListLimits limits;
+  const auto limits = foundation::PropertyListLimits::ofFile(bytes.size());
   std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   if (text.substr(0, 6) == "bplist")
     return foundation::readBinaryPropertyList(bytes, limits, error);
@@ -220,7 +220,7 @@ std::optional<PropertyList> parsePropertyList(std::span<const std::uint8_t> byte
     error = "the property list is empty";
   else if (start == text.npos || text[start] != '<')
     error = "this is no property list, neither XML nor binary";
-  else if (text.size() > limits.size)
+  else if (text.size() > foundation::PropertyListLimits().size)
     error = "the XML property list is larger than can be read";
   else if (!xmlDepthIsWithin(text, limits.depth))
     error = "the XML property list is nested too deeply";

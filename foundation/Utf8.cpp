@@ -72,6 +72,23 @@ std::string xmlText(std::string_view text) {
   return result;
 }
 
+std::u16string utf16FromUtf8(std::string_view text) {
+  std::u16string result;
+  while (!text.empty()) {
+    std::uint32_t character = 0;
+    const std::size_t length = decode(text, character);
+    if (length == 0) character = 0xfffd;
+    if (character < 0x10000) {
+      result += static_cast<char16_t>(character);
+    } else {
+      result += static_cast<char16_t>(0xd800 + ((character - 0x10000) >> 10));
+      result += static_cast<char16_t>(0xdc00 + (character & 0x3ff));
+    }
+    text.remove_prefix(length > 0 ? length : 1);
+  }
+  return result;
+}
+
 std::string utf8FromUtf16(std::span<const std::uint8_t> bytes) {
   std::string result;
   const std::size_t units = bytes.size() / 2;

@@ -11,6 +11,9 @@ namespace foundation {
 /// and of every character that an XML document may not hold.
 std::string xmlText(std::string_view text);
 
+/// Bytes that are not part of a well-formed character become U+FFFD.
+std::u16string utf16FromUtf8(std::string_view text);
+
 /// From pairs of bytes, the higher one first; half of a surrogate pair becomes U+FFFD.
 std::string utf8FromUtf16(std::span<const std::uint8_t> bytes);
 
