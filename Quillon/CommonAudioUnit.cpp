@@ -10,16 +10,6 @@ namespace quillon {
 
 namespace {
 
-using platform::PropertyList;
-
-constexpr const char* parametersEntry = "parameters";
-constexpr const char* presetNameEntry = "presetName";
-constexpr const char* presetNumberEntry = "presetNumber";
-
-bool isNumber(const PropertyList& list) {
-  return list.as<double>() || list.as<std::int64_t>() || list.as<bool>();
-}
-
 void checkPresets(const std::vector<PresetDescription>& presets, const ParameterTree& tree) {
   std::set<int> numbers;
   for (const PresetDescription& description : presets) {
@@ -154,56 +144,6 @@ void CommonAudioUnit::setCurrentPreset(int number) {
     parameter.setValue(value == description.values.end() ? parameter.description().defaultValue
                                                          : value->second);
   }
-}
-
-PropertyList CommonAudioUnit::fullState() const {
-  PropertyList::Dictionary parameters = unknownParameters_;
-  for (std::size_t i = 0; i < tree_.size(); ++i)
-    parameters[tree_.at(i).key()] = double{tree_.at(i).value()};
-  PropertyList::Dictionary state = unknownState_;
-  state[parametersEntry] = std::move(parameters);
-  if (!currentPresetName_.empty()) state[presetNameEntry] = currentPresetName_;
-  if (currentPreset_ >= 0) state[presetNumberEntry] = currentPreset_;
-  return state;
-}
-
-void CommonAudioUnit::setFullState(const PropertyList& state) {
-  const auto* dictionary = state.as<PropertyList::Dictionary>();
-  if (!dictionary) return;
-
-  unknownState_ = *dictionary;
-  for (const char* known : {parametersEntry, presetNameEntry, presetNumberEntry})
-    unknownState_.erase(known);
-  unknownParameters_.clear();
-  const PropertyList* entry = state.find(parametersEntry);
-  const auto* values = entry ? entry->as<PropertyList::Dictionary>() : nullptr;
-  if (values)
-    for (const auto& [key, value] : *values)
-      if (!tree_.indexOfKey(key)) unknownParameters_.emplace(key, value);
-
-  // The number counts only while the preset that it named is still the same.
-  const PropertyList* name = state.find(presetNameEntry);
-  const auto* nameText = name ? name->as<std::string>() : nullptr;
-  const PropertyList* number = state.find(presetNumberEntry);
-  const auto* numberValue = number ? number->as<std::int64_t>() : nullptr;
-  currentPresetName_ = nameText ? *nameText : std::string();
-  currentPreset_ = -1;
-  for (const platform::AUAudioUnitPreset& factoryPreset : presets_)
-    if (numberValue && *numberValue == factoryPreset.number &&
-        currentPresetName_ == factoryPreset.name)
-      currentPreset_ = factoryPreset.number;
-
-  // Read before the first value is set: an observer might drop the dictionary.
-  std::vector<float> newValues(tree_.size());
-  for (std::size_t i = 0; i < tree_.size(); ++i) {
-    const PropertyList* value = entry ? entry->find(tree_.at(i).key()) : nullptr;
-    const ParameterDescription& description = tree_.at(i).description();
-    const double read = value && isNumber(*value) ? value->number() : std::nan("");
-    newValues[i] = std::isnan(read) ? description.defaultValue
-                                    : static_cast<float>(std::clamp<double>(
-                                          read, description.minValue, description.maxValue));
-  }
-  for (std::size_t i = 0; i < tree_.size(); ++i) tree_.at(i).setValue(newValues[i]);
 }
 
 void CommonAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {

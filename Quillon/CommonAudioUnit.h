@@ -98,11 +98,10 @@ class CommonAudioUnit : public platform::AudioUnit {
   int currentPreset() const override { return currentPreset_; }
   void setCurrentPreset(int number) override;
   std::string currentPresetName() const override { return currentPresetName_; }
-  /// "parameters" (a dictionary of reals by key), the current preset as "presetName" and
-  /// "presetNumber", and what the last setFullState brought beyond them. An override adds its own
-  /// entries to what this returns.
+  /// Beside "data" and "presetName" the factory preset's number as "presetNumber".
   platform::PropertyList fullState() const override;
-  /// A value that is no number counts as missing; anything but a dictionary changes nothing.
+  /// Takes what older versions stored as well, the entries of the state dictionary without "data".
+  /// What holds no state dictionary changes nothing and is told on the console.
   void setFullState(const platform::PropertyList& state) override;
 
   // Sound
@@ -135,6 +134,13 @@ class CommonAudioUnit : public platform::AudioUnit {
   LiveRing& addLiveBuffer(const std::string& key, std::size_t capacity);
   /// What displays of the parameter show from now on, or null. User-interface thread.
   void setSampleData(const std::string& key, std::shared_ptr<const platform::SampleData> data);
+
+  /// What presets and hosts store: "parameters" (a dictionary of reals by key) and what the last
+  /// setStateDictionary brought beyond the parameters that are known. An override adds its own
+  /// entries to what this returns.
+  virtual platform::PropertyList::Dictionary stateDictionary() const;
+  /// A value that is no number counts as missing.
+  virtual void setStateDictionary(const platform::PropertyList::Dictionary& state);
 
   /// Throws as the constructor does, and then leaves the list as it was.
   void setFactoryPresets(std::vector<PresetDescription> presets);

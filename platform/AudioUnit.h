@@ -145,9 +145,11 @@ class AudioUnit : public WeakTarget {
   /// Loads a factory preset; an unknown number does nothing.
   virtual void setCurrentPreset(int number) = 0;
   virtual std::string currentPresetName() const = 0;
-  /// All that a host or a preset has to store: a dictionary.
+  /// All that a host or a preset has to store, a dictionary: "data" is the keyed archive of the
+  /// state dictionary, "presetName" the name of the current preset, if there is one.
   virtual PropertyList fullState() const = 0;
-  /// Keys that are missing take their defaults; unknown ones are kept for the next fullState.
+  /// "data" may also be the bytes of a preset file, which is the state dictionary as a property
+  /// list. Keys that are missing take their defaults; unknown ones are kept for the next fullState.
   virtual void setFullState(const PropertyList& state) = 0;
 
   // Sound

@@ -11,6 +11,11 @@
 #include <stdexcept>
 #include <vector>
 
+#include "Quillon/FullState.h"
+#include "platform/Console.h"
+#include "platform/KeyedArchive.h"
+#include "platform/PropertyListCoding.h"
+
 namespace {
 
 using platform::PropertyList;
@@ -140,7 +145,53 @@ TEST(CommonAudioUnitTest, MissingAndBrokenValuesTakeTheirDefaults) {
   }
 }
 
+TEST(CommonAudioUnitTest, TheStateIsAnArchiveAndAPresetsBytesAreTakenForOne) {
+  Synth synth;
+  synth.setCurrentPreset(5);
+  synth.setParameter("cutoff", 500);
+  const PropertyList full = synth.fullState();
+  EXPECT_EQ(*full.find("presetName"), "Bright");
+  std::string error;
+  const auto state =
+      platform::readKeyedArchive(*full.find("data")->as<PropertyList::Data>(), error);
+  ASSERT_TRUE(state) << error;
+  EXPECT_EQ(state->find("parameters")->find("cutoff")->number(), 500);
+
+  const PropertyList preset = Dictionary{{"Categories", PropertyList::Array{"bass"}},
+                                         {"parameters", Dictionary{{"cutoff", 700}}}};
+  const std::string xml = platform::writeXmlPropertyList(preset);
+  for (const auto& bytes : {PropertyList::Data(xml.begin(), xml.end()),
+                            PropertyList::Data(platform::writeKeyedArchive(preset))}) {
+    Synth other;
+    other.setParameter("wave", 2);
+    other.setFullState(Dictionary{{"data", bytes}, {"presetName", "Mine"}});
+    EXPECT_EQ(other.parameter("cutoff")->value(), 700);
+    EXPECT_EQ(other.parameter("wave")->value(), other.defaultValueForKey("wave"));
+    EXPECT_EQ(other.currentPresetName(), "Mine");
+    EXPECT_EQ(other.currentPreset(), -1);
+    EXPECT_EQ(*quillon::unfolded(other.fullState()).find("Categories"),
+              PropertyList::Array{"bass"});
+  }
+}
+
+TEST(CommonAudioUnitTest, DataThatHoldNoStateAreToldAndChangeNothing) {
+  std::vector<std::string> printed;
+  const platform::ConsoleListener listener(
+      [&](const std::string& line) { printed.push_back(line); });
+  const auto archive = platform::writeKeyedArchive(Dictionary{});
+  Synth synth;
+  synth.setCurrentPreset(5);
+  for (const PropertyList::Data& bytes : {PropertyList::Data(), PropertyList::Data{1, 2},
+                                          PropertyList::Data(archive.begin(), archive.end() - 40),
+                                          platform::writeKeyedArchive(PropertyList::Array{})})
+    synth.setFullState(Dictionary{{"data", bytes}, {"presetName", "Mine"}});
+  EXPECT_EQ(synth.currentPresetName(), "Bright");
+  EXPECT_EQ(printed.size(), 4u);
+  EXPECT_EQ(printed[0], "The state cannot be read: the property list is empty");
+}
+
 TEST(CommonAudioUnitTest, AStateThatIsNoDictionaryChangesNothing) {
+  const platform::ConsoleListener listener([](const std::string&) {});
   Synth synth;
   synth.setCurrentPreset(5);
   for (const PropertyList& state : {PropertyList(), PropertyList(1), PropertyList("x")})
@@ -155,13 +206,14 @@ TEST(CommonAudioUnitTest, WhatItDoesNotKnowSurvivesInTheState) {
   synth.setFullState(Dictionary{{"Categories", categories},
                                 {"parameters", Dictionary{{"later", 3.5}, {"wave", 1}}}});
   synth.setParameter("wave", 2);
-  const PropertyList state = synth.fullState();
+  const PropertyList state = quillon::unfolded(synth.fullState());
   EXPECT_EQ(*state.find("Categories"), categories);
   EXPECT_EQ(state.find("parameters")->find("later")->number(), 3.5);
   EXPECT_EQ(state.find("parameters")->find("wave")->number(), 2);
   synth.setFullState(Dictionary{});
-  EXPECT_EQ(synth.fullState().find("Categories"), nullptr);
-  EXPECT_EQ(synth.fullState().find("parameters")->find("later"), nullptr);
+  const PropertyList empty = quillon::unfolded(synth.fullState());
+  EXPECT_EQ(empty.find("Categories"), nullptr);
+  EXPECT_EQ(empty.find("parameters")->find("later"), nullptr);
 }
 
 TEST(CommonAudioUnitTest, AStateNamesItsPresetOnlyWhileThatExists) {

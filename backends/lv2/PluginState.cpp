@@ -5,15 +5,15 @@
 #include <optional>
 #include <utility>
 
+#include "Quillon/FullState.h"
 #include "platform/PropertyListCoding.h"
 
 namespace lv2_backend {
 namespace {
 
 using platform::PropertyList;
-
-/// The entry of the state in which audio units keep the values of their parameters.
-constexpr const char* parametersEntry = "parameters";
+using quillon::parametersEntry;
+using quillon::unfolded;
 
 std::optional<PropertyList> parse(std::string_view text) {
   std::string error;
@@ -26,11 +26,11 @@ std::optional<PropertyList> parse(std::string_view text) {
 }  // namespace
 
 std::string stateText(const platform::AudioUnit& audioUnit) {
-  return platform::writeXmlPropertyList(audioUnit.fullState());
+  return platform::writeXmlPropertyList(unfolded(audioUnit.fullState()));
 }
 
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit) {
-  PropertyList state = audioUnit.fullState();
+  PropertyList state = unfolded(audioUnit.fullState());
   if (auto* entries = state.as<PropertyList::Dictionary>()) entries->erase(parametersEntry);
   return platform::writeXmlPropertyList(state);
 }
@@ -40,7 +40,7 @@ bool setState(platform::AudioUnit& audioUnit, std::string_view text) {
   auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
   if (!entries->count(parametersEntry)) {
-    const PropertyList current = audioUnit.fullState();
+    const PropertyList current = unfolded(audioUnit.fullState());
     if (const PropertyList* parameters = current.find(parametersEntry))
       (*entries)[parametersEntry] = *parameters;
   }
