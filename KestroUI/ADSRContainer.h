@@ -1,10 +1,19 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/ADSRControl.h"
+#include "KestroUI/ShapeContainer.h"
 
 namespace kestroui {
 
-/// An envelope of attack, decay, sustain and release.
-class ADSRContainer : public ValueStripContainer {};
+/// An envelope of attack, decay, sustain and release, in the order of its keys.
+class ADSRContainer : public ShapeContainer {
+ public:
+  ADSRContainer() { setShape(adsrControl_); }
+
+  ADSRControl& adsrControl() { return adsrControl_; }
+
+ private:
+  ADSRControl adsrControl_;
+};
 
 }  // namespace kestroui

@@ -56,6 +56,12 @@ bool Container::isOwnKey(const std::string& key) const {
   return paramKeys_.empty() || paramKeys_.front()->key() == key;
 }
 
+std::optional<std::size_t> Container::indexOf(const std::string& key) const {
+  for (std::size_t i = 0; i < paramKeys_.size(); ++i)
+    if (paramKeys_[i]->key() == key) return i;
+  return std::nullopt;
+}
+
 float Container::value() const {
   if (control_) return control_->value();
   return paramKeys_.empty() ? 0 : value(paramKeys_.front()->key());
@@ -81,7 +87,15 @@ void Container::showValue(const std::string& key, float value, const std::string
 
 void Container::setValueRange(float, float) {}
 
+void Container::setKeyRange(std::size_t index, float minimum, float maximum) {
+  if (index == 0) setValueRange(minimum, maximum);
+}
+
 void Container::setStringValues(const std::vector<std::string>&) {}
+
+void Container::setKeyStringValues(std::size_t index, const std::vector<std::string>& values) {
+  if (index == 0) setStringValues(values);
+}
 
 void Container::setLinks(std::vector<bool> links) { links_ = std::move(links); }
 
@@ -92,13 +106,46 @@ void Container::setInverted(bool inverted) {
 void Container::setColors(const std::vector<platform::Color>& colors) {
   if (colors.empty() || hasControlColor_) return;
   accent_ = colors.front();
-  if (control_) control_->setAccentColor(accent_);
+  if (face_) face_->setAccentColor(accent_);
 }
 
 void Container::setControlColor(platform::Color color) {
   hasControlColor_ = true;
   accent_ = color;
-  if (control_) control_->setAccentColor(color);
+  if (face_) face_->setAccentColor(color);
+}
+
+// Live modulation
+
+void Container::watch(std::size_t index, const std::atomic<float>* value,
+                      const std::atomic<bool>* flag) {
+  if (value) watchedValues.push_back(value);
+  if (flag) isModulating.push_back(flag);
+  if (value) liveKeys_.push_back({index, value, flag});
+}
+
+void Container::watchNothing() {
+  watchedValues.clear();
+  isModulating.clear();
+  liveKeys_.clear();
+}
+
+std::optional<float> Container::liveValue(std::size_t index) const {
+  if (!allowModulation) return std::nullopt;
+  for (const LiveKey& live : liveKeys_) {
+    if (live.index != index) continue;
+    if (!live.flag || !live.flag->load(std::memory_order_relaxed)) return std::nullopt;
+    const float value = live.value->load(std::memory_order_relaxed);
+    return std::isnan(value) ? std::nullopt : std::optional(value);
+  }
+  return std::nullopt;
+}
+
+std::optional<float> Container::livePosition(std::size_t index) const {
+  const std::optional<float> value = liveValue(index);
+  if (!value || !positionOfValue) return value;
+  const float position = positionOfValue(index, *value);
+  return std::isnan(position) ? std::nullopt : std::optional(position);
 }
 
 // Presentation
@@ -134,7 +181,7 @@ void Container::setIsVisible(bool visible) { visible_ = visible; }
 void Container::setInactive(bool inactive) {
   if (inactive == inactive_) return;
   inactive_ = inactive;
-  if (control_) control_->setInactive(inactive);
+  if (face_) face_->setInactive(inactive);
   updateTitleLabel();
 }
 
@@ -142,16 +189,17 @@ void Container::setLabelHRatio(double ratio) {
   if (!(ratio > 0) || ratio == labelHRatio_) return;
   labelHRatio_ = ratio;
   textScale_ = std::pow(ratio, 0.35);
-  if (control_) control_->setFaceScale(textScale_);
+  if (face_) face_->setFaceScale(textScale_);
   setNeedsDisplay();
 }
 
 void Container::updateTitleLabel() {
-  const bool moves = isHovered() || (control_ && control_->isInGesture());
-  const bool showsValue = moves && !valueText_.empty();
+  const bool moves = isHovered() || (face_ && face_->isInGesture());
+  const std::string value = moves ? movingText() : std::string();
+  const bool showsValue = !value.empty();
   const bool showsIcon = !showsValue && !iconPath_.isEmpty();
   const platform::Font& font = showsValue ? Theme::valueFont : Theme::labelFont;
-  const std::string& text = showsValue ? valueText_ : title_;
+  const std::string& text = showsValue ? value : title_;
   const double fitting =
       (bounds().width - 2) / (letterWidth * static_cast<double>(utf8Length(text) + 1));
   titleLabel_.setFont(font.withSize(
@@ -195,11 +243,11 @@ double Container::bottomGap() const { return std::min(4.0, bounds().height * 0.0
 void Container::draw(const Rect&) {
   const bool hasTitle = showsTitle();
   Rect place = controlFrame();
-  const double best = control_ ? control_->bestHeight(place.size()) : place.height;
+  const double best = face_ ? face_->bestHeight(place.size()) : place.height;
   const double slack = std::max(0.0, place.height - best);
   place.y += slack / 2;
   place.height -= slack;
-  if (control_) control_->setFrame(place);
+  if (face_) face_->setFrame(place);
 
   titleLabel_.setHidden(!hasTitle);
   if (hasTitle) {
@@ -221,11 +269,16 @@ void Container::draw(const Rect&) {
 
 void Container::setControl(KestroControl& control) {
   control_ = &control;
-  addSubview(control);
-  control.addTarget<&Container::handleValueChanged>(*this, ControlEvent::valueChanged);
-  control.addTarget<&Container::onEditingDidBegin>(*this, ControlEvent::editingDidBegin);
-  control.addTarget<&Container::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
-  control.doubleTapped = [this] { doubleTap(); };
+  setFace(control);
+}
+
+void Container::setFace(GestureControl& face) {
+  face_ = &face;
+  addSubview(face);
+  face.addTarget<&Container::handleValueChanged>(*this, ControlEvent::valueChanged);
+  face.addTarget<&Container::onEditingDidBegin>(*this, ControlEvent::editingDidBegin);
+  face.addTarget<&Container::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
+  face.doubleTapped = [this] { doubleTap(); };
 }
 
 void Container::handleValueChanged(platform::Control&) { sendActions(ControlEvent::valueChanged); }
@@ -238,12 +291,21 @@ void Container::tellDoubleTap(const std::shared_ptr<ParamKey>& key) {
 
 void Container::onEditingDidBegin() {
   updateTitleLabel();
-  if (auto* alive = delegate.get()) alive->didBeginGesture(*this);
+  tellGesture(Hold::begins, paramKeys_);
 }
 
 void Container::onEditingDidEnd() {
   updateTitleLabel();
-  if (auto* alive = delegate.get()) alive->didEndGesture(*this);
+  tellGesture(Hold::ends, paramKeys_);
+}
+
+void Container::tellGesture(Hold hold, const std::vector<std::shared_ptr<ParamKey>>& keys) {
+  auto* const alive = delegate.get();
+  if (!alive) return;
+  if (hold == Hold::begins)
+    alive->didBeginGesture(*this, keys);
+  else
+    alive->didEndGesture(*this, keys);
 }
 
 void Container::hoverChanged(bool hovered) {

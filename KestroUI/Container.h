@@ -3,6 +3,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,13 +18,14 @@
 namespace kestroui {
 
 /// A control of one or more parameters with its title: what a slot of a design shows. Each kind is
-/// a subclass that owns its KestroControl and gives it to `setControl`. The owner listens to
+/// a subclass that owns its control and gives it to `setControl`. The owner listens to
 /// valueChanged and then reads `value(key)` for every key. Shared by the control collection and
 /// the design; the view tree only links to it. User-interface thread only.
 class Container : public platform::Control {
  public:
-  /// Whether `value` is a position from 0 to 1 or the parameter's own value.
-  enum class ValueForm { position, raw };
+  /// Whether `value` is a position from 0 to 1 in the parameter's own range, a place in pitch
+  /// between 20 Hz and 20 kHz from 0 to 1, or the parameter's own value.
+  enum class ValueForm { position, pitch, raw };
 
   Container();
   ~Container() override;
@@ -35,12 +37,20 @@ class Container : public platform::Control {
   virtual void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys);
   /// The own key, or null.
   std::shared_ptr<ParamKey> key() const;
+  /// The place of a key among its keys, or none.
+  std::optional<std::size_t> indexOf(const std::string& key) const;
 
+  /// Those of the own key.
   float value() const;
   void setValue(float value);
   /// For one of its keys; the base answers for every key with its one value.
   virtual ValueForm valueForm(const std::string& key) const;
   virtual float value(const std::string& key) const;
+  /// Where a finger takes hold of the value of a key, in this view's coordinates; none for kinds of
+  /// one value, which are taken anywhere, and for a key that is none of its own.
+  virtual std::optional<platform::Point> handlePlace(const std::string& /*key*/) const {
+    return std::nullopt;
+  }
   /// Shows a value that the audio unit has, and its text. Sends nothing. Kinds with several values
   /// tell them apart by key.
   virtual void showValue(const std::string& key, float value, const std::string& text);
@@ -49,11 +59,15 @@ class Container : public platform::Control {
   /// The range of the own parameter. Raw kinds take values within it; knobs and sliders fill from
   /// the centre when it is symmetrical around 0, and step when they have string values.
   virtual void setValueRange(float minimum, float maximum);
+  /// The range of the parameter of any of its keys; the base knows the own one only.
+  virtual void setKeyRange(std::size_t index, float minimum, float maximum);
   /// Texts of the values from the range's minimum up. Kinds that choose show them; knobs and
   /// sliders step from one to the next. Empty for a parameter that takes any value.
   virtual void setStringValues(const std::vector<std::string>& values);
+  /// Those of any of its keys; the base knows the own ones only.
+  virtual void setKeyStringValues(std::size_t index, const std::vector<std::string>& values);
 
-  /// The control that holds the value, or null for kinds that have none or several.
+  /// The control that holds the value, or null for kinds that have none or several values.
   KestroControl* control() const { return control_; }
 
   platform::Weak<ContainerDelegate> delegate;
@@ -70,17 +84,26 @@ class Container : public platform::Control {
   // Live modulation
 
   /// Live output values of its keys, in the parameters' own units, written by the render thread.
+  /// A key without one is left out.
   std::vector<const std::atomic<float>*> watchedValues;
-  /// Live modulation flags of its keys.
+  /// Live modulation flags of its keys; a key without one is left out.
   std::vector<const std::atomic<bool>*> isModulating;
+  /// Adds the live value and the flag of a key to what is watched; null for what it has not.
+  void watch(std::size_t index, const std::atomic<float>* value, const std::atomic<bool>* flag);
+  void watchNothing();
+  /// The live value of a key: none without one, unless its flag is up, when it is no number and
+  /// while modulation is not allowed.
+  std::optional<float> liveValue(std::size_t index) const;
+  /// The same as `showValue` would take it.
+  std::optional<float> livePosition(std::size_t index) const;
   /// Off: live values are not shown.
   bool allowModulation = true;
   /// Has live values or flags to show, so that it is asked at each display frame.
   bool hasModulation() const { return !watchedValues.empty() || !isModulating.empty(); }
   /// Reads the live values and shows them; called once per display frame. The base does nothing.
   virtual void updateModulation() {}
-  /// From the own parameter's value to the position that shows it; the identity at first.
-  std::function<float(float)> positionOfValue;
+  /// From a value of the parameter of a key to what `showValue` takes for it; the identity at first.
+  std::function<float(std::size_t index, float value)> positionOfValue;
 
   // Presentation
 
@@ -125,6 +148,8 @@ class Container : public platform::Control {
  protected:
   /// Adds the kind's control and listens to it; called once by the kind's constructor.
   void setControl(KestroControl& control);
+  /// The same for a control of several values, which the kind itself tells apart by key.
+  void setFace(GestureControl& face);
   /// The place that is left for the control, between margins and title.
   virtual platform::Rect controlFrame() const;
   /// Whether the title has room in the current size.
@@ -138,21 +163,34 @@ class Container : public platform::Control {
   platform::Color accent() const { return accent_; }
   /// Tells the delegate of `key`; may destroy the container.
   void tellDoubleTap(const std::shared_ptr<ParamKey>& key);
-  /// Actions of a control's gesture: pass it to the delegate.
-  void onEditingDidBegin();
-  void onEditingDidEnd();
+  /// What a control's gesture tells: passes it to the delegate.
+  virtual void onEditingDidBegin();
+  virtual void onEditingDidEnd();
+  /// Tells the delegate that the user takes hold of `keys`, or lets go of them.
+  enum class Hold { begins, ends };
+  void tellGesture(Hold hold, const std::vector<std::shared_ptr<ParamKey>>& keys);
+  /// What stands in place of the title while the control moves or is hovered over.
+  virtual std::string movingText() const { return valueText_; }
+  /// The title, or the value while it moves or is hovered over.
+  void updateTitleLabel();
   /// Whether `key` is the own key, or there is none yet.
   bool isOwnKey(const std::string& key) const;
 
  private:
   /// Below the title, in points.
   double bottomGap() const;
-  /// The title, or the value while it moves or is hovered over.
-  void updateTitleLabel();
 
+  struct LiveKey {
+    std::size_t index;
+    const std::atomic<float>* value;
+    const std::atomic<bool>* flag;
+  };
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;
+  std::vector<LiveKey> liveKeys_;
   KestroControl* control_ = nullptr;
+  /// The control, of one value or several: what is laid out and coloured.
+  GestureControl* face_ = nullptr;
   std::string title_;
   std::string valueText_;
   platform::Label titleLabel_;

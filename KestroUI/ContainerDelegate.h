@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 namespace kestroui {
 
@@ -15,9 +16,12 @@ class ContainerDelegate {
 
   /// A double tap on the control of `key`; null when the container has no key.
   virtual void didDoubleTap(const std::shared_ptr<ParamKey>& key) = 0;
-  /// The user takes hold of the container's control, and lets go again.
-  virtual void didBeginGesture(Container& container) = 0;
-  virtual void didEndGesture(Container& container) = 0;
+  /// The user takes hold of what moves `keys`, and lets go of them again. Kinds with several
+  /// handles tell of each on its own.
+  virtual void didBeginGesture(Container& container,
+                               const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
+  virtual void didEndGesture(Container& container,
+                             const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
 };
 
 }  // namespace kestroui

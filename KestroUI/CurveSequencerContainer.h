@@ -1,10 +1,19 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/CurveSequencerView.h"
+#include "KestroUI/SequencerContainer.h"
 
 namespace kestroui {
 
-/// The points of a sequencer that glides, a parameter each.
-class CurveSequencerContainer : public ValueStripContainer {};
+/// The points of a sequencer that glides, a key each.
+class CurveSequencerContainer : public SequencerContainer {
+ public:
+  CurveSequencerContainer() { setSequencer(curveSequencerView_); }
+
+  CurveSequencerView& curveSequencerView() { return curveSequencerView_; }
+
+ private:
+  CurveSequencerView curveSequencerView_;
+};
 
 }  // namespace kestroui

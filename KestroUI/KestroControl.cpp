@@ -5,13 +5,6 @@
 
 namespace kestroui {
 
-namespace {
-
-// Keys and notches that come within this time of each other, in seconds, are one gesture.
-constexpr double burstInterval = 0.4;
-
-}  // namespace
-
 void KestroControl::setValue(float value) {
   if (std::isnan(value)) return;
   value = std::clamp(value, minimum_, maximum_);
@@ -56,26 +49,6 @@ void KestroControl::setModulatedValue(float position) {
   modulatedValue_ = position;
   if (modulated_) setNeedsDisplay();
 }
-
-void KestroControl::setAccentColor(platform::Color color) {
-  if (color == accentColor_) return;
-  accentColor_ = color;
-  setNeedsDisplay();
-}
-
-void KestroControl::setInactive(bool inactive) {
-  if (inactive == inactive_) return;
-  inactive_ = inactive;
-  setNeedsDisplay();
-}
-
-void KestroControl::setFaceScale(double scale) {
-  if (!(scale > 0) || scale == faceScale_) return;
-  faceScale_ = scale;
-  setNeedsDisplay();
-}
-
-void KestroControl::firstResponderChanged() { setNeedsDisplay(); }
 
 bool KestroControl::wheelTurned(const platform::WheelEvent& event) {
   // Some systems turn a wheel sideways while Shift is held.
@@ -126,12 +99,6 @@ bool KestroControl::keyPressed(const platform::KeyEvent& event) {
   }
 }
 
-void KestroControl::setEnabled(bool enabled) {
-  const platform::Weak<KestroControl> alive = this;
-  if (!enabled) endGesture();
-  if (alive) Control::setEnabled(enabled);
-}
-
 void KestroControl::changeValue(float value) {
   if (!isEnabled() || std::isnan(value)) return;
   value = std::clamp(value, minimum_, maximum_);
@@ -143,34 +110,7 @@ void KestroControl::changeValue(float value) {
 }
 
 void KestroControl::changeValueOnce(float value) {
-  // Whoever drags the control has it to themselves.
-  if (!isEnabled() || (inGesture_ && !burst_.isValid())) return;
-  const platform::Weak<KestroControl> alive = this;
-  if (!inGesture_) beginGesture();
-  if (!alive) return;
-  const bool hasLoop = platform::RunLoop::mainIfAny() != nullptr;
-  if (hasLoop)
-    burst_ =
-        platform::Timer(burstInterval, platform::Timer::Repeat::once, [this] { endGesture(); });
-  changeValue(value);
-  if (alive && !hasLoop) endGesture();
-}
-
-void KestroControl::beginGesture() {
-  // A drag that begins during a burst takes its gesture over.
-  burst_.invalidate();
-  if (inGesture_) return;
-  inGesture_ = true;
-  setNeedsDisplay();
-  sendActions(platform::ControlEvent::editingDidBegin);
-}
-
-void KestroControl::endGesture() {
-  if (!inGesture_) return;
-  burst_.invalidate();
-  inGesture_ = false;
-  setNeedsDisplay();
-  sendActions(platform::ControlEvent::editingDidEnd);
+  changeOnce([this, value] { changeValue(value); });
 }
 
 float KestroControl::shown(float value) const {
@@ -181,26 +121,6 @@ float KestroControl::shown(float value) const {
 
 float KestroControl::valueAt(float share) const {
   return minimum_ + (inverted_ ? 1 - share : share) * (maximum_ - minimum_);
-}
-
-platform::Color KestroControl::stateAccent() const {
-  if (!isEnabled()) return Theme::muted(accentColor_).withAlpha(0.5f);
-  const platform::Color color = inactive_ ? Theme::muted(accentColor_) : accentColor_;
-  if (isHighlighted() || inGesture_) return color.mixed(Theme::white, 0.28f);
-  return isHovered() ? color.mixed(Theme::white, 0.14f) : color;
-}
-
-platform::Color KestroControl::stateSurface() const {
-  if (!isEnabled()) return Theme::surface.mixed(Theme::panel, 0.6f);
-  const platform::Color color =
-      inactive_ ? Theme::surface.mixed(Theme::panel, 0.4f) : Theme::surface;
-  if (isHighlighted() || inGesture_) return color.mixed(Theme::surfaceRaised, 1.0f);
-  return isHovered() ? color.mixed(Theme::surfaceRaised, 0.6f) : color;
-}
-
-platform::Font KestroControl::faceFont(const platform::Font& font, double faceHeight) const {
-  const double readable = std::max(7.0, faceHeight * 0.46);
-  return font.withSize(std::min({readable, faceHeight * 0.8, 12 * faceScale_}));
 }
 
 }  // namespace kestroui

@@ -12,6 +12,7 @@ class KnobContainer : public Container {
   KnobContainer();
 
   Knob& knob() { return knob_; }
+  const Knob& knob() const { return knob_; }
 
   void setValueRange(float minimum, float maximum) override;
   void setStringValues(const std::vector<std::string>& values) override;

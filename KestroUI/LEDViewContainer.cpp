@@ -7,7 +7,7 @@ LEDViewContainer::LEDViewContainer() { setControl(led_); }
 void LEDViewContainer::updateModulation() {
   if (!allowModulation || watchedValues.empty() || !watchedValues.front()) return;
   const float live = watchedValues.front()->load(std::memory_order_relaxed);
-  led_.setValue(positionOfValue ? positionOfValue(live) : live);
+  led_.setValue(positionOfValue ? positionOfValue(0, live) : live);
 }
 
 }  // namespace kestroui

@@ -40,9 +40,32 @@ float MultipleContainer::value(const std::string& key) const {
   return found ? found->value(key) : 0;
 }
 
+std::optional<platform::Point> MultipleContainer::handlePlace(const std::string& key) const {
+  const KnobContainer* found = subContainer(key);
+  if (!found) return std::nullopt;
+  return convertFromRoot(found->control()->frameInRoot().centre());
+}
+
 void MultipleContainer::showValue(const std::string& key, float value, const std::string& text) {
   if (KnobContainer* found = subContainer(key)) found->showValue(key, value, text);
   Container::showValue(key, value, text);
+}
+
+void MultipleContainer::setKeyRange(std::size_t index, float minimum, float maximum) {
+  if (index < knobs_.size()) knobs_[index]->setValueRange(minimum, maximum);
+}
+
+void MultipleContainer::setKeyStringValues(std::size_t index,
+                                           const std::vector<std::string>& values) {
+  if (index < knobs_.size()) knobs_[index]->setStringValues(values);
+}
+
+void MultipleContainer::updateModulation() {
+  for (std::size_t i = 0; i < knobs_.size(); ++i) {
+    const std::optional<float> live = livePosition(i);
+    knobs_[i]->knob().setModulated(live.has_value());
+    if (live) knobs_[i]->knob().setModulatedValue(*live);
+  }
 }
 
 void MultipleContainer::setInverted(bool inverted) {
@@ -70,7 +93,9 @@ void MultipleContainer::styleKnobs() {
     knob->setControlColor(accent());
     knob->setInactive(isInactive());
   }
-  if (!knobs_.empty()) knobs_.front()->setInverted(inverted_);
+  // The attached parameters are reversed by settings of their own.
+  for (std::size_t i = 0; i < knobs_.size(); ++i)
+    knobs_[i]->setInverted(i == 0 ? inverted_ : paramKeys()[i]->settings().inverted);
 }
 
 void MultipleContainer::draw(const Rect& rect) {
@@ -90,8 +115,14 @@ void MultipleContainer::draw(const Rect& rect) {
 
 void MultipleContainer::didDoubleTap(const std::shared_ptr<ParamKey>& key) { tellDoubleTap(key); }
 
-void MultipleContainer::didBeginGesture(Container&) { onEditingDidBegin(); }
+void MultipleContainer::didBeginGesture(Container&,
+                                        const std::vector<std::shared_ptr<ParamKey>>& keys) {
+  tellGesture(Hold::begins, keys);
+}
 
-void MultipleContainer::didEndGesture(Container&) { onEditingDidEnd(); }
+void MultipleContainer::didEndGesture(Container&,
+                                      const std::vector<std::shared_ptr<ParamKey>>& keys) {
+  tellGesture(Hold::ends, keys);
+}
 
 }  // namespace kestroui

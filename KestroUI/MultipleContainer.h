@@ -22,8 +22,12 @@ class MultipleContainer : public Container, public ContainerDelegate {
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
   float value(const std::string& key) const override;
+  std::optional<platform::Point> handlePlace(const std::string& key) const override;
   void showValue(const std::string& key, float value, const std::string& text) override;
+  void setKeyRange(std::size_t index, float minimum, float maximum) override;
+  void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;
   void setInverted(bool inverted) override;
+  void updateModulation() override;
   void setControlColor(platform::Color color) override;
   void setColors(const std::vector<platform::Color>& colors) override;
   void setInactive(bool inactive) override;
@@ -31,8 +35,10 @@ class MultipleContainer : public Container, public ContainerDelegate {
 
   // What its knobs tell
   void didDoubleTap(const std::shared_ptr<ParamKey>& key) override;
-  void didBeginGesture(Container& container) override;
-  void didEndGesture(Container& container) override;
+  void didBeginGesture(Container& container,
+                       const std::vector<std::shared_ptr<ParamKey>>& keys) override;
+  void didEndGesture(Container& container,
+                     const std::vector<std::shared_ptr<ParamKey>>& keys) override;
 
  private:
   void styleKnobs();

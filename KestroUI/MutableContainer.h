@@ -1,10 +1,44 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/KnobContainer.h"
+#include "KestroUI/OnOffButton.h"
 
 namespace kestroui {
 
-/// A value that can be muted.
-class MutableContainer : public ValueStripContainer {};
+/// A value that can be muted: a knob, and a switch for the second key, which is 1 while it is muted
+/// and shows the knob so.
+class MutableContainer : public KnobContainer {
+ public:
+  MutableContainer();
+
+  /// Hidden without a second key.
+  OnOffButton& muteButton() { return muteButton_; }
+
+  void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
+  using Container::value;
+  float value(const std::string& key) const override;
+  std::optional<platform::Point> handlePlace(const std::string& key) const override;
+  void showValue(const std::string& key, float value, const std::string& text) override;
+  void setKeyRange(std::size_t index, float minimum, float maximum) override;
+  void setInactive(bool inactive) override;
+  void updateModulation() override;
+  void draw(const platform::Rect& rect) override;
+
+ protected:
+  platform::Rect controlFrame() const override;
+  void onEditingDidBegin() override;
+  void onEditingDidEnd() override;
+
+ private:
+  bool isMuteKey(const std::string& key) const { return indexOf(key) == 1u; }
+  void onMuted();
+  void onMuteHeld();
+  void onMuteLetGo();
+  void style();
+  /// What the switch takes of `frame`; empty without one, or without room for it.
+  platform::Rect muteFrame(const platform::Rect& frame) const;
+
+  OnOffButton muteButton_{{"M"}};
+};
 
 }  // namespace kestroui

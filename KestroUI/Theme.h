@@ -40,6 +40,8 @@ constexpr platform::Color textOn(platform::Color face) {
 /// `color` as an inactive control shows it.
 constexpr platform::Color muted(platform::Color color) { return color.mixed(line, 0.72f); }
 
+/// A switch that mutes while it is on.
+inline constexpr platform::Color mute = platform::Color::rgb(0xe0a63c);
 /// A switch that records while it is on.
 inline constexpr platform::Color record = platform::Color::rgb(0xe5484d);
 

@@ -1,10 +1,62 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/OnOffButton.h"
+#include "KestroUI/ShapeContainer.h"
+#include "KestroUI/XYControl.h"
 
 namespace kestroui {
 
-/// A pad: the positions of its two axes, and its on and hold switches.
-class XYControlContainer : public ValueStripContainer {};
+/// A pad with its switches. A key that contains "OnOff" is the on/off state, one that contains
+/// "Hold" the hold state; of the others the first moves sideways and the second upwards. There is
+/// a switch beside the pad for each state that has a key.
+class XYControlContainer : public ShapeContainer {
+ public:
+  XYControlContainer();
+
+  XYControl& xyControl() { return pad_; }
+  /// Null without a key for it.
+  OnOffButton* onOffSwitch() { return on_.index ? &on_.button : nullptr; }
+  OnOffButton* holdSwitch() { return hold_.index ? &hold_.button : nullptr; }
+
+  void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
+  using Container::value;
+  float value(const std::string& key) const override;
+  std::optional<platform::Point> handlePlace(const std::string& key) const override;
+  void showValue(const std::string& key, float value, const std::string& text) override;
+  void setControlColor(platform::Color color) override;
+  void setColors(const std::vector<platform::Color>& colors) override;
+  void setInactive(bool inactive) override;
+  void draw(const platform::Rect& rect) override;
+
+ protected:
+  platform::Rect controlFrame() const override;
+  /// The pad has been touched, or left.
+  virtual void padTouched(bool) {}
+  /// The user has turned the hold switch.
+  virtual void holdSwitched() {}
+  /// Turns the on/off state as the user's change; does nothing without a key for it.
+  void switchOn(bool on);
+
+ private:
+  struct Switch {
+    explicit Switch(std::string title) : button({std::move(title)}) {}
+    OnOffButton button;
+    std::optional<std::size_t> index;
+  };
+
+  void connect(Switch& part);
+  void style();
+  void onSwitched(platform::Control& sender);
+  void onSwitchHeld(platform::Control& sender);
+  void onSwitchLetGo(platform::Control& sender);
+  void tellSwitch(Hold hold, const platform::Control& sender);
+  /// What the switches take of `frame`; empty without any, or without room for them.
+  platform::Rect switchFrame(const platform::Rect& frame) const;
+  int switchCount() const { return (on_.index ? 1 : 0) + (hold_.index ? 1 : 0); }
+
+  XYControl pad_;
+  Switch on_{"ON"};
+  Switch hold_{"HOLD"};
+};
 
 }  // namespace kestroui

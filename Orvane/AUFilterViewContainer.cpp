@@ -6,20 +6,14 @@
 #include <string_view>
 #include <utility>
 
-#include "Orvane/MathUtils.h"
 #include "platform/FilterUnits.h"
 
 namespace orvane {
 
-using platform::AudioUnitParameterUnit;
 using Type = kestroui::FilterView::Type;
 namespace FilterUnits = platform::FilterUnits;
 
 namespace {
-
-// The pitch of 20 Hz, and how much higher 20 kHz is.
-constexpr float lowestPitch = 15.486819f;
-constexpr float pitchRange = 119.5894f;
 
 // A key that names a filter names its type.
 constexpr std::array<std::pair<std::string_view, Type>, 8> typeWords{{
@@ -32,10 +26,6 @@ constexpr std::array<std::pair<std::string_view, Type>, 8> typeWords{{
     {"HighShelf", Type::hiShelf},
     {"HiShelf", Type::hiShelf},
 }};
-
-float positionOfFrequency(float hertz) {
-  return (MathUtils::toMidi(hertz) - lowestPitch) / pitchRange;
-}
 
 }  // namespace
 
@@ -82,6 +72,7 @@ void AUFilterViewContainer::updateFilterViewFrequencyAndMagnitudes(
 }
 
 void AUFilterViewContainer::updateModulation() {
+  FilterViewContainer::updateModulation();
   if (!allowModulation) return;
   filterView().setModulated(std::any_of(
       isModulating.begin(), isModulating.end(),
@@ -113,22 +104,6 @@ float AUFilterViewContainer::liveHertz(const platform::AudioUnit& unit, float va
 float AUFilterViewContainer::liveDecibels(const platform::AudioUnit& unit, float value) const {
   const auto* parameter = parameterAt(unit, 1);
   return parameter ? static_cast<float>(FilterUnits::decibels(*parameter, value)) : value;
-}
-
-float AUFilterViewContainer::parameterValue(const std::string& key,
-                                            const platform::AUParameter& parameter) const {
-  if (parameter.unit() == AudioUnitParameterUnit::decibels) return filterView().resonance();
-  if (valueForm(key) == ValueForm::raw) return value(key);
-  const float hertz = filterView().frequency();
-  return parameter.unit() == AudioUnitParameterUnit::hertz ? hertz : positionOfFrequency(hertz);
-}
-
-float AUFilterViewContainer::shownValue(const std::string& key,
-                                        const platform::AUParameter& parameter, float value) const {
-  const bool isFrequency = valueForm(key) == ValueForm::position;
-  return isFrequency && parameter.unit() == AudioUnitParameterUnit::hertz
-             ? positionOfFrequency(value)
-             : value;
 }
 
 }  // namespace orvane

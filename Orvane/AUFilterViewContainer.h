@@ -10,10 +10,8 @@
 
 namespace orvane {
 
-/// A filter view whose response the audio unit computes, again only when a value has changed. A
-/// frequency parameter in hertz takes the frequency; any other takes its place in pitch between
-/// 20 Hz and 20 kHz, from 0 to 1. The keys of the side chain's filters stand for parameters with
-/// other keys. The type of the filter is the one that the own key names, else a low pass.
+/// A filter view whose response the audio unit computes, again only when a value has changed. The
+/// keys of the side chain's filters stand for parameters with other keys. The type of the filter is the one that the own key names, else a low pass.
 class AUFilterViewContainer : public kestroui::FilterViewContainer {
  public:
   /// Whose filter it shows.
@@ -35,12 +33,6 @@ class AUFilterViewContainer : public kestroui::FilterViewContainer {
                                               const std::string& resonanceKey);
   /// Shows the response for the live values.
   void updateModulation() override;
-
-  /// What the user set for `key`, as `parameter` takes it.
-  float parameterValue(const std::string& key, const platform::AUParameter& parameter) const;
-  /// What showValue takes for `key` when `parameter` has `value`.
-  float shownValue(const std::string& key, const platform::AUParameter& parameter,
-                   float value) const;
 
  private:
   /// Of the key at this place; null where there is none.

@@ -1,5 +1,6 @@
 #include "Orvane/ControlBuilder.h"
 
+#include <optional>
 #include <utility>
 
 #include "KestroUI/BitFlagsGroupContainer.h"
@@ -120,38 +121,32 @@ void ControlBuilder::applySettings(Container& container, const kestroui::ParamKe
 }
 
 void ControlBuilder::applyParameters(Container& container) const {
-  const auto parameterAt = [&](std::size_t index) -> const platform::AUParameter* {
-    return index < container.paramKeys().size()
-               ? parameters_[parameterKey(container, container.paramKeys()[index]->key())]
-               : nullptr;
+  std::vector<std::optional<ParameterMapping>> mappings;
+  for (std::size_t i = 0; i < container.paramKeys().size(); ++i) {
+    const kestroui::ParamKey& key = *container.paramKeys()[i];
+    const platform::AUParameter* parameter = parameters_[parameterKey(container, key.key())];
+    mappings.emplace_back();
+    if (parameter) {
+      mappings.back().emplace(*parameter, container.valueForm(key.key()));
+      container.setKeyRange(i, parameter->minValue(), parameter->maxValue());
+    }
+    const std::vector<std::string> values = stringValues(key);
+    if (!values.empty()) container.setKeyStringValues(i, values);
+  }
+  container.positionOfValue = [mappings = std::move(mappings)](std::size_t index, float value) {
+    return index < mappings.size() && mappings[index] ? mappings[index]->positionOf(value) : value;
   };
-  if (const platform::AUParameter* own = parameterAt(0)) {
-    container.setValueRange(own->minValue(), own->maxValue());
-    container.positionOfValue = [mapping = ParameterMapping(*own)](float value) {
-      return mapping.positionOf(value);
-    };
-  }
-  if (const std::shared_ptr<kestroui::ParamKey> own = container.key()) {
-    const std::vector<std::string> values = stringValues(*own);
-    if (!values.empty()) container.setStringValues(values);
-  }
-  if (auto* filter = dynamic_cast<AUFilterViewContainer*>(&container)) {
+  if (auto* filter = dynamic_cast<AUFilterViewContainer*>(&container))
     filter->audioUnit = audioUnit_;
-    if (const platform::AUParameter* resonance = parameterAt(1))
-      filter->filterView().setResonanceRange(resonance->minValue(), resonance->maxValue());
-  }
 }
 
 void ControlBuilder::watch(Container& container) const {
   // A control that the plug-in has made may have been bound before.
-  container.watchedValues.clear();
-  container.isModulating.clear();
+  container.watchNothing();
   if (!audioUnit_) return;
-  for (const Key& key : container.paramKeys()) {
-    const std::string& name = parameterKey(container, key->key());
-    if (const auto* value = audioUnit_->getOutputValues(name))
-      container.watchedValues.push_back(value);
-    if (const auto* flag = audioUnit_->isModulating(name)) container.isModulating.push_back(flag);
+  for (std::size_t i = 0; i < container.paramKeys().size(); ++i) {
+    const std::string& name = parameterKey(container, container.paramKeys()[i]->key());
+    container.watch(i, audioUnit_->getOutputValues(name), audioUnit_->isModulating(name));
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/ParameterMapping.h"
 
 namespace orvane {
@@ -28,11 +27,7 @@ const std::string* ownText(const kestroui::Container& container, const std::stri
 float ControlParameterObserver::shownValue(const kestroui::Container& container,
                                            const std::string& key,
                                            const platform::AUParameter& parameter, float value) {
-  if (const auto* filter = dynamic_cast<const AUFilterViewContainer*>(&container))
-    return filter->shownValue(key, parameter, value);
-  return container.valueForm(key) == kestroui::Container::ValueForm::raw
-             ? value
-             : ParameterMapping(parameter).positionOf(value);
+  return ParameterMapping(parameter, container.valueForm(key)).positionOf(value);
 }
 
 void ControlParameterObserver::add(kestroui::Container& container, const std::string& key) {

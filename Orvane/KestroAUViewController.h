@@ -138,8 +138,10 @@ class KestroAUViewController : public platform::ViewController,
   void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
                                   const std::optional<std::string>& text) override;
   void enterValueOverlayDidReset() override { reset(); }
-  void didBeginGesture(kestroui::Container& container) override;
-  void didEndGesture(kestroui::Container& container) override;
+  void didBeginGesture(kestroui::Container& container,
+                       const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
+  void didEndGesture(kestroui::Container& container,
+                     const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }

@@ -3,7 +3,6 @@
 #include <set>
 #include <utility>
 
-#include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MathUtils.h"
@@ -36,12 +35,7 @@ void visitKeys(const Page& page, Visit visit) {
 /// What `parameter` takes for what the control shows for `key`.
 float parameterValue(const Container& container, const std::string& key,
                      const platform::AUParameter& parameter) {
-  if (const auto* filter = dynamic_cast<const AUFilterViewContainer*>(&container))
-    return filter->parameterValue(key, parameter);
-  const float value = container.value(key);
-  return container.valueForm(key) == Container::ValueForm::raw
-             ? value
-             : ParameterMapping(parameter).valueAt(value);
+  return ParameterMapping(parameter, container.valueForm(key)).valueAt(container.value(key));
 }
 
 /// Whether the control shows for `key` just what the parameter has.
@@ -140,14 +134,14 @@ void KestroAUViewController::handleValueChanged(platform::Control& sender) {
   }
 }
 
-void KestroAUViewController::didBeginGesture(Container& container) {
-  for (const Key& key : container.paramKeys())
+void KestroAUViewController::didBeginGesture(Container& container, const std::vector<Key>& keys) {
+  for (const Key& key : keys)
     if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
       heldParameters_.hold(*parameter);
 }
 
-void KestroAUViewController::didEndGesture(Container& container) {
-  for (const Key& key : container.paramKeys())
+void KestroAUViewController::didEndGesture(Container& container, const std::vector<Key>& keys) {
+  for (const Key& key : keys)
     if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
       heldParameters_.release(*parameter);
 }

@@ -15,7 +15,8 @@ void showModulation(const kestroui::Container& container, kestroui::KestroContro
   if (container.watchedValues.empty()) return;
   const float value = container.watchedValues[0]->load(std::memory_order_relaxed);
   control.setModulated(true);
-  control.setModulatedValue(container.positionOfValue ? container.positionOfValue(value) : value);
+  control.setModulatedValue(container.positionOfValue ? container.positionOfValue(0, value)
+                                                      : value);
 }
 
 }  // namespace orvane

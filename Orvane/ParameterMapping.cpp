@@ -7,6 +7,13 @@
 
 namespace orvane {
 
+namespace {
+
+// What a control of pitch shows, in hertz.
+constexpr float lowestFrequency = 20, highestFrequency = 20000;
+
+}  // namespace
+
 ParameterMapping::ParameterMapping(float minimum, float maximum, Scale scale)
     : minimum_(minimum), maximum_(maximum), scale_(scale) {}
 
@@ -16,7 +23,20 @@ ParameterMapping::ParameterMapping(const platform::AUParameter& parameter)
                            ? Scale::pitch
                            : Scale::linear) {}
 
+ParameterMapping::ParameterMapping(const platform::AUParameter& parameter,
+                                   kestroui::Container::ValueForm form)
+    : ParameterMapping(parameter) {
+  using Form = kestroui::Container::ValueForm;
+  if (form == Form::raw || (form == Form::pitch && scale_ == Scale::linear)) {
+    scale_ = Scale::same;
+  } else if (form == Form::pitch) {
+    minimum_ = lowestFrequency;
+    maximum_ = highestFrequency;
+  }
+}
+
 float ParameterMapping::positionOf(float value) const {
+  if (scale_ == Scale::same) return value;
   float low = minimum_, high = maximum_;
   if (std::isnan(value)) return 0;
   if (scale_ == Scale::pitch) {
@@ -28,6 +48,7 @@ float ParameterMapping::positionOf(float value) const {
 }
 
 float ParameterMapping::valueAt(float position) const {
+  if (scale_ == Scale::same) return position;
   // The pitch scale would miss the ends by a rounding.
   if (position == 0) return minimum_;
   if (position == 1) return maximum_;

@@ -99,6 +99,9 @@ class View : public Responder {
   virtual void touchCancelled(const Touch&) {}
   /// A mouse without a button came over this view or one below it (true), or left (false).
   virtual void hoverChanged(bool) {}
+  /// The mouse without a button moved over this view, where no view below it is hit. `location` is
+  /// in this view's coordinates.
+  virtual void hoverMoved(Point /*location*/) {}
 
   // Keyboard
 

@@ -69,8 +69,12 @@ struct Owner : ContainerDelegate, platform::WeakTarget {
     events.push_back("double tap " + (key ? key->key() : "nothing"));
     if (then) then();
   }
-  void didBeginGesture(Container&) override { events.push_back("begin"); }
-  void didEndGesture(Container&) override { events.push_back("end"); }
+  void didBeginGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>&) override {
+    events.push_back("begin");
+  }
+  void didEndGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>&) override {
+    events.push_back("end");
+  }
   void onChange(platform::Control& sender) {
     auto& container = static_cast<Container&>(sender);
     for (const std::shared_ptr<ParamKey>& key : container.paramKeys()) {
@@ -267,7 +271,7 @@ TEST_F(ContainerTest, aLightFollowsTheLiveValue) {
   LEDViewContainer led;
   std::atomic<float> live{12};
   led.watchedValues = {&live};
-  led.positionOfValue = [](float value) { return value / 24; };
+  led.positionOfValue = [](std::size_t, float value) { return value / 24; };
   led.updateModulation();
   EXPECT_EQ(led.value(), 0.5f);
   live = 24;

@@ -195,7 +195,7 @@ TEST_F(ControlConstructionTest, ControlsShowThePresentValuesAtOnce) {
   EXPECT_EQ(controller.container("shape")->value(), 2);
   EXPECT_EQ(controller.container("shape")->valueText(), "Noise");
   EXPECT_FLOAT_EQ(controller.container("b")->value("a"), 0.75f);
-  EXPECT_FLOAT_EQ(controller.container("a")->positionOfValue(0), 0.5f);
+  EXPECT_FLOAT_EQ(controller.container("a")->positionOfValue(0, 0), 0.5f);
 }
 
 TEST_F(ControlConstructionTest, OnlyPublishedLiveValuesAreWatched) {

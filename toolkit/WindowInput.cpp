@@ -153,6 +153,8 @@ void Window::hovered(Point location) {
   View* view = rootView_ ? rootView_->hitTest(location) : nullptr;
   for (; view; view = view->superview()) chain.push_back(view);
   setHoverChain(std::move(chain));
+  if (!self || hoverChain_.empty()) return;
+  if (View* const hit = hoverChain_.front().get()) hit->hoverMoved(hit->convertFromRoot(location));
 }
 
 void Window::hoverEnded() { setHoverChain({}); }

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+
+#include "KestroUI/Theme.h"
+#include "platform/Color.h"
+#include "platform/Control.h"
+#include "platform/RunLoop.h"
+
+namespace kestroui {
+
+/// Base of every control that a user takes hold of: the gesture around its changes, and how its
+/// face shows its states. A gesture (a drag, a burst of wheel turns) sends editingDidBegin and
+/// editingDidEnd; what lies between is the business of the kinds. User-interface thread only.
+class GestureControl : public platform::Control {
+ public:
+  GestureControl() = default;
+
+  /// The colour of its arcs and handles; the section's accent by default.
+  platform::Color accentColor() const { return accentColor_; }
+  virtual void setAccentColor(platform::Color color);
+  /// Its section is switched off: still usable, shown muted.
+  bool isInactive() const { return inactive_; }
+  void setInactive(bool inactive);
+  bool isInGesture() const { return inGesture_; }
+  /// How much larger faces and texts may be than on the smallest editor; 1 at first.
+  double faceScale() const { return faceScale_; }
+  void setFaceScale(double scale);
+  /// The height that its face makes use of when it may take `available`; at most that height.
+  virtual double bestHeight(const platform::Size& available) const { return available.height; }
+
+  /// Called at the second tap of a double tap by the kinds whose value can be typed; may destroy
+  /// the control.
+  std::function<void()> doubleTapped;
+
+  bool canBecomeFirstResponder() const override { return isEnabled(); }
+  void firstResponderChanged() override;
+  void setEnabled(bool enabled) override;
+
+ protected:
+  void beginGesture();
+  virtual void endGesture();
+  /// Makes one change with a gesture of its own around it, as of a key or a wheel notch; such
+  /// changes that follow each other closely share one gesture. Does nothing while it is disabled
+  /// or dragged. May destroy the control.
+  void changeOnce(const std::function<void()>& change);
+  /// The accent as the control's state wants it: muted when inactive, stronger under the mouse.
+  platform::Color stateAccent() const;
+  /// The colour of its face as its state wants it.
+  platform::Color stateSurface() const;
+  /// The colour of a face that is switched on: a calmer accent, since it is a large surface.
+  platform::Color litSurface() const { return stateAccent().mixed(Theme::surface, 0.12f); }
+  /// The height of a face of one line of text, on an editor of this scale.
+  double lineFaceHeight() const { return 28 * faceScale_; }
+  /// The size of a text in a face of this height.
+  platform::Font faceFont(const platform::Font& font, double faceHeight) const;
+
+ private:
+  double faceScale_ = 1;
+  bool inactive_ = false;
+  bool inGesture_ = false;
+  /// Ends the gesture of a burst of keys or wheel notches.
+  platform::Timer burst_;
+  platform::Color accentColor_ = Theme::grey;
+};
+
+}  // namespace kestroui

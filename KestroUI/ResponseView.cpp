@@ -1,0 +1,108 @@
+#include "KestroUI/ResponseView.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+namespace kestroui {
+
+using platform::Canvas;
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+constexpr std::size_t pointCount = 96;
+// What the curve shows, in decibels.
+constexpr double bottomLevel = -36, topLevel = 30;
+
+double levelShare(double decibels) {
+  return std::clamp((decibels - bottomLevel) / (topLevel - bottomLevel), -0.1, 1.1);
+}
+
+double decibels(double magnitude) { return 20 * std::log10(std::max(1e-6, magnitude)); }
+
+}  // namespace
+
+ResponseView::ResponseView() {
+  frequencies_.reserve(pointCount);
+  for (std::size_t i = 0; i < pointCount; ++i)
+    frequencies_.push_back(Plot::hertzAt(static_cast<double>(i) / (pointCount - 1)));
+}
+
+void ResponseView::setFilterMagnitudes(std::vector<double> decibels) {
+  if (decibels == magnitudes_) return;
+  magnitudes_ = std::move(decibels);
+  setNeedsDisplay();
+}
+
+void ResponseView::paintShape(Canvas& canvas, const Rect& plot) {
+  const bool isRoomy = plot.width >= 90 && plot.height >= 40;
+  if (isRoomy) {
+    std::vector<double> between;
+    for (const double decade : {10.0, 100.0, 1000.0, 10000.0})
+      for (int digit = 2; digit < 10; ++digit)
+        if (digit * decade > 20 && digit * decade < 20000)
+          between.push_back(Plot::shareOfHertz(digit * decade));
+    Plot::paintGrid(canvas, plot, between, {}, 0.18f);
+  }
+  std::vector<double> levels{levelShare(0)};
+  if (isRoomy)
+    for (const double level : {-24.0, -12.0, 12.0, 24.0}) levels.push_back(levelShare(level));
+  Plot::paintGrid(canvas, plot,
+                  {Plot::shareOfHertz(100), Plot::shareOfHertz(1000), Plot::shareOfHertz(10000)},
+                  levels, 0.45f);
+  if (isRoomy) paintLabels(canvas, plot);
+  if (!magnitudes_.empty() && magnitudes_.size() != frequencies_.size()) return;
+  platform::Path curve;
+  for (std::size_t i = 0; i < pointCount; ++i) {
+    const double level = magnitudes_.empty() ? plainMagnitude(frequencies_[i]) : magnitudes_[i];
+    const Point point{
+        plot.x + plot.width * static_cast<double>(i) / (pointCount - 1),
+        plot.maxY() - plot.height * levelShare(std::isfinite(level) ? level : bottomLevel)};
+    if (i == 0)
+      curve.moveTo(point);
+    else
+      curve.lineTo(point);
+  }
+  Plot::paintCurve(canvas, curve, plot, bounds().maxY(), stateAccent());
+}
+
+void ResponseView::paintLabels(Canvas& canvas, const Rect& plot) const {
+  if (plot.width < 150 || plot.height < 70) return;
+  const double size = std::min(9.0 * faceScale(), plot.height * 0.1);
+  const platform::Font font = Theme::valueFont.withSize(size);
+  const std::pair<double, std::string_view> labels[] = {{100, "100"}, {1000, "1k"}, {10000, "10k"}};
+  for (const auto& [hertz, text] : labels)
+    canvas.drawText(text, font,
+                    {plot.x + plot.width * Plot::shareOfHertz(hertz) + 3, plot.maxY() - size * 1.3,
+                     40, size * 1.3},
+                    platform::TextAlignment::left, Theme::textDim.withAlpha(0.55f));
+}
+
+namespace PlainFilter {
+
+double quality(double share) { return 0.5 * std::pow(24.0, share); }
+
+double lowPass(double r, double q) { return decibels(1 / std::hypot(1 - r * r, r / q)); }
+
+double highPass(double r, double q) { return decibels(r * r / std::hypot(1 - r * r, r / q)); }
+
+double bandPass(double r, double q) { return decibels(r / q / std::hypot(1 - r * r, r / q)); }
+
+double notch(double r, double q) {
+  return decibels(std::fabs(1 - r * r) / std::hypot(1 - r * r, r / q));
+}
+
+double peak(double r, double gain) {
+  const double width = 1.2, high = std::pow(10, gain / 40);
+  return decibels(std::hypot(1 - r * r, r * width * high) /
+                  std::hypot(1 - r * r, r * width / high));
+}
+
+double lowShelf(double r, double gain) { return gain / (1 + r * r); }
+
+}  // namespace PlainFilter
+
+}  // namespace kestroui

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vector>
+
+#include "KestroUI/ShapeControl.h"
+
+namespace kestroui {
+
+/// Base of the views of a filter's response: a curve over pitch from 20 Hz to 20 kHz. Whoever
+/// computes the response gives it as magnitudes at `frequencies`; until somebody does, the kind
+/// draws the response of a plain filter of its own.
+class ResponseView : public ShapeControl {
+ public:
+  ResponseView();
+
+  /// Where the response is wanted, in hertz, evenly spread in pitch from 20 Hz to 20 kHz.
+  const std::vector<double>& frequencies() const { return frequencies_; }
+  /// In decibels, one for each of `frequencies`. Empty is nobody's; any other number of them shows
+  /// no curve.
+  const std::vector<double>& filterMagnitudes() const { return magnitudes_; }
+  void setFilterMagnitudes(std::vector<double> decibels);
+
+ protected:
+  /// The response in decibels that is drawn without magnitudes.
+  virtual double plainMagnitude(double hertz) const = 0;
+  void paintShape(platform::Canvas& canvas, const platform::Rect& plot) override;
+
+ private:
+  void paintLabels(platform::Canvas& canvas, const platform::Rect& plot) const;
+
+  std::vector<double> frequencies_;
+  std::vector<double> magnitudes_;
+};
+
+/// Responses in decibels of plain second-order filters, for a frequency as a multiple of the cutoff.
+namespace PlainFilter {
+
+/// From a share of the resonance's range to a quality of 0.5 to 12.
+double quality(double share);
+double lowPass(double ratio, double quality);
+double highPass(double ratio, double quality);
+double bandPass(double ratio, double quality);
+double notch(double ratio, double quality);
+/// `gain` in decibels, as for the shelves.
+double peak(double ratio, double gain);
+double lowShelf(double ratio, double gain);
+
+}  // namespace PlainFilter
+
+}  // namespace kestroui

@@ -1,0 +1,170 @@
+#include "KestroUI/XYControlContainer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kestroui {
+
+using platform::ControlEvent;
+using platform::Rect;
+
+XYControlContainer::XYControlContainer() {
+  setShape(pad_);
+  pad_.touchedChanged = [this](bool touched) { padTouched(touched); };
+  connect(on_);
+  connect(hold_);
+}
+
+void XYControlContainer::connect(Switch& part) {
+  addSubview(part.button);
+  part.button.addTarget<&XYControlContainer::onSwitched>(*this, ControlEvent::valueChanged);
+  part.button.addTarget<&XYControlContainer::onSwitchHeld>(*this, ControlEvent::editingDidBegin);
+  part.button.addTarget<&XYControlContainer::onSwitchLetGo>(*this, ControlEvent::editingDidEnd);
+}
+
+void XYControlContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
+  ShapeContainer::setParamKeys(std::move(keys));
+  on_.index.reset();
+  hold_.index.reset();
+  std::vector<std::size_t> axes;
+  for (std::size_t i = 0; i < paramKeys().size(); ++i) {
+    const std::string& key = paramKeys()[i]->key();
+    if (key.find("OnOff") != std::string::npos)
+      on_.index = on_.index.value_or(i);
+    else if (key.find("Hold") != std::string::npos)
+      hold_.index = hold_.index.value_or(i);
+    else
+      axes.push_back(i);
+  }
+  const auto axis = [&](std::size_t n) {
+    return n < axes.size() ? std::optional(axes[n]) : std::nullopt;
+  };
+  pad_.setAxes(axis(0), axis(1));
+  setNeedsDisplay();
+}
+
+float XYControlContainer::value(const std::string& key) const {
+  const std::optional<std::size_t> index = indexOf(key);
+  if (index && index == on_.index) return on_.button.value();
+  if (index && index == hold_.index) return hold_.button.value();
+  return ShapeContainer::value(key);
+}
+
+std::optional<platform::Point> XYControlContainer::handlePlace(const std::string& key) const {
+  const std::optional<std::size_t> index = indexOf(key);
+  if (index && index == on_.index) return on_.button.frame().centre();
+  if (index && index == hold_.index) return hold_.button.frame().centre();
+  return ShapeContainer::handlePlace(key);
+}
+
+void XYControlContainer::showValue(const std::string& key, float value, const std::string& text) {
+  const std::optional<std::size_t> index = indexOf(key);
+  if (index && index == on_.index) {
+    on_.button.setValue(value);
+    pad_.setLit(on_.button.isOn());
+  } else if (index && index == hold_.index) {
+    hold_.button.setValue(value);
+  }
+  ShapeContainer::showValue(key, value, text);
+}
+
+void XYControlContainer::switchOn(bool on) {
+  if (!on_.index || on_.button.isOn() == on) return;
+  const platform::Weak<XYControlContainer> alive = this;
+  const std::vector<std::shared_ptr<ParamKey>> keys{paramKeys()[*on_.index]};
+  tellGesture(Hold::begins, keys);
+  if (!alive) return;
+  on_.button.setOn(on);
+  pad_.setLit(on);
+  sendActions(ControlEvent::valueChanged);
+  if (alive) tellGesture(Hold::ends, keys);
+}
+
+void XYControlContainer::onSwitched(platform::Control& sender) {
+  const platform::Weak<XYControlContainer> alive = this;
+  pad_.setLit(on_.button.isOn());
+  sendActions(ControlEvent::valueChanged);
+  if (alive && &sender == &hold_.button) holdSwitched();
+}
+
+void XYControlContainer::onSwitchHeld(platform::Control& sender) {
+  tellSwitch(Hold::begins, sender);
+}
+
+void XYControlContainer::onSwitchLetGo(platform::Control& sender) {
+  tellSwitch(Hold::ends, sender);
+}
+
+void XYControlContainer::tellSwitch(Hold hold, const platform::Control& sender) {
+  const std::optional<std::size_t> index = &sender == &on_.button ? on_.index : hold_.index;
+  if (index && *index < paramKeys().size()) tellGesture(hold, {paramKeys()[*index]});
+}
+
+void XYControlContainer::setControlColor(platform::Color color) {
+  ShapeContainer::setControlColor(color);
+  style();
+}
+
+void XYControlContainer::setColors(const std::vector<platform::Color>& colors) {
+  ShapeContainer::setColors(colors);
+  style();
+}
+
+void XYControlContainer::setInactive(bool inactive) {
+  ShapeContainer::setInactive(inactive);
+  style();
+}
+
+void XYControlContainer::style() {
+  for (OnOffButton* const button : {&on_.button, &hold_.button}) {
+    button->setAccentColor(accent());
+    button->setInactive(isInactive());
+    button->setFaceScale(textScale());
+  }
+}
+
+Rect XYControlContainer::switchFrame(const Rect& frame) const {
+  if (switchCount() == 0 || std::min(frame.width, frame.height) < 44) return {};
+  const double scale = textScale();
+  if (frame.width >= frame.height) {
+    const double width = std::min(52 * scale, frame.width * 0.3);
+    const double height = std::min(frame.height, (28 * scale + 4) * switchCount() - 4);
+    return {frame.maxX() - width, frame.y + (frame.height - height) / 2, width, height};
+  }
+  const double height = std::min(26 * scale, frame.height * 0.25);
+  return {frame.x, frame.y, frame.width, height};
+}
+
+Rect XYControlContainer::controlFrame() const {
+  Rect frame = ShapeContainer::controlFrame();
+  const Rect taken = switchFrame(frame);
+  if (taken.isEmpty()) return frame;
+  if (frame.width >= frame.height) {
+    frame.width = std::max(0.0, frame.width - taken.width - 4);
+  } else {
+    frame.y += taken.height + 4;
+    frame.height = std::max(0.0, frame.height - taken.height - 4);
+  }
+  return frame;
+}
+
+void XYControlContainer::draw(const Rect& rect) {
+  ShapeContainer::draw(rect);
+  style();
+  const Rect whole = ShapeContainer::controlFrame();
+  const Rect taken = switchFrame(whole);
+  const bool isColumn = whole.width >= whole.height;
+  const double count = std::max(1, switchCount());
+  int place = 0;
+  for (Switch* const part : {&on_, &hold_}) {
+    part->button.setHidden(!part->index || taken.isEmpty());
+    if (!part->index) continue;
+    const double width = isColumn ? taken.width : (taken.width - 4 * (count - 1)) / count;
+    const double height = isColumn ? (taken.height - 4 * (count - 1)) / count : taken.height;
+    part->button.setFrame({taken.x + (isColumn ? 0 : place * (width + 4)),
+                           taken.y + (isColumn ? place * (height + 4) : 0), width, height});
+    ++place;
+  }
+}
+
+}  // namespace kestroui
