@@ -119,9 +119,9 @@ void Container::setControlColor(platform::Color color) {
 
 void Container::watch(std::size_t index, const std::atomic<float>* value,
                       const std::atomic<bool>* flag) {
+  if (value && flag) liveKeys_.push_back({index, watchedValues.size(), isModulating.size()});
   if (value) watchedValues.push_back(value);
   if (flag) isModulating.push_back(flag);
-  if (value) liveKeys_.push_back({index, value, flag});
 }
 
 void Container::watchNothing() {
@@ -134,8 +134,10 @@ std::optional<float> Container::liveValue(std::size_t index) const {
   if (!allowModulation) return std::nullopt;
   for (const LiveKey& live : liveKeys_) {
     if (live.index != index) continue;
-    if (!live.flag || !live.flag->load(std::memory_order_relaxed)) return std::nullopt;
-    const float value = live.value->load(std::memory_order_relaxed);
+    // Whoever owns the container may have dropped what it watched.
+    if (live.value >= watchedValues.size() || live.flag >= isModulating.size()) break;
+    if (!isModulating[live.flag]->load(std::memory_order_relaxed)) break;
+    const float value = watchedValues[live.value]->load(std::memory_order_relaxed);
     return std::isnan(value) ? std::nullopt : std::optional(value);
   }
   return std::nullopt;

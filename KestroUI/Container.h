@@ -180,10 +180,9 @@ class Container : public platform::Control {
   /// Below the title, in points.
   double bottomGap() const;
 
+  /// Where the live value and the flag of a key are among those that are watched.
   struct LiveKey {
-    std::size_t index;
-    const std::atomic<float>* value;
-    const std::atomic<bool>* flag;
+    std::size_t index, value, flag;
   };
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;

@@ -11,11 +11,12 @@ using platform::Rect;
 double DoubleSlider::handleLength() const {
   const double length = std::max(bounds().width, bounds().height);
   const double across = std::min(bounds().width, bounds().height);
-  return std::clamp(std::min(across * 0.32, length * 0.12), 2.0, 16.0 * faceScale());
+  return std::clamp(std::min(across * 0.32, length * 0.12), 2.0, std::max(2.0, 16.0 * faceScale()));
 }
 
 double DoubleSlider::trackWidth() const {
-  return std::clamp(std::min(bounds().width, bounds().height) * 0.14, 1.0, 5.0 * faceScale());
+  return std::clamp(std::min(bounds().width, bounds().height) * 0.14, 1.0,
+                    std::max(1.0, 5.0 * faceScale()));
 }
 
 double DoubleSlider::bestHeight(const platform::Size& available) const {
@@ -58,12 +59,13 @@ std::optional<std::size_t> DoubleSlider::handleAt(Point location) const {
   for (std::size_t i = 1; i < count; ++i) {
     const double old = std::fabs(along(all[nearest].place) - at);
     const double now = std::fabs(along(all[i].place) - at);
-    // Of two in one place the one that can go where the finger is, and at the far end the lower.
-    const bool isFree = at > along(all[i].place) || share(i) < 1;
-    if (now < old || (now == old && isFree && at >= along(all[i].place))) nearest = i;
+    // Of two in one place the one that can go to where the finger is.
+    const bool isBeyond = (at > along(all[i].place)) != isReversed(i);
+    const bool isFree = value(i) < maximum(i) && (isBeyond || value(i) <= minimum(i));
+    if (now < old || (now == old && isFree)) nearest = i;
   }
   if (count < 2) return nearest;
-  const auto [low, high] = std::minmax(along(all[0].place), along(all[count - 1].place));
+  const auto [low, high] = std::minmax({along(all[0].place), along(all[count - 1].place)});
   const double reach = std::min(14.0, (high - low) * 0.3);
   const bool isBetween = at > low + reach && at < high - reach;
   return isBetween && std::fabs(along(all[nearest].place) - at) > reach ? count : nearest;

@@ -22,7 +22,7 @@ void MutableContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys)
 
 float MutableContainer::value(const std::string& key) const {
   if (isMuteKey(key)) return muteButton_.value();
-  return isOwnKey(key) ? knob().value() : 0;
+  return indexOf(key) == 0u ? knob().value() : 0;
 }
 
 std::optional<platform::Point> MutableContainer::handlePlace(const std::string& key) const {

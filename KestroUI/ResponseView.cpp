@@ -74,11 +74,12 @@ void ResponseView::paintLabels(Canvas& canvas, const Rect& plot) const {
   const double size = std::min(9.0 * faceScale(), plot.height * 0.1);
   const platform::Font font = Theme::valueFont.withSize(size);
   const std::pair<double, std::string_view> labels[] = {{100, "100"}, {1000, "1k"}, {10000, "10k"}};
-  for (const auto& [hertz, text] : labels)
+  for (const auto& [hertz, text] : labels) {
+    const double x = plot.x + plot.width * Plot::shareOfHertz(hertz) + 3;
     canvas.drawText(text, font,
-                    {plot.x + plot.width * Plot::shareOfHertz(hertz) + 3, plot.maxY() - size * 1.3,
-                     40, size * 1.3},
+                    {x, plot.maxY() - size * 1.3, std::min(40.0, plot.maxX() - x), size * 1.3},
                     platform::TextAlignment::left, Theme::textDim.withAlpha(0.55f));
+  }
 }
 
 namespace PlainFilter {

@@ -34,6 +34,7 @@ std::optional<std::size_t> SequencerView::handleAt(platform::Point location) con
   if (valueCount() == 0) return std::nullopt;
   const Rect area = plot();
   const double share = area.width > 0 ? (location.x - area.x) / area.width : 0;
+  if (std::isnan(share)) return std::nullopt;
   const double last = static_cast<double>(valueCount() - 1);
   return static_cast<std::size_t>(std::clamp(share * static_cast<double>(valueCount()), 0.0, last));
 }
@@ -43,13 +44,14 @@ bool SequencerView::plays(std::size_t index) const {
 }
 
 void SequencerView::paintColumns(platform::Canvas& canvas, const Rect& plot) const {
+  const std::optional<std::size_t> active = activeHandle();
   const auto count = static_cast<double>(valueCount());
   if (count > 0 && plot.width / count >= 4)
     for (std::size_t i = 0; i < valueCount(); ++i) {
       const Rect place = column(i);
       const double gap = std::min(1.5, place.width * 0.12);
       const bool isEvenGroup = (i / 4) % 2 == 0;
-      const float strength = plays(i) ? 0.9f : isActive(i) ? 0.75f : isEvenGroup ? 0.5f : 0.32f;
+      const float strength = plays(i) ? 0.9f : active == i ? 0.75f : isEvenGroup ? 0.5f : 0.32f;
       canvas.fillRoundedRect(place.inset(gap, 0), 1.5, Theme::surface.withAlpha(strength));
     }
   if (plot.height >= 20) Plot::paintGrid(canvas, plot, {}, {valueCount() ? origin(0) : 0}, 0.8f);

@@ -22,8 +22,6 @@ class SequencerView : public ShapeControl {
 
   platform::Rect column(std::size_t index) const;
   bool plays(std::size_t index) const;
-  /// Whether the mouse, a finger or the keys are at this step.
-  bool isActive(std::size_t index) const { return activeHandle() == index; }
   /// Columns, four of them a group, and the level from which the values count.
   void paintColumns(platform::Canvas& canvas, const platform::Rect& plot) const;
 

@@ -214,8 +214,8 @@ std::string ShapeControl::activeText() const {
   if (!active || *active >= all.size()) return {};
   const bool byKey = grips_.empty() && !(isHovered() && hoveredHandle_);
   std::string result;
-  for (const std::optional<std::size_t>& index : {all[*active].x, all[*active].y}) {
-    const Value* const source = index ? at(*index) : nullptr;
+  for (const std::size_t index : movedBy(all[*active])) {
+    const Value* const source = at(index);
     if (!source || source->text.empty() || (byKey && index != chosen_)) continue;
     if (!result.empty()) result += "  ";
     if (values_.size() > 1 && !source->name.empty()) result += source->name + " ";

@@ -121,6 +121,7 @@ class ShapeControl : public GestureControl {
   /// Where a value is drawn: its share of the range from 0 to 1.
   double share(std::size_t index) const;
   std::optional<double> liveShare(std::size_t index) const;
+  bool isReversed(std::size_t index) const { return at(index) && at(index)->reversed; }
   bool isMuted() const { return isInactive() || !isEnabled(); }
 
   /// The value that the active handle moves, or that was chosen by key.

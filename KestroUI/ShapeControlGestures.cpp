@@ -89,10 +89,10 @@ bool ShapeControl::startDrag(int touchId, const Handle& handle) {
     grip->secondTap = false;
     grip->x = handle.x ? share(*handle.x) : 0;
     grip->y = handle.y ? share(*handle.y) : 0;
-    grip->held = held;
+    // A stroke takes hold of what it passes.
+    if (!isDrawn()) grip->held = held;
   }
   choose(meant(handle));
-  // A stroke takes hold of what it passes.
   if (isDrawn()) return true;
   for (const std::size_t index : held) {
     hold(index);
@@ -127,6 +127,7 @@ void ShapeControl::touchBegan(const platform::Touch& touch) {
 }
 
 void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
+  if (!std::isfinite(way.x) || !std::isfinite(way.y)) return;
   bool changed = false;
   if (handle.x && way.x != 0) {
     grip.x = std::clamp(grip.x + way.x / std::max(1.0, handle.travel.width), 0.0, 1.0);

@@ -1,6 +1,7 @@
 #include "KestroUI/StepSequencerView.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kestroui {
 
@@ -10,13 +11,14 @@ using platform::Rect;
 void StepSequencerView::paintShape(platform::Canvas& canvas, const Rect& plot) {
   paintColumns(canvas, plot);
   const Color accent = stateAccent();
+  const std::optional<std::size_t> active = activeHandle();
   for (std::size_t i = 0; i < valueCount(); ++i) {
     const Rect place = column(i);
     const double gap = std::min(1.5, place.width * 0.12);
     const double from = place.maxY() - place.height * origin(i);
     const double to = place.maxY() - place.height * share(i);
     const Color color = plays(i)      ? accent.mixed(Theme::white, 0.55f)
-                        : isActive(i) ? accent.mixed(Theme::white, 0.2f)
+                        : active == i ? accent.mixed(Theme::white, 0.2f)
                                       : accent;
     const Rect bar{place.x + gap, std::min(from, to), place.width - 2 * gap, std::fabs(to - from)};
     if (bar.height >= 0.5)

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t periodLength = 64;
 // How many waves stand behind each other at most.
-constexpr std::size_t mostShown = 14;
+constexpr std::size_t mostShown = 10;
 
 std::vector<std::vector<float>> plainWaves() {
   std::vector<std::vector<float>> waves(4, std::vector<float>(periodLength));
@@ -93,7 +93,7 @@ std::vector<ShapeControl::Handle> WavetableControl::handles() const {
 }
 
 void WavetableControl::paintShape(platform::Canvas& canvas, const Rect& plot) {
-  const auto points = static_cast<std::size_t>(std::clamp(plot.width / 2, 8.0, 96.0));
+  const auto points = static_cast<std::size_t>(std::clamp(plot.width / 2, 8.0, 64.0));
   const std::size_t shown = std::clamp<std::size_t>(
       static_cast<std::size_t>(std::max(0.0, plot.height / 8)), 2, mostShown);
   const Color accent = stateAccent();

@@ -14,20 +14,28 @@
 
 #include "KestroUI/ADSRContainer.h"
 #include "KestroUI/BitFlagsGroupContainer.h"
+#include "KestroUI/CurveSequencerContainer.h"
+#include "KestroUI/DoubleFilterViewContainer.h"
+#include "KestroUI/DoubleSliderContainer.h"
 #include "KestroUI/DropDownListContainer.h"
 #include "KestroUI/FilterViewContainer.h"
 #include "KestroUI/KnobContainer.h"
 #include "KestroUI/LEDViewContainer.h"
 #include "KestroUI/MultipleContainer.h"
+#include "KestroUI/MutableContainer.h"
 #include "KestroUI/OnOffContainer.h"
 #include "KestroUI/OscilloscopeContainer.h"
 #include "KestroUI/RadioContainer.h"
 #include "KestroUI/RecContainer.h"
 #include "KestroUI/SimpleButtonContainer.h"
+#include "KestroUI/SimpleCurveContainer.h"
 #include "KestroUI/SimpleLabelContainer.h"
 #include "KestroUI/SliderContainer.h"
+#include "KestroUI/StepSequencerContainer.h"
 #include "KestroUI/StepperContainer.h"
+#include "KestroUI/TimeStopXYContainer.h"
 #include "KestroUI/WaveformKnobContainer.h"
+#include "KestroUI/WavetableContainer.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -42,7 +50,7 @@ std::vector<std::shared_ptr<ParamKey>> keys(const std::vector<std::string>& name
   return result;
 }
 
-/// One of every kind that has a face of its own, and two of those that show strips.
+/// One of every kind that has a face of its own, and one of those that show strips.
 std::vector<std::shared_ptr<Container>> everyKind() {
   std::vector<std::shared_ptr<Container>> all = {
       std::make_shared<KnobContainer>(),          std::make_shared<SliderContainer>(),
@@ -53,10 +61,14 @@ std::vector<std::shared_ptr<Container>> everyKind() {
       std::make_shared<SimpleLabelContainer>(),   std::make_shared<LEDViewContainer>(),
       std::make_shared<FilterViewContainer>(),    std::make_shared<MultipleContainer>(),
       std::make_shared<BitFlagsGroupContainer>(), std::make_shared<ADSRContainer>(),
-      std::make_shared<OscilloscopeContainer>(),
+      std::make_shared<OscilloscopeContainer>(),  std::make_shared<DoubleFilterViewContainer>(),
+      std::make_shared<StepSequencerContainer>(), std::make_shared<CurveSequencerContainer>(),
+      std::make_shared<SimpleCurveContainer>(),   std::make_shared<XYControlContainer>(),
+      std::make_shared<TimeStopXYContainer>(),    std::make_shared<DoubleSliderContainer>(),
+      std::make_shared<MutableContainer>(),       std::make_shared<WavetableContainer>(),
   };
   for (const std::shared_ptr<Container>& container : all) {
-    container->setParamKeys(keys({"own", "second", "third"}));
+    container->setParamKeys(keys({"own", "second", "theHold"}));
     container->setTitle("A rather long title");
     container->setStringValues({"Sine", "Triangle", "A long name of a value"});
     container->setValueRange(0, 2);
@@ -204,30 +216,6 @@ TEST_F(ContainerTest, knobsStepThroughNamedValuesAndFillFromTheCentreOfSymmetric
   EXPECT_EQ(knob.knob().origin(), 0.5f);
   knob.setValueRange(-60, 12);
   EXPECT_EQ(knob.knob().origin(), 0);
-}
-
-TEST_F(ContainerTest, stripsAreBoundByKey) {
-  ADSRContainer envelope;
-  envelope.setParamKeys(keys({"attack", "decay", "sustain", "release"}));
-  show(envelope, {0, 0, 200, 120});
-  envelope.showValue("decay", 0.25f, "10 ms");
-  envelope.showValue("sustain", 0.5f, "50 %");
-  envelope.showValue("unknown", 1, "");
-  EXPECT_EQ(envelope.value("attack"), 0);
-  EXPECT_EQ(envelope.value("decay"), 0.25f);
-  EXPECT_EQ(envelope.value(), 0);
-  EXPECT_TRUE(paints("text 50 %"));
-
-  ValueStrip* decay = envelope.strip("decay");
-  ASSERT_NE(decay, nullptr);
-  const platform::Point at = decay->frameInRoot().centre();
-  bench.press(at);
-  bench.drag({at.x + 1000, at.y});
-  bench.lift(at);
-  EXPECT_THAT(owner.take(), testing::ElementsAre("begin", "attack 0", "decay 100", "sustain 50",
-                                                 "release 0", "end"));
-  doubleTap(at);
-  EXPECT_EQ(owner.events.back(), "double tap decay");
 }
 
 TEST_F(ContainerTest, theKnobsOfAMultipleContainerKeepTheirOwnKeys) {

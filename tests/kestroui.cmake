@@ -5,4 +5,5 @@ orvane_add_tests(kestroui
     ControlGesturesTest.cpp
     ControlTypeTest.cpp
     DropDownListTest.cpp
+    ShapeKindsTest.cpp
   DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

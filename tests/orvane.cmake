@@ -8,5 +8,6 @@ orvane_add_tests(orvane
     EditorLifeTest.cpp
     PageLayoutTest.cpp
     SectionViewTest.cpp
+    ShapeRoadTest.cpp
     ValueRoadTest.cpp
   DEPENDS orvane::orvane orvane::quillon orvane::toolkit orvane::foundation Threads::Threads)
