@@ -99,7 +99,7 @@ class ShapeRoadTest : public testing::TestWithParam<Row> {
        .minValue = -12,
        .maxValue = 12,
        .defaultValue = 5,
-       .unit = AudioUnitParameterUnit::semitones},
+       .unit = AudioUnitParameterUnit::relativeSemiTones},
       {.key = "milliseconds",
        .address = 9,
        .maxValue = 2000,
@@ -155,7 +155,7 @@ TEST_P(ShapeRoadTest, AHandleMovesItsOwnParametersAndNoOther) {
     for (const auto& [name, value] : parameters()) {
       const bool wasHeld =
           std::find(held.begin(), held.end(), unit.parameter(name)->address()) != held.end();
-      if (!wasHeld) EXPECT_EQ(value, before.at(name)) << name << " was not held";
+      EXPECT_TRUE(wasHeld || value == before.at(name)) << name << " was not held";
     }
     // The echo has put the control where the parameter is.
     const auto after = parameters();

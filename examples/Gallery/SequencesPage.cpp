@@ -29,7 +29,7 @@ GalleryPage sequencesPage() {
                          .minValue = -12,
                          .maxValue = 12,
                          .defaultValue = notes[i],
-                         .unit = AudioUnitParameterUnit::semitones,
+                         .unit = AudioUnitParameterUnit::relativeSemiTones,
                          .publishesLive = i == 0}));
   page.playheads.push_back({steps.front(), static_cast<int>(steps.size())});
   show(key(steps.front(), "Notes", ControlType::stepSequencer, {steps.begin() + 1, steps.end()}));
