@@ -1,10 +1,18 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/BandsView.h"
+#include "KestroUI/DisplayContainer.h"
 
 namespace kestroui {
 
-/// The compressor of one band.
-class BandCompressorContainer : public ValueStripContainer {};
+/// A compressor of one band of frequencies: its threshold, its ratio, and the edges of the band by what
+/// their keys say.
+class BandCompressorContainer : public DisplayContainer {
+ public:
+  BandCompressorContainer() { setDisplay(view_); }
+
+ private:
+  BandsView view_{BandsView::Bands::one};
+};
 
 }  // namespace kestroui

@@ -1,10 +1,18 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/CompressorView.h"
+#include "KestroUI/DisplayContainer.h"
 
 namespace kestroui {
 
-/// The curve of a compressor.
-class CompressorViewContainer : public ValueStripContainer {};
+/// A compressor: its threshold, its ratio and whatever else it has, by what its keys say or in this
+/// order; see CompressorView.
+class CompressorViewContainer : public DisplayContainer {
+ public:
+  CompressorViewContainer() { setDisplay(view_); }
+
+ private:
+  CompressorView view_;
+};
 
 }  // namespace kestroui

@@ -150,6 +150,14 @@ std::optional<float> Container::livePosition(std::size_t index) const {
   return std::isnan(position) ? std::nullopt : std::optional(position);
 }
 
+std::optional<float> Container::liveOutput(std::size_t index) const {
+  for (const LiveKey& live : liveKeys_)
+    if (const float value = live.value->load(std::memory_order_relaxed);
+        live.index == index && !std::isnan(value))
+      return value;
+  return std::nullopt;
+}
+
 // Presentation
 
 void Container::setTitle(const std::string& title) {

@@ -96,10 +96,13 @@ class Container : public platform::Control {
   std::optional<float> liveValue(std::size_t index) const;
   /// The same as `showValue` would take it.
   std::optional<float> livePosition(std::size_t index) const;
+  /// The live value of a key in the parameter's own unit, its flag aside: what a meter shows. None
+  /// without one, or when it is no number.
+  std::optional<float> liveOutput(std::size_t index) const;
   /// Off: live values are not shown.
   bool allowModulation = true;
   /// Has live values or flags to show, so that it is asked at each display frame.
-  bool hasModulation() const { return !watchedValues.empty() || !isModulating.empty(); }
+  virtual bool hasModulation() const { return !watchedValues.empty() || !isModulating.empty(); }
   /// Reads the live values and shows them; called once per display frame. The base does nothing.
   virtual void updateModulation() {}
   /// From a value of the parameter of a key to what `showValue` takes for it; the identity at first.

@@ -1,10 +1,17 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/CompressorView.h"
+#include "KestroUI/DisplayContainer.h"
 
 namespace kestroui {
 
-/// The curves of two compressors.
-class DoubleCompressorViewContainer : public ValueStripContainer {};
+/// Two compressors in one picture. The keys of the second follow those of the first.
+class DoubleCompressorViewContainer : public DisplayContainer {
+ public:
+  DoubleCompressorViewContainer() { setDisplay(view_); }
+
+ private:
+  CompressorView view_{2};
+};
 
 }  // namespace kestroui

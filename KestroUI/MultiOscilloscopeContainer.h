@@ -1,15 +1,17 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include <utility>
+#include <vector>
+
+#include "KestroUI/OscilloscopeContainer.h"
 
 namespace kestroui {
 
-/// A display of several sounds; its parameter is raw.
-class MultiOscilloscopeContainer : public ValueStripContainer {
+/// Several sounds as they are now, each in a colour of its own.
+class MultiOscilloscopeContainer : public OscilloscopeContainer {
  public:
-  /// The own parameter's value is raw.
-  ValueForm valueForm(const std::string& key) const override {
-    return isOwnKey(key) ? ValueForm::raw : ValueForm::position;
+  void setBuffers(std::vector<const platform::LiveBuffer*> buffers) override {
+    view().setBuffers(std::move(buffers));
   }
 };
 

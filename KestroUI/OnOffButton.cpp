@@ -25,7 +25,7 @@ void OnOffButton::touchBegan(const platform::Touch& touch) {
   KestroControl::touchBegan(touch);
   if (!alive || !isEnabled() || switching_ == Switching::byOwner) return;
   beginGesture();
-  if (alive) changeValue(isOn() ? 0.0f : 1.0f);
+  if (alive) changeValue(switchedValue());
 }
 
 void OnOffButton::touchEnded(const platform::Touch& touch) {
@@ -47,7 +47,7 @@ bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
   if (switching_ == Switching::byOwner)
     sendActions(platform::ControlEvent::touchDown);
   else
-    changeValueOnce(isOn() ? 0.0f : 1.0f);
+    changeValueOnce(switchedValue());
   return true;
 }
 

@@ -33,6 +33,10 @@ class OnOffButton : public KestroControl {
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  /// The value that a touch switches to.
+  virtual float switchedValue() const { return isOn() ? 0.0f : 1.0f; }
+
  private:
   bool isLight(const platform::Size& size) const;
   void paintLight(platform::Canvas& canvas, bool lit) const;

@@ -1,10 +1,17 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/DisplayContainer.h"
+#include "KestroUI/PhaserView.h"
 
 namespace kestroui {
 
-/// The notches of a phaser.
-class PhaserViewContainer : public ValueStripContainer {};
+/// A phaser: its frequency and feedback, and by what their keys say its depth and stages.
+class PhaserViewContainer : public DisplayContainer {
+ public:
+  PhaserViewContainer() { setDisplay(view_); }
+
+ private:
+  PhaserView view_;
+};
 
 }  // namespace kestroui

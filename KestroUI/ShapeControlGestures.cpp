@@ -17,6 +17,11 @@ constexpr double tapSlop = 4;
 // A finger this near to a handle, in points, holds it.
 constexpr double reach = 22;
 
+/// In the direction of `travel`.
+double atLeastAPoint(double travel) {
+  return std::copysign(std::max(1.0, std::fabs(travel)), travel);
+}
+
 }  // namespace
 
 // Holds
@@ -130,11 +135,11 @@ void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
   if (!std::isfinite(way.x) || !std::isfinite(way.y)) return;
   bool changed = false;
   if (handle.x && way.x != 0) {
-    grip.x = std::clamp(grip.x + way.x / std::max(1.0, handle.travel.width), 0.0, 1.0);
+    grip.x = std::clamp(grip.x + way.x / atLeastAPoint(handle.travel.width), 0.0, 1.0);
     changed = moveTo(*handle.x, grip.x, handle.movesAll);
   }
   if (handle.y && way.y != 0) {
-    grip.y = std::clamp(grip.y - way.y / std::max(1.0, handle.travel.height), 0.0, 1.0);
+    grip.y = std::clamp(grip.y - way.y / atLeastAPoint(handle.travel.height), 0.0, 1.0);
     changed = moveTo(*handle.y, grip.y, handle.movesAll) || changed;
   }
   if (handle.x && handle.y && way.x != way.y)

@@ -1,10 +1,17 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/DisplayContainer.h"
+#include "KestroUI/WaveshaperView.h"
 
 namespace kestroui {
 
-/// The curve of a waveshaper.
-class WaveshaperViewContainer : public ValueStripContainer {};
+/// A waveshaper: its drive, and by what their keys say its shape, bias and mix.
+class WaveshaperViewContainer : public DisplayContainer {
+ public:
+  WaveshaperViewContainer() { setDisplay(view_); }
+
+ private:
+  WaveshaperView view_;
+};
 
 }  // namespace kestroui

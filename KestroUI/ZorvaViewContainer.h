@@ -1,10 +1,17 @@
 #pragma once
 
-#include "KestroUI/ValueStripContainer.h"
+#include "KestroUI/DisplayContainer.h"
+#include "KestroUI/ZorvaView.h"
 
 namespace kestroui {
 
-/// The view of the Zorva effect.
-class ZorvaViewContainer : public ValueStripContainer {};
+/// Ribbons that up to five values shape.
+class ZorvaViewContainer : public DisplayContainer {
+ public:
+  ZorvaViewContainer() { setDisplay(view_); }
+
+ private:
+  ZorvaView view_;
+};
 
 }  // namespace kestroui

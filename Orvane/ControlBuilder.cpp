@@ -1,13 +1,18 @@
 #include "Orvane/ControlBuilder.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "KestroUI/BitFlagsGroupContainer.h"
 #include "KestroUI/DropDownListContainer.h"
+#include "KestroUI/GranulizerViewContainer.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/OnOffContainer.h"
+#include "KestroUI/OscilloscopeContainer.h"
 #include "KestroUI/RadioContainer.h"
+#include "KestroUI/SampleViewContainer.h"
+#include "KestroUI/ThreeBandCompressorContainer.h"
 #include "KestroUI/WaveformKnobContainer.h"
 #include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/AUWaveformKnobContainer.h"
@@ -48,6 +53,7 @@ std::shared_ptr<Container> ControlBuilder::build(const Key& key) {
   container->setParamKeys(keysOf(key));
   applySettings(*container, *key);
   applyParameters(*container);
+  applyDisplay(*container);
   watch(*container);
   return container;
 }
@@ -89,11 +95,23 @@ ControlBuilder::Key withoutContainer(const ControlBuilder::Key& key) {
 
 }  // namespace
 
+std::vector<std::string> ControlBuilder::attachedParameters(const kestroui::ParamKey& key) const {
+  std::vector<std::string> attached = key.settings().attachedParameters;
+  if (key.settings().controlType != ControlType::threeBandCompressor) return attached;
+  for (const std::string& band : kestroui::ThreeBandCompressorContainer::bandKeys())
+    for (const std::string& name : {band, key.key() + band}) {
+      const bool known =
+          name == key.key() || std::find(attached.begin(), attached.end(), name) != attached.end();
+      if (!known && parameters_[name]) attached.push_back(name);
+    }
+  return attached;
+}
+
 std::vector<ControlBuilder::Key> ControlBuilder::keysOf(const Key& key) const {
   std::vector<Key> keys{withoutContainer(key)};
   // The attached names of a flag group are its flags: bits of the one parameter.
   if (key->settings().controlType == ControlType::bitFlagsGroup) return keys;
-  for (const std::string& attached : key->settings().attachedParameters) {
+  for (const std::string& attached : attachedParameters(*key)) {
     if (const auto entry = known_.find(attached); entry != known_.end())
       keys.push_back(withoutContainer(entry->second));
     else if (const platform::AUParameter* parameter = parameters_[attached])
@@ -138,6 +156,26 @@ void ControlBuilder::applyParameters(Container& container) const {
   };
   if (auto* filter = dynamic_cast<AUFilterViewContainer*>(&container))
     filter->audioUnit = audioUnit_;
+}
+
+void ControlBuilder::applyDisplay(Container& container) const {
+  if (auto* scope = dynamic_cast<kestroui::OscilloscopeContainer*>(&container)) {
+    std::vector<const platform::LiveBuffer*> buffers;
+    for (const Key& key : container.paramKeys())
+      if (audioUnit_)
+        for (const platform::LiveBuffer* buffer : audioUnit_->liveBuffers(key->key()))
+          buffers.push_back(buffer);
+    scope->setBuffers(std::move(buffers));
+  }
+  if (!container.key()) return;
+  const auto source = [unit = platform::Weak<platform::AudioUnit>(audioUnit_),
+                       key = container.key()->key()] {
+    return unit ? unit->sampleData(key) : nullptr;
+  };
+  if (auto* sample = dynamic_cast<kestroui::SampleViewContainer*>(&container))
+    sample->setDataSource(source);
+  if (auto* grains = dynamic_cast<kestroui::GranulizerViewContainer*>(&container))
+    grains->setDataSource(source);
 }
 
 void ControlBuilder::watch(Container& container) const {

@@ -32,10 +32,14 @@ class ControlBuilder {
 
  private:
   std::shared_ptr<kestroui::Container> make(const kestroui::ParamKey& key) const;
+  /// Those of the design, and those that a kind finds for itself in the registry.
+  std::vector<std::string> attachedParameters(const kestroui::ParamKey& key) const;
   std::vector<Key> keysOf(const Key& key) const;
   std::vector<std::string> stringValues(const kestroui::ParamKey& key) const;
   void applySettings(kestroui::Container& container, const kestroui::ParamKey& key) const;
   void applyParameters(kestroui::Container& container) const;
+  /// Sounds and recordings that the audio unit gives.
+  void applyDisplay(kestroui::Container& container) const;
   void watch(kestroui::Container& container) const;
 
   platform::AudioUnit* audioUnit_;

@@ -21,6 +21,11 @@
 #include "platform/RunLoop.h"
 #include "platform/ViewController.h"
 
+namespace kestroui {
+class DoubleFilterView;
+class DoubleFilterViewContainer;
+}  // namespace kestroui
+
 namespace orvane {
 
 /// The editor of a plug-in. A plug-in derives from it, says what its editor shows and how it is
@@ -79,6 +84,15 @@ class KestroAUViewController : public platform::ViewController,
   /// The parameter at this address has a new value: its controls and the sections that it
   /// switches show it.
   virtual void updateParameter(platform::AUParameterAddress address);
+  /// Shows the values of six parameters on a double filter view, and the response that the audio
+  /// unit computes for them. A key without a parameter is left out.
+  void updateDoubleFilterViewFrequencyAndMagnitudes(kestroui::DoubleFilterView& view,
+                                                    const std::string& lowPassFrequency,
+                                                    const std::string& lowPassResonance,
+                                                    const std::string& hiPassFrequency,
+                                                    const std::string& hiPassResonance,
+                                                    const std::string& lowPassGain,
+                                                    const std::string& hiPassGain);
   void randomize();
   /// Sets the parameter that was double-tapped last to its default, and closes the value panel.
   void reset();
@@ -158,6 +172,7 @@ class KestroAUViewController : public platform::ViewController,
   /// The key of the parameter that was double-tapped last, which some kinds call otherwise.
   const std::string& doubleTappedParameter() const;
   void updateAllParameters();
+  void updateDoubleFilters(const std::string& parameterKey);
   void applyLabelScale();
   void followHostFrame();
   void followPresetName();
@@ -169,6 +184,8 @@ class KestroAUViewController : public platform::ViewController,
   std::shared_ptr<ControlCollection> controls_;
   /// By parameter key.
   std::unordered_map<std::string, std::shared_ptr<ControlParameterObserver>> controlObservers_;
+  /// Those among the controls, whose curve depends on several parameters at once.
+  std::vector<std::shared_ptr<kestroui::DoubleFilterViewContainer>> doubleFilters_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
   EnterValueOverlay enterValueOverlay_;

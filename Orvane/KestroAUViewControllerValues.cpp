@@ -1,8 +1,11 @@
 // The part of the controller that joins controls and parameters.
 
+#include <algorithm>
+#include <array>
 #include <set>
 #include <utility>
 
+#include "KestroUI/DoubleFilterViewContainer.h"
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MathUtils.h"
@@ -70,6 +73,7 @@ void KestroAUViewController::connectViewWithAU() {
   doubleTappedKey_.reset();
   controlObservers_.clear();
   controls_->clear();
+  doubleFilters_.clear();
   setupControls(keysToShow());
   applyLabelScale();
   updateVisibility();
@@ -104,6 +108,8 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
     const std::shared_ptr<Container> container = builder.build(key);
     controls_->set(key, container);
     if (!container) continue;
+    if (auto filters = std::dynamic_pointer_cast<kestroui::DoubleFilterViewContainer>(container))
+      doubleFilters_.push_back(std::move(filters));
     for (const Key& driven : container->paramKeys()) {
       const std::string& name = ControlBuilder::parameterKey(*container, driven->key());
       auto& observer = controlObservers_[name];
@@ -200,9 +206,48 @@ void KestroAUViewController::updateParameter(platform::AUParameterAddress addres
   const std::string* key = parameters_.key(address);
   if (!key) return;
   parameters_.notify(*key);
+  updateDoubleFilters(*key);
   // An observer may have connected another audio unit.
   key = parameters_.key(address);
   if (key) settingsViewController_.updateSectionStates(*key);
+}
+
+void KestroAUViewController::updateDoubleFilters(const std::string& parameterKey) {
+  for (const auto& container : doubleFilters_) {
+    if (!container->indexOf(parameterKey)) continue;
+    std::array<std::string, 6> keys;
+    for (std::size_t i = 0; i < std::min(keys.size(), container->paramKeys().size()); ++i)
+      keys[i] = container->paramKeys()[i]->key();
+    updateDoubleFilterViewFrequencyAndMagnitudes(container->filterView(), keys[0], keys[1], keys[2],
+                                                 keys[3], keys[4], keys[5]);
+  }
+}
+
+void KestroAUViewController::updateDoubleFilterViewFrequencyAndMagnitudes(
+    kestroui::DoubleFilterView& view, const std::string& lowPassFrequency,
+    const std::string& lowPassResonance, const std::string& hiPassFrequency,
+    const std::string& hiPassResonance, const std::string& lowPassGain,
+    const std::string& hiPassGain) {
+  // In the order of the view's values.
+  const std::string* const keys[] = {&lowPassFrequency, &lowPassResonance, &hiPassFrequency,
+                                     &hiPassResonance,  &lowPassGain,      &hiPassGain};
+  for (std::size_t i = 0; i < std::size(keys); ++i) {
+    const auto* parameter = parameters_[*keys[i]];
+    if (!parameter) continue;
+    const bool isFrequency = i == kestroui::DoubleFilterView::lowPassFrequency ||
+                             i == kestroui::DoubleFilterView::hiPassFrequency;
+    const ParameterMapping mapping(
+        *parameter, isFrequency ? Container::ValueForm::pitch : Container::ValueForm::raw);
+    view.setValue(i, mapping.positionOf(parameter->value()));
+  }
+  if (const auto* unit = audioUnit())
+    view.setFilterMagnitudes(
+        unit->magnitudesForFrequencies(view.frequencies(), {.lowPassFrequency = lowPassFrequency,
+                                                            .lowPassResonance = lowPassResonance,
+                                                            .hiPassFrequency = hiPassFrequency,
+                                                            .hiPassResonance = hiPassResonance,
+                                                            .lowPassGain = lowPassGain,
+                                                            .hiPassGain = hiPassGain}));
 }
 
 void KestroAUViewController::updateAllParameters() {

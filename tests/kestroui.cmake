@@ -4,6 +4,7 @@ orvane_add_tests(kestroui
     ContainerTest.cpp
     ControlGesturesTest.cpp
     ControlTypeTest.cpp
+    DisplayContainersTest.cpp
     DropDownListTest.cpp
     ShapeKindsTest.cpp
   DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

@@ -5,6 +5,7 @@ orvane_add_tests(orvane
     ControllerLifecycleTest.cpp
     DSPParametersTest.cpp
     DesignModelTest.cpp
+    DisplayBindingTest.cpp
     EditorLifeTest.cpp
     PageLayoutTest.cpp
     SectionViewTest.cpp

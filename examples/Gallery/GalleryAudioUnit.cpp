@@ -12,6 +12,8 @@ namespace {
 
 // Turns a second of the oscillator, and steps a second of the sequencers.
 constexpr double rate = 0.2, stepRate = 4;
+// What the displays of sound keep.
+constexpr std::uint32_t displayedFrames = 4096;
 
 std::vector<quillon::ParameterDescription> descriptions(const std::vector<GalleryPage>& pages) {
   std::vector<quillon::ParameterDescription> all;
@@ -47,7 +49,21 @@ GalleryAudioUnit::GalleryAudioUnit(const std::vector<GalleryPage>& pages)
     const std::string& key = parameterTree().allParameters()[i]->key();
     if (!isPlayhead && getOutputValues(key)) moved_.push_back(i);
   }
+  const auto recording = GallerySound::recording();
+  for (const GalleryPage& page : pages) {
+    for (const Sound& sound : page.sounds)
+      for (int channel = 0; channel < sound.channels; ++channel)
+        channels_.push_back({&addLiveBuffer(sound.key, displayedFrames), GallerySound(channel)});
+    for (const std::string& key : page.recordings) setSampleData(key, recording);
+  }
+  display(displayedFrames);
   publish();
+}
+
+void GalleryAudioUnit::display(std::uint32_t frames) {
+  for (Channel& channel : channels_)
+    for (std::uint32_t frame = 0; frame < frames; ++frame)
+      channel.buffer->append(channel.sound.next());
 }
 
 void GalleryAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {
@@ -63,7 +79,9 @@ void GalleryAudioUnit::render(const platform::RenderBlock& block) {
       block.outputs[c][frame] = c < block.inputs.size() ? block.inputs[c][frame] * level : 0;
   }
   time_ = std::fmod(time_ + block.frames / sampleRate(), 3600);
-  if (isUIVisible()) publish();
+  if (!isUIVisible()) return;
+  display(block.frames);
+  publish();
 }
 
 void GalleryAudioUnit::publish() {

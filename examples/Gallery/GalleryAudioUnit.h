@@ -5,6 +5,7 @@
 #include "Quillon/CommonAudioUnit.h"
 #include "Quillon/Smoother.h"
 #include "examples/Gallery/GalleryPage.h"
+#include "examples/Gallery/GallerySound.h"
 
 namespace gallery {
 
@@ -24,12 +25,19 @@ class GalleryAudioUnit : public quillon::CommonAudioUnit {
   };
 
   explicit GalleryAudioUnit(const std::vector<GalleryPage>& pages);
+  /// Plays so many frames of the gallery's own sound to the displays.
+  void display(std::uint32_t frames);
   /// Publishes all live values for the present time.
   void publish();
 
   std::size_t levelIndex_, motionIndex_;
   std::vector<std::size_t> moved_;
   std::vector<Step> playheads_;
+  struct Channel {
+    quillon::LiveRing* buffer;
+    GallerySound sound;
+  };
+  std::vector<Channel> channels_;
   quillon::Smoother level_;
   double time_ = 0;
 };

@@ -6,7 +6,9 @@ namespace gallery {
 
 using orvane::UIColumn;
 
-std::vector<GalleryPage> galleryPages() { return {simplePage(), shapesPage(), sequencesPage()}; }
+std::vector<GalleryPage> galleryPages() {
+  return {simplePage(), shapesPage(), sequencesPage(), dynamicsPage(), displaysPage()};
+}
 
 UIColumn single(std::string key, double weight) {
   return {{{std::move(key), {}, 1, 0, 1}}, weight};

@@ -16,6 +16,12 @@ struct Playhead {
   int steps = 0;
 };
 
+/// A parameter whose display shows sound, and how many channels of it.
+struct Sound {
+  std::string key;
+  int channels = 1;
+};
+
 /// One page of the gallery: its parameters, how their controls are built, and where they stand.
 /// Each page has a source of its own. Addresses follow from the order of the parameters.
 struct GalleryPage {
@@ -23,11 +29,16 @@ struct GalleryPage {
   std::vector<std::shared_ptr<kestroui::ParamKey>> keys{};
   std::shared_ptr<orvane::Page> page{};
   std::vector<Playhead> playheads{};
+  std::vector<Sound> sounds{};
+  /// Keys of the parameters whose displays show the gallery's recording.
+  std::vector<std::string> recordings{};
 };
 
 GalleryPage simplePage();
 GalleryPage shapesPage();
 GalleryPage sequencesPage();
+GalleryPage dynamicsPage();
+GalleryPage displaysPage();
 
 /// All of them, in their order.
 std::vector<GalleryPage> galleryPages();

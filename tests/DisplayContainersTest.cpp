@@ -1,0 +1,520 @@
+// The kinds that show what a processor does with the sound: one table of gestures, values and
+// nonsense for all of them, then what each draws.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <limits>
+
+#include "KestroUI/BandCompressorContainer.h"
+#include "KestroUI/CompressorViewContainer.h"
+#include "KestroUI/DoubleCompressorViewContainer.h"
+#include "KestroUI/GranulizerViewContainer.h"
+#include "KestroUI/MultiOscilloscopeContainer.h"
+#include "KestroUI/OscilloscopeContainer.h"
+#include "KestroUI/PhaserViewContainer.h"
+#include "KestroUI/RecContainer.h"
+#include "KestroUI/SampleViewContainer.h"
+#include "KestroUI/TableWaveshaperContainer.h"
+#include "KestroUI/ThreeBandCompressorContainer.h"
+#include "KestroUI/WaveshaperViewContainer.h"
+#include "KestroUI/ZorvaViewContainer.h"
+#include "tests/support/ManualDriver.h"
+#include "tests/support/WindowBench.h"
+
+namespace kestroui {
+namespace {
+
+using platform::Point;
+
+std::vector<std::shared_ptr<ParamKey>> keys(const std::vector<std::string>& names) {
+  std::vector<std::shared_ptr<ParamKey>> result;
+  for (const std::string& name : names) result.push_back(std::make_shared<ParamKey>(name));
+  return result;
+}
+
+struct Kind {
+  const char* name;
+  std::function<std::shared_ptr<ShapeContainer>()> make;
+  std::vector<std::string> keys;
+  /// The key that a drag moves, where to, and whether its value grows.
+  std::string dragged;
+  Point way;
+  bool grows;
+};
+
+template <class T>
+std::shared_ptr<ShapeContainer> make() {
+  return std::make_shared<T>();
+}
+
+std::vector<Kind> kinds() {
+  const std::vector<std::string> compressor = {"threshold", "ratio",  "attack",
+                                               "release",   "makeUp", "gainReduction"};
+  std::vector<std::string> two = compressor;
+  for (const std::string& key : compressor) two.push_back(key + "2");
+  return {
+      {"oscilloscope", make<OscilloscopeContainer>, {"scope", "gain"}, "scope", {40, 0}, true},
+      {"scopes", make<MultiOscilloscopeContainer>, {"scope"}, "scope", {-40, 0}, false},
+      {"compressor", make<CompressorViewContainer>, compressor, "threshold", {-25, 5}, false},
+      {"its ratio", make<CompressorViewContainer>, compressor, "ratio", {0, 25}, true},
+      {"its strips", make<CompressorViewContainer>, compressor, "release", {15, 0}, true},
+      {"two compressors", make<DoubleCompressorViewContainer>, two, "ratio2", {0, 20}, true},
+      {"band",
+       make<BandCompressorContainer>,
+       {"thresh", "ratio", "lowFreq", "highFreq"},
+       "lowFreq",
+       {25, 0},
+       true},
+      {"three bands",
+       make<ThreeBandCompressorContainer>,
+       ThreeBandCompressorContainer::bandKeys(),
+       "MidThreshold",
+       {0, -15},
+       true},
+      {"waveshaper",
+       make<WaveshaperViewContainer>,
+       {"drive", "shape", "bias", "mix"},
+       "drive",
+       {0, -20},
+       true},
+      {"table",
+       make<TableWaveshaperContainer>,
+       {"t1", "t2", "t3", "t4", "t5"},
+       "t3",
+       {0, -20},
+       true},
+      {"granulizer",
+       make<GranulizerViewContainer>,
+       {"position", "density", "size", "spray", "pitch"},
+       "spray",
+       {0, -20},
+       true},
+      {"phaser",
+       make<PhaserViewContainer>,
+       {"frequency", "feedback", "rate", "depth", "stages"},
+       "feedback",
+       {0, -20},
+       true},
+      {"zorva", make<ZorvaViewContainer>, {"a", "b", "c", "d", "e", "f", "g"}, "b", {0, -20}, true},
+      {"sample",
+       make<SampleViewContainer>,
+       {"start", "end", "loopStart", "loopEnd", "head"},
+       "start",
+       {20, 0},
+       true},
+  };
+}
+
+struct Owner : ContainerDelegate, platform::WeakTarget {
+  void didDoubleTap(const std::shared_ptr<ParamKey>& key) override {
+    events.push_back("double tap " + (key ? key->key() : "nothing"));
+  }
+  void didBeginGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>& held) override {
+    for (const auto& key : held) events.push_back("begin " + key->key());
+  }
+  void didEndGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>& held) override {
+    for (const auto& key : held) events.push_back("end " + key->key());
+  }
+  std::vector<std::string> take() { return std::exchange(events, {}); }
+  std::vector<std::string> events;
+};
+
+class DisplayContainersTest : public testing::Test {
+ protected:
+  void show(Container& container, const platform::Rect& frame = {0, 0, 300, 200}) {
+    bench.root().addSubview(container);
+    container.setFrame(frame);
+    container.delegate = &owner;
+    bench.frame();
+  }
+  std::shared_ptr<ShapeContainer> shown(const Kind& kind) {
+    const auto container = kind.make();
+    container->setParamKeys(keys(kind.keys));
+    for (std::size_t i = 0; i < kind.keys.size(); ++i) container->setKeyRange(i, 0, 1);
+    for (const std::string& key : kind.keys) container->showValue(key, 0.4f, key + " text");
+    // Ends stand behind starts.
+    for (const char* key : {"end", "loopEnd", "highFreq", "MidHighFrequency"})
+      container->showValue(key, 0.9f, "");
+    show(*container);
+    return container;
+  }
+  Point handleOf(const ShapeContainer& container, const std::string& key) {
+    const Point at = container.shape()->placeOf(*container.indexOf(key));
+    return container.shape()->frameInRoot().origin() + at;
+  }
+  void doubleTap(Point at) {
+    bench.tap(at);
+    bench.window.touchBegan(1, platform::Touch::Kind::finger, at, 2);
+    bench.lift(at);
+  }
+
+  support::ManualLoop loop;
+  support::WindowBench bench;
+  Owner owner;
+};
+
+TEST_F(DisplayContainersTest, ADragMovesTheKeyUnderTheFingerAlone) {
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.name);
+    const auto container = shown(kind);
+    std::vector<float> before;
+    for (const std::string& key : kind.keys) before.push_back(container->value(key));
+    const Point at = handleOf(*container, kind.dragged);
+    bench.press(at);
+    bench.drag(at + kind.way);
+    bench.lift(at + kind.way);
+    const auto events = owner.take();
+    EXPECT_THAT(events, testing::Contains("begin " + kind.dragged));
+    EXPECT_THAT(events, testing::Contains("end " + kind.dragged));
+    for (std::size_t i = 0; i < kind.keys.size(); ++i) {
+      const float value = container->value(kind.keys[i]);
+      const bool held =
+          std::find(events.begin(), events.end(), "begin " + kind.keys[i]) != events.end();
+      if (kind.keys[i] == kind.dragged) {
+        EXPECT_TRUE(kind.grows ? value > before[i] + 0.02f : value < before[i] - 0.02f) << value;
+      } else if (!held) {
+        EXPECT_EQ(value, before[i]) << kind.keys[i];
+      }
+    }
+    doubleTap(handleOf(*container, kind.dragged));
+    EXPECT_THAT(owner.take().back(), testing::StartsWith("double tap "));
+    container->removeFromSuperview();
+  }
+}
+
+TEST_F(DisplayContainersTest, EveryKeyIsReachedByTheKeyboard) {
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.name);
+    const auto container = shown(kind);
+    platform::View& face = *container->subviews()[1];
+    ASSERT_TRUE(face.becomeFirstResponder());
+    std::size_t reached = 0;
+    for (std::size_t i = 0; i < kind.keys.size() + 1; ++i) {
+      std::vector<float> before;
+      for (const std::string& key : kind.keys) before.push_back(container->value(key));
+      EXPECT_TRUE(bench.key(platform::Key::up));
+      for (std::size_t k = 0; k < kind.keys.size(); ++k)
+        reached += container->value(kind.keys[k]) > before[k];
+      bench.key(platform::Key::right);
+    }
+    // Those that only measure are not set.
+    std::size_t measured = 0;
+    for (const std::string& key : kind.keys)
+      measured += key.find("eduction") != std::string::npos || key == "head";
+    EXPECT_GE(reached, kind.keys.size() - measured);
+    EXPECT_FALSE(bench.window.keyPressed({platform::Key::character, {}, "x"}));
+    loop.advance(1);
+    container->removeFromSuperview();
+  }
+}
+
+TEST_F(DisplayContainersTest, LiveValuesThatRestRepaintNothing) {
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.name);
+    const auto container = shown(kind);
+    std::vector<std::atomic<float>> live(kind.keys.size());
+    std::atomic<bool> modulating{true};
+    for (std::size_t i = 0; i < live.size(); ++i) {
+      live[i] = 0.5f;
+      container->watch(i, &live[i], &modulating);
+    }
+    container->updateModulation();
+    EXPECT_FALSE(bench.frame().empty());
+    container->updateModulation();
+    for (const std::string& key : kind.keys)
+      container->showValue(key, container->value(key), key + " text");
+    bench.frame();
+    container->updateModulation();
+    EXPECT_TRUE(bench.frame().empty());
+    live[0] = 0.7f;
+    container->updateModulation();
+    EXPECT_FALSE(bench.frame().empty());
+    for (std::atomic<float>& value : live) value = std::numeric_limits<float>::quiet_NaN();
+    container->updateModulation();
+    bench.frame();
+    bench.painted();
+    container->watchNothing();
+    container->removeFromSuperview();
+  }
+}
+
+TEST_F(DisplayContainersTest, NonsenseGivesAPictureToo) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const float inf = std::numeric_limits<float>::infinity();
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.name);
+    std::vector<std::string> many;
+    for (int i = 0; i < 60; ++i) many.push_back("k" + std::to_string(i));
+    for (const std::vector<std::string>& names :
+         {std::vector<std::string>{}, {"only"}, kind.keys, many}) {
+      const auto container = kind.make();
+      container->setParamKeys(keys(names));
+      show(*container);
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        for (const auto& [low, high] : {std::pair{5.0f, 5.0f}, {nan, nan}, {-inf, inf}, {3.f, 1.f}})
+          container->setKeyRange(i, low, high);
+        bench.frame();
+        bench.painted();
+        container->setKeyRange(i, -60, 12);
+        container->setKeyStringValues(i, std::vector<std::string>(i % 2 ? 1000 : 1, "name"));
+        container->showValue(names[i], nan, "");
+        container->showValue(names[i], 7, "seven");
+      }
+      container->setInverted(true);
+      container->setColors({platform::Color::white(), platform::Color::black()});
+      for (double side : {5.0, 12.0, 60.0}) {
+        container->setFrame({0, 0, side, side});
+        bench.frame();
+        bench.tap({side / 2, side / 2});
+        bench.painted();
+      }
+      container->setParamKeys({});
+      bench.frame();
+      container->removeFromSuperview();
+      loop.advance(1);
+    }
+  }
+}
+
+TEST_F(DisplayContainersTest, DisabledInactiveAndFocusedLookDifferent) {
+  for (const Kind& kind : kinds()) {
+    SCOPED_TRACE(kind.name);
+    const auto container = shown(kind);
+    container->setInactive(true);
+    EXPECT_FALSE(bench.frame().empty());
+    container->setInactive(false);
+    bench.frame();
+    auto& face = static_cast<ShapeControl&>(*container->subviews()[1]);
+    face.becomeFirstResponder();
+    EXPECT_FALSE(bench.frame().empty());
+    face.resignFirstResponder();
+    bench.frame();
+    face.setEnabled(false);
+    const float before = container->value(kind.dragged);
+    const Point at = handleOf(*container, kind.dragged);
+    bench.press(at);
+    bench.drag(at + kind.way);
+    bench.lift(at + kind.way);
+    EXPECT_EQ(container->value(kind.dragged), before);
+    container->removeFromSuperview();
+  }
+}
+
+// What keys say
+
+TEST(KeyParts, AreReadFromKeysAndNamesWhateverTheirCase) {
+  const std::vector<KeyPart> parts = {
+      {"thresh", true}, {"ratio|slope", true}, {"low gain"}, {"thresh", true}};
+  using Played = std::vector<std::optional<std::size_t>>;
+  EXPECT_EQ(playedParts(keys({"RATIO", "compThreshold", "Threshold2"}), parts),
+            (Played{1, 0, std::nullopt, 2}));
+  EXPECT_EQ(playedParts(keys({"x", "y"}), parts), (Played{0, 1, std::nullopt, std::nullopt}));
+  EXPECT_EQ(playedParts(keys({"x", "gainLow"}), parts), (Played{0, std::nullopt, 1, std::nullopt}));
+  const auto named = std::make_shared<ParamKey>("p12", ParameterUISettings("Slope", nullptr));
+  EXPECT_EQ(playedParts({named}, parts), (Played{std::nullopt, 0, std::nullopt, std::nullopt}));
+  EXPECT_EQ(playedParts({}, parts), Played(4));
+}
+
+// What is drawn
+
+TEST(TransferCurve, BendsAtItsThreshold) {
+  struct Case {
+    TransferCurve curve;
+    double in, out;
+  };
+  const double infinity = std::numeric_limits<double>::infinity();
+  const Case cases[] = {
+      {{-20, 4, 0}, -40, -40},
+      {{-20, 4, 0}, 0, -15},
+      {{-20, infinity, 0}, 0, -20},
+      {{-20, 1, 0}, 0, 0},
+      {{-20, 4, 12}, -26, -26},
+      {{-20, 4, 12}, -14, -18.5},
+      // In the middle of the knee a quarter of it is lost, times half of the slope's change.
+      {{-20, 4, 12}, -20, -20 - 12.0 / 8 * 0.75},
+      {{-20, 0.2, 0}, 0, 0},
+  };
+  for (const Case& c : cases) EXPECT_NEAR(c.curve.at(c.in), c.out, 1e-9) << c.in;
+  const TransferCurve curve{-30, 3, 6};
+  EXPECT_NEAR(curve.levelOf(curve.reductionAt(-12), 0), -12, 1e-3);
+}
+
+TEST(PhaserView, CutsHalfAsManyNotchesAsItHasStages) {
+  for (int stages : {2, 4, 8}) {
+    int notches = 0;
+    double before = 0, beforeThat = 0;
+    for (double share = 0; share <= 1; share += 0.0005) {
+      const double now = PhaserView::decibelsAt(Plot::hertzAt(share), 632, stages, 0);
+      notches += before < -30 && before < now && before <= beforeThat;
+      beforeThat = before;
+      before = now;
+    }
+    EXPECT_EQ(notches, stages / 2);
+  }
+  EXPECT_NEAR(PhaserView::decibelsAt(0, 1000, 4, 0), 0, 1e-6);
+  // Two stages turn by half a circle at their centre.
+  EXPECT_LT(PhaserView::decibelsAt(1000, 1000, 2, 0), -100);
+}
+
+TEST(WaveshaperView, DrawsTheShapeThatANameMeans) {
+  using Shape = WaveshaperView::Shape;
+  EXPECT_EQ(WaveshaperView::shapeNamed("Soft Clip"), Shape::soft);
+  EXPECT_EQ(WaveshaperView::shapeNamed("HARD"), Shape::hard);
+  EXPECT_EQ(WaveshaperView::shapeNamed("Wavefolder"), Shape::fold);
+  EXPECT_EQ(WaveshaperView::shapeNamed("Sparkle"), Shape::soft);
+  EXPECT_EQ(WaveshaperView::shaped(Shape::hard, 3), 1);
+  EXPECT_NEAR(WaveshaperView::shaped(Shape::fold, 2), 0, 1e-9);
+  EXPECT_EQ(WaveshaperView::shaped(Shape::rectify, -1), 1);
+  for (int shape = 0; shape <= static_cast<int>(Shape::tube); ++shape)
+    for (double in = -8; in <= 8; in += 0.25)
+      EXPECT_LE(std::fabs(WaveshaperView::shaped(static_cast<Shape>(shape), in)), 1);
+}
+
+TEST(WaveformOverview, ShowsTheExtremesAndIsKept) {
+  auto data = std::make_shared<platform::SampleData>();
+  data->channels = {std::vector<float>(10000, 0), std::vector<float>(10000, 0)};
+  data->channels[0][20] = 1;
+  data->channels[1][9980] = -1;
+  WaveformOverview overview;
+  EXPECT_TRUE(overview.outline({0, 0, 100, 50}).isEmpty());
+  EXPECT_TRUE(overview.setData(data));
+  EXPECT_FALSE(overview.setData(data));
+  const platform::Path& outline = overview.outline({0, 0, 100, 50});
+  const platform::Rect bounds = outline.bounds();
+  EXPECT_EQ(bounds, (platform::Rect{0, 0, 100, 50}));
+  EXPECT_EQ(outline.points().front().y, 0);
+  EXPECT_EQ(&overview.outline({0, 0, 100, 50}), &outline);
+  data = std::make_shared<platform::SampleData>();
+  data->channels = {{std::numeric_limits<float>::quiet_NaN()}};
+  overview.setData(data);
+  EXPECT_FALSE(overview.outline({0, 0, 100, 50}).isEmpty());
+}
+
+/// A sound that a test writes.
+struct Sound : platform::LiveBuffer {
+  std::uint64_t written() const override { return count; }
+  std::size_t newest(std::span<float> out) const override {
+    const std::size_t given = std::min(out.size(), samples.size());
+    std::copy_n(samples.end() - static_cast<std::ptrdiff_t>(given), given, out.begin());
+    ++reads;
+    return given;
+  }
+  void play(double phase) {
+    samples.resize(OscilloscopeView::longest);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+      samples[i] = static_cast<float>(std::sin(phase + 0.01 * static_cast<double>(i)));
+    count += samples.size();
+  }
+  std::vector<float> samples;
+  std::uint64_t count = 0;
+  mutable int reads = 0;
+};
+
+TEST_F(DisplayContainersTest, AnOscilloscopeStandsStillAndRepaintsOnlyForNewSound) {
+  Sound left, right;
+  OscilloscopeContainer scope;
+  MultiOscilloscopeContainer both;
+  EXPECT_FALSE(scope.hasModulation());
+  scope.setBuffers({&left, &right});
+  both.setBuffers({&left, nullptr, &right});
+  EXPECT_EQ(scope.bufferCount(), 1u);
+  EXPECT_EQ(both.bufferCount(), 2u);
+  EXPECT_TRUE(scope.hasModulation());
+  show(scope);
+  left.play(1);
+  scope.updateModulation();
+  EXPECT_FALSE(bench.frame().empty());
+  EXPECT_EQ(left.reads, 1);
+  const auto picture = bench.painted();
+  scope.updateModulation();
+  EXPECT_TRUE(bench.frame().empty());
+  EXPECT_EQ(left.reads, 1);
+  left.play(1);
+  scope.updateModulation();
+  EXPECT_TRUE(bench.frame().empty()) << "the same sound is the same picture";
+  left.samples.assign(OscilloscopeView::longest, std::numeric_limits<float>::quiet_NaN());
+  left.count += 1;
+  scope.updateModulation();
+  bench.frame();
+  EXPECT_NE(bench.painted(), picture);
+  // The value is the parameter's own.
+  scope.setParamKeys(keys({"time", "other"}));
+  scope.setKeyRange(0, 1, 8);
+  scope.showValue("time", 3, "3 ms");
+  EXPECT_EQ(scope.value("time"), 3);
+  EXPECT_EQ(scope.valueForm("time"), Container::ValueForm::raw);
+  EXPECT_EQ(scope.valueForm("other"), Container::ValueForm::position);
+}
+
+TEST_F(DisplayContainersTest, TheStartOfASampleDoesNotPassItsEnd) {
+  SampleViewContainer sample;
+  sample.setParamKeys(keys({"start", "end"}));
+  sample.showValue("start", 0.2f, "");
+  sample.showValue("end", 0.5f, "");
+  show(sample);
+  const Point at = handleOf(sample, "start");
+  bench.press(at);
+  bench.drag(at + Point{300, 0});
+  bench.lift(at + Point{300, 0});
+  EXPECT_EQ(sample.value("start"), 0.5f);
+  EXPECT_EQ(sample.value("end"), 0.5f);
+}
+
+TEST_F(DisplayContainersTest, ARecordingIsShownAsSoonAsThereIsOne) {
+  std::shared_ptr<const platform::SampleData> data;
+  SampleViewContainer sample;
+  GranulizerViewContainer grains;
+  show(sample);
+  show(grains);
+  EXPECT_FALSE(sample.hasModulation());
+  sample.setDataSource([&] { return data; });
+  grains.setDataSource([&] { return data; });
+  EXPECT_TRUE(sample.hasModulation());
+  sample.updateModulation();
+  grains.updateModulation();
+  bench.frame();
+  EXPECT_TRUE(bench.frame().empty());
+  data = std::make_shared<platform::SampleData>(
+      platform::SampleData{{std::vector<float>(100, 0.5f)}, 48000});
+  sample.updateModulation();
+  grains.updateModulation();
+  EXPECT_FALSE(bench.frame().empty());
+  sample.updateModulation();
+  grains.updateModulation();
+  EXPECT_TRUE(bench.frame().empty());
+}
+
+TEST_F(DisplayContainersTest, ARecordingSwitchIsStoppedArmedOrRunning) {
+  using State = RecButton::State;
+  RecContainer rec;
+  rec.setParamKeys(keys({"rec"}));
+  show(rec, {0, 0, 80, 60});
+  const auto at = rec.button().frameInRoot().centre();
+  bench.tap(at);
+  EXPECT_EQ(rec.button().state(), State::running);
+  std::atomic<float> live{0};
+  rec.watch(0, &live, nullptr);
+  rec.updateModulation();
+  EXPECT_EQ(rec.button().state(), State::armed);
+  live = 1;
+  rec.updateModulation();
+  EXPECT_EQ(rec.button().state(), State::running);
+  bench.tap(at);
+  EXPECT_EQ(rec.button().state(), State::stopped);
+
+  rec.setValueRange(0, 2);
+  rec.setStringValues({"Stop", "Arm", "Run"});
+  bench.tap(at);
+  EXPECT_EQ(rec.button().state(), State::armed);
+  EXPECT_FLOAT_EQ(rec.value(), 0.5f);
+  rec.showValue("rec", 1, "Run");
+  EXPECT_EQ(rec.button().state(), State::running);
+  bench.tap(at);
+  EXPECT_EQ(rec.value(), 0);
+}
+
+}  // namespace
+}  // namespace kestroui
