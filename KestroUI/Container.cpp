@@ -119,7 +119,8 @@ void Container::setControlColor(platform::Color color) {
 
 void Container::watch(std::size_t index, const std::atomic<float>* value,
                       const std::atomic<bool>* flag) {
-  if (value && flag) liveKeys_.push_back({index, watchedValues.size(), isModulating.size()});
+  const auto flagPlace = flag ? std::optional(isModulating.size()) : std::nullopt;
+  if (value) liveKeys_.push_back({index, watchedValues.size(), flagPlace});
   if (value) watchedValues.push_back(value);
   if (flag) isModulating.push_back(flag);
 }
@@ -135,8 +136,9 @@ std::optional<float> Container::liveValue(std::size_t index) const {
   for (const LiveKey& live : liveKeys_) {
     if (live.index != index) continue;
     // Whoever owns the container may have dropped what it watched.
-    if (live.value >= watchedValues.size() || live.flag >= isModulating.size()) break;
-    if (!isModulating[live.flag]->load(std::memory_order_relaxed)) break;
+    if (live.value >= watchedValues.size() || !live.flag || *live.flag >= isModulating.size())
+      break;
+    if (!isModulating[*live.flag]->load(std::memory_order_relaxed)) break;
     const float value = watchedValues[live.value]->load(std::memory_order_relaxed);
     return std::isnan(value) ? std::nullopt : std::optional(value);
   }
@@ -151,10 +153,11 @@ std::optional<float> Container::livePosition(std::size_t index) const {
 }
 
 std::optional<float> Container::liveOutput(std::size_t index) const {
-  for (const LiveKey& live : liveKeys_)
-    if (const float value = live.value->load(std::memory_order_relaxed);
-        live.index == index && !std::isnan(value))
-      return value;
+  for (const LiveKey& live : liveKeys_) {
+    if (live.index != index || live.value >= watchedValues.size()) continue;
+    const float value = watchedValues[live.value]->load(std::memory_order_relaxed);
+    return std::isnan(value) ? std::nullopt : std::optional(value);
+  }
   return std::nullopt;
 }
 

@@ -185,7 +185,8 @@ class Container : public platform::Control {
 
   /// Where the live value and the flag of a key are among those that are watched.
   struct LiveKey {
-    std::size_t index, value, flag;
+    std::size_t index, value;
+    std::optional<std::size_t> flag;
   };
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;

@@ -12,7 +12,7 @@ namespace {
 
 // In points, on the smallest editor.
 constexpr double stripHeight = 13;
-constexpr double stripWidth = 74;
+constexpr double stripWidth = 96;
 constexpr double stripGap = 3;
 // Of the face's height: more would leave too little of the picture.
 constexpr double mostForStrips = 0.42;
@@ -129,7 +129,7 @@ Color DisplayView::colorOf(std::size_t index) const {
   if (index == 0) return accent;
   const Color own = index < colors_.size()
                         ? colors_[index]
-                        : accent.mixed(Theme::white, 0.35f * static_cast<float>(index));
+                        : accent.mixed(Theme::white, 0.22f * static_cast<float>(index));
   return isMuted() ? Theme::muted(own).withAlpha(accent.alpha) : own;
 }
 

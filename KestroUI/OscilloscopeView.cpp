@@ -37,6 +37,7 @@ void OscilloscopeView::setBuffers(std::vector<const platform::LiveBuffer*> buffe
   for (const platform::LiveBuffer* buffer : buffers)
     if (buffer) traces_.push_back({buffer, 0, {}});
   setNeedsDisplay();
+  read();
 }
 
 void OscilloscopeView::read() {

@@ -35,7 +35,8 @@ PhaserView::PhaserView() : DisplayView(partsOfAPhaser) {}
 double PhaserView::decibelsAt(double hertz, double centre, int stages, double feedback) {
   const double phase = -2.0 * stages * std::atan(hertz / std::max(centre, 1e-3));
   const std::complex<double> passed = std::polar(1.0, phase);
-  const double level = std::abs(1.0 + passed / (1.0 - feedback * passed)) / 2;
+  const std::complex<double> looped = (passed - feedback) / (1.0 - feedback * passed);
+  const double level = std::abs(1.0 + looped) / 2;
   return 20 * std::log10(std::max(level, 1e-8));
 }
 
@@ -85,7 +86,6 @@ Path PhaserView::path(Source source) const {
   Path path;
   for (int i = 0; i <= last; ++i) {
     const double x = static_cast<double>(i) / last;
-    // Half of the level that the feedback adds would otherwise leave the picture.
     const double level = decibelsAt(Plot::hertzAt(x), at, count, back);
     const double up = std::clamp((level - lowestLevel) / (highestLevel - lowestLevel), 0.0, 1.0);
     const Point point{place.x + place.width * x, place.maxY() - place.height * up};

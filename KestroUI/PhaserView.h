@@ -12,7 +12,8 @@ class PhaserView : public DisplayView {
   PhaserView();
 
   /// The level in decibels, at `hertz`, of a sound added in equal parts to itself behind `stages`
-  /// first-order all-pass filters at `centre`, with `feedback` (below 1) around them.
+  /// first-order all-pass filters at `centre`. `feedback`, between -1 and 1, is that of an all-pass
+  /// loop around them (Schroeder's): it narrows or widens the notches and leaves them deep.
   static double decibelsAt(double hertz, double centre, int stages, double feedback);
 
  protected:

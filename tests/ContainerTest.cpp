@@ -13,29 +13,40 @@
 #include <vector>
 
 #include "KestroUI/ADSRContainer.h"
+#include "KestroUI/BandCompressorContainer.h"
 #include "KestroUI/BitFlagsGroupContainer.h"
+#include "KestroUI/CompressorViewContainer.h"
 #include "KestroUI/CurveSequencerContainer.h"
+#include "KestroUI/DoubleCompressorViewContainer.h"
 #include "KestroUI/DoubleFilterViewContainer.h"
 #include "KestroUI/DoubleSliderContainer.h"
 #include "KestroUI/DropDownListContainer.h"
 #include "KestroUI/FilterViewContainer.h"
+#include "KestroUI/GranulizerViewContainer.h"
 #include "KestroUI/KnobContainer.h"
 #include "KestroUI/LEDViewContainer.h"
+#include "KestroUI/MultiOscilloscopeContainer.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
 #include "KestroUI/OnOffContainer.h"
 #include "KestroUI/OscilloscopeContainer.h"
+#include "KestroUI/PhaserViewContainer.h"
 #include "KestroUI/RadioContainer.h"
 #include "KestroUI/RecContainer.h"
+#include "KestroUI/SampleViewContainer.h"
 #include "KestroUI/SimpleButtonContainer.h"
 #include "KestroUI/SimpleCurveContainer.h"
 #include "KestroUI/SimpleLabelContainer.h"
 #include "KestroUI/SliderContainer.h"
 #include "KestroUI/StepSequencerContainer.h"
 #include "KestroUI/StepperContainer.h"
+#include "KestroUI/TableWaveshaperContainer.h"
+#include "KestroUI/ThreeBandCompressorContainer.h"
 #include "KestroUI/TimeStopXYContainer.h"
 #include "KestroUI/WaveformKnobContainer.h"
+#include "KestroUI/WaveshaperViewContainer.h"
 #include "KestroUI/WavetableContainer.h"
+#include "KestroUI/ZorvaViewContainer.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -50,22 +61,46 @@ std::vector<std::shared_ptr<ParamKey>> keys(const std::vector<std::string>& name
   return result;
 }
 
-/// One of every kind that has a face of its own, and one of those that show strips.
+/// One of every kind.
 std::vector<std::shared_ptr<Container>> everyKind() {
   std::vector<std::shared_ptr<Container>> all = {
-      std::make_shared<KnobContainer>(),          std::make_shared<SliderContainer>(),
-      std::make_shared<OnOffContainer>(),         std::make_shared<RecContainer>(),
-      std::make_shared<RadioContainer>(false),    std::make_shared<RadioContainer>(true),
-      std::make_shared<StepperContainer>(),       std::make_shared<DropDownListContainer>(),
-      std::make_shared<WaveformKnobContainer>(),  std::make_shared<SimpleButtonContainer>(),
-      std::make_shared<SimpleLabelContainer>(),   std::make_shared<LEDViewContainer>(),
-      std::make_shared<FilterViewContainer>(),    std::make_shared<MultipleContainer>(),
-      std::make_shared<BitFlagsGroupContainer>(), std::make_shared<ADSRContainer>(),
-      std::make_shared<OscilloscopeContainer>(),  std::make_shared<DoubleFilterViewContainer>(),
-      std::make_shared<StepSequencerContainer>(), std::make_shared<CurveSequencerContainer>(),
-      std::make_shared<SimpleCurveContainer>(),   std::make_shared<XYControlContainer>(),
-      std::make_shared<TimeStopXYContainer>(),    std::make_shared<DoubleSliderContainer>(),
-      std::make_shared<MutableContainer>(),       std::make_shared<WavetableContainer>(),
+      std::make_shared<KnobContainer>(),
+      std::make_shared<SliderContainer>(),
+      std::make_shared<OnOffContainer>(),
+      std::make_shared<RecContainer>(),
+      std::make_shared<RadioContainer>(false),
+      std::make_shared<RadioContainer>(true),
+      std::make_shared<StepperContainer>(),
+      std::make_shared<DropDownListContainer>(),
+      std::make_shared<WaveformKnobContainer>(),
+      std::make_shared<SimpleButtonContainer>(),
+      std::make_shared<SimpleLabelContainer>(),
+      std::make_shared<LEDViewContainer>(),
+      std::make_shared<FilterViewContainer>(),
+      std::make_shared<MultipleContainer>(),
+      std::make_shared<BitFlagsGroupContainer>(),
+      std::make_shared<ADSRContainer>(),
+      std::make_shared<OscilloscopeContainer>(),
+      std::make_shared<DoubleFilterViewContainer>(),
+      std::make_shared<StepSequencerContainer>(),
+      std::make_shared<CurveSequencerContainer>(),
+      std::make_shared<SimpleCurveContainer>(),
+      std::make_shared<XYControlContainer>(),
+      std::make_shared<TimeStopXYContainer>(),
+      std::make_shared<DoubleSliderContainer>(),
+      std::make_shared<MutableContainer>(),
+      std::make_shared<WavetableContainer>(),
+      std::make_shared<CompressorViewContainer>(),
+      std::make_shared<DoubleCompressorViewContainer>(),
+      std::make_shared<BandCompressorContainer>(),
+      std::make_shared<ThreeBandCompressorContainer>(),
+      std::make_shared<WaveshaperViewContainer>(),
+      std::make_shared<TableWaveshaperContainer>(),
+      std::make_shared<GranulizerViewContainer>(),
+      std::make_shared<PhaserViewContainer>(),
+      std::make_shared<ZorvaViewContainer>(),
+      std::make_shared<SampleViewContainer>(),
+      std::make_shared<MultiOscilloscopeContainer>(),
   };
   for (const std::shared_ptr<Container>& container : all) {
     container->setParamKeys(keys({"own", "second", "theHold"}));

@@ -60,7 +60,6 @@ GalleryPage displaysPage() {
        .defaultValue = 1,
        .unit = AudioUnitParameterUnit::indexed,
        .valueStrings = {"Stopped", "Armed", "Running"}},
-      share("light", "Light", 0.7f),
   };
   for (const char* still : {"sampleStart", "sampleEnd", "loopStart", "loopEnd"})
     for (quillon::ParameterDescription& parameter : page.parameters)
@@ -84,18 +83,20 @@ GalleryPage displaysPage() {
   show(key("ribbons", "Ribbons", ControlType::zorva,
            {"ribbonHeight", "ribbonDistance", "ribbonTwist", "ribbonFade"}));
   show(key("record", "Record", ControlType::rec));
-  show(key("light", "Light", ControlType::led));
 
-  const auto scopes = section("SCOPES", Colors::moss, {single("scope"), single("scopes", 1.3)});
-  const auto recordings = section("RECORDING", Colors::sand,
-                                  {single("sampleStart", 2.2), single("grainPosition", 1.8),
-                                   stacked({"record", "light"}, 0.6)});
-  const auto motion =
-      section("MOTION", Colors::violet, {single("phaserFrequency"), single("ribbons")});
-  page.page = std::make_shared<orvane::Page>(
-      std::vector<orvane::UISection>{
-          {scopes, 1, 0, 1, 0}, {recordings, 1, 1, 1.15, 0}, {motion, 1, 2, 1.15, 0}},
-      "DISPLAYS");
+  const auto scopes = section("SCOPES", Colors::moss, {single("scope"), single("scopes")});
+  const auto sample =
+      section("SAMPLE", Colors::sand, {single("sampleStart", 4), single("record", 1)});
+  const auto grains = section("GRAINS", Colors::coral, {single("grainPosition")});
+  const auto phaser = section("PHASER", Colors::sky, {single("phaserFrequency")});
+  const auto ribbons = section("RIBBONS", Colors::violet, {single("ribbons")});
+  page.page =
+      std::make_shared<orvane::Page>(std::vector<orvane::UISection>{{scopes, 6, 0, 1, 0},
+                                                                    {sample, 6, 0, 1, 0},
+                                                                    {grains, 4, 1, 1.1, 0},
+                                                                    {phaser, 4, 1, 1.1, 0},
+                                                                    {ribbons, 4, 1, 1.1, 0}},
+                                     "DISPLAYS");
   return page;
 }
 

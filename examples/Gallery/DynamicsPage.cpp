@@ -135,7 +135,7 @@ GalleryPage dynamicsPage() {
       section("WAVESHAPERS", Colors::coral, {single("drive"), single(points.front())});
   page.page = std::make_shared<orvane::Page>(
       std::vector<orvane::UISection>{
-          {dynamics, 1, 0, 1.2, 0}, {bands, 1, 1, 1, 0}, {shapers, 1.1, 1, 1, 0}},
+          {dynamics, 21, 0, 1.2, 0}, {bands, 10, 1, 1, 0}, {shapers, 11, 1, 1, 0}},
       "DYNAMICS");
   return page;
 }

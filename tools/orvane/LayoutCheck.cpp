@@ -85,7 +85,7 @@ class PageCheck {
   void checkSize(const std::string& key, const std::string& place) {
     Container* container = shown(key);
     if (!container || isDisplay(*container)) return;
-    const Rect& frame = valuePart(*container, key).frame();
+    const Rect& frame = valuePart(*container).frame();
     if (frame.width < smallest || frame.height < smallest)
       add(place, inQuotes(key) + " is too small to use: " + lengthText(frame.width) + " by " +
                      lengthText(frame.height) + " points");

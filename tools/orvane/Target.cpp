@@ -3,8 +3,6 @@
 #include <optional>
 #include <vector>
 
-#include "KestroUI/ValueStrip.h"
-#include "KestroUI/ValueStripContainer.h"
 #include "backends/headless/RecordingCanvas.h"
 #include "platform/Button.h"
 #include "platform/Label.h"
@@ -26,7 +24,7 @@ Point placeOfKey(HeadlessHost& host, const std::string& key) {
   kestroui::Container* container = shownContainer(host, key);
   if (!container) throw Failure("the parameter " + inQuotes(key) + " is not on the shown page");
   if (const auto place = container->handlePlace(key)) return container->convertToRoot(*place);
-  return valuePart(*container, key).frameInRoot().centre();
+  return valuePart(*container).frameInRoot().centre();
 }
 
 Point placeOfText(HeadlessHost& host, const std::string& text) {
@@ -76,7 +74,7 @@ Point placeOfClass(HeadlessHost& host, const std::string& text) {
                   (views.size() == 1 ? " is shown" : " are shown"));
   View& view = *views[static_cast<std::size_t>(*index)];
   if (auto* container = dynamic_cast<kestroui::Container*>(&view); container && container->key())
-    return valuePart(*container, container->key()->key()).frameInRoot().centre();
+    return valuePart(*container).frameInRoot().centre();
   return view.frameInRoot().centre();
 }
 
@@ -95,9 +93,7 @@ kestroui::Container* shownContainer(HeadlessHost& host, const std::string& key) 
   return own ? own : any;
 }
 
-View& valuePart(kestroui::Container& container, const std::string& key) {
-  if (const auto* strips = dynamic_cast<kestroui::ValueStripContainer*>(&container))
-    if (View* strip = strips->strip(key)) return *strip;
+View& valuePart(kestroui::Container& container) {
   if (container.control()) return *container.control();
   // Kinds with several parts: the largest of them.
   View* largest = &container;

@@ -17,8 +17,8 @@ struct Word {
 /// The container on screen whose control moves the parameter, or null: the innermost of several.
 kestroui::Container* shownContainer(headless::HeadlessHost& host, const std::string& key);
 
-/// The part of a container in which it shows the value of `key`, and where a finger changes it.
-platform::View& valuePart(kestroui::Container& container, const std::string& key);
+/// The part of a container that shows its values, and where a finger changes them.
+platform::View& valuePart(kestroui::Container& container);
 
 /// The place in root coordinates that a script means: `key:KEY` (the part of the parameter's
 /// container that holds its value), `CLASS`, `CLASS#2`, `"TEXT"` or `at:X,Y`. Throws a Failure when
