@@ -152,6 +152,9 @@ DisplayView::Strips DisplayView::strips() const {
   // Too many for their place: narrower, then lower, down to nothing to take hold of.
   if (rows() * (result.rowHeight + stripGap) > most)
     result.perRow = std::min(count, fitting(stripWidth * faceScale() / 2));
+  // Rows of about the same number.
+  const auto rowCount = static_cast<std::size_t>(rows());
+  result.perRow = (count + rowCount - 1) / rowCount;
   result.rowHeight = std::min(result.rowHeight, most / rows() - stripGap);
   if (result.rowHeight < 5) {
     result.rowHeight = 0;

@@ -41,7 +41,7 @@ std::vector<std::optional<std::size_t>> playedParts(
     const std::string text = lowerCase(keys[k]->key() + " " + keys[k]->settings().displayName);
     bool named = false, plays = false;
     for (std::size_t p = 0; p < parts.size() && !plays; ++p) {
-      if (!names(text, parts[p].words)) continue;
+      if (parts[p].words.empty() || !names(text, parts[p].words)) continue;
       named = true;
       if (played[p]) continue;
       played[p] = k;

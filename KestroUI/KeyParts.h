@@ -14,6 +14,7 @@ namespace kestroui {
 struct KeyPart {
   /// What a key's own string or display name says when it plays the part: alternatives separated
   /// by '|', each of words separated by blanks that must all occur. Letter case does not matter.
+  /// Empty for a part that no key names.
   std::string_view words;
   /// Whether a key that names no part may play it; such keys take the free parts in order.
   bool takesUnnamed = false;

@@ -15,7 +15,7 @@ enum Part : std::size_t { turns, height, distance, twist, fade };
 
 // By their order alone: the picture stands for no kind of processor.
 const std::vector<KeyPart> partsOfRibbons = {
-    {"\n", true}, {"\n", true}, {"\n", true}, {"\n", true}, {"\n", true}};
+    {"", true}, {"", true}, {"", true}, {"", true}, {"", true}};
 
 constexpr int ribbons = 9;
 constexpr int pieces = 22;

@@ -58,6 +58,8 @@ struct StockSide {
 void addEditorRows(Report& report);
 /// What is painted when all, one or some of the knobs change.
 void addPaintingRows(Report& report);
+/// A frame of controls of many kinds that are all modulated.
+void addMixedRows(Report& report);
 /// The road of a value from another thread to its control.
 void addValueRows(Report& report);
 

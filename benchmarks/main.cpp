@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
   report.printHead();
   bench::addEditorRows(report);
   bench::addPaintingRows(report);
+  bench::addMixedRows(report);
   bench::addValueRows(report);
   if (writesJson && !report.writeJson(argv[2])) {
     std::fprintf(stderr, "orvane_bench: cannot write %s\n", argv[2]);
