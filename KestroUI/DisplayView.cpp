@@ -146,12 +146,13 @@ DisplayView::Strips DisplayView::strips() const {
   const auto fitting = [&](double width) {
     return static_cast<std::size_t>(std::clamp(std::floor(face.width / width), 1.0, 64.0));
   };
-  result.perRow = std::min(count, fitting(stripWidth * faceScale()));
   const auto rows = [&] { return static_cast<double>((count - 1) / result.perRow + 1); };
   result.rowHeight = stripHeight * faceScale();
   // Too many for their place: narrower, then lower, down to nothing to take hold of.
-  if (rows() * (result.rowHeight + stripGap) > most)
-    result.perRow = std::min(count, fitting(stripWidth * faceScale() / 2));
+  for (const double part : {1.0, 0.5, 0.3}) {
+    result.perRow = std::min(count, fitting(stripWidth * faceScale() * part));
+    if (rows() * (result.rowHeight + stripGap) <= most) break;
+  }
   // Rows of about the same number.
   const auto rowCount = static_cast<std::size_t>(rows());
   result.perRow = (count + rowCount - 1) / rowCount;
