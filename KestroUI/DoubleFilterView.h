@@ -24,6 +24,7 @@ class DoubleFilterView : public ResponseView {
  protected:
   std::vector<Handle> handles() const override;
   double plainMagnitude(double hertz) const override;
+  std::pair<double, double> levels() const override { return levelsOf(lowPassResonance); }
   void paintHandle(platform::Canvas& canvas, const Handle& handle,
                    Plot::HandleState state) override;
 };

@@ -39,6 +39,7 @@ class FilterView : public ResponseView {
  protected:
   std::vector<Handle> handles() const override;
   double plainMagnitude(double hertz) const override;
+  std::pair<double, double> levels() const override { return levelsOf(1); }
 
  private:
   Type type_ = Type::lowPass;

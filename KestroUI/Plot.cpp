@@ -57,14 +57,17 @@ void paintCurve(Canvas& canvas, const Path& curve, const Rect& plot, double base
   fill.lineTo({curve.points().back().x, base});
   fill.lineTo({curve.points().front().x, base});
   fill.close();
-  // The fill is strongest at the far ends and fades towards the base.
-  const float strong = color.alpha * 0.34f, faint = color.alpha * 0.04f;
-  const double share = plot.height > 0 ? std::clamp((base - plot.y) / plot.height, 0.0, 1.0) : 1;
+  // The fill is strongest where the curve is furthest from the base, and fades towards it.
+  const float strong = color.alpha * 0.36f, faint = color.alpha * 0.04f;
+  const Rect reach = curve.bounds();
+  const double top = std::max(plot.y, std::min(reach.y, base));
+  const double bottom = std::min(plot.maxY(), std::max(reach.maxY(), base));
+  const double share = bottom > top ? std::clamp((base - top) / (bottom - top), 0.0, 1.0) : 1;
   std::vector<platform::Paint::Stop> stops;
   if (share > 0) stops.push_back({0, color.withAlpha(strong)});
   stops.push_back({share, color.withAlpha(faint)});
   if (share < 1) stops.push_back({1, color.withAlpha(strong)});
-  canvas.fillPath(fill, platform::Paint({0, plot.y}, {0, plot.maxY()}, std::move(stops)));
+  canvas.fillPath(fill, platform::Paint({0, top}, {0, bottom}, std::move(stops)));
   canvas.strokePath(curve, {lineWidth}, color);
 }
 

@@ -14,13 +14,6 @@ using platform::Rect;
 namespace {
 
 constexpr std::size_t pointCount = 96;
-// What the curve shows, in decibels.
-constexpr double bottomLevel = -36, topLevel = 30;
-
-double levelShare(double decibels) {
-  return std::clamp((decibels - bottomLevel) / (topLevel - bottomLevel), -0.1, 1.1);
-}
-
 double decibels(double magnitude) { return 20 * std::log10(std::max(1e-6, magnitude)); }
 
 }  // namespace
@@ -37,7 +30,17 @@ void ResponseView::setFilterMagnitudes(std::vector<double> decibels) {
   setNeedsDisplay();
 }
 
+std::pair<double, double> ResponseView::levelsOf(std::size_t resonance) const {
+  const double low = minimum(resonance), high = maximum(resonance);
+  const bool isLevel = low < 0 && high > 0 && high - low >= 24 && high - low <= 100;
+  return isLevel ? std::pair(low, high) : ResponseView::levels();
+}
+
 void ResponseView::paintShape(Canvas& canvas, const Rect& plot) {
+  const auto [bottom, top] = levels();
+  const auto levelShare = [bottom = bottom, top = top](double decibels) {
+    return std::clamp((decibels - bottom) / (top - bottom), -0.1, 1.1);
+  };
   const bool isRoomy = plot.width >= 90 && plot.height >= 40;
   if (isRoomy) {
     std::vector<double> between;
@@ -47,12 +50,13 @@ void ResponseView::paintShape(Canvas& canvas, const Rect& plot) {
           between.push_back(Plot::shareOfHertz(digit * decade));
     Plot::paintGrid(canvas, plot, between, {}, 0.18f);
   }
-  std::vector<double> levels{levelShare(0)};
+  std::vector<double> lines{levelShare(0)};
   if (isRoomy)
-    for (const double level : {-24.0, -12.0, 12.0, 24.0}) levels.push_back(levelShare(level));
+    for (double level = std::ceil(bottom / 12) * 12; level < top; level += 12)
+      if (level != 0 && level > bottom) lines.push_back(levelShare(level));
   Plot::paintGrid(canvas, plot,
                   {Plot::shareOfHertz(100), Plot::shareOfHertz(1000), Plot::shareOfHertz(10000)},
-                  levels, 0.45f);
+                  lines, 0.45f);
   if (isRoomy) paintLabels(canvas, plot);
   if (!magnitudes_.empty() && magnitudes_.size() != frequencies_.size()) return;
   platform::Path curve;
@@ -60,7 +64,7 @@ void ResponseView::paintShape(Canvas& canvas, const Rect& plot) {
     const double level = magnitudes_.empty() ? plainMagnitude(frequencies_[i]) : magnitudes_[i];
     const Point point{
         plot.x + plot.width * static_cast<double>(i) / (pointCount - 1),
-        plot.maxY() - plot.height * levelShare(std::isfinite(level) ? level : bottomLevel)};
+        plot.maxY() - plot.height * levelShare(std::isfinite(level) ? level : bottom)};
     if (i == 0)
       curve.moveTo(point);
     else

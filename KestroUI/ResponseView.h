@@ -1,5 +1,6 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "KestroUI/ShapeControl.h"
@@ -23,6 +24,11 @@ class ResponseView : public ShapeControl {
  protected:
   /// The response in decibels that is drawn without magnitudes.
   virtual double plainMagnitude(double hertz) const = 0;
+  /// The lowest and the highest level that the plot shows, in decibels.
+  virtual std::pair<double, double> levels() const { return {-36, 30}; }
+  /// The range of the resonance's value where it is one of levels, so that its handle stands on the
+  /// curve.
+  std::pair<double, double> levelsOf(std::size_t resonance) const;
   void paintShape(platform::Canvas& canvas, const platform::Rect& plot) override;
 
  private:

@@ -22,10 +22,11 @@ void StepSequencerView::paintShape(platform::Canvas& canvas, const Rect& plot) {
                                       : accent;
     const Rect bar{place.x + gap, std::min(from, to), place.width - 2 * gap, std::fabs(to - from)};
     if (bar.height >= 0.5)
-      canvas.fillRoundedRect(bar, 1.5,
-                             platform::Paint({0, bar.y}, {0, bar.maxY()},
-                                             {{0, color.withAlpha(color.alpha * 0.8f)},
-                                              {1, color.withAlpha(color.alpha * 0.35f)}}));
+      canvas.fillRoundedRect(
+          bar, 1.5,
+          platform::Paint({0, bar.y}, {0, bar.maxY()},
+                          {{0, color.withAlpha(color.alpha * (to < from ? 0.8f : 0.35f))},
+                           {1, color.withAlpha(color.alpha * (to < from ? 0.35f : 0.8f))}}));
     // The edge that a finger draws, shown for empty steps too.
     const double line = std::clamp(place.height * 0.03, 1.0, 2.5);
     const double edge = std::clamp(to - line / 2, place.y, std::max(place.y, place.maxY() - line));

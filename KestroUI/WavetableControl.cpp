@@ -110,7 +110,7 @@ void WavetableControl::paintShape(platform::Canvas& canvas, const Rect& plot) {
     if (!isPainted && place >= at) paintOwn();
     canvas.strokePath(
         wave(at, points), {0.75},
-        Theme::line.mixed(accent, 0.3f).withAlpha(0.75f - 0.4f * static_cast<float>(at)));
+        Theme::line.mixed(accent, 0.45f).withAlpha(0.75f - 0.4f * static_cast<float>(at)));
   }
   if (!isPainted) paintOwn();
 }

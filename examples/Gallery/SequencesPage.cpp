@@ -60,7 +60,7 @@ GalleryPage sequencesPage() {
   const auto pad = section("PAD", Colors::rose, {single("padX")});
   const auto stop = section("TIME STOP", Colors::coral, {single("stopX")});
   page.page =
-      std::make_shared<orvane::Page>(std::vector<orvane::UISection>{{stepSection, 1, 0, 1, 0},
+      std::make_shared<orvane::Page>(std::vector<orvane::UISection>{{stepSection, 12, 0, 1.2, 0},
                                                                     {glide, 5, 1, 1.2, 0},
                                                                     {pad, 3, 1, 1.2, 0},
                                                                     {stop, 4, 1, 1.2, 0}},

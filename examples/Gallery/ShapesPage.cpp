@@ -95,7 +95,7 @@ GalleryPage shapesPage() {
               {single("wavetable", 1.4), single("rangeLow", 1.2), single("mutable", 0.8)});
   page.page = std::make_shared<orvane::Page>(
       std::vector<orvane::UISection>{
-          {filters, 1, 0, 1, 0}, {curves, 4, 1, 1, 0}, {more, 4, 1, 1, 0}},
+          {filters, 8, 0, 1, 0}, {curves, 4, 1, 1, 0}, {more, 4, 1, 1, 0}},
       "SHAPES");
   return page;
 }

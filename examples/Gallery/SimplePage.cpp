@@ -114,15 +114,15 @@ GalleryPage simplePage() {
                                 single("waveformKnob"), single("low", 2.4)});
   const auto choosing =
       section("CHOOSE", Colors::teal,
-              {single("radio"), single("wave"), stacked({"stepper", "dropdown"}), single("flags")});
+              {stacked({"radio", "wave"}), stacked({"stepper", "dropdown"}), single("flags", 0.8)});
   const auto switching =
       section("SWITCH", Colors::coral, {single("onOff"), single("rec"), single("button")});
   const auto telling = section("TELL", Colors::sky, {single("label"), single("led", 0.6)});
   page.page =
-      std::make_shared<orvane::Page>(std::vector<orvane::UISection>{{turning, 1, 0, 1, 0},
-                                                                    {choosing, 4, 1, 1, 0},
-                                                                    {switching, 3, 2, 0.8, 0},
-                                                                    {telling, 2, 2, 0.8, 0}},
+      std::make_shared<orvane::Page>(std::vector<orvane::UISection>{{turning, 12, 0, 1, 0},
+                                                                    {choosing, 6, 1, 1, 0},
+                                                                    {switching, 3.6, 1, 1, 0},
+                                                                    {telling, 2.4, 1, 1, 0}},
                                      "SIMPLE");
   return page;
 }
