@@ -7,6 +7,7 @@ orvane_add_tests(orvane
     DesignModelTest.cpp
     DisplayBindingTest.cpp
     EditorLifeTest.cpp
+    OverlayPanelsTest.cpp
     PageLayoutTest.cpp
     SectionViewTest.cpp
     ShapeRoadTest.cpp

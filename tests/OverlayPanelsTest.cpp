@@ -1,0 +1,145 @@
+// The panels that ask, and the small inputs of the preset browser.
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "Orvane/ConfirmOverlay.h"
+#include "Orvane/EnterValueOverlay.h"
+#include "Orvane/FiltersTableViewController.h"
+#include "Orvane/SearchBar.h"
+#include "tests/support/ManualDriver.h"
+#include "tests/support/WindowBench.h"
+
+namespace orvane {
+namespace {
+
+using platform::Key;
+
+/// Writes down what panels tell it.
+struct Owner : EnterValueOverlayDelegate,
+               ConfirmOverlayDelegate,
+               SearchBarDelegate,
+               FiltersTableViewControllerDelegate,
+               platform::WeakTarget {
+  void textFieldOverlayDidConfirm(TextFieldOverlay&,
+                                  const std::optional<std::string>& text) override {
+    journal += "[" + text.value_or("none") + "]";
+  }
+  void enterValueOverlayDidReset() override { journal += "reset"; }
+  void confirmOverlayDidAnswer(ConfirmOverlay&, bool yes) override { journal += yes ? "Y" : "N"; }
+  void searchTextChanged(const std::string& text) override { journal += "/" + text; }
+  void filterSelected(const std::optional<std::string>& filter) override {
+    journal += "," + filter.value_or("none");
+  }
+  std::string journal;
+};
+
+class OverlayPanelsTest : public testing::Test {
+ protected:
+  template <class Panel>
+  void show(Panel& panel) {
+    panel.setFrame({0, 0, 400, 300});
+    bench.root().addSubview(panel);
+    panel.setHidden(true);
+    bench.frame();
+    panel.setHidden(false);
+    bench.frame();
+  }
+  void type(const std::string& text) {
+    for (char c : text) bench.key(Key::character, platform::Modifiers::none, std::string(1, c));
+  }
+  void tap(platform::View& view) { bench.tap(view.convertToRoot(view.bounds().centre())); }
+
+  support::ManualLoop loop;
+  support::WindowBench bench;
+  Owner owner;
+};
+
+TEST_F(OverlayPanelsTest, aTextPanelStartsEmptyEachTimeAndConfirmsOnlyWithOk) {
+  TextFieldOverlay panel;
+  panel.delegate = &owner;
+  show(panel);
+  EXPECT_EQ(panel.titleLabel().text(), "Please enter a preset name : ");
+  type("Foam");
+  bench.key(Key::returnKey);
+  EXPECT_FALSE(panel.textField().isFirstResponder());
+  EXPECT_EQ(owner.journal, "");
+  tap(panel.okButton());
+  EXPECT_EQ(owner.journal, "[Foam]");
+  EXPECT_FALSE(panel.isHidden()) << "its owner hides it";
+  panel.setHidden(true);
+  panel.setHidden(false);
+  tap(panel.okButton());
+  EXPECT_EQ(owner.journal, "[Foam][]");
+  panel.delegate = nullptr;
+  tap(panel.okButton());
+}
+
+TEST_F(OverlayPanelsTest, theValuePanelIsWhereItShouldBeAndClosesBesideItself) {
+  EnterValueOverlay panel;
+  panel.delegate = &owner;
+  show(panel);
+  EXPECT_EQ(panel.titleLabel().text(), "Please enter a value : ");
+  EXPECT_EQ(panel.textField().frame(), (platform::Rect{100, 135, 108, 30}));
+  EXPECT_EQ(panel.okButton().frame(), (platform::Rect{211, 135, 40, 30}));
+  EXPECT_EQ(panel.outside().frame(), panel.bounds());
+  tap(panel.resetButton());
+  EXPECT_EQ(owner.journal, "reset");
+  bench.tap({5, 5});
+  EXPECT_TRUE(panel.isHidden());
+  EXPECT_EQ(owner.journal, "reset");
+}
+
+TEST_F(OverlayPanelsTest, aQuestionIsAnsweredByAButtonAndNoIsTheSafeAnswer) {
+  ConfirmOverlay panel;
+  panel.delegate = &owner;
+  show(panel);
+  EXPECT_EQ(panel.text(), "Are you sure you want to delete this preset?");
+  tap(panel.okButton());
+  tap(panel.cancelButton());
+  panel.setHidden(true);
+  panel.setHidden(false);
+  bench.key(Key::returnKey);
+  bench.key(Key::escape);
+  EXPECT_EQ(owner.journal, "YNNN");
+}
+
+TEST_F(OverlayPanelsTest, theSearchBarTellsEveryChangeAndReturnLeavesIt) {
+  SearchBar bar;
+  bar.delegate = &owner;
+  bar.setFrame({0, 0, 400, 30});
+  bench.root().addSubview(bar);
+  bench.frame();
+  EXPECT_EQ(bar.textField().frame(), (platform::Rect{30, 0, 370, 30}));
+  bench.tap({100, 15});
+  type("Ti");
+  bench.frame();
+  bench.tap({388, 15});
+  EXPECT_EQ(owner.journal, "/T/Ti/") << "cleared by its button";
+  EXPECT_TRUE(bench.key(Key::returnKey));
+  EXPECT_FALSE(bar.textField().isFirstResponder());
+}
+
+TEST_F(OverlayPanelsTest, theBankFiltersTellEachTapAndComeBackAfterARefill) {
+  FiltersTableViewController filters;
+  filters.delegate = &owner;
+  filters.view().setFrame({0, 0, 100, 160});
+  bench.root().addSubview(filters.view());
+  filters.setFilterList({"ALL", "USER", "FAVOURITES", "COAST"});
+  bench.frame();
+  bench.tap({50, 70});  // rows of 20
+  bench.tap({50, 70});
+  EXPECT_EQ(owner.journal, ",COAST,COAST");
+  filters.setFilterList({"ALL", "USER", "FAVOURITES", "HARBOUR", "COAST"});
+  filters.reapplySelection();
+  EXPECT_EQ(owner.journal, ",COAST,COAST,COAST");
+  EXPECT_EQ(filters.tableView().indexPathForSelectedRow(), (platform::IndexPath{0, 4}));
+  filters.setFilterList({"ALL"});
+  filters.reapplySelection();
+  EXPECT_EQ(owner.journal, ",COAST,COAST,COAST");
+  EXPECT_EQ(filters.tableView().indexPathForSelectedRow(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace orvane
