@@ -102,8 +102,10 @@ void EditorComponent::displayFrame() {
     composite(juce::Rectangle<double>(grown.x * scale_, grown.y * scale_, grown.width * scale_,
                                       grown.height * scale_)
                   .getSmallestIntegerContainer());
-    repaint(juce::Rectangle<double>(grown.x, grown.y, grown.width, grown.height)
-                .getSmallestIntegerContainer());
+    const auto changed = juce::Rectangle<double>(grown.x, grown.y, grown.width, grown.height)
+                             .getSmallestIntegerContainer();
+    toCopy_.add(changed);
+    repaint(changed);
   }
 }
 
@@ -131,8 +133,25 @@ void EditorComponent::paint(juce::Graphics& graphics) {
   if (picture_.isNull() || !fits) renewPicture(scale);
   // The picture's pixels are the screen's; smoothing would only blur them.
   graphics.setImageResamplingQuality(juce::Graphics::lowResamplingQuality);
-  graphics.drawImageTransformed(picture_,
-                                juce::AffineTransform::scale(static_cast<float>(1 / scale)));
+
+  // What a copy costs goes by the size of the picture and not of the clip, so it is done in parts:
+  // what has changed, and of the rest only what the desktop has uncovered.
+  const juce::Rectangle<int> clip = graphics.getClipBounds();
+  juce::RectangleList<int> uncovered(clip);
+  uncovered.subtract(toCopy_);
+  for (const juce::Rectangle<int>& part : toCopy_) copy(graphics, part.getIntersection(clip));
+  for (const juce::Rectangle<int>& part : uncovered) copy(graphics, part);
+  toCopy_.clear();
+}
+
+void EditorComponent::copy(juce::Graphics& graphics, juce::Rectangle<int> part) {
+  if (!graphics.getInternalContext().clipRegionIntersects(part)) return;
+  const juce::Rectangle<int> pixels = (part.toDouble() * scale_)
+                                          .getSmallestIntegerContainer()
+                                          .getIntersection(picture_.getBounds());
+  graphics.drawImageTransformed(picture_.getClippedImage(pixels),
+                                juce::AffineTransform::translation(pixels.getPosition().toFloat())
+                                    .scaled(static_cast<float>(1 / scale_)));
 }
 
 void EditorComponent::mouseDown(const juce::MouseEvent& event) {
@@ -140,10 +159,9 @@ void EditorComponent::mouseDown(const juce::MouseEvent& event) {
   if (!event.mods.isLeftButtonDown()) return;
   const int id = touchId(event.source);
   if (!touches_.insert(id).second) return;
-  window_.touchBegan(id,
-                     event.source.isTouch() ? platform::Touch::Kind::finger
-                                            : platform::Touch::Kind::mouse,
-                     toPoint(event.position), event.getNumberOfClicks(), toModifiers(event.mods));
+  window_.touchBegan(
+      id, event.source.isTouch() ? platform::Touch::Kind::finger : platform::Touch::Kind::mouse,
+      toPoint(event.position), event.getNumberOfClicks(), toModifiers(event.mods));
 }
 
 void EditorComponent::mouseDrag(const juce::MouseEvent& event) {

@@ -50,8 +50,7 @@ class EditorComponent : public juce::Component,
   void mouseMove(const juce::MouseEvent& event) override;
   void mouseEnter(const juce::MouseEvent& event) override;
   void mouseExit(const juce::MouseEvent& event) override;
-  void mouseWheelMove(const juce::MouseEvent& event,
-                      const juce::MouseWheelDetails& wheel) override;
+  void mouseWheelMove(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
   bool keyPressed(const juce::KeyPress& key) override;
 
  private:
@@ -84,6 +83,8 @@ class EditorComponent : public juce::Component,
   /// Makes the picture anew for this scale, with all that has to be shown.
   void renewPicture(double scale);
   void composite(juce::Rectangle<int> pixels);
+  /// Paints a part of the picture, given in points.
+  void copy(juce::Graphics& graphics, juce::Rectangle<int> part);
 
   // First in, last out: every part of an editor may have timers.
   juce::SharedResourcePointer<JuceRunLoop> runLoop_;
@@ -98,6 +99,8 @@ class EditorComponent : public juce::Component,
   /// What is on screen, in device pixels: whatever the desktop uncovers is only copied.
   juce::Image picture_;
   double scale_ = 0;
+  /// In points: what has been repainted since the last copy.
+  juce::RectangleList<int> toCopy_;
   std::set<int> touches_;
   ShowingWatcher showingWatcher_{*this};
 };
