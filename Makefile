@@ -30,7 +30,7 @@ asan tsan: setup
 	cmake --build --preset $@ -j $(JOBS)
 	ctest --preset $@ -j $(JOBS)
 
-# Builds the fuzzers; run one as build-fuzz/bin/<name> <corpus folder>.
+# Builds the fuzzers; run one as build-fuzz/bin/fuzz_<name> fuzz/corpus/<folder>.
 fuzz: setup
 	cmake --preset fuzz
 	cmake --build --preset fuzz -j $(JOBS)

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/FactoryPreset.h"
 #include "platform/Fatal.h"
 
 namespace orvane {
@@ -34,6 +35,7 @@ std::unique_ptr<platform::AudioUnit> KestroAUViewController::createAudioUnit(
 
 void KestroAUViewController::setAudioUnit(platform::AudioUnit* audioUnit) {
   audioUnit_ = audioUnit;
+  followAudioUnitWithPresets();
 }
 
 void KestroAUViewController::viewDidLoad() {
@@ -52,6 +54,7 @@ void KestroAUViewController::viewDidLoad() {
   menuBar_.delegate = this;
   enterValueOverlay_.setHidden(true);
   enterValueOverlay_.delegate = this;
+  loadPresetStorage();
   if (auto* unit = audioUnit()) {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();
@@ -187,16 +190,22 @@ void KestroAUViewController::menuBarDidStepPreset(Direction direction) {
     const auto from = static_cast<std::size_t>(current - presets.begin());
     index = (from + (forwards ? 1 : presets.size() - 1)) % presets.size();
   }
-  unit->setCurrentPreset(presets[index].number);
-  followPresetName();
+  presetSelected(std::make_shared<FactoryPreset>(platform::KestroAUPreset(presets[index])));
+}
+
+platform::Application* KestroAUViewController::application() {
+  for (platform::Responder* responder = this; responder; responder = responder->nextResponder())
+    if (auto* application = dynamic_cast<platform::Application*>(responder)) return application;
+  return nullptr;
 }
 
 void KestroAUViewController::openURL(const std::string& url) {
-  for (platform::Responder* responder = this; responder; responder = responder->nextResponder())
-    if (auto* application = dynamic_cast<platform::Application*>(responder)) {
-      application->open(url);
-      return;
-    }
+  if (auto* program = application()) program->open(url);
+}
+
+platform::Presentation* KestroAUViewController::presentation() {
+  auto* program = application();
+  return program ? program->presentation() : nullptr;
 }
 
 void KestroAUViewController::addViewController(platform::ViewController& child) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -15,9 +16,11 @@
 #include "Orvane/KestroAUViewControllerDelegate.h"
 #include "Orvane/MenuBar.h"
 #include "Orvane/ParameterConnection.h"
+#include "Orvane/PresetManager.h"
 #include "Orvane/SettingsViewController.h"
 #include "platform/AudioUnit.h"
 #include "platform/Image.h"
+#include "platform/Presentation.h"
 #include "platform/RunLoop.h"
 #include "platform/ViewController.h"
 
@@ -43,7 +46,8 @@ namespace orvane {
 class KestroAUViewController : public platform::ViewController,
                                public kestroui::ContainerDelegate,
                                public MenuBarDelegate,
-                               public EnterValueOverlayDelegate {
+                               public EnterValueOverlayDelegate,
+                               public platform::DocumentPickerDelegate {
  public:
   KestroAUViewController();
   ~KestroAUViewController() override;
@@ -68,6 +72,18 @@ class KestroAUViewController : public platform::ViewController,
   virtual std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() { return {}; }
   /// Whether a control is shown at all; applied by updateVisibility. All are in the base class.
   virtual bool isControlShown(const kestroui::ParamKey& /*key*/) { return true; }
+  /// The app group whose container holds the user's presets and favourites; empty for an editor
+  /// that keeps none.
+  virtual std::string groupBundleId() { return {}; }
+  /// The categories that the preset browser offers.
+  virtual std::vector<std::string> categories() { return {}; }
+  /// Folders to make beside the presets in the cloud.
+  virtual std::vector<std::string> extraIcloudResources() { return {}; }
+  /// Makes the preset manager and hands it to setPresetManager; for one that is set up otherwise.
+  virtual void instantiatePresetManager();
+  /// Before the audio unit's state is saved as a new preset, and before a preset is loaded.
+  virtual void preSaveAction() {}
+  virtual void preLoadAction() {}
   /// The user chose a display mode in the menu bar.
   virtual void displayChanged(int /*index*/) {}
 
@@ -96,6 +112,35 @@ class KestroAUViewController : public platform::ViewController,
   void randomize();
   /// Sets the parameter that was double-tapped last to its default, and closes the value panel.
   void reset();
+
+  // Presets
+
+  /// Null until the view is loaded.
+  PresetManager* presetManager() const { return presetManager_.get(); }
+  void setPresetManager(std::unique_ptr<PresetManager> manager);
+  void rebuildPresetList();
+  /// Applies a preset to the audio unit.
+  void load(const std::shared_ptr<Preset>& preset);
+  /// The user chose a preset: loads it and remembers it for the export.
+  void presetSelected(const std::shared_ptr<Preset>& preset);
+  const std::shared_ptr<Preset>& selectedPreset() const { return selectedPreset_; }
+  /// A file has become a preset, or was one already: it is chosen.
+  void presetWasImported(const std::shared_ptr<UserPreset>& preset);
+  /// The path of the new preset; see PresetManager::saveNew.
+  std::optional<std::string> saveNewPreset(const std::string& name,
+                                           const std::vector<std::string>& presetCategories);
+  /// Replaces the preset's file by the state as it is now.
+  void savePreset(const UserPreset& preset);
+  void deletePreset(const UserPreset& preset);
+  void importPreset();
+  void importPresetFile(const std::string& url);
+  /// Shares the state as it is now under the name of the chosen preset.
+  void exportPreset();
+  void exportAll();
+  /// What the user has picked to import, of which the first file counts.
+  void documentPickerDidPick(const std::vector<std::string>& paths) override;
+  /// Set when a preset was imported before there was a list of presets; nothing clears it.
+  bool isLoadingUserPreset = false;
 
   // Parts
 
@@ -133,6 +178,8 @@ class KestroAUViewController : public platform::ViewController,
   void updateUI();
   /// Opens a link outside the editor; nothing happens where the program around it cannot.
   void openURL(const std::string& url);
+  /// Where pickers, share sheets and alerts appear; null where they cannot.
+  platform::Presentation* presentation();
   /// Adds a child with its view on top, or removes both.
   void addViewController(platform::ViewController& child);
   void removeViewController(platform::ViewController& child);
@@ -177,6 +224,9 @@ class KestroAUViewController : public platform::ViewController,
   void followHostFrame();
   void followPresetName();
   void tellAudioUnitOfUI(bool visible);
+  void loadPresetStorage();
+  void followAudioUnitWithPresets();
+  platform::Application* application();
 
   platform::Weak<platform::AudioUnit> audioUnit_;
   DSPParameters parameters_;
@@ -192,6 +242,8 @@ class KestroAUViewController : public platform::ViewController,
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   HeldParameters heldParameters_;
   std::unique_ptr<ParameterConnection> connection_;
+  std::unique_ptr<PresetManager> presetManager_;
+  std::shared_ptr<Preset> selectedPreset_;
 
   std::unique_ptr<platform::DisplayLink> displayLink_;
   platform::Timer checkTimer_;

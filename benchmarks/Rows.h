@@ -62,5 +62,7 @@ void addPaintingRows(Report& report);
 void addMixedRows(Report& report);
 /// The road of a value from another thread to its control.
 void addValueRows(Report& report);
+/// Listing and saving user presets.
+void addPresetRows(Report& report);
 
 }  // namespace bench

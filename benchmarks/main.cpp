@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
   bench::addPaintingRows(report);
   bench::addMixedRows(report);
   bench::addValueRows(report);
+  bench::addPresetRows(report);
   if (writesJson && !report.writeJson(argv[2])) {
     std::fprintf(stderr, "orvane_bench: cannot write %s\n", argv[2]);
     return 1;

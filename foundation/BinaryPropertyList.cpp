@@ -81,8 +81,11 @@ class Reader {
         require(place, 1, low + 1);
         return PropertyList::Dictionary{
             {"CF$UID", static_cast<std::int64_t>(number(place, low + 1))}};
-      default:
-        return sequence(kind, place, low == 15 ? count(place) : low, depth);
+      default: {
+        // First, since it moves the place on.
+        const std::uint64_t length = low == 15 ? count(place) : static_cast<std::uint64_t>(low);
+        return sequence(kind, place, length, depth);
+      }
     }
   }
 

@@ -15,6 +15,7 @@
 
 #include "foundation/FileErrors.h"
 #include "foundation/SafeFile.h"
+#include "platform/DispatchQueue.h"
 #include "platform/FilePath.h"
 
 namespace platform {
@@ -36,7 +37,10 @@ FileManager& FileManager::defaultManager() {
 DefaultFileManager::DefaultFileManager(FileManager& manager)
     : previous_(currentManager.exchange(&manager)) {}
 
-DefaultFileManager::~DefaultFileManager() { currentManager.store(previous_); }
+DefaultFileManager::~DefaultFileManager() {
+  DispatchQueue::waitForGlobal();
+  currentManager.store(previous_);
+}
 
 }  // namespace platform
 

@@ -24,7 +24,7 @@ class LocalFileManager : public platform::FileManager {
   static std::string usersDataFolder();
 
   std::optional<std::string> groupContainer(const std::string& groupIdentifier) override;
-  platform::CloudStorage* cloud() override { return cloud_.get(); }
+  std::shared_ptr<platform::CloudStorage> cloud() override { return cloud_; }
   std::string temporaryDirectory() override;
 
   std::optional<std::vector<platform::DirectoryEntry>> contentsOfDirectory(

@@ -3,6 +3,7 @@
 #include <compare>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -56,8 +57,8 @@ class FileManager {
   /// The folder that the plug-ins of an app group share, which exists then; none for an empty
   /// identifier and where there cannot be one.
   virtual std::optional<std::string> groupContainer(const std::string& groupIdentifier) = 0;
-  /// The user's cloud, or null for a user without one.
-  virtual CloudStorage* cloud() = 0;
+  /// The user's cloud, or null for a user without one. Shared with what is on its way from there.
+  virtual std::shared_ptr<CloudStorage> cloud() = 0;
   /// Ends in "/".
   virtual std::string temporaryDirectory() = 0;
 
@@ -88,7 +89,8 @@ class FileManager {
 };
 
 /// Makes a file manager the process's default one as long as it lives: a program's or a test's own
-/// containers. They end in the reverse order. User-interface thread.
+/// containers. They end in the reverse order, each when no work on the global queue uses its manager
+/// any more. User-interface thread.
 class DefaultFileManager {
  public:
   /// `manager` outlives it.

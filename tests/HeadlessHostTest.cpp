@@ -106,7 +106,7 @@ TEST_F(HeadlessHostTest, RecordsLinksThatTheEditorOpens) {
   host.editor().openURL("https://example.org/help");
   EXPECT_EQ(host.application()->takeEvents(),
             (Events{{"openURL", {{"url", "https://example.org/help"}}}}));
-  EXPECT_TRUE(host.application()->events().empty());
+  EXPECT_TRUE(host.application()->takeEvents().empty());
 }
 
 TEST_F(HeadlessHostTest, TwoEditorsShareOneLoopAndMayGoInAnyOrder) {

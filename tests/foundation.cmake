@@ -2,12 +2,14 @@ orvane_add_tests(foundation
   SOURCES
     ArchiveOracleTest.cpp
     DispatchQueueTest.cpp
+    FuzzCorpusTest.cpp
     KeyedArchiveTest.cpp
     LocalFileManagerTest.cpp
     PropertyListCodingTest.cpp
     RealtimePortTest.cpp
     RunLoopTest.cpp
     UserDefaultsTest.cpp
+    ${Orvane_SOURCE_DIR}/fuzz/PropertyListTargets.cpp
     support/AllocationCounter.cpp
   DEPENDS orvane::foundation Threads::Threads)
 

@@ -1,34 +1,55 @@
 #pragma once
 
+#include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/Console.h"
+#include "platform/Presentation.h"
 #include "platform/Responder.h"
 
 namespace headless {
 
 /// Something that left the editor: a link that it opened, for one.
 struct Event {
-  /// "openURL".
+  /// "openURL", "alert", "share", "picker" or "console".
   std::string type;
   /// Name and text of what the event carries, in a fixed order.
   std::vector<std::pair<std::string, std::string>> members;
+  /// A picker's: the types of the files, and whether several may be picked.
+  std::vector<std::string> types{};
+  std::optional<bool> multiple{};
 
   friend bool operator==(const Event&, const Event&) = default;
 };
 
 /// The end of the responder chain without a desktop: nothing is opened, everything is recorded.
-class HeadlessApplication : public platform::Application {
+class HeadlessApplication : public platform::Application, private platform::Presentation {
  public:
   bool open(const std::string& url) override;
+  platform::Presentation* presentation() override { return this; }
+
+  /// The user's choice in the picker that was shown last; false when none is open.
+  bool pick(const std::vector<std::string>& paths);
 
   /// In the order in which they happened, since the last call.
-  std::vector<Event> takeEvents() { return std::exchange(events_, {}); }
-  const std::vector<Event>& events() const { return events_; }
+  std::vector<Event> takeEvents();
 
  private:
+  void present(const platform::DocumentPicker& picker) override;
+  void present(const platform::ActivitySheet& sheet) override;
+  void present(const platform::Alert& alert) override;
+  void add(Event event);
+
+  /// The console is written to on any thread.
+  std::mutex mutex_;
   std::vector<Event> events_;
+  std::optional<platform::DocumentPicker> picker_;
+  platform::ConsoleListener console_{[this](const std::string& line) {
+    add({"console", {{"line", line}}});
+  }};
 };
 
 }  // namespace headless

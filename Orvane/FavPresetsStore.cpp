@@ -1,0 +1,60 @@
+#include "Orvane/FavPresetsStore.h"
+
+#include <algorithm>
+
+#include "platform/UserDefaults.h"
+
+namespace orvane {
+
+using platform::PropertyList;
+using platform::UserDefaults;
+
+namespace {
+
+constexpr const char* favouritesKey = "favpresets";
+
+void removeFirst(const std::string& uniqueName) {
+  auto& list = FavPresetsStore::favouritePresets;
+  const auto found = std::find(list.begin(), list.end(), uniqueName);
+  if (found != list.end()) list.erase(found);
+}
+
+}  // namespace
+
+void FavPresetsStore::load() {
+  favouritePresets.clear();
+  auto defaults = UserDefaults::open(suiteName);
+  const auto stored = defaults ? defaults->array(favouritesKey) : std::nullopt;
+  if (!stored) return;
+  for (const PropertyList& element : *stored)
+    if (const auto* name = element.as<std::string>()) favouritePresets.push_back(*name);
+}
+
+void FavPresetsStore::save() {
+  if (auto defaults = UserDefaults::open(suiteName)) defaults->removeObject(favouritesKey);
+  if (auto defaults = UserDefaults::open(suiteName)) defaults->synchronize();
+  const PropertyList::Array whole(favouritePresets.begin(), favouritePresets.end());
+  if (auto defaults = UserDefaults::open(suiteName)) defaults->setObject(favouritesKey, whole);
+  if (auto defaults = UserDefaults::open(suiteName)) defaults->synchronize();
+}
+
+void FavPresetsStore::setFavourite(Preset& preset, bool isFavourite) {
+  preset.isFavourite = isFavourite;
+  if (isFavourite)
+    favouritePresets.push_back(preset.uniqueName());
+  else
+    removeFirst(preset.uniqueName());
+  save();
+}
+
+bool FavPresetsStore::contains(const std::string& uniqueName) {
+  return std::find(favouritePresets.begin(), favouritePresets.end(), uniqueName) !=
+         favouritePresets.end();
+}
+
+void FavPresetsStore::remove(const std::string& uniqueName) {
+  removeFirst(uniqueName);
+  save();
+}
+
+}  // namespace orvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/AudioUnit.h"
+#include "platform/KestroAUPreset.h"
+
+namespace orvane {
+
+/// An entry of the preset browser. Lists, selection and favourites share the object.
+class Preset {
+ public:
+  /// Name and number of a preset that the audio unit has; in no bank.
+  explicit Preset(const platform::AUAudioUnitPreset& unitPreset);
+  explicit Preset(std::string presetName);
+  explicit Preset(const platform::KestroAUPreset& record);
+  virtual ~Preset() = default;
+
+  /// Tells presets of all banks and folders apart: the key of favourites and of stepping.
+  virtual std::string uniqueName() const { return bankName + '/' + name; }
+
+  std::string name;
+  /// The number of a factory preset.
+  std::optional<std::int64_t> id;
+  /// A factory preset's own object.
+  std::optional<platform::AUAudioUnitPreset> preset;
+  std::vector<std::string> categories;
+  /// "USER" for every user preset.
+  std::string bankName;
+  /// Empty outside any pack.
+  std::string presetPackID;
+  bool isUserPreset = false;
+  bool isFavourite = false;
+
+  /// By name and kind alone: two factory presets of one name are equal even in different banks,
+  /// and so are user presets of one name in different folders.
+  friend bool operator==(const Preset& a, const Preset& b) {
+    return a.name == b.name && a.isUserPreset == b.isUserPreset;
+  }
+};
+
+}  // namespace orvane

@@ -1,0 +1,160 @@
+#include "Orvane/PresetManager.h"
+
+#include <utility>
+
+#include "Orvane/FavPresetsStore.h"
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/PresetFile.h"
+#include "platform/Console.h"
+#include "platform/FilePath.h"
+#include "platform/KeyedArchive.h"
+#include "platform/PropertyListCoding.h"
+#include "platform/UnicodeText.h"
+
+namespace orvane {
+
+using platform::FileError;
+using platform::FileManager;
+using platform::PropertyList;
+
+namespace {
+
+constexpr const char* presetsFolder = "/Presets";
+
+}  // namespace
+
+PresetManager::PresetManager(std::string groupId, std::vector<std::string> extraResources)
+    : groupBundleId(std::move(groupId)),
+      extraIcloudResources(std::move(extraResources)),
+      fileManager_(FileManager::defaultManager()),
+      iCloudManager_(std::nullopt) {
+  iCloudManager_.initialize();
+  iCloudManager_.sync(iCloudPresetPath(), [](const std::string&) {});
+}
+
+// Folders
+
+std::optional<std::string> PresetManager::localPresetPath() const {
+  const auto container = fileManager_.groupContainer(groupBundleId);
+  return container ? std::optional(*container + presetsFolder) : std::nullopt;
+}
+
+std::optional<std::string> PresetManager::iCloudPresetPath() const {
+  const auto documents = iCloudManager_.iCloudURL();
+  return documents ? std::optional(*documents + presetsFolder) : std::nullopt;
+}
+
+std::optional<std::string> PresetManager::extraResourcePath(const std::string& name) const {
+  const auto documents = iCloudManager_.iCloudURL();
+  return documents ? std::optional(*documents + '/' + name) : std::nullopt;
+}
+
+std::optional<std::string> PresetManager::newPresetFolder() const {
+  const auto cloud = iCloudPresetPath();
+  return cloud ? cloud : localPresetPath();
+}
+
+void PresetManager::createFolder(const std::string& path) {
+  const auto error = fileManager_.createDirectory(path, FileManager::Intermediates::mustExist);
+  if (error && error->code != FileError::Code::fileExists)
+    platform::printToConsole(error->localizedDescription);
+}
+
+void PresetManager::createPresetDirectories() {
+  for (const auto& path : {localPresetPath(), iCloudPresetPath()})
+    if (path) createFolder(*path);
+  for (const std::string& name : extraIcloudResources)
+    if (const auto path = extraResourcePath(name)) createFolder(*path);
+}
+
+// Listing
+
+std::vector<std::shared_ptr<UserPreset>> PresetManager::getUserPresets() {
+  std::vector<std::shared_ptr<UserPreset>> presets;
+  ++listings_;
+  const auto cloudFolder = iCloudPresetPath();
+  for (const auto& folder : {localPresetPath(), cloudFolder}) {
+    const auto entries = folder ? fileManager_.contentsOfDirectory(*folder) : std::nullopt;
+    if (!entries) continue;
+    const bool isICloud = folder == cloudFolder;
+    const auto* unit = audioUnit.get();
+    if (isICloud && !unit) continue;
+    const std::string extension = unit ? unit->presetExtension() : std::string();
+    presets.reserve(presets.size() + entries->size());
+    for (const auto& entry : *entries) {
+      if (isICloud && platform::pathExtension(entry.name) != extension) continue;
+      auto preset = std::make_shared<UserPreset>(*folder + '/' + entry.name, isICloud);
+      Known& known = known_[preset->url];
+      if (known.listing == 0 || known.stamp != entry.stamp)
+        known = {entry.stamp, PresetFile::categories(fileManager_, preset->url, entry.stamp.size)};
+      known.listing = listings_;
+      preset->categories = known.categories;
+      presets.push_back(std::move(preset));
+    }
+  }
+  if (known_.size() > presets.size())
+    std::erase_if(known_, [this](const auto& each) { return each.second.listing != listings_; });
+  return presets;
+}
+
+// Loading and saving
+
+void PresetManager::load(const std::shared_ptr<Preset>& preset) {
+  if (!preset) return;
+  if (const auto* user = dynamic_cast<const UserPreset*>(preset.get()))
+    loadUserPreset(*user);
+  else if (auto* unit = audioUnit.get(); unit && preset->preset)
+    unit->setCurrentPreset(preset->preset->number);
+}
+
+void PresetManager::loadUserPreset(const UserPreset& preset) {
+  FileError ignored;
+  auto bytes = fileManager_.contents(preset.url, ignored);
+  auto* unit = audioUnit.get();
+  if (!bytes || !unit) return;
+  unit->setFullState(
+      PropertyList::Dictionary{{"data", std::move(*bytes)}, {"presetName", preset.name}});
+}
+
+void PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
+  const auto* unit = audioUnit.get();
+  if (!unit) return;
+  const PropertyList fullState = unit->fullState();
+  const PropertyList* data = fullState.find("data");
+  const auto* bytes = data ? data->as<PropertyList::Data>() : nullptr;
+  if (!bytes) return;
+  std::string error;
+  auto state = platform::readKeyedArchive(*bytes, error);
+  auto* entries = state ? state->as<PropertyList::Dictionary>() : nullptr;
+  if (!entries) return;
+  PropertyList::Array lowered;
+  for (const std::string& category : categories) lowered.push_back(platform::lowercased(category));
+  (*entries)[PresetFile::categoriesKey] = std::move(lowered);
+  const std::string xml = platform::writeXmlPropertyList(*state);
+  const auto* text = reinterpret_cast<const std::uint8_t*>(xml.data());
+  if (const auto failed = fileManager_.write({text, xml.size()}, url))
+    platform::printToConsole(failed->localizedDescription);
+}
+
+std::optional<std::string> PresetManager::saveNew(const std::string& name,
+                                                  const std::vector<std::string>& categories) {
+  const auto folder = newPresetFolder();
+  const auto* unit = audioUnit.get();
+  if (!folder || !unit) return std::nullopt;
+  const std::string fileName = name + '.' + unit->presetExtension();
+  if (!platform::isFileName(fileName)) {
+    platform::printToConsole("A preset cannot be saved under a name with \"/\" in it");
+    return std::nullopt;
+  }
+  std::string url = *folder + '/' + fileName;
+  savePreset(url, categories);
+  return url;
+}
+
+void PresetManager::deleteUserPreset(const UserPreset& preset) {
+  if (const auto error = fileManager_.removeItem(preset.url))
+    platform::printToConsole(error->localizedDescription);
+  FavPresetsStore::remove(preset.uniqueName());
+}
+
+}  // namespace orvane

@@ -1,0 +1,155 @@
+// Presets that come from elsewhere and go elsewhere.
+
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/PresetFile.h"
+#include "Orvane/PresetManager.h"
+#include "platform/Console.h"
+#include "platform/FilePath.h"
+#include "platform/Presentation.h"
+#include "platform/PropertyListCoding.h"
+
+namespace orvane {
+
+using platform::FileError;
+using platform::FileManager;
+using platform::PropertyList;
+
+namespace {
+
+constexpr const char* packsFolder = "/PresetPacks";
+constexpr platform::Size popoverSize{320, 400};
+
+platform::Presentation* presentationOf(const platform::Weak<KestroAUViewController>& controller) {
+  return controller ? controller->presentation() : nullptr;
+}
+
+}  // namespace
+
+// Import
+
+void PresetManager::importPreset() {
+  const auto* unit = audioUnit.get();
+  platform::Presentation* presentation = presentationOf(viewController);
+  if (!unit || !presentation) return;
+  presentation->present(platform::DocumentPicker{
+      {"com.Kestro." + productCode + '.' + unit->presetExtension()}, true, viewController});
+}
+
+void PresetManager::importPresetFile(const std::string& url) {
+  const auto folder = newPresetFolder();
+  const std::string name = platform::lastPathComponent(url);
+  if (!folder || !platform::isFileName(name)) return;
+  fileManager_.startAccessingSecurityScopedResource(url);
+  const std::string target = *folder + '/' + name;
+  if (const auto error = fileManager_.copyItem(url, target))
+    platform::printToConsole("Unable to copy preset file... " + error->localizedDescription);
+  fileManager_.stopAccessingSecurityScopedResource(url);
+  // Said to be local wherever it lies; the next listing knows better.
+  if (viewController)
+    viewController->presetWasImported(std::make_shared<UserPreset>(target, false));
+}
+
+// Export
+
+void PresetManager::exportPreset(const std::shared_ptr<Preset>& preset) {
+  if (!preset || preset->name.empty()) {
+    if (auto* presentation = presentationOf(viewController))
+      presentation->present(platform::Alert{"Error", "No preset selected", "OK"});
+    return;
+  }
+  const auto* unit = audioUnit.get();
+  if (!unit) return;
+  const std::string fileName = preset->name + '.' + unit->presetExtension();
+  if (!platform::isFileName(fileName)) {
+    platform::printToConsole("A preset cannot be exported under a name with \"/\" in it");
+    return;
+  }
+  const std::string path = fileManager_.temporaryDirectory() + fileName;
+  savePreset(path, preset->categories);
+  wantsToExportFileFrom(path);
+}
+
+void PresetManager::exportAll() {
+  const std::string folder = fileManager_.temporaryDirectory() + "UserPresets/";
+  static_cast<void>(fileManager_.removeItem(folder));
+  static_cast<void>(fileManager_.createDirectory(folder, FileManager::Intermediates::mustExist));
+  const auto* unit = audioUnit.get();
+  if (!unit) return;
+  const std::string extension = unit->presetExtension();
+  for (const auto& source : {localPresetPath(), iCloudPresetPath()}) {
+    const auto entries = source ? fileManager_.contentsOfDirectory(*source) : std::nullopt;
+    if (!entries) continue;
+    for (const auto& entry : *entries) exportFile(*source + '/' + entry.name, folder, extension);
+  }
+  wantsToExportFileFrom(folder);
+}
+
+void PresetManager::exportFile(const std::string& file, const std::string& folder,
+                               const std::string& extension) {
+  std::string target = folder + platform::lastPathComponent(file);
+  if (platform::pathExtension(file) != extension) target += '.' + extension;
+  FileError ignored;
+  const auto bytes = fileManager_.contents(file, ignored);
+  std::string reason;
+  const auto decoded = bytes ? PresetFile::decode(*bytes, reason) : std::nullopt;
+  if (!decoded) return;
+  FileManager::Error error;
+  if (decoded->form == PresetFile::Form::keyedArchive) {
+    const std::string xml = platform::writeXmlPropertyList(decoded->content);
+    error =
+        fileManager_.write({reinterpret_cast<const std::uint8_t*>(xml.data()), xml.size()}, target);
+  } else {
+    error = fileManager_.copyItem(file, target);
+  }
+  if (error) platform::printToConsole(error->localizedDescription);
+}
+
+void PresetManager::wantsToExportFileFrom(const std::string& path) {
+  platform::Presentation* presentation = presentationOf(viewController);
+  if (!presentation) return;
+  platform::ActivitySheet sheet{{path}, std::nullopt};
+  if (presentation->userInterfaceIdiom() != platform::Presentation::Idiom::phone)
+    sheet.popover = {viewController->view().frame(), popoverSize};
+  presentation->present(sheet);
+}
+
+// Packs
+
+std::optional<std::string> PresetManager::packPresetPath() const {
+  const auto container = fileManager_.groupContainer(groupBundleId);
+  return container ? std::optional(*container + packsFolder) : std::nullopt;
+}
+
+std::string PresetManager::presetPackPath(const std::string& packID) const {
+  const auto packs = packPresetPath();
+  return packs ? *packs + '/' + packID : std::string();
+}
+
+void PresetManager::copyPresetsFromBundle(const std::string& bundleURL) {
+  if (!packPresetPath()) return;
+  const std::string contents = bundleURL + "/Contents";
+  const auto entries = fileManager_.contentsOfDirectory(contents);
+  if (!entries) return;
+  for (const auto& entry : *entries) copyPresetsFromFolder(contents + '/' + entry.name);
+}
+
+void PresetManager::copyPresetsFromFolder(const std::string& folderURL) {
+  const auto packs = packPresetPath();
+  if (!packs) return;
+  createFolder(*packs);
+  const std::string name = platform::lastPathComponent(folderURL);
+  if (!fileManager_.isDirectory(folderURL) || !platform::isFileName(name)) return;
+  const std::string target = *packs + '/' + name;
+  static_cast<void>(fileManager_.removeItem(target));
+  createFolder(target);
+  const auto entries = fileManager_.contentsOfDirectory(folderURL);
+  if (!entries) return;
+  for (const auto& entry : *entries) {
+    const std::string file = target + '/' + entry.name;
+    static_cast<void>(fileManager_.removeItem(file));
+    if (const auto error = fileManager_.copyItem(folderURL + '/' + entry.name, file))
+      platform::printToConsole("Unable to move preset file... " + error->localizedDescription);
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,114 @@
+// Ten thousand user presets of 9 KB: what the browser waits for. Stock JUCE has no presets, so the
+// figures stand beside goals alone.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "Orvane/PresetManager.h"
+#include "benchmarks/Rows.h"
+#include "foundation/LocalFileManager.h"
+#include "platform/PropertyListCoding.h"
+
+namespace bench {
+namespace {
+
+using platform::PropertyList;
+namespace fs = std::filesystem;
+
+constexpr int presetCount = 10000;
+constexpr std::size_t presetSize = 9000;
+
+/// Counts what is read.
+class CountingFiles : public foundation::LocalFileManager {
+ public:
+  using LocalFileManager::LocalFileManager;
+  std::optional<PropertyList::Data> contents(const std::string& path, platform::FileError& error,
+                                             std::uint64_t offset, std::size_t count) override {
+    ++reads;
+    return LocalFileManager::contents(path, error, offset, count);
+  }
+  int reads = 0;
+};
+
+std::string presetText() {
+  PropertyList::Dictionary parameters;
+  std::string text;
+  for (int i = 0; text.size() < presetSize; ++i) {
+    parameters["parameter" + std::to_string(i)] = i * 0.37;
+    text = platform::writeXmlPropertyList(PropertyList::Dictionary{
+        {"Categories", PropertyList::Array{"bass", "dark"}}, {"parameters", parameters}});
+  }
+  return text;
+}
+
+/// Milliseconds on the clock, waiting for the disk included.
+template <class Action>
+double elapsed(Action action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+  return took.count();
+}
+
+class Folder {
+ public:
+  Folder() : path_(fs::temp_directory_path() / ("orvane-bench-" + std::to_string(::getpid()))) {
+    fs::create_directories(path_ / "Presets");
+  }
+  ~Folder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  std::string path() const { return path_.string(); }
+
+ private:
+  const fs::path path_;
+};
+
+}  // namespace
+
+void addPresetRows(Report& report) {
+  const Folder folder;
+  const std::string text = presetText();
+  for (int i = 0; i < presetCount; ++i)
+    std::ofstream(folder.path() + "/Presets/Preset " + std::to_string(i) + ".preset",
+                  std::ios::binary)
+        << text;
+
+  CountingFiles files(folder.path(), foundation::LocalFileManager::Groups::oneForAll);
+  const platform::DefaultFileManager scope(files);
+  BenchAudioUnit unit(twoHundred.count());
+  orvane::PresetManager manager("bench", {});
+  manager.audioUnit = &unit;
+  std::size_t listed = 0;
+  const auto list = [&] { listed = manager.getUserPresets().size(); };
+  const double first = elapsed(list);
+  const int readsOfFirst = files.reads;
+  double again = 1e9;
+  for (int i = 0; i < 5; ++i) again = std::min(again, elapsed(list));
+  const int readsOfAgain = files.reads - readsOfFirst;
+  double save = 1e9;
+  const std::string url = folder.path() + "/Presets/Preset 7.preset";
+  for (int i = 0; i < 20; ++i)
+    save = std::min(save, elapsed([&] { manager.savePreset(url, {"Lead"}); }));
+
+  const auto add = [&](std::string key, std::string title, std::string figureUnit, double ours,
+                       std::optional<double> goal) {
+    report.add({.key = std::move(key),
+                .title = std::move(title),
+                .unit = std::move(figureUnit),
+                .ours = ours,
+                .goal = goal,
+                .goalFor = Row::Goal::figure});
+  };
+  add("presetsFirst", "first listing of " + std::to_string(listed) + " presets", "ms", first, 2000);
+  add("presetsAgain", "unchanged listing of them", "ms", again, 50);
+  add("presetsReads", "files read in five unchanged listings", "", readsOfAgain, 0);
+  add("presetSave", "one save (the disk's cache included)", "ms", save, 5);
+}
+
+}  // namespace bench

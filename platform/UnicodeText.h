@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// UTF-8 text in lower case, by the rules that hold in every language; bytes that are no UTF-8
+/// become U+FFFD. Implemented in foundation/.
+std::string lowercased(std::string_view text);
+
+}  // namespace platform

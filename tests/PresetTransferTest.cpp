@@ -1,0 +1,154 @@
+// Presets that the user imports and exports, and packs.
+
+#include <gmock/gmock.h>
+
+#include "Orvane/FactoryPreset.h"
+#include "backends/headless/HeadlessApplication.h"
+#include "platform/KeyedArchive.h"
+#include "tests/support/PresetBench.h"
+#include "tests/support/TestEditor.h"
+
+namespace {
+
+using platform::PropertyList;
+using support::namesIn;
+using support::textOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using Dictionary = PropertyList::Dictionary;
+using Names = std::set<std::string>;
+
+class Editor : public support::TestController {
+ public:
+  Editor() : TestController(cutoffDesign()) { givenProductId = "product"; }
+  static std::shared_ptr<support::GivenDesign> cutoffDesign() {
+    auto given = std::make_shared<support::GivenDesign>();
+    given->addPage("Main", {support::section("A", {"cutoff"})});
+    return given;
+  }
+  std::string groupBundleId() override { return "group.test"; }
+  void preLoadAction() override { ++loads; }
+  void preSaveAction() override { ++saves; }
+  int loads = 0, saves = 0;
+};
+
+class PresetTransferTest : public support::PresetBench {
+ protected:
+  PresetTransferTest() {
+    editor.setAudioUnit(&unit);
+    window.show(editor);
+    manager().createPresetDirectories();
+    loop.runDue();
+  }
+  orvane::PresetManager& manager() { return *editor.presetManager(); }
+  std::vector<headless::Event> events() { return application.takeEvents(); }
+
+  headless::HeadlessApplication application;
+  Editor editor;
+  support::EditorWindow window{{800, 600}, &application};
+};
+
+TEST_F(PresetTransferTest, ThePickedFileIsCopiedAndChosen) {
+  const std::string picked = folder.write(
+      "picked/Lead.synth",
+      platform::writeXmlPropertyList(Dictionary{{"parameters", Dictionary{{"cutoff", 440}}}}));
+  editor.importPreset();
+  const auto shown = events();
+  ASSERT_THAT(shown, SizeIs(1));
+  EXPECT_EQ(shown[0].types, std::vector<std::string>{"com.Kestro.product.synth"});
+  EXPECT_EQ(shown[0].multiple, true);
+  EXPECT_TRUE(application.pick({picked, folder / "ignored.synth"}));
+  EXPECT_FALSE(application.pick({picked}));
+  EXPECT_EQ(textOf(folder / "data/Presets/Lead.synth"), textOf(picked));
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 440);
+  EXPECT_EQ(unit.currentPresetName(), "Lead");
+  EXPECT_EQ(editor.selectedPreset()->name, "Lead");
+  EXPECT_TRUE(editor.isLoadingUserPreset);
+  EXPECT_THAT(events(), IsEmpty());
+}
+
+TEST_F(PresetTransferTest, AnImportNeverReplacesAPresetButChoosesIt) {
+  unit.setParameter("cutoff", 500);
+  const std::string there = *editor.saveNewPreset("Lead", {});
+  EXPECT_EQ(editor.saves, 1);
+  unit.setParameter("cutoff", 700);
+  editor.importPresetFile(folder.write("picked/Lead.synth", "other"));
+  const auto shown = events();
+  ASSERT_THAT(shown, SizeIs(1));
+  EXPECT_EQ(shown[0].members[0].second,
+            "Unable to copy preset file... \"Lead.synth\" could not be copied: File exists");
+  EXPECT_THAT(textOf(there), HasSubstr("500"));
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 500);
+  EXPECT_EQ(editor.loads, 1);
+}
+
+TEST_F(PresetTransferTest, WhatIsExportedIsTheStateAsItIsNow) {
+  editor.exportPreset();
+  editor.presetSelected(std::make_shared<orvane::Preset>(""));
+  editor.exportPreset();
+  const auto alerts = events();
+  ASSERT_THAT(alerts, SizeIs(2));
+  EXPECT_EQ(alerts[0].members[0].second, "Error");
+  EXPECT_EQ(alerts[1].members[1].second, "No preset selected");
+  EXPECT_THAT(namesIn(folder / "tmp"), IsEmpty());
+
+  const auto factory =
+      std::make_shared<orvane::FactoryPreset>(platform::KestroAUPreset(unit.factoryPresets()[0]));
+  factory->categories = {"Bass"};
+  editor.presetSelected(factory);
+  unit.setParameter("cutoff", 444);
+  editor.exportPreset();
+  const auto shared = events();
+  ASSERT_THAT(shared, SizeIs(1));
+  EXPECT_EQ(shared[0].members[0].second, folder / "tmp/Init.synth");
+  const PropertyList file = listAt(folder / "tmp/Init.synth");
+  EXPECT_EQ(file.find("parameters")->find("cutoff")->number(), 444);
+  EXPECT_EQ(*file.find("Categories"), PropertyList::Array{"bass"});
+}
+
+TEST_F(PresetTransferTest, AllPresetsLeaveAsPropertyLists) {
+  folder.write("tmp/UserPresets/earlier", "x");
+  editor.exportAll();
+  EXPECT_EQ(events()[0].members[0].second, folder / "tmp/UserPresets/");
+  EXPECT_THAT(namesIn(folder / "tmp/UserPresets"), IsEmpty());
+
+  const auto archive = platform::writeKeyedArchive(Dictionary{{"a", 1}});
+  folder.write("data/Presets/old.synth", std::string(archive.begin(), archive.end()));
+  const std::string xml = platform::writeXmlPropertyList(Dictionary{{"b", 2}});
+  folder.write("data/Presets/plain.other", xml);
+  folder.write("data/Presets/broken.synth", "x");
+  editor.exportAll();
+  EXPECT_EQ(namesIn(folder / "tmp/UserPresets"), (Names{"old.synth", "plain.other.synth"}));
+  EXPECT_EQ(listAt(folder / "tmp/UserPresets/old.synth"), PropertyList(Dictionary{{"a", 1}}));
+  EXPECT_EQ(textOf(folder / "tmp/UserPresets/plain.other.synth"), xml);
+}
+
+TEST_F(PresetTransferTest, APackReplacesItsEarlierVersionWhole) {
+  folder.write("bundle/Contents/Pads/a.synth", "1");
+  folder.write("bundle/Contents/Leads/b.synth", "2");
+  folder.write("bundle/Contents/readme", "no folder");
+  manager().copyPresetsFromBundle(folder / "none");
+  manager().copyPresetsFromBundle(folder / "bundle");
+  const std::string pads = manager().presetPackPath("Pads");
+  EXPECT_EQ(namesIn(*manager().packPresetPath()), (Names{"Pads", "Leads"}));
+  EXPECT_EQ(textOf(pads + "/a.synth"), "1");
+  std::filesystem::remove(folder / "bundle/Contents/Pads/a.synth");
+  folder.write("bundle/Contents/Pads/c.synth", "3");
+  manager().copyPresetsFromFolder(folder / "bundle/Contents/Pads/");
+  EXPECT_EQ(namesIn(pads), Names{"c.synth"});
+  EXPECT_THAT(events(), IsEmpty());
+  EXPECT_EQ(orvane::PresetManager("", {}).presetPackPath("Pads"), "");
+}
+
+TEST_F(PresetTransferTest, AnotherAudioUnitIsFollowedAtTheNextTurn) {
+  support::PresetUnit other;
+  other.setParameter("cutoff", 555);
+  editor.setAudioUnit(&other);
+  loop.runDue();
+  EXPECT_THAT(textOf(*editor.saveNewPreset("Other", {})), HasSubstr("555"));
+  editor.setAudioUnit(nullptr);
+}
+
+}  // namespace
