@@ -212,7 +212,7 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"wait 1e9", "a number from 0 to 3600 is wanted, not \"1e9\""},
       {"preset", "preset wants NAME"},
       {"preset Ghost", "no factory preset \"Ghost\""},
-      {"preset user Mine", "preset user is not available in this version"},
+      {"preset user Mine", "no user preset \"Mine\""},
       {"type hello", "nothing has the keyboard"},
       {"state now", "state takes nothing"},
       {"midi cutoff 3", "midi is not available in this version"},
@@ -220,9 +220,8 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"map cutoff 176,7", "map is not available in this version"},
       {"unmap cutoff", "unmap is not available in this version"},
       {"unmapall", "unmapall is not available in this version"},
-      {"pick a.preset", "pick is not available in this version"},
-      {"export", "export is not available in this version"},
-      {"exportall", "exportall is not available in this version"},
+      {"pick", "pick wants FILE ..."},
+      {"export now", "export takes nothing"},
   };
   for (const Wrong& each : wrong) EXPECT_EQ(errorOf(each.command), each.error) << each.command;
 }

@@ -2,6 +2,7 @@ orvane_add_tests(tool
   SOURCES
     DescriptionTest.cpp
     DriveTest.cpp
+    PresetsCommandTest.cpp
     ToolCommandTest.cpp
     ToolNonsenseTest.cpp
   DEPENDS orvane::tool nlohmann_json::nlohmann_json)

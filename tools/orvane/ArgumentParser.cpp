@@ -9,7 +9,8 @@
 namespace tool {
 
 ArgumentParser::ArgumentParser(std::string command, const std::vector<std::string>& words,
-                               std::vector<std::string> options)
+                               std::vector<std::string> options,
+                               const std::vector<std::string>& flags)
     : command_(std::move(command)) {
   options.insert(options.end(), {"--data", "--cloud"});
   bool onlyPositionals = false, afterSize = false;
@@ -31,6 +32,11 @@ ArgumentParser::ArgumentParser(std::string command, const std::vector<std::strin
     }
     const std::size_t equals = word.find('=');
     const std::string option = word.substr(0, equals);
+    if (std::find(flags.begin(), flags.end(), word) != flags.end()) {
+      given_.push_back({word, ""});
+      afterSize = false;
+      continue;
+    }
     if (std::find(options.begin(), options.end(), option) == options.end())
       fail("unknown option " + inQuotes(option));
     if (equals != std::string::npos)
@@ -45,6 +51,11 @@ ArgumentParser::ArgumentParser(std::string command, const std::vector<std::strin
 
 std::string ArgumentParser::positional(std::string_view name) {
   if (nextPositional_ == positionals_.size()) fail(std::string(name) + " is missing");
+  return positionals_[nextPositional_++];
+}
+
+std::optional<std::string> ArgumentParser::optionalPositional() {
+  if (nextPositional_ == positionals_.size()) return std::nullopt;
   return positionals_[nextPositional_++];
 }
 

@@ -19,12 +19,15 @@ namespace tool {
 class ArgumentParser {
  public:
   /// `options` are the command's own, each with one value; --data and --cloud belong to every
-  /// command.
+  /// command. `flags` have no value.
   ArgumentParser(std::string command, const std::vector<std::string>& words,
-                 std::vector<std::string> options);
+                 std::vector<std::string> options, const std::vector<std::string>& flags = {});
 
   /// The next argument that is no option; an error when there is none.
   std::string positional(std::string_view name);
+  /// The next argument that is no option, if there is one.
+  std::optional<std::string> optionalPositional();
+  bool flag(std::string_view name) const { return text(name).has_value(); }
   /// The last value given.
   std::optional<std::string> text(std::string_view option) const;
   std::optional<platform::Size> size(std::string_view option) const;

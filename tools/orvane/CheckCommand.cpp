@@ -3,6 +3,7 @@
 
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/DataFolders.h"
 #include "tools/orvane/DesignCheck.h"
 #include "tools/orvane/Editor.h"
 #include "tools/orvane/LayoutCheck.h"
@@ -38,6 +39,7 @@ int checkCommand(const Words& words, Streams streams) {
   const std::string name = arguments.positional("PLUGIN");
   std::vector<platform::Size> sizes = arguments.sizes("--size");
   arguments.finish();
+  const DataFolders folders(arguments, DataFolders::WithoutData::temporary);
   if (sizes.empty()) sizes = usualSizes;
 
   Problems problems;

@@ -21,6 +21,7 @@ int runCommand(const Words& words, Streams streams);
 int snapshotCommand(const Words& words, Streams streams);
 int treeCommand(const Words& words, Streams streams);
 int driveCommand(const Words& words, Streams streams);
+int presetsCommand(const Words& words, Streams streams);
 int checkCommand(const Words& words, Streams streams);
 
 }  // namespace tool

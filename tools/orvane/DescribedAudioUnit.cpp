@@ -17,7 +17,9 @@ std::vector<quillon::ParameterDescription> parametersOf(const DescribedPlugin& p
 }  // namespace
 
 DescribedAudioUnit::DescribedAudioUnit(const DescribedPlugin& plugin)
-    : CommonAudioUnit(parametersOf(plugin), plugin.factoryPresets) {}
+    : CommonAudioUnit(parametersOf(plugin), plugin.factoryPresets),
+      hasStore_(!plugin.productId.empty()),
+      presetExtension_(plugin.presetExtension) {}
 
 bool DescribedAudioUnit::setLive(std::string_view key, float value) {
   const auto index = indexOfKey(key);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "Quillon/CommonAudioUnit.h"
@@ -18,7 +19,15 @@ class DescribedAudioUnit : public quillon::CommonAudioUnit {
   bool setLive(std::string_view key, float value);
   bool setModulating(std::string_view key, bool modulating);
 
+  /// A described plug-in has an identifier whenever it has presets of its own.
+  bool hasStore() const override { return hasStore_; }
+  std::string presetExtension() const override { return presetExtension_; }
+
   void render(const platform::RenderBlock& block) override;
+
+ private:
+  const bool hasStore_;
+  const std::string presetExtension_;
 };
 
 }  // namespace tool

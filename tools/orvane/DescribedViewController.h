@@ -21,6 +21,10 @@ class DescribedViewController : public orvane::KestroAUViewController {
   std::unique_ptr<platform::AudioUnit> createAudioUnit(
       const platform::AudioComponentDescription& description) override;
   std::string productId() override { return plugin_->productId; }
+  std::string groupBundleId() override {
+    return plugin_->productId.empty() ? "" : "group." + plugin_->productId;
+  }
+  std::vector<std::string> categories() override { return plugin_->categories; }
   std::string appName() override { return plugin_->name; }
   double contentRatio() override { return plugin_->contentRatio; }
   double footHeightRatio() override { return plugin_->footHeightRatio; }

@@ -1,7 +1,5 @@
 // What a script asks the editor and its audio unit.
 
-#include <algorithm>
-
 #include "Orvane/ParameterMapping.h"
 #include "platform/Button.h"
 #include "tools/orvane/DescribedAudioUnit.h"
@@ -83,19 +81,6 @@ void DriveSession::modulate(const Words& words, Json&) {
   host_.loop().runDue();
 }
 
-void DriveSession::preset(const std::string& text, Json& answer) {
-  platform::AudioUnit& unit = host_.audioUnit();
-  const auto& presets = unit.factoryPresets();
-  const auto found = std::find_if(presets.begin(), presets.end(),
-                                  [&](const auto& preset) { return preset.name == text; });
-  if (found == presets.end() && text.starts_with("user "))
-    throw Failure("preset user is not available in this version");
-  if (found == presets.end()) throw Failure("no factory preset " + inQuotes(text));
-  unit.setCurrentPreset(found->number);
-  host_.loop().runDue();
-  answer["selected"] = presetName(unit);
-}
-
 void DriveSession::stepPreset(Direction direction, Json& answer) {
   platform::AudioUnit& unit = host_.audioUnit();
   if (unit.factoryPresets().empty()) throw Failure("there are no presets");
@@ -107,13 +92,6 @@ void DriveSession::stepPreset(Direction direction, Json& answer) {
 void DriveSession::next(const Words&, Json& answer) { stepPreset(Direction::next, answer); }
 
 void DriveSession::previous(const Words&, Json& answer) { stepPreset(Direction::previous, answer); }
-
-void DriveSession::presets(const Words&, Json& answer) {
-  const platform::AudioUnit& unit = host_.audioUnit();
-  answer["selected"] = presetName(unit);
-  Json& walk = answer["walk"] = Json::array();
-  for (const auto& preset : unit.factoryPresets()) walk.push_back(preset.name);
-}
 
 void DriveSession::tree(const Words&, Json& answer) { answer["tree"] = viewTree(host_.rootView()); }
 

@@ -4,6 +4,7 @@
 
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/DataFolders.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Editor.h"
 #include "tools/orvane/Plugin.h"
@@ -18,6 +19,7 @@ int driveCommand(const Words& words, Streams streams) {
   const auto page = arguments.count("--page");
   arguments.finish();
 
+  const DataFolders folders(arguments, DataFolders::WithoutData::temporary);
   Editor editor(loadPlugin(name), size, page);
   DriveSession session(editor.host);
   std::string line;

@@ -12,8 +12,7 @@ namespace tool {
 namespace {
 
 /// Commands of which this version has no part to drive.
-constexpr std::string_view unavailable[] = {"midi",     "learn", "map",    "unmap",
-                                            "unmapall", "pick",  "export", "exportall"};
+constexpr std::string_view unavailable[] = {"midi", "learn", "map", "unmap", "unmapall"};
 
 }  // namespace
 
@@ -33,6 +32,9 @@ const std::vector<DriveSession::Command>& DriveSession::commands() {
       {"next", "", 0, &DriveSession::next},
       {"previous", "", 0, &DriveSession::previous},
       {"presets", "", 0, &DriveSession::presets},
+      {"pick", "FILE ...", -1, &DriveSession::pick},
+      {"export", "", 0, &DriveSession::exportPreset},
+      {"exportall", "", 0, &DriveSession::exportAll},
       {"appear", "", 0, &DriveSession::appear},
       {"disappear", "", 0, &DriveSession::disappear},
       {"wait", "SECONDS", 1, &DriveSession::wait},
@@ -64,7 +66,9 @@ std::optional<DriveSession::Json> DriveSession::run(std::string_view text) {
   Json& events = answer["events"] = Json::array();
   for (const headless::Event& event : host_.application()->takeEvents()) {
     Json& entry = events.emplace_back(Json{{"type", event.type}});
-    for (const auto& [name, value] : event.members) entry[name] = value;
+    for (const auto& [name, value] : event.members) entry[name] = oneLine(value);
+    if (!event.types.empty()) entry["types"] = event.types;
+    if (event.multiple) entry["multiple"] = *event.multiple;
   }
   return answer;
 }
@@ -83,7 +87,8 @@ void DriveSession::execute(const ScriptLine& line, Json& answer) {
   for (const Command& command : commands()) {
     if (command.name != name) continue;
     const Words words = line.words();
-    if (words.size() != static_cast<std::size_t>(command.count)) throw wants(command.arguments);
+    const int count = static_cast<int>(words.size());
+    if (command.count < 0 ? count == 0 : count != command.count) throw wants(command.arguments);
     return (this->*command.run)(words, answer);
   }
   if (std::find(std::begin(unavailable), std::end(unavailable), name) != std::end(unavailable))

@@ -28,6 +28,7 @@ class DriveSession {
     std::string_view name;
     /// As it is told to whoever gets it wrong.
     std::string_view arguments;
+    /// Of words; -1 for one or more.
     int count;
     void (DriveSession::*run)(const Words& words, Json& answer);
   };
@@ -63,6 +64,10 @@ class DriveSession {
   void next(const Words& words, Json& answer);
   void previous(const Words& words, Json& answer);
   void presets(const Words& words, Json& answer);
+  void userPreset(const std::string& name);
+  void pick(const Words& words, Json& answer);
+  void exportPreset(const Words& words, Json& answer);
+  void exportAll(const Words& words, Json& answer);
   // What is shown
   void get(const Words& words, Json& answer);
   void tree(const Words& words, Json& answer);

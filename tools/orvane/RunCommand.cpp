@@ -1,5 +1,6 @@
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/DataFolders.h"
 #include "tools/orvane/Plugin.h"
 #include "tools/orvane/ToolError.h"
 
@@ -26,6 +27,7 @@ int runCommand(const Words& words, Streams) {
   ArgumentParser arguments("run", words, {});
   const std::string name = arguments.positional("PLUGIN");
   arguments.finish();
+  const DataFolders folders(arguments, DataFolders::WithoutData::usersOwn);
   return show(loadPlugin(name));
 }
 

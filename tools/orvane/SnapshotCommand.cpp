@@ -3,6 +3,7 @@
 
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/DataFolders.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Editor.h"
 #include "tools/orvane/Picture.h"
@@ -42,6 +43,7 @@ int snapshotCommand(const Words& words, Streams) {
   if (!file) arguments.fail("-o FILE.png is missing");
 
   requirePictures();
+  const DataFolders folders(arguments, DataFolders::WithoutData::temporary);
   Editor editor(loadPlugin(name), size, page);
   DriveSession session(editor.host);
   if (script) runScript(session, *script);

@@ -19,8 +19,9 @@ struct Command {
 };
 
 constexpr Command commands[] = {
-    {"list", listCommand}, {"run", runCommand},     {"snapshot", snapshotCommand},
-    {"tree", treeCommand}, {"drive", driveCommand}, {"check", checkCommand},
+    {"list", listCommand},       {"run", runCommand},     {"snapshot", snapshotCommand},
+    {"tree", treeCommand},       {"drive", driveCommand}, {"check", checkCommand},
+    {"presets", presetsCommand},
 };
 
 constexpr std::string_view help = R"(usage: orvane COMMAND ...
@@ -35,6 +36,15 @@ constexpr std::string_view help = R"(usage: orvane COMMAND ...
                         a scripted editor: commands in, JSON out
   check PLUGIN [--size WxH ...]
                         what is wrong with a design
+  presets list          the user presets
+  presets show FILE     what a preset file holds
+  presets convert FILE|FOLDER
+                        rewrites keyed archives of older versions as property lists
+  presets pack install FOLDER [PLUGIN]
+                        installs a pack of presets
+  presets doctor FOLDER [--fix]
+                        what is wrong with a folder of presets
+                        each presets command takes --json
 
 PLUGIN is a built-in's name or the path of a description (*.json). Every command takes
 --data DIR and --cloud DIR, the folders that stand for the app group and the cloud.

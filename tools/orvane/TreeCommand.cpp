@@ -2,6 +2,7 @@
 
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/DataFolders.h"
 #include "tools/orvane/Editor.h"
 #include "tools/orvane/Plugin.h"
 #include "tools/orvane/ViewTree.h"
@@ -15,6 +16,7 @@ int treeCommand(const Words& words, Streams streams) {
   const auto page = arguments.count("--page");
   arguments.finish();
 
+  const DataFolders folders(arguments, DataFolders::WithoutData::temporary);
   Editor editor(loadPlugin(name), size, page);
   streams.out << dump(viewTree(editor.host.rootView()), Layout::indented) << '\n';
   return 0;

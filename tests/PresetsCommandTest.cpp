@@ -1,0 +1,189 @@
+// orvane presets, and what orvane drive does with presets.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/KeyedArchive.h"
+#include "platform/PropertyListCoding.h"
+#include "tests/support/RunTool.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using nlohmann::json;
+using platform::PropertyList;
+using support::namesIn;
+using support::runTool;
+using support::textOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Dictionary = PropertyList::Dictionary;
+using Names = std::set<std::string>;
+
+std::string xmlPreset(const PropertyList::Array& categories) {
+  return platform::writeXmlPropertyList(
+      Dictionary{{"Categories", categories}, {"parameters", Dictionary{{"cutoff", 440.5}}}});
+}
+std::string archivedPreset(const PropertyList::Array& categories) {
+  const auto bytes = platform::writeKeyedArchive(
+      Dictionary{{"Categories", categories}, {"parameters", Dictionary{{"cutoff", 440.5}}}});
+  return {bytes.begin(), bytes.end()};
+}
+
+class PresetsCommandTest : public testing::Test {
+ protected:
+  json run(std::vector<std::string> words, int code = 0) {
+    words.insert(words.begin(), "presets");
+    words.push_back("--json");
+    const auto result = runTool(words);
+    EXPECT_EQ(result.code, code) << result.out << result.err;
+    return json::parse(result.out, nullptr, false);
+  }
+  std::vector<json> drive(const std::string& script, const std::vector<std::string>& options) {
+    std::vector<std::string> words{"drive", support::dataFile("example.json")};
+    words.insert(words.end(), options.begin(), options.end());
+    std::vector<json> answers;
+    for (const std::string& line : support::linesOf(runTool(words, script).out))
+      answers.push_back(json::parse(line));
+    return answers;
+  }
+  const support::TemporaryFolder folder;
+  const std::string data = folder / "data";
+};
+
+TEST_F(PresetsCommandTest, ListShowsWhatIsInTheContainersAndTheCloud) {
+  folder.write("data/Presets/b.example", xmlPreset({"pad"}));
+  folder.write("data/Presets/a.example", "broken");
+  folder.write("cloud/Documents/Presets/c.example", archivedPreset({}));
+  folder.write("cloud/Documents/Presets/d.example.icloud", "");
+  const json list = run({"list", "--data", data, "--cloud", folder / "cloud"});
+  ASSERT_EQ(list.size(), 3u);
+  EXPECT_EQ(list[0]["error"], "this is no property list, neither XML nor binary");
+  EXPECT_EQ(list[1]["name"], "b");
+  EXPECT_EQ(list[1]["categories"], json{"pad"});
+  EXPECT_EQ(list[2]["cloud"], true);
+  const auto text = runTool({"presets", "list", "--data", data});
+  EXPECT_EQ(text.out, "a  this is no property list, neither XML nor binary\nb  (pad)\n");
+}
+
+TEST_F(PresetsCommandTest, ShowTellsWhatAFileHolds) {
+  const std::string file = folder.write("a.example", archivedPreset({"pad"}));
+  const json shown = run({"show", file});
+  EXPECT_EQ(shown["form"], "keyed archive");
+  EXPECT_EQ(shown["content"]["parameters"]["cutoff"], 440.5);
+  EXPECT_EQ(runTool({"presets", "show", file}).out,
+            "a\n  keyed archive\n  categories: pad\n  cutoff = 440.5\n");
+  const auto broken = runTool({"presets", "show", folder.write("b", "x")});
+  EXPECT_EQ(broken.code, 1);
+  EXPECT_THAT(broken.err, HasSubstr("/b: this is no property list"));
+  EXPECT_TRUE(support::isOneLine(broken.err));
+}
+
+TEST_F(PresetsCommandTest, ConvertRewritesArchivesAlone) {
+  const std::string plain = xmlPreset({"pad"});
+  folder.write("p/a.example", archivedPreset({"pad"}));
+  folder.write("p/b.example", plain);
+  folder.write("p/c.example", "x");
+  const json list = run({"convert", folder / "p"}, 1);
+  EXPECT_EQ(list[0]["result"], "converted");
+  EXPECT_EQ(list[1]["result"], "unchanged");
+  EXPECT_EQ(list[2]["result"], "failed");
+  EXPECT_EQ(textOf(folder / "p/a.example"), plain);
+  EXPECT_EQ(textOf(folder / "p/c.example"), "x");
+  EXPECT_EQ(run({"convert", folder / "p/a.example"})[0]["result"], "unchanged");
+}
+
+TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
+  folder.write("Pads/a.example", "1");
+  folder.write("data/PresetPacks/Pads/old.example", "0");
+  const json installed = run({"pack", "install", folder / "Pads/", "--data", data});
+  EXPECT_EQ(installed["files"], 1);
+  EXPECT_EQ(namesIn(data + "/PresetPacks/Pads"), Names{"a.example"});
+  EXPECT_EQ(runTool({"presets", "pack", "install", folder / "Pads"}).code, 2);
+  EXPECT_EQ(runTool({"presets", "pack", "install", folder / "none", "--data", data}).code, 1);
+}
+
+TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
+  const std::string presets = data + "/Presets/";
+  folder.write("data/Presets/A.example", xmlPreset({"Bass", "pad"}));
+  folder.write("data/Presets/a.other", xmlPreset({}));
+  folder.write("data/Presets/broken.example", "x");
+  const std::string store = folder.write(
+      "data/Library/Preferences/group.example.plist",
+      platform::writeXmlPropertyList(Dictionary{
+          {"favpresets",
+           PropertyList::Array{presets + "A.example", presets + "gone.example", "BANK A/Init"}}}));
+  const auto kinds = [](const json& list) {
+    std::vector<std::string> all;
+    for (const json& problem : list) all.push_back(problem["kind"]);
+    return all;
+  };
+  const Names before = namesIn(presets);
+  EXPECT_THAT(kinds(run({"doctor", data}, 1)),
+              ElementsAre("unreadable", "duplicate-name", "categories", "missing-favourite"));
+  EXPECT_EQ(namesIn(presets), before);
+  EXPECT_EQ(run({"doctor", data + "/Presets", "--fix"}).size(), 4u);
+  EXPECT_EQ(namesIn(presets), (Names{"A.example", "a 2.other"}));
+  EXPECT_EQ(textOf(data + "/Unreadable Presets/broken.example"), "x");
+  EXPECT_EQ(textOf(presets + "A.example"), xmlPreset({"bass", "pad"}));
+  EXPECT_THAT(textOf(store), testing::Not(HasSubstr("gone")));
+  EXPECT_THAT(textOf(store), HasSubstr("BANK A/Init"));
+  EXPECT_EQ(runTool({"presets", "doctor", data}).out, data + ": no problems\n");
+}
+
+TEST_F(PresetsCommandTest, WrongWordsAreUsageErrors) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{},
+                                             {"fly"},
+                                             {"show"},
+                                             {"list", "--fix"},
+                                             {"pack"},
+                                             {"pack", "remove", "x"},
+                                             {"doctor"}}) {
+    std::vector<std::string> all{"presets"};
+    all.insert(all.end(), words.begin(), words.end());
+    const auto result = runTool(all);
+    EXPECT_EQ(result.code, 2) << result.out;
+    EXPECT_TRUE(support::isOneLine(result.err)) << result.err;
+  }
+}
+
+TEST_F(PresetsCommandTest, AScriptChoosesImportsAndExportsUserPresets) {
+  folder.write("data/Presets/Mine.example", xmlPreset({"pad"}));
+  const std::string picked = folder.write("picked/New one.example", xmlPreset({}));
+  const auto answers = drive("presets\npreset user Mine\nget cutoff\npick \"" + picked +
+                                 "\"\nset cutoff 700\nexport\nexportall\npresets\npick \"" +
+                                 picked + "\"\npreset Bright\nexport\nnext\npresets\n",
+                             {"--data", data});
+  ASSERT_EQ(answers.size(), 13u);
+  EXPECT_EQ(answers[0]["walk"], (json{"Init", "Bright", "Mine"}));
+  EXPECT_EQ(answers[0]["shown"][2]["section"], "USER");
+  EXPECT_EQ(answers[0]["shown"][2]["categories"], json{"pad"});
+  EXPECT_EQ(answers[1]["selected"], "Mine");
+  EXPECT_EQ(answers[2]["value"], 440.5);
+  EXPECT_EQ(answers[3]["selected"], "New one");
+  EXPECT_EQ(answers[3]["events"][0]["type"], "picker");
+  EXPECT_EQ(answers[3]["events"][0]["multiple"], true);
+  ASSERT_EQ(answers[5]["events"][0]["type"], "share");
+  const std::string exported = answers[5]["events"][0]["path"];
+  EXPECT_THAT(exported, testing::EndsWith("/New one.example"));
+  EXPECT_THAT(textOf(exported), HasSubstr("<real>700</real>"));
+  EXPECT_EQ(answers[6]["events"][0]["type"], "share");
+  EXPECT_EQ(answers[7]["walk"], (json{"Init", "Bright", "Mine", "New one"}));
+  EXPECT_EQ(answers[8]["events"][1]["type"], "console");
+  EXPECT_EQ(answers[10]["ok"], true);
+  EXPECT_THAT(answers[10]["events"][0]["path"], testing::EndsWith("/Bright.example"));
+  EXPECT_EQ(answers[11]["selected"], "Init");
+}
+
+TEST_F(PresetsCommandTest, WithoutDataAScriptLeavesNothingBehind) {
+  const auto answers = drive("export\npresets\n", {"--cloud", folder / "cloud"});
+  EXPECT_EQ(answers[0]["events"][0]["type"], "alert");
+  EXPECT_EQ(answers[0]["events"][0]["message"], "No preset selected");
+  EXPECT_EQ(answers[1]["ok"], true);
+  EXPECT_EQ(namesIn(folder / "cloud/Documents"), Names{"Presets"});
+}
+
+}  // namespace

@@ -1,0 +1,170 @@
+#include "tools/orvane/PresetDoctor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <utility>
+
+#include "foundation/SafeFile.h"
+#include "platform/FilePath.h"
+#include "platform/UnicodeText.h"
+#include "platform/UserDefaults.h"
+#include "tools/orvane/Text.h"
+
+namespace tool {
+
+using platform::PropertyList;
+using Kind = PresetProblem::Kind;
+
+namespace {
+
+/// A file that is still being written is not touched.
+constexpr std::chrono::minutes unfinishedAge{10};
+
+}  // namespace
+
+std::string kindName(Kind kind) {
+  switch (kind) {
+    case Kind::unreadable:
+      return "unreadable";
+    case Kind::duplicateName:
+      return "duplicate-name";
+    case Kind::categories:
+      return "categories";
+    case Kind::missingFavourite:
+      return "missing-favourite";
+    case Kind::unfinished:
+      return "unfinished";
+  }
+  return "";
+}
+
+PresetDoctor::PresetDoctor(platform::FileManager& files, PresetFolder folder, Mode mode)
+    : files_(files), folder_(std::move(folder)), mode_(mode) {}
+
+std::vector<PresetProblem> PresetDoctor::examine() {
+  presets_ = presetsIn(files_, folder_.presets);
+  findUnreadable();
+  findDuplicates();
+  findCategories();
+  findMissingFavourites();
+  findUnfinished();
+  return problems_;
+}
+
+template <class Fix>
+void PresetDoctor::found(Kind kind, const std::string& file, std::string text, Fix fix) {
+  PresetProblem problem{kind, file, std::move(text)};
+  if (mode_ == Mode::fix) {
+    const std::string whyNot = fix();
+    problem.isFixed = whyNot.empty();
+    if (!whyNot.empty()) problem.text += "; not mended: " + whyNot;
+  }
+  problems_.push_back(std::move(problem));
+}
+
+std::string PresetDoctor::move(const std::string& from, const std::string& to) {
+  auto error = files_.copyItem(from, to);
+  if (!error) error = files_.removeItem(from);
+  return error ? error->localizedDescription : std::string();
+}
+
+void PresetDoctor::findUnreadable() {
+  const std::string aside = foundation::folderOf(folder_.presets) + "/Unreadable Presets";
+  for (const PresetEntry& preset : presets_) {
+    if (preset.error.empty()) continue;
+    found(Kind::unreadable, preset.path, preset.error, [&] {
+      static_cast<void>(
+          files_.createDirectory(aside, platform::FileManager::Intermediates::mustExist));
+      return move(preset.path, aside + '/' + platform::lastPathComponent(preset.path));
+    });
+  }
+  std::erase_if(presets_, [](const PresetEntry& preset) { return !preset.error.empty(); });
+}
+
+void PresetDoctor::findDuplicates() {
+  std::map<std::string, std::string> firstOf;
+  for (PresetEntry& preset : presets_) {
+    const auto [first, isNew] = firstOf.emplace(platform::lowercased(preset.name), preset.path);
+    if (isNew) continue;
+    const std::string text =
+        "has the name of " + inQuotes(platform::lastPathComponent(first->second));
+    found(Kind::duplicateName, preset.path, text, [&] {
+      const std::string extension = platform::pathExtension(preset.path);
+      for (int number = 2;; ++number) {
+        const std::string name = preset.name + ' ' + std::to_string(number);
+        const std::string path =
+            folder_.presets + '/' + name + (extension.empty() ? "" : '.' + extension);
+        if (firstOf.count(platform::lowercased(name)) || files_.fileExists(path)) continue;
+        const std::string whyNot = move(preset.path, path);
+        if (whyNot.empty()) {
+          preset.path = path;
+          firstOf.emplace(platform::lowercased(name), path);
+        }
+        return whyNot;
+      }
+    });
+  }
+}
+
+void PresetDoctor::findCategories() {
+  for (PresetEntry& preset : presets_) {
+    PropertyList::Array lowered;
+    std::string upper;
+    for (const std::string& category : preset.file.categories()) {
+      lowered.push_back(platform::lowercased(category));
+      if (upper.empty() && lowered.back() != PropertyList(category)) upper = category;
+    }
+    if (upper.empty()) continue;
+    found(Kind::categories, preset.path, "the category " + inQuotes(upper) + " is not lower case",
+          [&] {
+            auto& entries = *preset.file.content.as<PropertyList::Dictionary>();
+            entries[orvane::PresetFile::categoriesKey] = lowered;
+            return writePreset(files_, preset);
+          });
+  }
+}
+
+void PresetDoctor::findMissingFavourites() {
+  for (const Favourites& favourites : favouritesIn(files_, folder_.container)) {
+    // Factory presets have a bank's name in front; the path of a file begins with "/".
+    const auto isMissing = [&](const std::string& name) {
+      return name.size() > 1 && name[0] == '/' && name.find('/', 1) != name.npos &&
+             !files_.fileExists(name);
+    };
+    for (const std::string& name : favourites.names) {
+      if (!isMissing(name)) continue;
+      found(Kind::missingFavourite, name, "is a favourite, but there is no such file", [&] {
+        auto defaults = platform::UserDefaults::open(favourites.suite);
+        auto list = defaults ? defaults->array("favpresets") : std::nullopt;
+        if (!list) return std::string("the favourites cannot be read");
+        const auto place = std::find(list->begin(), list->end(), PropertyList(name));
+        if (place != list->end()) list->erase(place);
+        defaults->setObject("favpresets", *list);
+        return std::string();
+      });
+    }
+  }
+}
+
+void PresetDoctor::findUnfinished() {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const auto now = fs::file_time_type::clock::now();
+  std::vector<std::string> left;
+  for (const auto& entry : fs::directory_iterator(folder_.presets, error)) {
+    const std::string name = entry.path().filename().string();
+    std::error_code ignored;
+    if (foundation::SafeFile::isUnfinished(name) &&
+        now - entry.last_write_time(ignored) > unfinishedAge)
+      left.push_back(entry.path().string());
+  }
+  for (const std::string& path : left)
+    found(Kind::unfinished, path, "was left by a process that ended while it wrote", [&] {
+      const auto failed = files_.removeItem(path);
+      return failed ? failed->localizedDescription : std::string();
+    });
+}
+
+}  // namespace tool

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/FileManager.h"
+#include "tools/orvane/PresetFolder.h"
+
+namespace tool {
+
+/// Something that is wrong in a folder of presets.
+struct PresetProblem {
+  enum class Kind { unreadable, duplicateName, categories, missingFavourite, unfinished };
+
+  Kind kind;
+  std::string file;
+  std::string text;
+  bool isFixed = false;
+};
+
+/// "unreadable", "duplicate-name"
+std::string kindName(PresetProblem::Kind kind);
+
+/// Looks for what the user of a folder of presets would stumble over, and mends it if asked to:
+/// files that are no presets go to the folder "Unreadable Presets" beside it, the second of two
+/// presets of one name gets a number, categories become lower case, favourites of files that are
+/// gone are forgotten, and what a killed process has left is removed. Nothing is ever replaced.
+class PresetDoctor {
+ public:
+  enum class Mode { report, fix };
+
+  PresetDoctor(platform::FileManager& files, PresetFolder folder, Mode mode);
+
+  std::vector<PresetProblem> examine();
+
+ private:
+  void findUnreadable();
+  void findDuplicates();
+  void findCategories();
+  void findMissingFavourites();
+  void findUnfinished();
+  /// `fix` mends it and returns "", or says why it cannot.
+  template <class Fix>
+  void found(PresetProblem::Kind kind, const std::string& file, std::string text, Fix fix);
+  std::string move(const std::string& from, const std::string& to);
+
+  platform::FileManager& files_;
+  const PresetFolder folder_;
+  const Mode mode_;
+  std::vector<PresetEntry> presets_;
+  std::vector<PresetProblem> problems_;
+};
+
+}  // namespace tool
