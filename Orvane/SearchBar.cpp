@@ -43,6 +43,7 @@ void SearchBar::textFieldDidChange() {
 
 bool SearchBar::textFieldShouldReturn(platform::TextField& field) {
   field.resignFirstResponder();
+  if (auto* owner = delegate.get()) owner->searchBarDidReturn();
   return true;
 }
 

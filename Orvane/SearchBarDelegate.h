@@ -11,6 +11,8 @@ class SearchBarDelegate {
 
   /// As typed; empty after the field was cleared.
   virtual void searchTextChanged(const std::string& text) = 0;
+  /// Return was pressed, and the field has given the keyboard away.
+  virtual void searchBarDidReturn() {}
 };
 
 }  // namespace orvane

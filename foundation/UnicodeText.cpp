@@ -7,20 +7,39 @@
 
 namespace platform {
 
-std::string lowercased(std::string_view text) {
-  // Most texts are ASCII, and ICU is not quick to start.
+namespace {
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+icu::UnicodeString unicode(std::string_view text) {
+  return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
+}
+
+/// Moves the letters from `first` to `last` by `distance`.
+std::string shifted(std::string_view text, char first, char last, int distance) {
   std::string result(text);
-  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-  if (std::all_of(result.begin(), result.end(), isAscii)) {
-    for (char& c : result)
-      if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return result;
-  }
-  result.clear();
-  icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())})
-      .toLower(icu::Locale::getRoot())
-      .toUTF8String(result);
+  for (char& c : result)
+    if (c >= first && c <= last) c = static_cast<char>(c + distance);
   return result;
+}
+
+}  // namespace
+
+// Most texts are ASCII, and ICU is not quick to start.
+
+std::string lowercased(std::string_view text) {
+  if (isAscii(text)) return shifted(text, 'A', 'Z', 'a' - 'A');
+  std::string result;
+  return unicode(text).toLower(icu::Locale::getRoot()).toUTF8String(result);
+}
+
+std::string uppercased(std::string_view text) {
+  if (isAscii(text)) return shifted(text, 'a', 'z', 'A' - 'a');
+  std::string result;
+  return unicode(text).toUpper(icu::Locale::getRoot()).toUTF8String(result);
 }
 
 }  // namespace platform

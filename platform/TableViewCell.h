@@ -36,6 +36,10 @@ class TableViewCell : public View {
   void draw(const Rect& rect) override;
   void paint(Canvas& canvas) override;
 
+ protected:
+  /// Places the text in the content view, after that was made narrower.
+  void layoutContent();
+
  private:
   void set(bool& state, bool value);
 

@@ -8,5 +8,7 @@ namespace platform {
 /// UTF-8 text in lower case, by the rules that hold in every language; bytes that are no UTF-8
 /// become U+FFFD. Implemented in foundation/.
 std::string lowercased(std::string_view text);
+/// The same in upper case.
+std::string uppercased(std::string_view text);
 
 }  // namespace platform

@@ -31,6 +31,10 @@ void TableViewCell::setFocused(bool focused) { set(focused_, focused); }
 
 void TableViewCell::draw(const Rect&) {
   contentView_.setFrame(bounds());
+  layoutContent();
+}
+
+void TableViewCell::layoutContent() {
   textLabel_.setFrame(contentView_.bounds().inset(textInset_, 0));
 }
 

@@ -1,0 +1,69 @@
+#include "Orvane/OverlaysView.h"
+
+#include <algorithm>
+
+namespace orvane {
+
+void OverlaysView::didMoveToSuperview() {
+  if (!superview()) return;
+  addSubview(presetViewOverlay_);
+  presetViewOverlay_.setHidden(true);
+  presetViewOverlay_.addTarget<&OverlaysView::handleTouchDown>(*this,
+                                                               platform::ControlEvent::touchDown);
+}
+
+void OverlaysView::setPresetViewUseFilters(bool use) {
+  presetViewOverlay_.useFilterList = use;
+  presetViewOverlay_.setNeedsDisplay();
+}
+
+void OverlaysView::setAllowImportAndExport(bool allow) {
+  presetViewOverlay_.allowImportAndExport = allow;
+  presetViewOverlay_.setNeedsDisplay();
+}
+
+void OverlaysView::initPresetList(platform::AudioUnit* audioUnit, bool isLoadingUserPreset) {
+  std::vector<platform::KestroAUPreset> records;
+  if (audioUnit)
+    for (const platform::AUAudioUnitPreset& preset : audioUnit->factoryPresets())
+      records.emplace_back(preset);
+  presetViewOverlay_.setFactoryPresets(std::move(records));
+  reloadPresetList();
+  if (audioUnit && !isLoadingUserPreset) followCurrentPreset(*audioUnit);
+  isInit_ = true;
+}
+
+void OverlaysView::reloadPresetList() {
+  presetViewOverlay_.presetListTableViewController().reload();
+}
+
+void OverlaysView::followCurrentPreset(const platform::AudioUnit& audioUnit) {
+  PresetListTableViewController& list = presetViewOverlay_.presetListTableViewController();
+  const std::string name = audioUnit.currentPresetName();
+  const bool isFactory = audioUnit.currentPreset() >= 0;
+  const auto& presets = list.presetFileList();
+  const auto found = std::find_if(presets.begin(), presets.end(), [&](const auto& preset) {
+    return preset->isUserPreset != isFactory &&
+           (isFactory ? preset->id == audioUnit.currentPreset() : preset->name == name);
+  });
+  list.setSelectedPreset(found == presets.end() ? nullptr : *found);
+  list.moveToSelected();
+  presetViewOverlay_.presetListDidChange();
+}
+
+void OverlaysView::handleTouchDown() { presetViewOverlay_.setHidden(true); }
+
+bool OverlaysView::pointInside(platform::Point point) const {
+  return !presetViewOverlay_.isHidden() && View::pointInside(point);
+}
+
+void OverlaysView::draw(const platform::Rect&) {
+  if (!presetViewOverlay_.isHidden()) presetViewOverlay_.setFrame(bounds());
+}
+
+void OverlaysView::setNeedsDisplay() {
+  View::setNeedsDisplay();
+  if (!presetViewOverlay_.isHidden()) presetViewOverlay_.setNeedsDisplay();
+}
+
+}  // namespace orvane

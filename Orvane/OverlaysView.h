@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Orvane/PresetViewOverlay.h"
+#include "platform/AudioUnit.h"
+
+namespace orvane {
+
+/// Holds what covers the whole editor; touches go through it where nothing does. Owned by the main
+/// controller. User-interface thread only.
+class OverlaysView : public platform::View {
+ public:
+  PresetViewOverlay& presetViewOverlay() { return presetViewOverlay_; }
+  /// The list of presets has been filled once.
+  bool isInit() const { return isInit_; }
+
+  /// Fills the browser with the audio unit's presets. Unless the user has just imported a preset,
+  /// which stays the one shown, the audio unit's current preset becomes the selected one.
+  void initPresetList(platform::AudioUnit* audioUnit, bool isLoadingUserPreset);
+  void reloadPresetList();
+  /// Selects the preset that the audio unit has now, without loading it again.
+  void followCurrentPreset(const platform::AudioUnit& audioUnit);
+
+  /// Before it gets a superview.
+  void setPresetViewUseFilters(bool use);
+  void setAllowImportAndExport(bool allow);
+
+  /// A touch beside the browser closes it.
+  void handleTouchDown();
+
+  bool pointInside(platform::Point point) const override;
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+  void setNeedsDisplay() override;
+
+ private:
+  PresetViewOverlay presetViewOverlay_;
+  bool isInit_ = false;
+};
+
+}  // namespace orvane

@@ -1,0 +1,362 @@
+#include "Orvane/PresetViewOverlay.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "KestroUI/Theme.h"
+#include "Orvane/FavPresetsStore.h"
+
+namespace orvane {
+
+using platform::ControlEvent;
+using platform::Key;
+using platform::Rect;
+namespace Theme = kestroui::Theme;
+
+namespace {
+
+/// The menu bar, which stays in reach, covers so much of the overlay's height.
+constexpr double menuBarShare = 0.104;
+constexpr double panelShare = 0.8;
+constexpr double filterShare = 0.2;
+
+}  // namespace
+
+PresetViewOverlay::PresetViewOverlay() {
+  background_.setBackgroundColor(Theme::background.withAlpha(0.8f));
+  panel_.setBackgroundColor(Theme::panel);
+  panel_.setBorderColor(Theme::line);
+  panel_.setBorderWidth(1);
+  panel_.setCornerRadius(Theme::cornerRadius * 3);
+  presetTitle_.setText("PRESETS");
+  presetTitle_.setTextColor(Theme::text);
+  presetTitle_.setTextAlignment(platform::TextAlignment::centre);
+  countLabel_.setTextColor(Theme::textDim);
+  countLabel_.setTextAlignment(platform::TextAlignment::right);
+  emptyLabel_.setTextColor(Theme::textDim);
+  emptyLabel_.setTextAlignment(platform::TextAlignment::centre);
+  replaceOverlay_.setText("A preset of this name exists. Do you want to replace it?");
+  for (ConfirmOverlay* overlay : {&confirmOverlay_, &replaceOverlay_}) {
+    overlay->setBackgroundColor(Theme::panel);
+    overlay->layer().setCornerRadius(Theme::cornerRadius * 3);
+  }
+}
+
+void PresetViewOverlay::didMoveToSuperview() {
+  if (!superview()) return;
+  layer().addSublayer(background_);
+  layer().addSublayer(panel_);
+  addSubview(presetTitle_);
+  addSubview(countLabel_);
+  addSubview(categorySelector_);
+  addSubview(searchBar_);
+  addSubview(list_.view());
+  addSubview(emptyLabel_);
+  kestroui::SimpleButton* const buttons[] = {&saveButton_,   &saveNewButton_, &editButton_,
+                                             &deleteButton_, &importButton_,  &exportButton_};
+  for (kestroui::SimpleButton* button : buttons) {
+    addSubview(*button);
+    button->addTarget<&PresetViewOverlay::handleTouchDown>(*this, ControlEvent::touchDown);
+  }
+  if (useFilterList) {
+    addSubview(filters_.view());
+    filters_.delegate = this;
+  }
+  list_.useHeaders = !useFilterList;
+  list_.delegate = this;
+  searchBar_.delegate = this;
+  addSubview(saveNewPresetOverlay_);
+  addSubview(confirmOverlay_);
+  addSubview(replaceOverlay_);
+  saveNewPresetOverlay_.delegate = this;
+  confirmOverlay_.delegate = this;
+  replaceOverlay_.delegate = this;
+  saveNewPresetOverlay_.setHidden(true);
+  confirmOverlay_.setHidden(true);
+  replaceOverlay_.setHidden(true);
+  importButton_.setHidden(!allowImportAndExport);
+  exportButton_.setHidden(!allowImportAndExport);
+  updateButtons();
+}
+
+void PresetViewOverlay::setFactoryPresets(
+    std::optional<std::vector<platform::KestroAUPreset>> presets) {
+  std::vector<std::string> names = categories;
+  std::vector<std::string> banks;
+  std::set<std::string> found;
+  if (presets)
+    for (const platform::KestroAUPreset& preset : *presets) {
+      for (const std::string& category : preset.categories)
+        if (!category.empty()) found.insert(category);
+      const std::string& bank = preset.bankName.empty() ? list_.defaultBank : preset.bankName;
+      if (std::find(banks.begin(), banks.end(), bank) == banks.end()) banks.push_back(bank);
+    }
+  if (names.empty()) names.assign(found.begin(), found.end());
+  categorySelector_.setValues(names);
+  categorySelector_.delegate = this;
+  saveNewPresetOverlay_.setCategories(std::move(names));
+
+  std::vector<std::string> filters{"ALL", "USER", "FAVOURITES"};
+  filters.insert(filters.end(), banks.begin(), banks.end());
+  filters_.setFilterList(std::move(filters));
+  filters_.reapplySelection();
+  list_.factoryPresets = std::move(presets);
+  setNeedsDisplay();
+}
+
+// What its parts report
+
+void PresetViewOverlay::filterSelected(const std::optional<std::string>& filter) {
+  list_.currentBankFilter = filter.value_or(std::string());
+  list_.filterList();
+}
+
+void PresetViewOverlay::searchTextChanged(const std::string& text) { list_.searchFor(text); }
+
+void PresetViewOverlay::searchBarDidReturn() { list_.tableView().becomeFirstResponder(); }
+
+void PresetViewOverlay::selectedValuesChanged() {
+  list_.currentCategoriesFilter = categorySelector_.selectedValues();
+  list_.filterList();
+}
+
+void PresetViewOverlay::presetListDidSelect(const std::shared_ptr<Preset>& preset) {
+  updateButtons();
+  if (auto* owner = delegate.get()) owner->presetSelected(preset);
+}
+
+void PresetViewOverlay::presetListDidChange() {
+  const std::size_t shown = list_.presetFileListFiltered().size();
+  const std::size_t all = list_.presetFileList().size();
+  countLabel_.setText(shown == all ? std::to_string(all)
+                                   : std::to_string(shown) + " of " + std::to_string(all));
+  emptyLabel_.setHidden(shown > 0);
+  emptyLabel_.setText(all == 0 ? "No presets yet: SAVE NEW keeps the sound as it is now."
+                               : "Nothing matches. Clear the search, the categories or the bank.");
+  updateButtons();
+}
+
+void PresetViewOverlay::updateButtons() {
+  if (isHidden()) return;
+  const bool isUser = dynamic_cast<const UserPreset*>(list_.selectedPreset().get()) != nullptr;
+  for (kestroui::SimpleButton* button :
+       {&saveButton_, &deleteButton_, &editButton_, &exportButton_})
+    button->setEnabled(isUser);
+}
+
+// Actions
+
+void PresetViewOverlay::handleTouchDown(platform::Control& sender) {
+  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  auto* owner = delegate.get();
+  if (&sender == &saveButton_) {
+    const platform::Weak<PresetViewOverlay> self = this;
+    if (const auto* user = dynamic_cast<const UserPreset*>(selected.get()); user && owner)
+      owner->savePreset(*user);
+    if (self) setHidden(true);
+  } else if (&sender == &saveNewButton_ || &sender == &editButton_) {
+    isEdit_ = &sender == &editButton_;
+    saveNewPresetOverlay_.setHidden(false);
+    if (!isEdit_ || !selected) return;
+    saveNewPresetOverlay_.textField().setText(selected->name);
+    saveNewPresetOverlay_.textField().selectAll();
+    // Stored in lower case; the selector has them as the plug-in writes them.
+    std::vector<std::string> chosen;
+    for (const std::string& name : saveNewPresetOverlay_.categories())
+      if (list_.hasCategory(*selected, name)) chosen.push_back(name);
+    saveNewPresetOverlay_.categorySelector().setSelectedValues(chosen);
+  } else if (&sender == &importButton_) {
+    if (owner) owner->importPresets();
+  } else if (&sender == &exportButton_) {
+    if (owner) owner->exportPreset();
+  } else if (&sender == &deleteButton_) {
+    confirmOverlay_.setHidden(false);
+  }
+}
+
+bool PresetViewOverlay::replacesAnother(const std::string& name) const {
+  const auto& selected = list_.selectedPreset();
+  if (isEdit_ && selected && selected->isUserPreset && selected->name == name) return false;
+  const auto& all = list_.presetFileList();
+  return std::any_of(all.begin(), all.end(), [&](const auto& preset) {
+    return preset->isUserPreset && preset->name == name;
+  });
+}
+
+void PresetViewOverlay::textFieldOverlayDidConfirm(TextFieldOverlay&,
+                                                   const std::optional<std::string>& text) {
+  if (text && replacesAnother(*text)) {
+    nameToReplace_ = *text;
+    replaceOverlay_.setHidden(false);
+    return;
+  }
+  const platform::Weak<PresetViewOverlay> self = this;
+  if (text) saveAs(*text);
+  if (!self) return;
+  filters_.reapplySelection();
+  saveNewPresetOverlay_.setHidden(true);
+}
+
+void PresetViewOverlay::saveAs(const std::string& name) {
+  auto* owner = delegate.get();
+  if (!owner) return;
+  const platform::Weak<PresetViewOverlay> self = this;
+  const std::shared_ptr<Preset> before = list_.selectedPreset();
+  bool wasFavourite = false;
+  if (const auto* user = dynamic_cast<const UserPreset*>(before.get());
+      user && isEdit_ && user->name != name) {
+    wasFavourite = user->isFavourite;
+    owner->deletePreset(*user);
+    if (!self || !delegate) return;
+  }
+  const std::optional<std::string> url =
+      owner->saveNewPreset(name, saveNewPresetOverlay_.categorySelector().selectedValues());
+  if (!self) return;
+  if (url) {
+    list_.setSelectedPreset(std::make_shared<UserPreset>(*url, false));
+    list_.moveToSelected();
+    presetListDidSelect(list_.selectedPreset());
+    if (!self) return;
+  }
+  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  if (!selected) return;
+  selected->isFavourite = wasFavourite;
+  FavPresetsStore::favouritePresets.push_back(selected->uniqueName());
+  FavPresetsStore::save();
+}
+
+void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) {
+  const platform::Weak<PresetViewOverlay> self = this;
+  if (&overlay == &replaceOverlay_) {
+    replaceOverlay_.setHidden(true);
+    if (!yes) {
+      saveNewPresetOverlay_.textField().becomeFirstResponder();
+      return;
+    }
+    saveAs(nameToReplace_);
+    if (!self) return;
+    filters_.reapplySelection();
+    saveNewPresetOverlay_.setHidden(true);
+    return;
+  }
+  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  const auto* user = dynamic_cast<const UserPreset*>(selected.get());
+  if (yes && user && delegate) delegate->deletePreset(*user);
+  if (self) confirmOverlay_.setHidden(true);
+}
+
+bool PresetViewOverlay::closeDialog() {
+  for (View* dialog :
+       std::initializer_list<View*>{&replaceOverlay_, &confirmOverlay_, &saveNewPresetOverlay_}) {
+    if (dialog->isHidden()) continue;
+    dialog->setHidden(true);
+    list_.tableView().becomeFirstResponder();
+    return true;
+  }
+  return false;
+}
+
+void PresetViewOverlay::setHidden(bool hidden) {
+  Control::setHidden(hidden);
+  if (!hidden) {
+    updateButtons();
+    list_.moveToSelected();
+    list_.tableView().becomeFirstResponder();
+    return;
+  }
+  replaceOverlay_.setHidden(true);
+  saveNewPresetOverlay_.setHidden(true);
+  confirmOverlay_.setHidden(true);
+  if (auto* owner = delegate.get()) owner->presetViewOverlayDidHide();
+}
+
+bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
+  if (event.key == Key::escape) {
+    if (!closeDialog()) setHidden(true);
+    return true;
+  }
+  const bool dialogIsOpen = !saveNewPresetOverlay_.isHidden() || !confirmOverlay_.isHidden() ||
+                            !replaceOverlay_.isHidden();
+  if (dialogIsOpen || event.modifiers == platform::Modifiers::control) return false;
+  platform::TextField& field = searchBar_.textField();
+  if (event.key == Key::up || event.key == Key::down) {
+    list_.tableView().becomeFirstResponder();
+    return list_.tableView().keyPressed(event);
+  }
+  // Typing searches, wherever the keyboard is.
+  const bool isTyped = event.key == Key::character && !event.text.empty();
+  if (field.isFirstResponder() || !(isTyped || event.key == Key::backspace)) return false;
+  const std::string before = field.text();
+  field.becomeFirstResponder();
+  field.setText(before);
+  return field.keyPressed(event);
+}
+
+// Layout
+
+void PresetViewOverlay::draw(const Rect&) {
+  const double width = bounds().width, height = bounds().height;
+  background_.setFrame(bounds());
+  const double top = height * menuBarShare + 2;
+  const Rect panel{width * (1 - panelShare) / 2, top, width * panelShare,
+                   std::max(0.0, height - top - height * 0.02)};
+  panel_.setFrame(panel);
+
+  const double gap = std::max(3.0, height * 0.012);
+  const double line = std::clamp(height * 0.062, 16.0, 44.0);
+  const Rect inside = panel.inset(gap * 1.5, gap);
+  double y = inside.y;
+  const platform::Font titleFont =
+      Theme::pageFont.withSize(std::min(line * 0.6, Theme::pageFont.pointSize * 1.4));
+  presetTitle_.setFont(titleFont);
+  presetTitle_.setFrame({inside.x + inside.width * 0.3, y, inside.width * 0.4, line});
+  countLabel_.setFont(Theme::valueFont.withSize(std::min(line * 0.45, 14.0)));
+  countLabel_.setFrame({inside.maxX() - inside.width * 0.3, y, inside.width * 0.3, line});
+  y += line + gap;
+
+  const bool hasCategories = !categorySelector_.values().empty();
+  categorySelector_.setHidden(!hasCategories);
+  if (hasCategories) {
+    categorySelector_.setFrame({inside.x, y, inside.width, line});
+    y += line + gap;
+  }
+
+  const double filterWidth = useFilterList ? filterShare * width : 0;
+  const double listX = inside.x + (useFilterList ? filterWidth + gap : 0);
+  const Rect buttons{inside.x, inside.maxY() - line * 1.15, inside.width, line * 1.15};
+  const double bottom = buttons.y - gap;
+  if (useFilterList)
+    filters_.view().setFrame({inside.x, y, filterWidth, std::max(0.0, bottom - y)});
+  searchBar_.setFrame({listX, y, inside.maxX() - listX, line});
+  y += line + gap;
+  const Rect list{listX, y, inside.maxX() - listX, std::max(0.0, bottom - y)};
+  list_.view().setFrame(list);
+  emptyLabel_.setFont(Theme::cellFont.withSize(std::min(Theme::cellFont.pointSize, line * 0.5)));
+  emptyLabel_.setFrame({list.x + gap, list.midY() - line, list.width - 2 * gap, line * 2});
+  layoutButtons(buttons);
+
+  saveNewPresetOverlay_.setFrame(panel);
+  confirmOverlay_.setFrame(panel);
+  replaceOverlay_.setFrame(panel);
+}
+
+void PresetViewOverlay::layoutButtons(const Rect& row) {
+  std::vector<kestroui::SimpleButton*> buttons{&saveButton_, &saveNewButton_, &editButton_,
+                                               &deleteButton_};
+  if (allowImportAndExport) {
+    buttons.push_back(&importButton_);
+    buttons.push_back(&exportButton_);
+  }
+  const double gap = 4;
+  const auto count = static_cast<double>(buttons.size());
+  const double width = std::max(0.0, (row.width - gap * (count - 1)) / count);
+  double x = row.x;
+  for (kestroui::SimpleButton* button : buttons) {
+    button->setFont(Theme::regularFont.withSize(std::min(row.height * 0.42, 15.0)));
+    button->setFrame({x, row.y, width, row.height});
+    x += width + gap;
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "KestroUI/SimpleButton.h"
+#include "Orvane/ConfirmOverlay.h"
+#include "Orvane/FiltersTableViewController.h"
+#include "Orvane/MultiSelectable.h"
+#include "Orvane/PresetListTableViewController.h"
+#include "Orvane/PresetViewOverlayDelegate.h"
+#include "Orvane/SaveNewPresetOverlay.h"
+#include "Orvane/SearchBar.h"
+#include "platform/Label.h"
+
+namespace orvane {
+
+/// The preset browser, over the whole editor: the list of presets with what narrows it down, and
+/// buttons that save, name, delete, import and export. Typing searches, the arrow keys move through
+/// the list, Return loads, Escape closes. Owned by the overlay host. User-interface thread only.
+class PresetViewOverlay : public platform::Control,
+                          public PresetListTableViewControllerDelegate,
+                          public FiltersTableViewControllerDelegate,
+                          public SearchBarDelegate,
+                          public TextFieldOverlayDelegate,
+                          public ConfirmOverlayDelegate,
+                          public MultiSelectableDelegate {
+ public:
+  PresetViewOverlay();
+
+  platform::Weak<PresetViewOverlayDelegate> delegate;
+
+  // Before it gets a superview
+
+  /// A column of banks beside the list, in place of headers in it.
+  bool useFilterList = false;
+  bool allowImportAndExport = false;
+  /// The categories to choose from; those of the factory presets when it is empty.
+  std::vector<std::string> categories;
+
+  /// Fills filters and list with the audio unit's presets; the list shows them after its reload.
+  void setFactoryPresets(std::optional<std::vector<platform::KestroAUPreset>> presets);
+
+  PresetListTableViewController& presetListTableViewController() { return list_; }
+  FiltersTableViewController& filtersTableViewController() { return filters_; }
+  SearchBar& searchBar() { return searchBar_; }
+  MultiSelectable& categorySelector() { return categorySelector_; }
+  SaveNewPresetOverlay& saveNewPresetOverlay() { return saveNewPresetOverlay_; }
+  ConfirmOverlay& confirmOverlay() { return confirmOverlay_; }
+  /// Asks before a preset takes the name of another one.
+  ConfirmOverlay& replaceOverlay() { return replaceOverlay_; }
+  kestroui::SimpleButton& saveButton() { return saveButton_; }
+  kestroui::SimpleButton& saveNewButton() { return saveNewButton_; }
+  kestroui::SimpleButton& deleteButton() { return deleteButton_; }
+  kestroui::SimpleButton& editButton() { return editButton_; }
+  kestroui::SimpleButton& importButton() { return importButton_; }
+  kestroui::SimpleButton& exportButton() { return exportButton_; }
+  /// The name panel is open to give the selected preset another name.
+  bool isEdit() const { return isEdit_; }
+  /// Closes the dialog that is open, if one is.
+  bool closeDialog();
+
+  /// The action of every button.
+  void handleTouchDown(platform::Control& sender);
+
+  void presetListDidSelect(const std::shared_ptr<Preset>& preset) override;
+  void presetListDidChange() override;
+  void filterSelected(const std::optional<std::string>& filter) override;
+  void searchTextChanged(const std::string& text) override;
+  void searchBarDidReturn() override;
+  void selectedValuesChanged() override;
+  void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
+                                  const std::optional<std::string>& text) override;
+  void confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) override;
+
+  void setHidden(bool hidden) override;
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  void updateButtons();
+  void saveAs(const std::string& name);
+  bool replacesAnother(const std::string& name) const;
+  void layoutButtons(const platform::Rect& row);
+
+  platform::Layer background_;
+  platform::Layer panel_;
+  platform::Label presetTitle_;
+  /// How many of the presets the filters show.
+  platform::Label countLabel_;
+  /// In place of an empty list.
+  platform::Label emptyLabel_;
+  SearchBar searchBar_;
+  PresetListTableViewController list_;
+  FiltersTableViewController filters_;
+  MultiSelectable categorySelector_;
+  kestroui::SimpleButton saveButton_{"SAVE"};
+  kestroui::SimpleButton saveNewButton_{"SAVE NEW"};
+  kestroui::SimpleButton deleteButton_{"DELETE"};
+  kestroui::SimpleButton editButton_{"RENAME"};
+  kestroui::SimpleButton importButton_{"IMPORT"};
+  kestroui::SimpleButton exportButton_{"EXPORT"};
+  SaveNewPresetOverlay saveNewPresetOverlay_;
+  ConfirmOverlay confirmOverlay_;
+  ConfirmOverlay replaceOverlay_;
+  std::string nameToReplace_;
+  bool isEdit_ = false;
+};
+
+}  // namespace orvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Orvane/MultiSelectable.h"
+#include "Orvane/TextFieldOverlay.h"
+
+namespace orvane {
+
+/// Asks for the name and the categories of a preset. User-interface thread only.
+class SaveNewPresetOverlay : public TextFieldOverlay {
+ public:
+  SaveNewPresetOverlay();
+
+  MultiSelectable& categorySelector() { return categorySelector_; }
+  const std::vector<std::string>& categories() const { return categorySelector_.values(); }
+  /// What the selector offers.
+  void setCategories(std::vector<std::string> categories);
+
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  MultiSelectable categorySelector_;
+};
+
+}  // namespace orvane
