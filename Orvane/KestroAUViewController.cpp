@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/FactoryPreset.h"
 #include "platform/Fatal.h"
 
 namespace orvane {
@@ -49,12 +48,13 @@ void KestroAUViewController::viewDidLoad() {
   menuBar_.setAppName(appName());
   ViewController::viewDidLoad();
   view().setBackgroundColor(kestroui::Theme::background);
+  loadPresetStorage();
+  view().addSubview(overlaysView_);
   view().addSubview(menuBar_);
   view().addSubview(enterValueOverlay_);
   menuBar_.delegate = this;
   enterValueOverlay_.setHidden(true);
   enterValueOverlay_.delegate = this;
-  loadPresetStorage();
   if (auto* unit = audioUnit()) {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();
@@ -107,6 +107,7 @@ void KestroAUViewController::followPresetName() {
   if (name == knownPresetName_) return;
   knownPresetName_ = std::move(name);
   setPresetName(knownPresetName_);
+  overlaysView_.followCurrentPreset(*unit);
 }
 
 void KestroAUViewController::updateUI() {
@@ -148,6 +149,7 @@ void KestroAUViewController::viewDidLayoutSubviews() {
   mainContentFrame_ = {content.x, content.y + menuHeight, content.width,
                        content.height - menuHeight};
   settingsViewController_.view().setFrame(mainContentFrame_);
+  overlaysView_.setFrame(content);
   enterValueOverlay_.setFrame(content);
   labelScale_ = std::min(content.height / labelHeightUnit, maximumLabelScale);
   applyLabelScale();
@@ -174,23 +176,6 @@ void KestroAUViewController::setPresetName(const std::string& name) {
 
 void KestroAUViewController::randomize() {
   if (auto* unit = audioUnit()) unit->randomize();
-}
-
-void KestroAUViewController::menuBarDidStepPreset(Direction direction) {
-  auto* unit = audioUnit();
-  if (!unit || unit->factoryPresets().empty()) return;
-  const auto& presets = unit->factoryPresets();
-  const auto current = std::find_if(
-      presets.begin(), presets.end(),
-      [unit](const platform::AUAudioUnitPreset& p) { return p.number == unit->currentPreset(); });
-  const bool forwards = direction == Direction::next;
-  // From no preset at all the first step goes to the first or the last.
-  std::size_t index = forwards ? 0 : presets.size() - 1;
-  if (current != presets.end()) {
-    const auto from = static_cast<std::size_t>(current - presets.begin());
-    index = (from + (forwards ? 1 : presets.size() - 1)) % presets.size();
-  }
-  presetSelected(std::make_shared<FactoryPreset>(platform::KestroAUPreset(presets[index])));
 }
 
 platform::Application* KestroAUViewController::application() {

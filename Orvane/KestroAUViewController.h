@@ -15,6 +15,7 @@
 #include "Orvane/HeldParameters.h"
 #include "Orvane/KestroAUViewControllerDelegate.h"
 #include "Orvane/MenuBar.h"
+#include "Orvane/OverlaysView.h"
 #include "Orvane/ParameterConnection.h"
 #include "Orvane/PresetManager.h"
 #include "Orvane/SettingsViewController.h"
@@ -47,6 +48,7 @@ class KestroAUViewController : public platform::ViewController,
                                public kestroui::ContainerDelegate,
                                public MenuBarDelegate,
                                public EnterValueOverlayDelegate,
+                               public PresetViewOverlayDelegate,
                                public platform::DocumentPickerDelegate {
  public:
   KestroAUViewController();
@@ -118,24 +120,23 @@ class KestroAUViewController : public platform::ViewController,
   /// Null until the view is loaded.
   PresetManager* presetManager() const { return presetManager_.get(); }
   void setPresetManager(std::unique_ptr<PresetManager> manager);
+  /// Fills the preset browser anew from the audio unit and the store.
   void rebuildPresetList();
   /// Applies a preset to the audio unit.
   void load(const std::shared_ptr<Preset>& preset);
-  /// The user chose a preset: loads it and remembers it for the export.
-  void presetSelected(const std::shared_ptr<Preset>& preset);
-  const std::shared_ptr<Preset>& selectedPreset() const { return selectedPreset_; }
+  /// As if the user had chosen it in the browser.
+  void selectPreset(const std::shared_ptr<Preset>& preset);
+  /// The preset that the browser shows as the current one, or null.
+  const std::shared_ptr<Preset>& selectedPreset();
+  /// Its name and categories.
+  std::string currentPresetName();
+  std::vector<std::string> currentPresetCatgories();
   /// A file has become a preset, or was one already: it is chosen.
   void presetWasImported(const std::shared_ptr<UserPreset>& preset);
-  /// The path of the new preset; see PresetManager::saveNew.
-  std::optional<std::string> saveNewPreset(const std::string& name,
-                                           const std::vector<std::string>& presetCategories);
-  /// Replaces the preset's file by the state as it is now.
-  void savePreset(const UserPreset& preset);
-  void deletePreset(const UserPreset& preset);
   void importPreset();
   void importPresetFile(const std::string& url);
   /// Shares the state as it is now under the name of the chosen preset.
-  void exportPreset();
+  void exportPreset() override;
   void exportAll();
   /// What the user has picked to import, of which the first file counts.
   void documentPickerDidPick(const std::vector<std::string>& paths) override;
@@ -147,6 +148,7 @@ class KestroAUViewController : public platform::ViewController,
   SettingsViewController& settingsViewController() { return settingsViewController_; }
   MenuBar& menuBar() { return menuBar_; }
   EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
+  OverlaysView& overlaysView() { return overlaysView_; }
   DSPParameters& parameters() { return parameters_; }
   ControlCollection& controls() { return *controls_; }
   /// Null for a known key without a control; an unknown key is fatal.
@@ -159,6 +161,10 @@ class KestroAUViewController : public platform::ViewController,
 
   /// The page that is shown first.
   int initPage = 0;
+  /// The preset browser has a column of banks beside its list.
+  bool presetViewUseFilters = false;
+  /// The preset browser offers import and export.
+  bool allowImportAndExport = false;
   /// A double tap on a control asks for a value.
   bool doubleTapEnabled = true;
   /// A double tap resets the parameter instead.
@@ -199,6 +205,15 @@ class KestroAUViewController : public platform::ViewController,
   void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
                                   const std::optional<std::string>& text) override;
   void enterValueOverlayDidReset() override { reset(); }
+  void presetSelected(const std::shared_ptr<Preset>& preset) override;
+  /// The path of the new preset; see PresetManager::saveNew.
+  std::optional<std::string> saveNewPreset(
+      const std::string& name, const std::vector<std::string>& presetCategories) override;
+  /// Replaces the preset's file by the state as it is now.
+  void savePreset(const UserPreset& preset) override;
+  void deletePreset(const UserPreset& preset) override;
+  void importPresets() override { importPreset(); }
+  void presetViewOverlayDidHide() override {}
   void didBeginGesture(kestroui::Container& container,
                        const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
   void didEndGesture(kestroui::Container& container,
@@ -206,7 +221,6 @@ class KestroAUViewController : public platform::ViewController,
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
-  void menuBarDidStepPreset(Direction direction) override;
 
   void viewDidLoad() override;
   void viewWillLayoutSubviews() override;
@@ -223,6 +237,8 @@ class KestroAUViewController : public platform::ViewController,
   void applyLabelScale();
   void followHostFrame();
   void followPresetName();
+  void setUpOverlays();
+  void reloadPresetList();
   void tellAudioUnitOfUI(bool visible);
   void loadPresetStorage();
   void followAudioUnitWithPresets();
@@ -238,12 +254,12 @@ class KestroAUViewController : public platform::ViewController,
   std::vector<std::shared_ptr<kestroui::DoubleFilterViewContainer>> doubleFilters_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
+  OverlaysView overlaysView_;
   EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   HeldParameters heldParameters_;
   std::unique_ptr<ParameterConnection> connection_;
   std::unique_ptr<PresetManager> presetManager_;
-  std::shared_ptr<Preset> selectedPreset_;
 
   std::unique_ptr<platform::DisplayLink> displayLink_;
   platform::Timer checkTimer_;

@@ -24,6 +24,7 @@ void KestroAUViewController::loadPresetStorage() {
   FavPresetsStore::load();
   instantiatePresetManager();
   if (presetManager_) presetManager_->viewController = this;
+  setUpOverlays();
 }
 
 void KestroAUViewController::followAudioUnitWithPresets() {
@@ -35,8 +36,41 @@ void KestroAUViewController::followAudioUnitWithPresets() {
   });
 }
 
+void KestroAUViewController::setUpOverlays() {
+  overlaysView_.setPresetViewUseFilters(presetViewUseFilters);
+  overlaysView_.setAllowImportAndExport(allowImportAndExport);
+  PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
+  browser.categories = categories();
+  browser.delegate = this;
+  browser.presetListTableViewController().presetManager = presetManager_.get();
+  menuBar_.overlaysView = &overlaysView_;
+}
+
 void KestroAUViewController::rebuildPresetList() {
-  if (auto* unit = audioUnit()) unit->rebuildPresetList();
+  auto* unit = audioUnit();
+  if (unit) unit->rebuildPresetList();
+  overlaysView_.initPresetList(unit, isLoadingUserPreset);
+  reloadPresetList();
+}
+
+void KestroAUViewController::reloadPresetList() {
+  overlaysView_.reloadPresetList();
+  const auto& list = overlaysView_.presetViewOverlay().presetListTableViewController();
+  menuBar_.setCanStepPresets(list.presetListForNextAndPrevious().size() > 1);
+  // An editor that neither brings presets nor keeps any has nothing to browse.
+  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && list.presetFileList().empty());
+}
+
+const std::shared_ptr<Preset>& KestroAUViewController::selectedPreset() {
+  return overlaysView_.presetViewOverlay().presetListTableViewController().selectedPreset();
+}
+
+std::string KestroAUViewController::currentPresetName() {
+  return selectedPreset() ? selectedPreset()->name : std::string();
+}
+
+std::vector<std::string> KestroAUViewController::currentPresetCatgories() {
+  return selectedPreset() ? selectedPreset()->categories : std::vector<std::string>();
 }
 
 void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
@@ -50,29 +84,43 @@ void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
 }
 
 void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& preset) {
-  selectedPreset_ = preset;
   load(preset);
   followPresetName();
 }
 
+void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset) {
+  PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
+  browser.presetListTableViewController().setSelectedPreset(preset);
+  browser.presetListTableViewController().moveToSelected();
+  browser.presetListDidSelect(preset);
+}
+
 void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>& preset) {
-  presetSelected(preset);
-  isLoadingUserPreset = true;
+  if (!overlaysView_.isInit()) isLoadingUserPreset = true;
+  reloadPresetList();
+  selectPreset(preset);
 }
 
 std::optional<std::string> KestroAUViewController::saveNewPreset(
     const std::string& name, const std::vector<std::string>& presetCategories) {
   preSaveAction();
-  return presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
+  const auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
+  reloadPresetList();
+  return url;
 }
 
 void KestroAUViewController::savePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->savePreset(preset.url, preset.categories);
   if (const auto* unit = audioUnit()) setPresetName(unit->currentPresetName());
+  reloadPresetList();
 }
 
 void KestroAUViewController::deletePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->deleteUserPreset(preset);
+  // Nothing is selected that is not there any more.
+  auto& list = overlaysView_.presetViewOverlay().presetListTableViewController();
+  if (selectedPreset() && *selectedPreset() == preset) list.setSelectedPreset(nullptr);
+  reloadPresetList();
 }
 
 void KestroAUViewController::importPreset() {
@@ -88,7 +136,7 @@ void KestroAUViewController::documentPickerDidPick(const std::vector<std::string
 }
 
 void KestroAUViewController::exportPreset() {
-  if (presetManager_) presetManager_->exportPreset(selectedPreset_);
+  if (presetManager_) presetManager_->exportPreset(selectedPreset());
 }
 
 void KestroAUViewController::exportAll() {

@@ -78,7 +78,7 @@ void KestroAUViewController::connectViewWithAU() {
   applyLabelScale();
   updateVisibility();
 
-  menuBar_.setCanStepPresets(unit->factoryPresets().size() > 1);
+  rebuildPresetList();
   knownPresetName_ = unit->currentPresetName();
   setPresetName(knownPresetName_);
 }

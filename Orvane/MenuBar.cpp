@@ -23,17 +23,13 @@ MenuBar::MenuBar() {
     arrow->setTitleColor(Theme::white);
     arrow->setAccentColor(Theme::white);
   }
-  // They show the plug-in and the preset, and are not pressed.
+  // It shows the plug-in, and is not pressed.
   aboutButton_.setUserInteractionEnabled(false);
-  presetNameLabel_.setUserInteractionEnabled(false);
   setCanStepPresets(false);
-  setPresetName({});
+  presetNameLabel_.setHidden(true);
 }
 
-void MenuBar::setPresetName(std::string name) {
-  presetNameLabel_.setHidden(name.empty());
-  presetNameLabel_.setTitle(std::move(name));
-}
+void MenuBar::setPresetName(std::string name) { presetNameLabel_.setTitle(std::move(name)); }
 
 void MenuBar::setCanStepPresets(bool canStep) {
   arrowLeft_.setHidden(!canStep);
@@ -55,6 +51,7 @@ void MenuBar::didMoveToSuperview() {
   for (View* view : std::initializer_list<View*>{&aboutButton_, &presetNameLabel_, &logoView_,
                                                  &arrowLeft_, &arrowRight_, &randomizeButton_})
     addSubview(*view);
+  presetNameLabel_.addTarget<&MenuBar::onPresetButton>(*this, ControlEvent::touchDown);
   randomizeButton_.addTarget<&MenuBar::onRandomize>(*this, ControlEvent::touchDown);
   arrowLeft_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
   arrowRight_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
@@ -88,10 +85,19 @@ void MenuBar::draw(const platform::Rect& rect) {
   displayMode_->setNeedsDisplay();
 }
 
+void MenuBar::onPresetButton() {
+  auto* overlays = overlaysView.get();
+  if (!overlays) return;
+  PresetViewOverlay& browser = overlays->presetViewOverlay();
+  overlays->bringSubviewToFront(browser);
+  if (browser.isHidden() || !browser.closeDialog()) browser.setHidden(!browser.isHidden());
+  overlays->setNeedsDisplay();
+}
+
 void MenuBar::onPresetArrow(platform::Control& sender) {
-  if (auto* owner = delegate.get())
-    owner->menuBarDidStepPreset(&sender == &arrowLeft_ ? MenuBarDelegate::Direction::previous
-                                                       : MenuBarDelegate::Direction::next);
+  if (auto* overlays = overlaysView.get())
+    overlays->presetViewOverlay().presetListTableViewController().selectNext(&sender ==
+                                                                             &arrowLeft_);
 }
 
 void MenuBar::onRandomize() {

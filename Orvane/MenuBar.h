@@ -10,6 +10,7 @@
 #include "KestroUI/RadioButtons.h"
 #include "KestroUI/SimpleButton.h"
 #include "Orvane/MenuBarDelegate.h"
+#include "Orvane/OverlaysView.h"
 #include "platform/ImageView.h"
 #include "platform/View.h"
 
@@ -17,12 +18,15 @@ namespace orvane {
 
 /// The strip across the top of the editor: the plug-in's logo and name, the current preset between
 /// the arrows that step through the presets, randomize, the display modes if there are any, and
-/// the maker's logo. It knows nothing of the plug-in and asks its delegate for everything.
+/// the maker's logo. The preset's name opens and closes the browser. It knows nothing of the
+/// plug-in: it shows the overlays, and asks its delegate for everything else.
 class MenuBar : public platform::View {
  public:
   MenuBar();
 
   platform::Weak<MenuBarDelegate> delegate;
+  /// What the preset's name opens and the arrows step through.
+  platform::Weak<OverlaysView> overlaysView;
 
   void setAppLogo(platform::Image logo) { aboutButton_.setImage(std::move(logo)); }
   /// The text beside the logo.
@@ -47,6 +51,7 @@ class MenuBar : public platform::View {
   /// Null until displays are set.
   kestroui::RadioButtons* displayMode() const { return displayMode_.get(); }
 
+  void onPresetButton();
   void onPresetArrow(platform::Control& sender);
   void onRandomize();
   void onDisplayChanged();

@@ -7,16 +7,12 @@ namespace orvane {
 /// What the menu bar asks of its owner. Held weakly. User-interface thread only.
 class MenuBarDelegate {
  public:
-  enum class Direction { previous, next };
-
   virtual ~MenuBarDelegate() = default;
 
   virtual void menuBarDidRequestRandomize() = 0;
   /// The user chose a display mode.
   virtual void menuBarDidChangeDisplay(int index) = 0;
   virtual void menuBarOpenURL(const std::string& url) = 0;
-  /// The user wants the preset beside the current one.
-  virtual void menuBarDidStepPreset(Direction direction) = 0;
 };
 
 }  // namespace orvane

@@ -11,7 +11,6 @@
 
 namespace tool {
 
-using Direction = orvane::MenuBarDelegate::Direction;
 
 namespace {
 
@@ -80,18 +79,6 @@ void DriveSession::modulate(const Words& words, Json&) {
   unit.setModulating(words[0].text, flag == "on");
   host_.loop().runDue();
 }
-
-void DriveSession::stepPreset(Direction direction, Json& answer) {
-  platform::AudioUnit& unit = host_.audioUnit();
-  if (unit.factoryPresets().empty()) throw Failure("there are no presets");
-  host_.editor().menuBarDidStepPreset(direction);
-  host_.loop().runDue();
-  answer["selected"] = presetName(unit);
-}
-
-void DriveSession::next(const Words&, Json& answer) { stepPreset(Direction::next, answer); }
-
-void DriveSession::previous(const Words&, Json& answer) { stepPreset(Direction::previous, answer); }
 
 void DriveSession::tree(const Words&, Json& answer) { answer["tree"] = viewTree(host_.rootView()); }
 

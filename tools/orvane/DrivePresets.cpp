@@ -17,14 +17,8 @@ orvane::PresetManager& presetManager(headless::HeadlessHost& host) {
   throw Failure("the editor keeps no presets");
 }
 
-std::vector<std::shared_ptr<orvane::UserPreset>> userPresets(headless::HeadlessHost& host) {
-  orvane::PresetManager& manager = presetManager(host);
-  manager.createPresetDirectories();
-  auto presets = manager.getUserPresets();
-  std::sort(presets.begin(), presets.end(), [](const auto& a, const auto& b) {
-    return a->name != b->name ? a->name < b->name : a->url < b->url;
-  });
-  return presets;
+orvane::PresetListTableViewController& presetList(headless::HeadlessHost& host) {
+  return host.editor().overlaysView().presetViewOverlay().presetListTableViewController();
 }
 
 DriveSession::Json currentName(const platform::AudioUnit& unit) {
@@ -35,47 +29,60 @@ DriveSession::Json currentName(const platform::AudioUnit& unit) {
 }  // namespace
 
 void DriveSession::preset(const std::string& text, Json& answer) {
-  platform::AudioUnit& unit = host_.audioUnit();
-  const auto& presets = unit.factoryPresets();
-  const auto found = std::find_if(presets.begin(), presets.end(),
-                                  [&](const auto& preset) { return preset.name == text; });
   constexpr std::string_view user = "user ";
-  if (found != presets.end())
-    host_.editor().presetSelected(
-        std::make_shared<orvane::FactoryPreset>(platform::KestroAUPreset(*found)));
-  else if (text.starts_with(user))
-    userPreset(text.substr(user.size()));
-  else
-    throw Failure("no factory preset " + inQuotes(text));
+  const bool isUser = text.starts_with(user);
+  const std::string name = isUser ? text.substr(user.size()) : text;
+  const auto find = [&](const std::string& wanted, bool isUserPreset) {
+    const auto& all = presetList(host_).presetFileList();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& preset) {
+      return preset->name == wanted && preset->isUserPreset == isUserPreset;
+    });
+    return found == all.end() ? nullptr : *found;
+  };
+  // A factory preset may have such a name, too.
+  auto preset = find(text, false);
+  if (!preset && isUser) {
+    // Files come and go.
+    presetManager(host_);
+    presetList(host_).reload();
+    preset = find(name, true);
+  }
+  if (!preset) throw Failure((isUser ? "no user preset " : "no factory preset ") + inQuotes(name));
+  host_.editor().selectPreset(preset);
   host_.loop().runDue();
-  answer["selected"] = currentName(unit);
+  answer["selected"] = currentName(host_.audioUnit());
 }
 
-void DriveSession::userPreset(const std::string& name) {
-  const auto presets = userPresets(host_);
-  const auto found = std::find_if(presets.begin(), presets.end(),
-                                  [&](const auto& preset) { return preset->name == name; });
-  if (found == presets.end()) throw Failure("no user preset " + inQuotes(name));
-  host_.editor().presetSelected(*found);
+void DriveSession::stepPreset(bool backward, Json& answer) {
+  if (presetList(host_).presetListForNextAndPrevious().empty())
+    throw Failure("there are no presets");
+  presetList(host_).selectNext(backward);
+  host_.loop().runDue();
+  answer["selected"] = currentName(host_.audioUnit());
 }
+
+void DriveSession::next(const Words&, Json& answer) { stepPreset(false, answer); }
+
+void DriveSession::previous(const Words&, Json& answer) { stepPreset(true, answer); }
 
 void DriveSession::presets(const Words&, Json& answer) {
-  const platform::AudioUnit& unit = host_.audioUnit();
-  answer["selected"] = currentName(unit);
-  Json shown = Json::array(), walk = Json::array();
-  const auto addRow = [&](const orvane::Preset& preset) {
-    shown.push_back({{"section", oneLine(preset.bankName)},
-                     {"name", oneLine(preset.name)},
-                     {"user", preset.isUserPreset},
-                     {"favourite", orvane::FavPresetsStore::contains(preset.uniqueName())},
-                     {"categories", preset.categories}});
-    walk.push_back(oneLine(preset.name));
-  };
-  for (const auto& preset : unit.factoryPresets())
-    addRow(orvane::Preset(platform::KestroAUPreset(preset)));
-  for (const auto& preset : userPresets(host_)) addRow(*preset);
-  answer["shown"] = std::move(shown);
-  answer["walk"] = std::move(walk);
+  orvane::PresetListTableViewController& list = presetList(host_);
+  list.reload();
+  answer["selected"] = currentName(host_.audioUnit());
+  Json& shown = answer["shown"] = Json::array();
+  for (int section = 0; section < list.numberOfSections(list.tableView()); ++section)
+    for (const auto& preset : list.presetFileListFiltered()) {
+      const bool isHere = !list.useHeaders || preset->isUserPreset == (section == 0);
+      if (!isHere) continue;
+      shown.push_back({{"section", list.titleForHeaderInSection(list.tableView(), section)},
+                       {"name", oneLine(preset->name)},
+                       {"user", preset->isUserPreset},
+                       {"favourite", preset->isFavourite},
+                       {"categories", preset->categories}});
+    }
+  Json& walk = answer["walk"] = Json::array();
+  for (const auto& preset : list.presetListForNextAndPrevious())
+    walk.push_back(oneLine(preset->name));
   Json& favourites = answer["favourites"] = Json::array();
   for (const std::string& name : orvane::FavPresetsStore::favouritePresets)
     favourites.push_back(oneLine(name));

@@ -64,7 +64,6 @@ class DriveSession {
   void next(const Words& words, Json& answer);
   void previous(const Words& words, Json& answer);
   void presets(const Words& words, Json& answer);
-  void userPreset(const std::string& name);
   void pick(const Words& words, Json& answer);
   void exportPreset(const Words& words, Json& answer);
   void exportAll(const Words& words, Json& answer);
@@ -74,7 +73,7 @@ class DriveSession {
   void state(const Words& words, Json& answer);
   void snapshot(const std::string& file, Json& answer);
 
-  void stepPreset(orvane::MenuBarDelegate::Direction direction, Json& answer);
+  void stepPreset(bool backward, Json& answer);
   platform::AUParameter& parameter(const std::string& key);
 
   headless::HeadlessHost& host_;
