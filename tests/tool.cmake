@@ -2,6 +2,7 @@ orvane_add_tests(tool
   SOURCES
     DescriptionTest.cpp
     DriveTest.cpp
+    PresetBrowserTest.cpp
     PresetsCommandTest.cpp
     ToolCommandTest.cpp
     ToolNonsenseTest.cpp

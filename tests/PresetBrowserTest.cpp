@@ -1,0 +1,156 @@
+// The road from the menu bar through the browser to the files and back.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <algorithm>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/support/RunTool.h"
+
+namespace {
+
+using json = nlohmann::json;
+using support::dataFile;
+using support::runTool;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// One editor with a container of its own, driven by scripts that share it.
+class PresetBrowserTest : public testing::Test {
+ protected:
+  PresetBrowserTest() {
+    folder_ = std::filesystem::temp_directory_path() /
+              (std::string("orvane-browser-") +
+               testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+  }
+  ~PresetBrowserTest() override { std::filesystem::remove_all(folder_); }
+
+  std::vector<json> drive(const std::string& script) {
+    const support::ToolResult run =
+        runTool({"drive", dataFile("presets.json"), "--data", folder_.string()}, script);
+    EXPECT_EQ(run.code, 0) << run.err;
+    std::vector<json> answers;
+    std::istringstream lines(run.out);
+    for (std::string line; std::getline(lines, line);) answers.push_back(json::parse(line));
+    for (const json& answer : answers) EXPECT_EQ(answer["ok"], true) << answer;
+    return answers;
+  }
+  json last(const std::string& script) { return drive(script).back(); }
+  static std::vector<std::string> names(const json& rows) {
+    std::vector<std::string> result;
+    for (const json& row : rows) result.push_back(row["name"]);
+    return result;
+  }
+  /// Paths of all preset files below the container.
+  std::vector<std::string> files() const {
+    std::vector<std::string> result;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_))
+      if (entry.is_regular_file() && entry.path().extension() == ".example")
+        result.push_back(entry.path().stem());
+    std::sort(result.begin(), result.end());
+    return result;
+  }
+
+  std::filesystem::path folder_;
+};
+
+const std::string open = "size 1000 750\ntap \"Init\"\n";
+
+std::string saveNew(const std::string& name) {
+  return "tap \"SAVE NEW\"\ntype " + name + "\ntap \"OK\"\n";
+}
+
+TEST_F(PresetBrowserTest, theNameOpensItAndClosesFirstTheDialogThenTheBrowser) {
+  EXPECT_THAT(last(open + "state")["overlays"], ElementsAre("PresetViewOverlay"));
+  EXPECT_THAT(last(open + "tap \"SAVE NEW\"\nstate")["overlays"],
+              ElementsAre("PresetViewOverlay", "SaveNewPresetOverlay"));
+  EXPECT_THAT(last(open + "tap \"SAVE NEW\"\ntap \"Init\"\nstate")["overlays"],
+              ElementsAre("PresetViewOverlay"));
+  EXPECT_TRUE(
+      last(open + "tap \"SAVE NEW\"\ntap \"Init\"\ntap \"Init\"\nstate")["overlays"].empty());
+  EXPECT_TRUE(last(open + "key escape\nstate")["overlays"].empty());
+  EXPECT_TRUE(last(open + "tap at:5,700\nstate")["overlays"].empty()) << "beside the panel";
+}
+
+TEST_F(PresetBrowserTest, aSavedPresetIsAFileAFavouriteAndTheSelectedOne) {
+  const json presets = last(open + saveNew("Foam") + "presets");
+  EXPECT_EQ(files(), std::vector<std::string>{"Foam"});
+  EXPECT_EQ(presets["selected"], "Foam");
+  ASSERT_EQ(presets["favourites"].size(), 1u);
+  EXPECT_THAT(presets["favourites"][0].get<std::string>(), HasSubstr("Foam.example"));
+  EXPECT_EQ(presets["shown"][0]["section"], "USER");
+  EXPECT_EQ(presets["walk"][0], "Foam");
+  EXPECT_EQ(last("presets")["favourites"].size(), 1u) << "the next editor knows";
+}
+
+TEST_F(PresetBrowserTest, savingOverANameAsksAndNoKeepsTheFile) {
+  drive("set cutoff 500\n" + open + saveNew("Foam"));
+  const std::string again = "set cutoff 5000\n" + open + saveNew("Foam");
+  EXPECT_THAT(last(again + "state")["overlays"], testing::Contains("ConfirmOverlay"));
+  drive(again + "tap \"NO\"\n");
+  EXPECT_EQ(last("preset user Foam\nget cutoff")["value"], 500);
+  drive(again + "tap \"YES\"\n");
+  EXPECT_EQ(last("preset user Foam\nget cutoff")["value"], 5000);
+  EXPECT_EQ(files(), std::vector<std::string>{"Foam"});
+}
+
+TEST_F(PresetBrowserTest, renameKeepsTheSoundAndTheFavouriteUnderTheNewName) {
+  drive("set cutoff 700\n" + open + saveNew("Foam"));
+  const std::string select = "size 1000 750\npreset user Foam\ntap \"Foam\"\n";
+  const json presets = last(select + "tap \"RENAME\"\ntype Spray\ntap \"OK\"\npresets");
+  EXPECT_EQ(files(), std::vector<std::string>{"Spray"});
+  EXPECT_EQ(presets["selected"], "Spray");
+  EXPECT_THAT(presets["favourites"].dump(), HasSubstr("Spray.example"));
+  EXPECT_THAT(presets["favourites"].dump(), Not(HasSubstr("Foam")));
+  EXPECT_EQ(last("preset user Spray\nget cutoff")["value"], 700);
+}
+
+TEST_F(PresetBrowserTest, deletingAsksAndOnlyYesDeletes) {
+  drive(open + saveNew("Foam"));
+  const std::string ask = "size 1000 750\npreset user Foam\ntap \"Foam\"\ntap \"DELETE\"\n";
+  drive(ask + "tap \"NO\"\n");
+  EXPECT_EQ(files(), std::vector<std::string>{"Foam"});
+  const json presets = last(ask + "tap \"YES\"\npresets");
+  EXPECT_TRUE(files().empty());
+  EXPECT_TRUE(presets["favourites"].empty());
+  EXPECT_THAT(names(presets["shown"]), Not(testing::Contains("Foam")));
+}
+
+TEST_F(PresetBrowserTest, aFactoryPresetCanOnlyBeSavedAsANewOne) {
+  std::map<std::string, bool> enabled;
+  for (const json& button : last(open + "state")["buttons"])
+    enabled[button["text"]] = button["enabled"];
+  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_FALSE(enabled.at(text)) << text;
+  EXPECT_TRUE(enabled.at("SAVE NEW"));
+  drive(open + saveNew("Foam"));
+  for (const json& button : last("size 1000 750\npreset user Foam\ntap \"Foam\"\nstate")["buttons"])
+    enabled[button["text"]] = button["enabled"];
+  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_TRUE(enabled.at(text)) << text;
+}
+
+TEST_F(PresetBrowserTest, typingSearchesArrowsMoveAndReturnLoads) {
+  const json found = last(open + "type lead\npresets");
+  for (const std::string& name : names(found["shown"])) EXPECT_THAT(name, HasSubstr("Lead"));
+  EXPECT_EQ(found["selected"], "Init") << "nothing is loaded yet";
+  EXPECT_EQ(last(open + "type lead\nkey return\nkey down\nkey return\npresets")["selected"],
+            "Bright Lead");
+}
+
+TEST_F(PresetBrowserTest, theArrowsWalkThroughUserThenFactoryPresetsAroundTheEnds) {
+  drive(open + saveNew("Zoo"));
+  const json walk = last("presets")["walk"];
+  EXPECT_THAT(walk, ElementsAre("Zoo", "Bright Lead", "Deep Bass", "Init", "Lead Two"));
+  EXPECT_EQ(last("preset Lead Two\nnext")["selected"], "Zoo");
+  EXPECT_EQ(last("preset user Zoo\nprevious")["selected"], "Lead Two");
+}
+
+}  // namespace
