@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Orvane/MultiSelectableButton.h"
+#include "Orvane/MultiSelectableDelegate.h"
+#include "platform/Control.h"
+
+namespace orvane {
+
+/// A row of texts of which any number may be chosen at once: a tap switches one. Longer texts get
+/// more of the width. User-interface thread only.
+class MultiSelectable : public platform::Control {
+ public:
+  MultiSelectable() = default;
+
+  platform::Weak<MultiSelectableDelegate> delegate;
+
+  /// In display order.
+  const std::vector<std::string>& values() const { return values_; }
+  /// Makes a new button for each text, all off; `selectedValues` stays until the next change.
+  void setValues(std::vector<std::string> values);
+  /// The texts that are on, in display order whatever the order of the taps.
+  const std::vector<std::string>& selectedValues() const { return selectedValues_; }
+  /// Switches each button on exactly when its text is among `values`, and tells the delegate.
+  void setSelectedValues(const std::vector<std::string>& values);
+  const std::vector<std::unique_ptr<MultiSelectableButton>>& buttons() const { return buttons_; }
+
+  /// The action of every button: switches it. A sender that is none of them is ignored.
+  void handleTouchDown(platform::Control& sender);
+
+  void draw(const platform::Rect& rect) override;
+  void setNeedsDisplay() override;
+
+ private:
+  void selectionChanged();
+
+  std::vector<std::string> values_;
+  std::vector<std::string> selectedValues_;
+  std::vector<std::unique_ptr<MultiSelectableButton>> buttons_;
+};
+
+}  // namespace orvane
