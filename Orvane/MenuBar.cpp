@@ -29,7 +29,10 @@ MenuBar::MenuBar() {
   presetNameLabel_.setHidden(true);
 }
 
-void MenuBar::setPresetName(std::string name) { presetNameLabel_.setTitle(std::move(name)); }
+void MenuBar::setPresetName(std::string name) {
+  presetNameLabel_.setImage(name.empty() ? kestroui::Icons::image("presets") : platform::Image());
+  presetNameLabel_.setTitle(std::move(name));
+}
 
 void MenuBar::setCanStepPresets(bool canStep) {
   arrowLeft_.setHidden(!canStep);

@@ -32,6 +32,7 @@ class MenuBar : public platform::View {
   /// The text beside the logo.
   void setAppName(std::string text) { aboutButton_.setTitle(std::move(text)); }
   const std::string& presetName() const { return presetNameLabel_.title(); }
+  /// Without a name the button shows its picture.
   void setPresetName(std::string name);
   /// Without several presets there are no arrows.
   void setCanStepPresets(bool canStep);

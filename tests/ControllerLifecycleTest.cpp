@@ -266,9 +266,12 @@ TEST_F(ControllerLifecycleTest, TheMenuBarStepsThroughThePresets) {
     window.tap(button.convertToRoot(button.bounds().centre()));
     return bar.presetName();
   };
-  EXPECT_EQ(press(bar.arrowLeft()), "Thirty");
+  EXPECT_EQ(press(bar.arrowLeft()), "") << "beside no preset there is none";
+  unit->setCurrentPreset(10);
+  loop.advance(0.2);
+  EXPECT_EQ(press(bar.arrowLeft()), "Twenty") << "by name: Ten, Thirty, Twenty";
   EXPECT_EQ(press(bar.arrowRight()), "Ten");
-  EXPECT_EQ(press(bar.arrowRight()), "Twenty");
+  EXPECT_EQ(press(bar.arrowLeft()), "Twenty");
   EXPECT_EQ(unit->currentPreset(), 20);
   loop.settle();
   EXPECT_FLOAT_EQ(controller->container("a")->value(), 0.2f);

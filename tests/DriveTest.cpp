@@ -146,7 +146,7 @@ TEST(Drive, FramesRestWhileTheHostResizesAndOffScreen) {
 
 TEST(Drive, PresetsAreChosenByNameAndStepped) {
   const auto answers = drive("presets\npreset Bright\nget cutoff\nnext\nprevious\nstate");
-  EXPECT_EQ(answers[0]["walk"], (json{"Init", "Bright"}));
+  EXPECT_EQ(answers[0]["walk"], (json{"Bright", "Init"}));
   EXPECT_EQ(answers[0]["selected"], nullptr);
   EXPECT_EQ(answers[1]["selected"], "Bright");
   EXPECT_EQ(answers[2]["value"], 8000);

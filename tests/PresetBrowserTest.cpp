@@ -63,7 +63,7 @@ class PresetBrowserTest : public testing::Test {
   std::filesystem::path folder_;
 };
 
-const std::string open = "size 1000 750\ntap \"Init\"\n";
+const std::string open = "size 1000 750\npreset Init\ntap \"Init\"\n";
 
 std::string saveNew(const std::string& name) {
   return "tap \"SAVE NEW\"\ntype " + name + "\ntap \"OK\"\n";
@@ -93,8 +93,8 @@ TEST_F(PresetBrowserTest, aSavedPresetIsAFileAFavouriteAndTheSelectedOne) {
 }
 
 TEST_F(PresetBrowserTest, savingOverANameAsksAndNoKeepsTheFile) {
-  drive("set cutoff 500\n" + open + saveNew("Foam"));
-  const std::string again = "set cutoff 5000\n" + open + saveNew("Foam");
+  drive(open + "set cutoff 500\n" + saveNew("Foam"));
+  const std::string again = open + "set cutoff 5000\n" + saveNew("Foam");
   EXPECT_THAT(last(again + "state")["overlays"], testing::Contains("ConfirmOverlay"));
   drive(again + "tap \"NO\"\n");
   EXPECT_EQ(last("preset user Foam\nget cutoff")["value"], 500);
@@ -104,7 +104,7 @@ TEST_F(PresetBrowserTest, savingOverANameAsksAndNoKeepsTheFile) {
 }
 
 TEST_F(PresetBrowserTest, renameKeepsTheSoundAndTheFavouriteUnderTheNewName) {
-  drive("set cutoff 700\n" + open + saveNew("Foam"));
+  drive(open + "set cutoff 700\n" + saveNew("Foam"));
   const std::string select = "size 1000 750\npreset user Foam\ntap \"Foam\"\n";
   const json presets = last(select + "tap \"RENAME\"\ntype Spray\ntap \"OK\"\npresets");
   EXPECT_EQ(files(), std::vector<std::string>{"Spray"});
@@ -126,15 +126,18 @@ TEST_F(PresetBrowserTest, deletingAsksAndOnlyYesDeletes) {
 }
 
 TEST_F(PresetBrowserTest, aFactoryPresetCanOnlyBeSavedAsANewOne) {
-  std::map<std::string, bool> enabled;
-  for (const json& button : last(open + "state")["buttons"])
-    enabled[button["text"]] = button["enabled"];
-  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_FALSE(enabled.at(text)) << text;
-  EXPECT_TRUE(enabled.at("SAVE NEW"));
+  const auto enabled = [&](const std::string& script) {
+    std::map<std::string, bool> result;
+    const json state = last(script + "state");
+    for (const json& button : state["buttons"]) result[button["text"]] = button["enabled"];
+    return result;
+  };
+  std::map<std::string, bool> buttons = enabled(open);
+  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_FALSE(buttons.at(text)) << text;
+  EXPECT_TRUE(buttons.at("SAVE NEW"));
   drive(open + saveNew("Foam"));
-  for (const json& button : last("size 1000 750\npreset user Foam\ntap \"Foam\"\nstate")["buttons"])
-    enabled[button["text"]] = button["enabled"];
-  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_TRUE(enabled.at(text)) << text;
+  buttons = enabled("size 1000 750\npreset user Foam\ntap \"Foam\"\n");
+  for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_TRUE(buttons.at(text)) << text;
 }
 
 TEST_F(PresetBrowserTest, typingSearchesArrowsMoveAndReturnLoads) {

@@ -158,9 +158,9 @@ TEST_F(PresetsCommandTest, AScriptChoosesImportsAndExportsUserPresets) {
                                  picked + "\"\npreset Bright\nexport\nnext\npresets\n",
                              {"--data", data});
   ASSERT_EQ(answers.size(), 13u);
-  EXPECT_EQ(answers[0]["walk"], (json{"Init", "Bright", "Mine"}));
-  EXPECT_EQ(answers[0]["shown"][2]["section"], "USER");
-  EXPECT_EQ(answers[0]["shown"][2]["categories"], json{"pad"});
+  EXPECT_EQ(answers[0]["walk"], (json{"Mine", "Bright", "Init"}));
+  EXPECT_EQ(answers[0]["shown"][0]["section"], "USER");
+  EXPECT_EQ(answers[0]["shown"][0]["categories"], json{"pad"});
   EXPECT_EQ(answers[1]["selected"], "Mine");
   EXPECT_EQ(answers[2]["value"], 440.5);
   EXPECT_EQ(answers[3]["selected"], "New one");
@@ -171,7 +171,7 @@ TEST_F(PresetsCommandTest, AScriptChoosesImportsAndExportsUserPresets) {
   EXPECT_THAT(exported, testing::EndsWith("/New one.example"));
   EXPECT_THAT(textOf(exported), HasSubstr("<real>700</real>"));
   EXPECT_EQ(answers[6]["events"][0]["type"], "share");
-  EXPECT_EQ(answers[7]["walk"], (json{"Init", "Bright", "Mine", "New one"}));
+  EXPECT_EQ(answers[7]["walk"], (json{"Mine", "New one", "Bright", "Init"}));
   EXPECT_EQ(answers[8]["events"][1]["type"], "console");
   EXPECT_EQ(answers[10]["ok"], true);
   EXPECT_THAT(answers[10]["events"][0]["path"], testing::EndsWith("/Bright.example"));
