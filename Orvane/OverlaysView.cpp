@@ -41,12 +41,15 @@ void OverlaysView::followCurrentPreset(const platform::AudioUnit& audioUnit) {
   PresetListTableViewController& list = presetViewOverlay_.presetListTableViewController();
   const std::string name = audioUnit.currentPresetName();
   const bool isFactory = audioUnit.currentPreset() >= 0;
-  const auto& presets = list.presetFileList();
-  const auto found = std::find_if(presets.begin(), presets.end(), [&](const auto& preset) {
-    return preset->isUserPreset != isFactory &&
+  const auto isCurrent = [&](const std::shared_ptr<Preset>& preset) {
+    return preset && preset->isUserPreset != isFactory &&
            (isFactory ? preset->id == audioUnit.currentPreset() : preset->name == name);
-  });
-  list.setSelectedPreset(found == presets.end() ? nullptr : *found);
+  };
+  if (!isCurrent(list.selectedPreset())) {
+    const auto& presets = list.presetFileList();
+    const auto found = std::find_if(presets.begin(), presets.end(), isCurrent);
+    list.setSelectedPreset(found == presets.end() ? nullptr : *found);
+  }
   list.moveToSelected();
   presetViewOverlay_.presetListDidChange();
 }

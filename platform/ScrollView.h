@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "platform/RunLoop.h"
@@ -81,7 +82,8 @@ class ScrollView : public View {
   /// Points a second, positive towards the content's end.
   double velocity_ = 0;
   double lastTime_ = 0;
-  DisplayLink gliding_;
+  /// Only while it glides.
+  std::unique_ptr<DisplayLink> gliding_;
 };
 
 }  // namespace platform

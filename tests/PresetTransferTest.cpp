@@ -65,7 +65,7 @@ TEST_F(PresetTransferTest, ThePickedFileIsCopiedAndChosen) {
   EXPECT_EQ(unit.parameter("cutoff")->value(), 440);
   EXPECT_EQ(unit.currentPresetName(), "Lead");
   EXPECT_EQ(editor.selectedPreset()->name, "Lead");
-  EXPECT_TRUE(editor.isLoadingUserPreset);
+  EXPECT_FALSE(editor.isLoadingUserPreset) << "the browser has its list already";
   EXPECT_THAT(events(), IsEmpty());
 }
 
@@ -86,7 +86,7 @@ TEST_F(PresetTransferTest, AnImportNeverReplacesAPresetButChoosesIt) {
 
 TEST_F(PresetTransferTest, WhatIsExportedIsTheStateAsItIsNow) {
   editor.exportPreset();
-  editor.presetSelected(std::make_shared<orvane::Preset>(""));
+  editor.selectPreset(std::make_shared<orvane::Preset>(""));
   editor.exportPreset();
   const auto alerts = events();
   ASSERT_THAT(alerts, SizeIs(2));
@@ -97,7 +97,7 @@ TEST_F(PresetTransferTest, WhatIsExportedIsTheStateAsItIsNow) {
   const auto factory =
       std::make_shared<orvane::FactoryPreset>(platform::KestroAUPreset(unit.factoryPresets()[0]));
   factory->categories = {"Bass"};
-  editor.presetSelected(factory);
+  editor.selectPreset(factory);
   unit.setParameter("cutoff", 444);
   editor.exportPreset();
   const auto shared = events();

@@ -36,8 +36,7 @@ void ScrollView::Bar::paint(Canvas& canvas) {
   if (!thumb_.isEmpty()) canvas.fillRoundedRect(thumb_, thumb_.width / 2, color_);
 }
 
-ScrollView::ScrollView() : gliding_([this] { glide(); }) {
-  gliding_.setPaused(true);
+ScrollView::ScrollView() {
   setClipsToBounds(true);
   bar_.setUserInteractionEnabled(false);
   addSubview(content_);
@@ -108,7 +107,7 @@ void ScrollView::hoverChanged(bool hovered) {
 
 void ScrollView::touchBegan(const Touch& touch) {
   const Point place = touch.locationIn(*this);
-  const bool wasGliding = !gliding_.isPaused();
+  const bool wasGliding = gliding_ != nullptr;
   stop();
   start_ = place;
   startOffset_ = offset_;
@@ -162,7 +161,7 @@ void ScrollView::touchEnded(const Touch& touch) {
       std::fabs(velocity_) > slowest) {
     velocity_ = std::clamp(velocity_, -fastest, fastest);
     lastTime_ = RunLoop::main().now();
-    gliding_.setPaused(false);
+    gliding_ = std::make_unique<DisplayLink>([this] { glide(); });
   }
   if (gesture != Gesture::press) return;
   const Weak<ScrollView> self = this;
@@ -190,7 +189,7 @@ void ScrollView::glide() {
 
 void ScrollView::stop() {
   velocity_ = 0;
-  gliding_.setPaused(true);
+  gliding_.reset();
 }
 
 bool ScrollView::wheelTurned(const WheelEvent& event) {
