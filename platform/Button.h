@@ -24,6 +24,7 @@ class Button : public Control {
   bool canBecomeFirstResponder() const override { return isEnabled(); }
   bool keyPressed(const KeyEvent& event) override;
   void firstResponderChanged() override { setNeedsDisplay(); }
+  Accessibility accessibility() const override;
   void paint(Canvas& canvas) override;
 
  private:

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "platform/View.h"
@@ -56,6 +58,10 @@ class Control : public View {
   virtual void setHighlighted(bool highlighted);
   bool isHovered() const { return hovered_; }
 
+  /// The name that assistive technology tells of a control which shows none; empty at first.
+  const std::string& accessibilityLabel() const { return accessibilityLabel_; }
+  void setAccessibilityLabel(std::string label) { accessibilityLabel_ = std::move(label); }
+
   void touchBegan(const Touch& touch) override;
   void touchMoved(const Touch& touch) override;
   void touchEnded(const Touch& touch) override;
@@ -86,6 +92,7 @@ class Control : public View {
   void removeRegistration(WeakTarget* target, const void* action, ControlEvent events);
 
   std::vector<Registration> registrations_;
+  std::string accessibilityLabel_;
   bool enabled_ = true;
   bool selected_ = false;
   bool highlighted_ = false;

@@ -21,6 +21,7 @@ class Label : public View {
   TextAlignment textAlignment() const { return alignment_; }
   void setTextAlignment(TextAlignment alignment);
 
+  Accessibility accessibility() const override { return {Accessibility::Role::text, text_}; }
   void paint(Canvas& canvas) override;
 
  private:

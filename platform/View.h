@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/Accessibility.h"
 #include "platform/Canvas.h"
 #include "platform/Layer.h"
 #include "platform/Responder.h"
@@ -110,6 +111,14 @@ class View : public Responder {
   bool becomeFirstResponder();
   void resignFirstResponder();
   bool isFirstResponder() const;
+
+  // Accessibility
+
+  /// What it is to somebody who does not see it; nothing at first. A touch, or the key that moves
+  /// or presses it, does what assistive technology asks for.
+  virtual Accessibility accessibility() const { return {}; }
+  /// Moves the value of its range as the user would; false where it has none.
+  virtual bool setAccessibilityValue(double) { return false; }
 
   // Overridables
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,7 +76,8 @@ class Window : public Responder {
   void touchMoved(int id, Point location, Modifiers modifiers = Modifiers::none);
   void touchEnded(int id, Point location, Modifiers modifiers = Modifiers::none);
   void cancelTouches();
-  /// The mouse moves without a button; `hoverEnded` when it leaves the window.
+  /// The mouse moves without a button; `hoverEnded` when it leaves the window. Where it rests, views
+  /// that come and go below it are told with the frame that shows them.
   void hovered(Point location);
   void hoverEnded();
   /// False when nobody used it.
@@ -117,6 +119,8 @@ class Window : public Responder {
   ActiveTouch* activeTouch(int id);
   void forgetTouch(int id);
   void setHoverChain(std::vector<Weak<View>> chain);
+  /// The tree below the resting mouse has changed.
+  void refreshHover();
   bool giveKeyboard(View* view);
   /// To the next (1) or previous (-1) view that can have it.
   bool moveKeyboard(int direction);
@@ -130,6 +134,8 @@ class Window : public Responder {
   std::unique_ptr<FrameState> frame_;
   std::vector<ActiveTouch> touches_;
   std::vector<Weak<View>> hoverChain_;
+  /// Where the mouse rests, while it is over the window.
+  std::optional<Point> mouse_;
   Weak<View> firstResponder_;
 };
 

@@ -167,6 +167,24 @@ TEST_F(TouchTest, ACallbackMayCloseTheWindow) {
   }
 }
 
+TEST_F(TouchTest, AViewThatComesOrGoesBelowTheRestingMouseIsTold) {
+  bench.window.hovered({350, 250});
+  ProbeView late("late", journal, {340, 240, 40, 40});
+  bench.root().addSubview(late);
+  journal.clear();
+  bench.frame();
+  EXPECT_THAT(only(journal, {"entered", "left"}), ElementsAre("late entered"));
+  journal.clear();
+  late.setFrame({0, 240, 40, 40});
+  bench.frame();
+  EXPECT_THAT(only(journal, {"entered", "left"}), ElementsAre("late left"));
+  journal.clear();
+  bench.window.hoverEnded();
+  late.setFrame({340, 240, 40, 40});
+  bench.frame();
+  EXPECT_THAT(only(journal, {"entered", "left"}), IsEmpty());
+}
+
 TEST_F(TouchTest, HoverEntersFromOutsideAndLeavesFromInside) {
   bench.window.hovered({15, 15});
   bench.window.hovered({16, 16});

@@ -38,6 +38,11 @@ bool Button::keyPressed(const KeyEvent& event) {
   return true;
 }
 
+Accessibility Button::accessibility() const {
+  return {Accessibility::Role::button,
+          accessibilityLabel().empty() ? title_ : accessibilityLabel()};
+}
+
 void Button::paint(Canvas& canvas) {
   const float strength = !isEnabled() ? 0.35f : isHighlighted() ? 0.6f : isHovered() ? 1.0f : 0.9f;
   const Color color = titleColor_.withAlpha(titleColor_.alpha * strength);

@@ -38,7 +38,9 @@ std::vector<Rect> Window::prepareFrame() {
   // What was asked for during the passes, too late for this frame.
   needsFrame_ = false;
   if (rootView_ && rootView_->concernsFrame()) wantFrame();
-  return frame_->damage.take();
+  std::vector<Rect> damage = frame_->damage.take();
+  if (!damage.empty()) refreshHover();
+  return damage;
 }
 
 void Window::layoutIfNeeded(View& view) {

@@ -20,6 +20,18 @@ bool offer(Responder* start, const Responder* skipped, Use use) {
   return false;
 }
 
+/// Whether something lies over all of `view`, so that the mouse could not reach it either.
+bool isCovered(View& root, const View& view) {
+  const Rect frame = view.frameInRoot();
+  if (frame.isEmpty()) return true;
+  for (const double x : {0.5, 0.1, 0.9})
+    for (const double y : {0.5, 0.1, 0.9}) {
+      const View* hit = root.hitTest({frame.x + x * frame.width, frame.y + y * frame.height});
+      if (hit && hit->isDescendantOf(view)) return false;
+    }
+  return true;
+}
+
 void collectKeyboardViews(View& view, std::vector<View*>& found) {
   if (view.isHidden() || !view.isUserInteractionEnabled() || view.alpha() <= 0) return;
   const auto* control = dynamic_cast<const Control*>(&view);
@@ -131,6 +143,7 @@ void Window::touchEnded(int id, Point location, Modifiers modifiers) {
   ended.touch.location = location;
   ended.touch.modifiers = modifiers;
   ended.touch.timestamp = client_.now();
+  if (mouse_ && ended.touch.kind == Touch::Kind::mouse) mouse_ = location;
   if (ended.view) ended.view->touchEnded(ended.touch);
 }
 
@@ -147,17 +160,26 @@ void Window::cancelTouches() {
 
 void Window::hovered(Point location) {
   const Weak<Window> self = this;
+  mouse_ = location;
   releaseLost();
-  if (!self) return;
+  if (self) refreshHover();
+}
+
+void Window::hoverEnded() {
+  mouse_.reset();
+  setHoverChain({});
+}
+
+void Window::refreshHover() {
+  // Whoever is touched keeps the mouse's attention until it is released.
+  if (!mouse_ || !touches_.empty()) return;
   std::vector<Weak<View>> chain;
-  View* view = rootView_ ? rootView_->hitTest(location) : nullptr;
+  View* view = rootView_ ? rootView_->hitTest(*mouse_) : nullptr;
   for (; view; view = view->superview()) chain.push_back(view);
   setHoverChain(std::move(chain));
   if (!self || hoverChain_.empty()) return;
   if (View* const hit = hoverChain_.front().get()) hit->hoverMoved(hit->convertFromRoot(location));
 }
-
-void Window::hoverEnded() { setHoverChain({}); }
 
 void Window::setHoverChain(std::vector<Weak<View>> chain) {
   if (chain == hoverChain_) return;
@@ -197,6 +219,8 @@ bool Window::keyPressed(const KeyEvent& event) {
 bool Window::moveKeyboard(int direction) {
   std::vector<View*> views;
   if (rootView_) collectKeyboardViews(*rootView_, views);
+  // What lies under an overlay waits until that closes.
+  std::erase_if(views, [this](const View* view) { return isCovered(*rootView_, *view); });
   if (views.empty()) return false;
   const auto count = static_cast<std::ptrdiff_t>(views.size());
   const auto found = std::find(views.begin(), views.end(), firstResponder_.get());
