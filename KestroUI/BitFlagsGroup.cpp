@@ -77,6 +77,50 @@ void BitFlagsGroup::touchCancelled(const platform::Touch& touch) {
   if (alive) endGesture();
 }
 
+bool BitFlagsGroup::keyPressed(const platform::KeyEvent& event) {
+  using platform::Key;
+  const int count = static_cast<int>(titles_.size());
+  if (!isEnabled() || count == 0 || event.modifiers != platform::Modifiers::none) return false;
+  const int columns = std::max(1, grid(bounds().size()).columns);
+  int next = std::min(cursor_, count - 1);
+  switch (event.key) {
+    case Key::left:
+      next -= 1;
+      break;
+    case Key::right:
+      next += 1;
+      break;
+    case Key::up:
+      next -= columns;
+      break;
+    case Key::down:
+      next += columns;
+      break;
+    case Key::home:
+      next = 0;
+      break;
+    case Key::end:
+      next = count - 1;
+      break;
+    case Key::space:
+    case Key::returnKey:
+      changeValueOnce(static_cast<float>(bits() ^ 1u << next));
+      return true;
+    default:
+      return false;
+  }
+  if (next >= 0 && next < count) cursor_ = next;
+  setNeedsDisplay();
+  return true;
+}
+
+std::string BitFlagsGroup::ownValueText() const {
+  std::string text;
+  for (std::size_t i = 0; i < titles_.size(); ++i)
+    if (isOn(static_cast<int>(i))) text += (text.empty() ? "" : ", ") + titles_[i];
+  return text.empty() ? "None" : text;
+}
+
 void BitFlagsGroup::paint(platform::Canvas& canvas) {
   if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
   const ButtonGrid cells = grid(bounds().size());
@@ -97,8 +141,9 @@ void BitFlagsGroup::paint(platform::Canvas& canvas) {
                     : muted ? Theme::textDim
                             : Theme::lightGrey);
   }
-  if (isFirstResponder())
-    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), Theme::cornerRadius + 1, 1, accent);
+  if (isFirstResponder() && cursor_ < cells.count)
+    canvas.strokeRoundedRect(cells.frame(cursor_).inset(0.5, 0.5), Theme::cornerRadius + 1, 1,
+                             Theme::text);
 }
 
 }  // namespace kestroui

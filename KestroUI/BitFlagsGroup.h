@@ -24,9 +24,17 @@ class BitFlagsGroup : public KestroControl {
   void touchEnded(const platform::Touch& touch) override;
   void touchCancelled(const platform::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
-  bool keyPressed(const platform::KeyEvent&) override { return false; }
+  /// Arrows, Home and End go from switch to switch; Space and Return switch.
+  bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
+
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::choice;
+  }
+  /// The switches that are on.
+  std::string ownValueText() const override;
 
  private:
   enum class Painting { none, on, off };
@@ -39,6 +47,8 @@ class BitFlagsGroup : public KestroControl {
   std::vector<std::string> titles_;
   std::size_t longestTitle_ = 0;
   Painting painting_ = Painting::none;
+  /// The switch that the keyboard is at.
+  int cursor_ = 0;
 };
 
 }  // namespace kestroui

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "KestroUI/Icons.h"
+#include "KestroUI/MidiMapBadge.h"
+#include "KestroUI/TextScale.h"
 #include "KestroUI/Utf8.h"
 
 namespace kestroui {
@@ -170,6 +172,10 @@ void Container::setTitle(const std::string& title) {
   setNeedsDisplay();
 }
 
+std::string Container::accessibilityName() const {
+  return !title_.empty() || paramKeys_.empty() ? title_ : paramKeys_.front()->key();
+}
+
 void Container::setDisplayTitle(bool display) {
   if (display == displayTitle_) return;
   displayTitle_ = display;
@@ -201,9 +207,15 @@ void Container::setInactive(bool inactive) {
 void Container::setLabelHRatio(double ratio) {
   if (!(ratio > 0) || ratio == labelHRatio_) return;
   labelHRatio_ = ratio;
-  textScale_ = std::pow(ratio, 0.35);
-  if (face_) face_->setFaceScale(textScale_);
+  updateTextScale();
   setNeedsDisplay();
+}
+
+void Container::updateTextScale() {
+  const double scale = std::pow(labelHRatio_, 0.35) * textScaleIn(*this);
+  if (scale == textScale_) return;
+  textScale_ = scale;
+  if (face_) face_->setFaceScale(scale);
 }
 
 void Container::updateTitleLabel() {
@@ -254,6 +266,7 @@ Rect Container::controlFrame() const {
 double Container::bottomGap() const { return std::min(4.0, bounds().height * 0.03); }
 
 void Container::draw(const Rect&) {
+  updateTextScale();
   const bool hasTitle = showsTitle();
   Rect place = controlFrame();
   const double best = face_ ? face_->bestHeight(place.size()) : place.height;
@@ -276,6 +289,7 @@ void Container::draw(const Rect&) {
     }
   }
   updateTitleLabel();
+  if (badge_) placeBadge();
 }
 
 // Actions

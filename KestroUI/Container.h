@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,6 +17,8 @@
 #include "platform/Layer.h"
 
 namespace kestroui {
+
+class MidiMapBadge;
 
 /// A control of one or more parameters with its title: what a slot of a design shows. Each kind is
 /// a subclass that owns its control and gives it to `setControl`. The owner listens to
@@ -108,10 +111,34 @@ class Container : public platform::Control {
   /// From a value of the parameter of a key to what `showValue` takes for it; the identity at first.
   std::function<float(std::size_t index, float value)> positionOfValue;
 
+  // MIDI learn: in learn mode a badge covers the control; a tap selects it instead of moving it.
+
+  /// The bytes of the message that moves the control, its status byte first.
+  using MidiMessage = std::vector<std::uint8_t>;
+
+  /// May be bound to a message. On at first; kinds that only show are not.
+  bool mappable() const { return mappable_; }
+  virtual void setMappable(bool mappable);
+  /// Learn mode.
+  bool midiMappingEnabled() const { return midiMappingEnabled_; }
+  virtual void setMidiMappingEnabled(bool enabled);
+  /// It is the one that waits for a message.
+  bool midiMapSelected() const { return midiMapSelected_; }
+  virtual void setMidiMapSelected(bool selected);
+  /// Its binding, or null.
+  const std::optional<MidiMessage>& midiMapMessage() const { return midiMapMessage_; }
+  virtual void setMidiMapMessage(std::optional<MidiMessage> message);
+  /// Shows the badge in learn mode and hides it otherwise.
+  virtual void updateMidiMappingVisibility();
+  /// Null until learn mode was on.
+  MidiMapBadge* midiMapBadge() const { return badge_.get(); }
+
   // Presentation
 
   virtual void setTitle(const std::string& title);
   const std::string& title() const { return title_; }
+  /// What its control is called: the title, or the own key where it has none.
+  std::string accessibilityName() const;
   /// Shows the title. On at first. Without it, and in very small places, only the control shows.
   bool displayTitle() const { return displayTitle_; }
   virtual void setDisplayTitle(bool display);
@@ -142,6 +169,11 @@ class Container : public platform::Control {
   void handleValueChanged(platform::Control& sender);
   /// The second tap of a double tap: tells the delegate of the own key.
   void doubleTap();
+
+  /// The badge was tapped: tells the delegate to select the own key.
+  void handleSelected(platform::Control& sender);
+  /// The badge's cross was tapped: asks the delegate to delete the own key's binding.
+  void wantsToDeleteMap(platform::Control& sender);
 
   /// While the mouse is over it, the title shows the value.
   void hoverChanged(bool hovered) override;
@@ -182,6 +214,8 @@ class Container : public platform::Control {
  private:
   /// Below the title, in points.
   double bottomGap() const;
+  void updateTextScale();
+  void placeBadge();
 
   /// Where the live value and the flag of a key are among those that are watched.
   struct LiveKey {
@@ -208,6 +242,11 @@ class Container : public platform::Control {
   bool displayTitle_ = true;
   bool visible_ = false;
   bool inactive_ = false;
+  bool mappable_ = true;
+  bool midiMappingEnabled_ = false;
+  bool midiMapSelected_ = false;
+  std::optional<MidiMessage> midiMapMessage_;
+  std::unique_ptr<MidiMapBadge> badge_;
 };
 
 }  // namespace kestroui

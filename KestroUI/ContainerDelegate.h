@@ -22,6 +22,12 @@ class ContainerDelegate {
                                const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
   virtual void didEndGesture(Container& container,
                              const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
+  /// In learn mode the user selects the control of `key`, which `container` holds, to be bound to
+  /// the next MIDI message.
+  virtual void didSelectMidiMap(const std::shared_ptr<ParamKey>& /*key*/,
+                                Container* /*container*/) {}
+  /// The user wants the binding of `key` gone.
+  virtual void wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& /*key*/) {}
 };
 
 }  // namespace kestroui

@@ -73,6 +73,11 @@ void DropDownList::touchEnded(const platform::Touch& touch) {
   if (alive && tapped) open();
 }
 
+std::string DropDownList::ownValueText() const {
+  const auto index = static_cast<std::size_t>(selectedIndex());
+  return index < entries_.size() ? entries_[index] : std::string();
+}
+
 bool DropDownList::keyPressed(const platform::KeyEvent& event) {
   using platform::Key;
   if (event.key == Key::returnKey || event.key == Key::space) {

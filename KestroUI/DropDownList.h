@@ -41,6 +41,12 @@ class DropDownList : public KestroControl {
   }
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::choice;
+  }
+  std::string ownValueText() const override;
+
  private:
   std::vector<std::string> entries_;
   std::unique_ptr<DropDownPopup> popup_;

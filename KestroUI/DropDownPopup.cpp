@@ -118,6 +118,14 @@ bool DropDownPopup::wheelTurned(const platform::WheelEvent& event) {
   return true;
 }
 
+platform::Accessibility DropDownPopup::accessibility() const {
+  platform::Accessibility told = owner_.accessibility();
+  const auto& entries = owner_.entries();
+  if (highlighted_ >= 0 && highlighted_ < count())
+    told.value = entries[static_cast<std::size_t>(highlighted_)];
+  return told;
+}
+
 bool DropDownPopup::keyPressed(const platform::KeyEvent& event) {
   const int page = std::max(1, static_cast<int>(list_.height / rowHeight_) - 1);
   int next = highlighted_;

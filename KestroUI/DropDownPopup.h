@@ -28,6 +28,7 @@ class DropDownPopup : public platform::View {
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool canBecomeFirstResponder() const override { return true; }
   bool keyPressed(const platform::KeyEvent& event) override;
+  platform::Accessibility accessibility() const override;
   void paint(platform::Canvas& canvas) override;
 
  private:

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "KestroUI/Container.h"
+
 namespace kestroui {
 
 namespace {
@@ -35,6 +37,16 @@ void GestureControl::setEnabled(bool enabled) {
   const platform::Weak<GestureControl> alive = this;
   if (!enabled) endGesture();
   if (alive) Control::setEnabled(enabled);
+}
+
+platform::Accessibility GestureControl::accessibility() const {
+  platform::Accessibility told{accessibilityRole(), accessibilityLabel()};
+  if (const auto* owner = dynamic_cast<const Container*>(superview())) {
+    if (told.name.empty()) told.name = owner->accessibilityName();
+    if (owner->control() == this) told.value = owner->valueText();
+  }
+  if (told.value.empty()) told.value = ownValueText();
+  return told;
 }
 
 void GestureControl::changeOnce(const std::function<void()>& change) {

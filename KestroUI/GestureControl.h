@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "KestroUI/Theme.h"
 #include "platform/Color.h"
@@ -37,7 +38,15 @@ class GestureControl : public platform::Control {
   void firstResponderChanged() override;
   void setEnabled(bool enabled) override;
 
+  /// Named as its container is, with the container's text of the value.
+  platform::Accessibility accessibility() const override;
+
  protected:
+  virtual platform::Accessibility::Role accessibilityRole() const {
+    return platform::Accessibility::Role::slider;
+  }
+  /// The value as a person reads it where the container has no text of it.
+  virtual std::string ownValueText() const { return {}; }
   void beginGesture();
   virtual void endGesture();
   /// Makes one change with a gesture of its own around it, as of a key or a wheel notch; such

@@ -99,6 +99,20 @@ bool KestroControl::keyPressed(const platform::KeyEvent& event) {
   }
 }
 
+platform::Accessibility KestroControl::accessibility() const {
+  using Role = platform::Accessibility::Role;
+  platform::Accessibility told = GestureControl::accessibility();
+  if (told.role != Role::text && told.role != Role::button)
+    told.range = {minimum_, maximum_, step(), value_};
+  return told;
+}
+
+bool KestroControl::setAccessibilityValue(double value) {
+  if (!isEnabled() || !canBecomeFirstResponder() || std::isnan(value)) return false;
+  changeValueOnce(static_cast<float>(value));
+  return true;
+}
+
 void KestroControl::changeValue(float value) {
   if (!isEnabled() || std::isnan(value)) return;
   value = std::clamp(value, minimum_, maximum_);

@@ -38,6 +38,8 @@ class KestroControl : public GestureControl {
 
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool keyPressed(const platform::KeyEvent& event) override;
+  platform::Accessibility accessibility() const override;
+  bool setAccessibilityValue(double value) override;
 
  protected:
   /// A change by the user: brings it to the range and its steps, shows it and, when it changed,

@@ -12,6 +12,11 @@ class LED : public KestroControl {
   void setValue(float value) override;
   bool canBecomeFirstResponder() const override { return false; }
   void paint(platform::Canvas& canvas) override;
+
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::indicator;
+  }
 };
 
 }  // namespace kestroui

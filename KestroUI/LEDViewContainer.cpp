@@ -2,7 +2,10 @@
 
 namespace kestroui {
 
-LEDViewContainer::LEDViewContainer() { setControl(led_); }
+LEDViewContainer::LEDViewContainer() {
+  setControl(led_);
+  setMappable(false);
+}
 
 void LEDViewContainer::updateModulation() {
   if (!allowModulation || watchedValues.empty() || !watchedValues.front()) return;

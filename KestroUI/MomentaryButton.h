@@ -25,6 +25,11 @@ class MomentaryButton : public KestroControl {
   }
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::button;
+  }
+
  private:
   void release();
 

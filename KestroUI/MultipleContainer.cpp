@@ -22,6 +22,8 @@ void MultipleContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys
     knob->setTitle(name.empty() ? key->key() : name);
     knob->delegate = this;
     knob->addTarget<&MultipleContainer::handleValueChanged>(*this, ControlEvent::valueChanged);
+    knob->setMappable(mappable());
+    knob->setMidiMappingEnabled(midiMappingEnabled());
     addSubview(*knob);
     knobs_.push_back(std::move(knob));
   }
@@ -88,6 +90,26 @@ void MultipleContainer::setInactive(bool inactive) {
   styleKnobs();
 }
 
+void MultipleContainer::setMappable(bool mappable) {
+  Container::setMappable(mappable);
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->setMappable(mappable);
+}
+
+void MultipleContainer::setMidiMappingEnabled(bool enabled) {
+  Container::setMidiMappingEnabled(enabled);
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->setMidiMappingEnabled(enabled);
+}
+
+void MultipleContainer::setMidiMapSelected(bool selected) {
+  Container::setMidiMapSelected(selected);
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->setMidiMapSelected(selected);
+}
+
+// Each knob has a badge of its own; one over all of them would cover those.
+void MultipleContainer::updateMidiMappingVisibility() {
+  for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->updateMidiMappingVisibility();
+}
+
 void MultipleContainer::styleKnobs() {
   for (const std::unique_ptr<KnobContainer>& knob : knobs_) {
     knob->setControlColor(accent());
@@ -123,6 +145,14 @@ void MultipleContainer::didBeginGesture(Container&,
 void MultipleContainer::didEndGesture(Container&,
                                       const std::vector<std::shared_ptr<ParamKey>>& keys) {
   tellGesture(Hold::ends, keys);
+}
+
+void MultipleContainer::didSelectMidiMap(const std::shared_ptr<ParamKey>& key, Container*) {
+  if (auto* alive = delegate.get()) alive->didSelectMidiMap(key, this);
+}
+
+void MultipleContainer::wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& key) {
+  if (auto* alive = delegate.get()) alive->wantToDeleteMidiMap(key);
 }
 
 }  // namespace kestroui

@@ -31,6 +31,11 @@ class MultipleContainer : public Container, public ContainerDelegate {
   void setControlColor(platform::Color color) override;
   void setColors(const std::vector<platform::Color>& colors) override;
   void setInactive(bool inactive) override;
+  void setMappable(bool mappable) override;
+  void setMidiMappingEnabled(bool enabled) override;
+  /// Marks or unmarks all of its knobs.
+  void setMidiMapSelected(bool selected) override;
+  void updateMidiMappingVisibility() override;
   void draw(const platform::Rect& rect) override;
 
   // What its knobs tell
@@ -39,6 +44,8 @@ class MultipleContainer : public Container, public ContainerDelegate {
                        const std::vector<std::shared_ptr<ParamKey>>& keys) override;
   void didEndGesture(Container& container,
                      const std::vector<std::shared_ptr<ParamKey>>& keys) override;
+  void didSelectMidiMap(const std::shared_ptr<ParamKey>& key, Container* container) override;
+  void wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& key) override;
 
  private:
   void styleKnobs();

@@ -36,6 +36,10 @@ class OnOffButton : public KestroControl {
  protected:
   /// The value that a touch switches to.
   virtual float switchedValue() const { return isOn() ? 0.0f : 1.0f; }
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::toggle;
+  }
+  std::string ownValueText() const override { return isOn() ? "On" : "Off"; }
 
  private:
   bool isLight(const platform::Size& size) const;

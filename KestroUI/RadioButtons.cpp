@@ -83,6 +83,11 @@ void RadioButtons::touchCancelled(const platform::Touch& touch) {
   if (alive) endGesture();
 }
 
+std::string RadioButtons::ownValueText() const {
+  const auto index = static_cast<std::size_t>(selectedIndex());
+  return index < titles_.size() ? titles_[index] : std::string();
+}
+
 bool RadioButtons::keyPressed(const platform::KeyEvent& event) {
   // The buttons read from the top left: down is the next one, up the one before.
   platform::KeyEvent turned = event;

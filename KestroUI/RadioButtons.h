@@ -33,6 +33,12 @@ class RadioButtons : public KestroControl {
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::choice;
+  }
+  std::string ownValueText() const override;
+
  private:
   ButtonGrid grid(const platform::Size& size) const;
   void choose(platform::Point point);

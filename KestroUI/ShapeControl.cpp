@@ -208,6 +208,18 @@ std::optional<std::size_t> ShapeControl::activeHandle() const {
   return std::nullopt;
 }
 
+platform::Accessibility ShapeControl::accessibility() const {
+  platform::Accessibility told = GestureControl::accessibility();
+  const Value* const chosen = at(chosen_);
+  if (!chosen) return told;
+  told.value = chosen->text;
+  if (values_.size() > 1 && !chosen->name.empty()) told.name += ' ' + chosen->name;
+  const double length = static_cast<double>(chosen->maximum) - chosen->minimum;
+  told.range = {chosen->minimum, chosen->maximum,
+                chosen->stepCount > 0 ? length / chosen->stepCount : length * 0.01, chosen->value};
+  return told;
+}
+
 std::string ShapeControl::activeText() const {
   const std::optional<std::size_t> active = activeHandle();
   const std::vector<Handle> all = handles();

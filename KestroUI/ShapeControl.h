@@ -79,6 +79,8 @@ class ShapeControl : public GestureControl {
   void firstResponderChanged() override;
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool keyPressed(const platform::KeyEvent& event) override;
+  /// Of the value that the keys have chosen.
+  platform::Accessibility accessibility() const override;
   void paint(platform::Canvas& canvas) override;
 
  protected:

@@ -17,6 +17,12 @@ class SimpleLabel : public KestroControl {
   bool canBecomeFirstResponder() const override { return false; }
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::text;
+  }
+  std::string ownValueText() const override { return text_; }
+
  private:
   std::string text_;
 };

@@ -5,6 +5,7 @@ namespace kestroui {
 SimpleLabelContainer::SimpleLabelContainer() {
   setControl(label_);
   setDisplayTitle(false);
+  setMappable(false);
 }
 
 void SimpleLabelContainer::setTitle(const std::string& title) {

@@ -29,6 +29,12 @@ class Stepper : public DragControl {
   }
   void paint(platform::Canvas& canvas) override;
 
+ protected:
+  platform::Accessibility::Role accessibilityRole() const override {
+    return platform::Accessibility::Role::slider;
+  }
+  std::string ownValueText() const override { return shownText(); }
+
  private:
   enum class Part { none, minus, text, plus };
 

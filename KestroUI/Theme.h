@@ -42,6 +42,8 @@ constexpr platform::Color muted(platform::Color color) { return color.mixed(line
 
 /// A switch that mutes while it is on.
 inline constexpr platform::Color mute = platform::Color::rgb(0xe0a63c);
+/// MIDI learn: what waits and what is bound.
+inline constexpr platform::Color learn = platform::Color::rgb(0xb59cff);
 /// A switch that records while it is on.
 inline constexpr platform::Color record = platform::Color::rgb(0xe5484d);
 

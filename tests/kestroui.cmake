@@ -7,4 +7,5 @@ orvane_add_tests(kestroui
     DisplayContainersTest.cpp
     DropDownListTest.cpp
     ShapeKindsTest.cpp
+    MidiMapTextTest.cpp
   DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

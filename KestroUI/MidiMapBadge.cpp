@@ -1,0 +1,161 @@
+#include "KestroUI/MidiMapBadge.h"
+
+#include <algorithm>
+
+#include "KestroUI/Container.h"
+#include "KestroUI/Icons.h"
+#include "KestroUI/MidiMapText.h"
+#include "KestroUI/Theme.h"
+#include "KestroUI/Utf8.h"
+
+namespace kestroui {
+
+using platform::ControlEvent;
+using platform::Rect;
+
+namespace {
+
+// Part of the font's size that a letter is wide on average, with the blank at both ends.
+constexpr double letterWidth = 0.58;
+constexpr double lineHeight = 1.35;
+constexpr double smallestFont = 7;
+constexpr double largestCross = 15;
+// What a finger hits.
+constexpr double fingerSide = 36;
+constexpr const char* waitingText = "Waiting";
+
+double widthOf(const std::string& text, double pointSize) {
+  return (static_cast<double>(utf8Length(text)) + 1.6) * letterWidth * pointSize;
+}
+
+}  // namespace
+
+MidiMapBadge::MidiMapBadge() {
+  deleteButton_.setHidden(true);
+  addSubview(deleteButton_);
+}
+
+void MidiMapBadge::setMessage(const std::optional<std::vector<std::uint8_t>>& message) {
+  const MidiMapText text(message.value_or(std::vector<std::uint8_t>()));
+  what_ = text.what;
+  channel_ = text.channel;
+  deleteButton_.setHidden(!message);
+  setNeedsDisplay();
+}
+
+std::string MidiMapBadge::text() const { return channel_.empty() ? what_ : what_ + ' ' + channel_; }
+
+void MidiMapBadge::setTextScale(double scale) {
+  if (scale == textScale_) return;
+  textScale_ = scale;
+  setNeedsDisplay();
+}
+
+void MidiMapBadge::setFace(const Rect& face) {
+  if (face == face_) return;
+  face_ = face;
+  setNeedsDisplay();
+}
+
+bool MidiMapBadge::keyPressed(const platform::KeyEvent& event) {
+  using platform::Key;
+  if (event.modifiers != platform::Modifiers::none) return false;
+  switch (event.key) {
+    case Key::returnKey:
+    case Key::space:
+      sendActions(ControlEvent::touchDown);
+      return true;
+    case Key::backspace:
+    case Key::deleteForward:
+      if (deleteButton_.isHidden()) return false;
+      deleteButton_.sendActions(ControlEvent::touchUpInside);
+      return true;
+    default:
+      return false;
+  }
+}
+
+platform::Accessibility MidiMapBadge::accessibility() const {
+  const auto* owner = dynamic_cast<const Container*>(superview());
+  return {platform::Accessibility::Role::button,
+          "MIDI " + (owner ? owner->accessibilityName() : std::string()),
+          !what_.empty() ? text()
+          : isSelected() ? waitingText
+                         : "Not bound"};
+}
+
+void MidiMapBadge::draw(const Rect&) {
+  const double w = bounds().width, h = bounds().height;
+  // Never more than half of the badge, so that the rest of it still selects.
+  const double width = std::min(fingerSide, w / 2);
+  const double height = std::min(fingerSide, h < 1.2 * fingerSide ? h : h / 2);
+  deleteButton_.setFrame({w - width, 0, width, height});
+  deleteButton_.markSide = std::min({largestCross * textScale_, width - 2, height - 2});
+  deleteButton_.setNeedsDisplay();
+}
+
+void MidiMapBadge::paint(platform::Canvas& canvas) {
+  const Rect place = bounds().inset(1.5, 1.5);
+  if (!(place.width >= 6) || !(place.height >= 6)) return;
+  const double radius = Theme::cornerRadius + 2;
+  const bool bound = !what_.empty();
+  canvas.fillRoundedRect(place, radius, Theme::background.withAlpha(isSelected() ? 0.35f : 0.5f));
+  if (isSelected())
+    canvas.fillRoundedRect(place, radius, Theme::learn.withAlpha(0.16f));
+  else if (isHovered())
+    canvas.fillRoundedRect(place, radius, Theme::white.withAlpha(0.05f));
+  const double line = isSelected() ? 2 : 1;
+  const platform::Color color = isSelected() ? Theme::learn
+                                : bound      ? Theme::learn.withAlpha(0.5f)
+                                             : Theme::lightGrey.withAlpha(0.28f);
+  canvas.strokeRoundedRect(place.inset(line / 2, line / 2), radius, line, color);
+  if (isFirstResponder())
+    canvas.strokeRoundedRect(place.inset(line + 1.5, line + 1.5), radius - 1, 1,
+                             Theme::white.withAlpha(0.7f));
+  paintText(canvas);
+}
+
+void MidiMapBadge::paintText(platform::Canvas& canvas) const {
+  const bool bound = !what_.empty();
+  if (!bound && !isSelected()) return;
+  const Rect room = (face_.isEmpty() ? bounds() : face_).inset(1, 1);
+  const double wanted =
+      std::min(Theme::valueFont.pointSize * textScale_, std::max(smallestFont, room.height * 0.5));
+
+  std::vector<std::string> lines{bound ? text() : waitingText};
+  const bool fits = widthOf(lines[0], wanted) <= room.width;
+  if (bound && !fits && !channel_.empty()) {
+    lines = {what_};
+    if (room.height >= 2 * lineHeight * smallestFont) lines.push_back(channel_);
+  }
+  double size = wanted;
+  for (const std::string& text : lines) size = std::min(size, room.width / (widthOf(text, 1)));
+  size = std::min(size, room.height / (lineHeight * static_cast<double>(lines.size())));
+  if (!(size >= 4)) return;
+
+  double width = 0;
+  for (const std::string& text : lines) width = std::max(width, widthOf(text, size));
+  const double height = lineHeight * size * static_cast<double>(lines.size());
+  const Rect pill{room.centre().x - width / 2, room.centre().y - height / 2, width, height};
+  canvas.fillRoundedRect(
+      pill, std::min(height / 2, 6.0),
+      bound ? Theme::background.mixed(Theme::learn, 0.22f) : Theme::background.withAlpha(0.8f));
+  for (std::size_t i = 0; i < lines.size(); ++i)
+    canvas.drawText(
+        lines[i], Theme::valueFont.withSize(size),
+        {pill.x, pill.y + lineHeight * size * static_cast<double>(i), width, lineHeight * size},
+        platform::TextAlignment::centre,
+        i == 0 ? Theme::learn.mixed(Theme::white, 0.35f) : Theme::lightGrey);
+}
+
+void MidiMapBadge::DeleteButton::paint(platform::Canvas& canvas) {
+  if (!(markSide >= 4)) return;
+  // In the corner that it takes, whatever it takes of it for fingers.
+  const Rect disc{bounds().width - markSide - 2, 2, markSide, markSide};
+  const bool strong = isHovered() || isHighlighted();
+  canvas.fillRoundedRect(disc, markSide / 2, strong ? Theme::record : Theme::surfaceRaised);
+  canvas.strokePath(Icons::fitted(Icons::cross(), disc.inset(markSide * 0.28, markSide * 0.28)),
+                    {std::max(1.0, markSide * 0.1)}, strong ? Theme::white : Theme::lightGrey);
+}
+
+}  // namespace kestroui

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Control.h"
+
+namespace kestroui {
+
+/// What covers a control in learn mode: it shows the control's MIDI binding, whether the control
+/// waits for a message (selected), and a cross that deletes the binding. It takes every touch, so
+/// that a tap selects (touchDown) where it would move the control otherwise. Return and Space
+/// select, Delete deletes. Owned by a container.
+class MidiMapBadge : public platform::Control {
+ public:
+  MidiMapBadge();
+
+  /// Null shows no binding and no cross.
+  void setMessage(const std::optional<std::vector<std::uint8_t>>& message);
+  /// Empty without a binding.
+  std::string text() const;
+  /// Sends touchUpInside.
+  platform::Control& deleteButton() { return deleteButton_; }
+  /// How much larger texts are than on the smallest editor.
+  void setTextScale(double scale);
+  /// Where the control is in it; the rest is left for the title.
+  void setFace(const platform::Rect& face);
+
+  bool canBecomeFirstResponder() const override { return true; }
+  void firstResponderChanged() override { setNeedsDisplay(); }
+  bool keyPressed(const platform::KeyEvent& event) override;
+  bool wheelTurned(const platform::WheelEvent&) override { return true; }
+  platform::Accessibility accessibility() const override;
+  void draw(const platform::Rect& rect) override;
+  void paint(platform::Canvas& canvas) override;
+
+ private:
+  class DeleteButton : public platform::Control {
+   public:
+    void paint(platform::Canvas& canvas) override;
+    double markSide = 0;
+  };
+
+  void paintText(platform::Canvas& canvas) const;
+
+  std::string what_;
+  std::string channel_;
+  DeleteButton deleteButton_;
+  platform::Rect face_;
+  double textScale_ = 1;
+};
+
+}  // namespace kestroui

@@ -1,0 +1,23 @@
+#include "KestroUI/TextScale.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestroui {
+
+namespace {
+
+// In points; the height over the width of what counts.
+constexpr double ordinaryHeight = 720;
+constexpr double ratio = 0.7;
+
+}  // namespace
+
+double textScaleIn(const platform::View& view) {
+  const platform::View* root = &view;
+  while (root->superview()) root = root->superview();
+  const double height = std::min(root->bounds().height, root->bounds().width * ratio);
+  return height > ordinaryHeight ? std::pow(height / ordinaryHeight, 0.5) : 1;
+}
+
+}  // namespace kestroui
