@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "KestroUI/BitFlagsGroupContainer.h"
+#include "KestroUI/DragControl.h"
 #include "KestroUI/DropDownListContainer.h"
 #include "KestroUI/GranulizerViewContainer.h"
 #include "KestroUI/MultipleContainer.h"
@@ -148,7 +149,13 @@ void ControlBuilder::applyParameters(Container& container) const {
       mappings.back().emplace(*parameter, container.valueForm(key.key()));
       container.setKeyRange(i, parameter->minValue(), parameter->maxValue());
     }
-    const std::vector<std::string> values = stringValues(key);
+    std::vector<std::string> values = stringValues(key);
+    // A knob of a switch has two places.
+    if (values.empty() && parameter &&
+        parameter->unit() == platform::AudioUnitParameterUnit::boolean &&
+        (dynamic_cast<kestroui::DragControl*>(container.control()) ||
+         dynamic_cast<kestroui::MultipleContainer*>(&container)))
+      values = {"Off", "On"};
     if (!values.empty()) container.setKeyStringValues(i, values);
   }
   container.positionOfValue = [mappings = std::move(mappings)](std::size_t index, float value) {

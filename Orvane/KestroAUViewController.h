@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -175,6 +177,29 @@ class KestroAUViewController : public platform::ViewController,
   platform::Weak<KestroAUViewControllerDelegate> hostDelegate;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey() const { return doubleTappedKey_; }
 
+  // MIDI learn. The host captures messages and keeps the bindings; the controller shows them and
+  // says which control waits. See MidiLearn for a host's side.
+
+  using MidiMessage = kestroui::Container::MidiMessage;
+  using MidiMap =
+      std::map<std::shared_ptr<kestroui::ParamKey>, MidiMessage, kestroui::ParamKeyLess>;
+
+  /// Learn mode: controls show their bindings, and a tap selects instead of moving.
+  bool midiMappingEnabled() const { return midiMappingEnabled_; }
+  void setMidiMappingEnabled(bool enabled);
+  /// The key that waits for a message: the one selected last, also after learn mode has ended.
+  std::shared_ptr<kestroui::ParamKey> lastMidiMapKey() const { return lastMidiMapKey_; }
+  kestroui::Container* lastMidiMapppedContainer() const { return lastMidiMapppedContainer_.get(); }
+  /// Shows the binding of a key, which may be one of several in one control; null shows none.
+  void setMap(const std::optional<MidiMessage>& map,
+              const std::shared_ptr<kestroui::ParamKey>& key);
+  /// Shows several bindings; keys that are not among them keep what they show.
+  void update(const MidiMap& map);
+  void removeMap(const std::shared_ptr<kestroui::ParamKey>& key) { setMap(std::nullopt, key); }
+  void removeAllMap();
+  /// Sets the parameter of a key as MIDI moves it; see midiParameterValue.
+  void setMidiValue(std::uint8_t midiValue, const std::shared_ptr<kestroui::ParamKey>& key);
+
   // Display
 
   void setPresetName(const std::string& name);
@@ -218,6 +243,9 @@ class KestroAUViewController : public platform::ViewController,
                        const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
   void didEndGesture(kestroui::Container& container,
                      const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
+  void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key,
+                        kestroui::Container* container) override;
+  void wantToDeleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
@@ -243,6 +271,8 @@ class KestroAUViewController : public platform::ViewController,
   void loadPresetStorage();
   void followAudioUnitWithPresets();
   platform::Application* application();
+  /// The control that shows the key's binding: its own, or the part of one that holds several.
+  kestroui::Container* midiMapContainer(const kestroui::ParamKey& key) const;
 
   platform::Weak<platform::AudioUnit> audioUnit_;
   DSPParameters parameters_;
@@ -257,6 +287,9 @@ class KestroAUViewController : public platform::ViewController,
   OverlaysView overlaysView_;
   EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
+  bool midiMappingEnabled_ = false;
+  std::shared_ptr<kestroui::ParamKey> lastMidiMapKey_;
+  platform::Weak<kestroui::Container> lastMidiMapppedContainer_;
   HeldParameters heldParameters_;
   std::unique_ptr<ParameterConnection> connection_;
   std::unique_ptr<PresetManager> presetManager_;

@@ -117,6 +117,7 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
       observer->add(*container, driven->key());
       parameters_.setObserver(observer, name);
     }
+    container->setMidiMappingEnabled(midiMappingEnabled_);
     container->delegate = this;
     container->addTarget<&KestroAUViewController::handleValueChanged>(
         *this, platform::ControlEvent::valueChanged);

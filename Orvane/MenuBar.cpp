@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "KestroUI/Icons.h"
+#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 
 namespace orvane {
@@ -25,6 +26,9 @@ MenuBar::MenuBar() {
   }
   // It shows the plug-in, and is not pressed.
   aboutButton_.setUserInteractionEnabled(false);
+  arrowLeft_.setAccessibilityLabel("Previous preset");
+  arrowRight_.setAccessibilityLabel("Next preset");
+  randomizeButton_.setAccessibilityLabel("Randomize");
   setCanStepPresets(false);
   presetNameLabel_.setHidden(true);
 }
@@ -44,6 +48,7 @@ void MenuBar::setDisplays(std::vector<std::string> displays) {
   if (displayMode_ || displays_.empty()) return;
   displayMode_ = std::make_unique<kestroui::RadioButtons>(displays_, areDisplaysIconWaveforms);
   displayMode_->setAccentColor(Theme::white);
+  displayMode_->setAccessibilityLabel("Display");
   displayMode_->addTarget<&MenuBar::onDisplayChanged>(*this, ControlEvent::valueChanged);
   addSubview(*displayMode_);
   setNeedsDisplay();
@@ -64,13 +69,14 @@ void MenuBar::draw(const platform::Rect& rect) {
   View::draw(rect);
   const double width = bounds().width, height = bounds().height;
 
+  const double scale = kestroui::textScaleIn(*this);
   const double nameWidth = width / 5;
   const platform::Rect name =
       platform::Rect{width * 0.5 - nameWidth * 0.5, 0, nameWidth, height}.inset(1.0, height * 0.14);
   presetNameLabel_.setFrame(name);
   presetNameLabel_.layer().setCornerRadius(std::max(0.0, name.height * 0.5 - 2.5));
   presetNameLabel_.setFont(
-      Theme::regularFont.withSize(std::min(Theme::titleFont.pointSize, height * 0.32)));
+      Theme::regularFont.withSize(std::min(Theme::titleFont.pointSize * scale, height * 0.32)));
 
   const double arrowWidth = height * 0.6, arrowGap = 4.0;
   arrowLeft_.setFrame({name.x - arrowWidth - arrowGap, 0, arrowWidth, height});
@@ -78,7 +84,7 @@ void MenuBar::draw(const platform::Rect& rect) {
   randomizeButton_.setFrame({arrowRight_.frame().maxX() + 20.0, 0, height, height});
   aboutButton_.setFrame({1.0, 0, std::max(0.0, arrowLeft_.frame().x), height});
   aboutButton_.setFont(
-      Theme::titleFont.withSize(std::min(Theme::titleFont.pointSize * 1.2, height * 0.36)));
+      Theme::titleFont.withSize(std::min(Theme::titleFont.pointSize * 1.2 * scale, height * 0.36)));
   logoView_.setFrame({width - height - 1.0, 0, height, height});
 
   if (!displayMode_) return;

@@ -26,6 +26,12 @@ MultiSelectableButton::MultiSelectableButton(std::string text) : OnOffButton({st
   setAccentColor(Theme::lightGrey);
 }
 
+platform::Accessibility MultiSelectableButton::accessibility() const {
+  platform::Accessibility told = OnOffButton::accessibility();
+  told.name = text();
+  return told;
+}
+
 void MultiSelectableButton::paint(platform::Canvas& canvas) {
   const platform::Rect place = bounds().inset(1.5, 1.5);
   if (!(place.width >= 4) || !(place.height >= 4)) return;

@@ -15,6 +15,7 @@ class MultiSelectableButton : public kestroui::OnOffButton {
   float weight = 1.0f;
   const std::string& text() const { return titles().front(); }
 
+  platform::Accessibility accessibility() const override;
   void paint(platform::Canvas& canvas) override;
 };
 

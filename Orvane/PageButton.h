@@ -10,6 +10,9 @@ class PageButton : public kestroui::SelectableButton {
   PageButton() = default;
 
   void draw(const platform::Rect& rect) override;
+  platform::Accessibility accessibility() const override {
+    return {platform::Accessibility::Role::tab, title(), isSelected() ? "Selected" : ""};
+  }
 };
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 
 namespace orvane {
@@ -188,15 +189,16 @@ void SectionView::draw(const platform::Rect& rect) {
   layoutTitle(bandHeight);
 
   const double side = 0.6 * bandHeight;
-  place(state_, {0, 0, bandHeight, bandHeight});
-  place(feedback_, {bounds().width - side, 0, side, side});
+  placeInCorner(state_, {0, 0, bandHeight, bandHeight});
+  placeInCorner(feedback_, {bounds().width - side, 0, side, side});
   layoutSlots(bandHeight);
 }
 
 void SectionView::layoutTitle(double bandHeight) {
   const platform::Font& font = usePages_ ? Theme::smallTitleFont : Theme::titleFont;
   titleLabel_.setFrame({0, 2.0, bounds().width, bandHeight});
-  titleLabel_.setFont(font.withSize(std::min(0.65 * bandHeight, font.pointSize)));
+  titleLabel_.setFont(
+      font.withSize(std::min(0.65 * bandHeight, font.pointSize * kestroui::textScaleIn(*this))));
   titleLabel_.setHidden(false);
 }
 
@@ -209,6 +211,12 @@ void SectionView::place(const Entry& entry, const platform::Rect& frame) {
   }
   entry.container->setFrame(frame);
   entry.container->setIsVisible(visible_);
+}
+
+void SectionView::placeInCorner(const Entry& entry, const platform::Rect& frame) {
+  place(entry, frame);
+  if (entry.container && entry.container->superview() == this)
+    entry.container->setDisplayTitle(false);
 }
 
 void SectionView::layoutSlots(double bandHeight) {

@@ -65,6 +65,8 @@ class SectionView : public platform::View {
   bool canAdopt(const kestroui::Container& container, Claim claim) const;
   void adopt(const Entry& entry);
   void place(const Entry& entry, const platform::Rect& frame);
+  /// The same without a title, for which a corner has no room.
+  void placeInCorner(const Entry& entry, const platform::Rect& frame);
   void layoutTitle(double bandHeight);
   void layoutSlots(double bandHeight);
 

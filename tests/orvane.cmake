@@ -7,6 +7,8 @@ orvane_add_tests(orvane
     DesignModelTest.cpp
     DisplayBindingTest.cpp
     EditorLifeTest.cpp
+    MidiLearnTest.cpp
+    MultiSelectableTest.cpp
     OverlayPanelsTest.cpp
     PageLayoutTest.cpp
     SectionViewTest.cpp

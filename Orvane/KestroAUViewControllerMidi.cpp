@@ -1,0 +1,83 @@
+// The part of the controller that learns MIDI messages.
+
+#include <string>
+#include <utility>
+
+#include "KestroUI/MultipleContainer.h"
+#include "Orvane/ControlBuilder.h"
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/MidiScale.h"
+
+namespace orvane {
+
+using kestroui::Container;
+using kestroui::MultipleContainer;
+using Key = std::shared_ptr<kestroui::ParamKey>;
+
+void KestroAUViewController::setMidiMappingEnabled(bool enabled) {
+  midiMappingEnabled_ = enabled;
+  for (const auto& [key, container] : controls_->controls())
+    container->setMidiMappingEnabled(enabled);
+}
+
+Container* KestroAUViewController::midiMapContainer(const kestroui::ParamKey& key) const {
+  const auto& known = controls_->allParamKeys();
+  if (const auto entry = known.find(key.key()); entry != known.end()) {
+    const std::shared_ptr<Container> own = (*controls_)[entry->second];
+    auto* several = dynamic_cast<MultipleContainer*>(own.get());
+    if (own) return several ? several->subContainer(key.key()) : own.get();
+  }
+  for (const auto& [own, container] : controls_->controls())
+    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
+      if (Container* part = several->subContainer(key.key())) return part;
+  return nullptr;
+}
+
+void KestroAUViewController::setMap(const std::optional<MidiMessage>& map, const Key& key) {
+  Container* const container = key ? midiMapContainer(*key) : nullptr;
+  if (container) container->setMidiMapMessage(map);
+}
+
+void KestroAUViewController::update(const MidiMap& map) {
+  for (const auto& [key, message] : map) setMap(message, key);
+}
+
+void KestroAUViewController::removeAllMap() {
+  for (const auto& [key, container] : controls_->controls()) {
+    container->setMidiMapMessage(std::nullopt);
+    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
+      for (const auto& part : several->subContainers()) part->setMidiMapMessage(std::nullopt);
+  }
+}
+
+void KestroAUViewController::setMidiValue(std::uint8_t midiValue, const Key& key) {
+  auto* unit = audioUnit();
+  if (!unit || !key) return;
+  const auto container = controls_->controls().find(key);
+  const std::string& name = container == controls_->controls().end()
+                                ? key->key()
+                                : ControlBuilder::parameterKey(*container->second, key->key());
+  const platform::AUParameter* registered = parameters_[name];
+  auto* parameter =
+      registered ? unit->parameterTree().parameterWithAddress(registered->address()) : nullptr;
+  if (parameter) parameter->setValue(midiParameterValue(*parameter, midiValue));
+}
+
+void KestroAUViewController::didSelectMidiMap(const Key& key, Container* container) {
+  if (!key) return;
+  if (auto* before = lastMidiMapppedContainer_.get()) before->setMidiMapSelected(false);
+  lastMidiMapKey_ = key;
+  lastMidiMapppedContainer_ = container;
+  if (auto* several = dynamic_cast<MultipleContainer*>(container))
+    if (platform::Application* const around = application())
+      around->print(std::to_string(several->subContainers().size()));
+  if (Container* const selected = midiMapContainer(*key)) selected->setMidiMapSelected(true);
+  if (auto* host = hostDelegate.get()) host->didSelectMidiMap(key);
+}
+
+void KestroAUViewController::wantToDeleteMidiMap(const Key& key) {
+  auto* host = hostDelegate.get();
+  if (host && key) host->deleteMidiMap(key);
+}
+
+}  // namespace orvane

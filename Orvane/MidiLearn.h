@@ -1,0 +1,104 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/KestroAUViewControllerDelegate.h"
+#include "platform/AudioUnit.h"
+
+namespace orvane {
+
+/// A host's side of MIDI learn, for a program or a plug-in format that holds an audio unit: it
+/// keeps which message moves which parameter, moves the parameters, and while an editor's control
+/// waits, binds it to the next control change or note. Belongs to the user-interface thread, but
+/// for `receive`.
+///
+///     orvane::MidiLearn midi(audioUnit);
+///     midi.setEditor(&controller);   // while one is open
+///     midi.receive({bytes, size});   // from the device's or the audio thread
+///     midi.poll();                   // from a timer
+///
+/// The audio unit outlives it.
+class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTarget {
+ public:
+  /// The status byte first; the value that it brings counts for nothing.
+  using Message = KestroAUViewController::MidiMessage;
+  using Bindings = std::map<std::string, Message>;
+
+  explicit MidiLearn(platform::AudioUnit& audioUnit);
+
+  /// Becomes the host delegate of an editor whose view is loaded, and shows it the bindings. Null
+  /// when it closes; learn mode ends with it.
+  void setEditor(KestroAUViewController* editor);
+  bool isLearning() const;
+  /// Does nothing without an editor.
+  void setLearning(bool learning);
+  /// Called after learn mode has begun or ended.
+  std::function<void()> learningChanged;
+
+  /// By parameter key.
+  const Bindings& bindings() const { return bindings_; }
+  /// Binds a key in place of what it was bound to. False for a key without a parameter, or a
+  /// message that moves nothing: notes, control changes, pressure and pitch bend do.
+  bool bind(const std::string& key, const Message& message);
+  void remove(const std::string& key);
+  void removeAll();
+  /// Called after every change of the bindings but setState.
+  std::function<void()> bindingsChanged;
+
+  /// The bindings as a dictionary of arrays of bytes by parameter key.
+  platform::PropertyList state() const;
+  /// Takes the bindings of a state in place of its own; null, or what is no such dictionary, is
+  /// none. Entries that cannot be used are skipped.
+  void setState(const platform::PropertyList* state);
+
+  /// A message that has arrived: moves what is bound to it, or keeps it for the control that waits.
+  /// Any thread; takes no lock and allocates nothing.
+  void receive(std::span<const std::uint8_t> message);
+  /// Binds the control that waits to what `receive` has kept.
+  void poll();
+
+  void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void deleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+
+ private:
+  /// What tells bound messages apart: the status byte and the number, never 0.
+  using Code = std::uint32_t;
+  struct Heard {
+    Code code = 0;
+    std::uint8_t value = 0;
+    bool isNoteOn = false;
+  };
+  struct Target {
+    platform::AUParameter* parameter = nullptr;
+    std::atomic<Code> code{0};
+  };
+
+  static std::optional<Heard> hear(std::span<const std::uint8_t> message);
+  Target* target(const std::string& key);
+  void updateCapture();
+  void show(const std::string& key, const std::optional<Message>& message);
+  void changed();
+
+  /// One for every parameter, in the audio unit's order.
+  std::size_t targetCount_;
+  std::unique_ptr<Target[]> targets_;
+  std::map<std::string, Target*> targetOfKey_;
+  Bindings bindings_;
+  platform::Weak<KestroAUViewController> editor_;
+  /// A control waits.
+  std::atomic<bool> capturing_{false};
+  /// The last message that it may be bound to, or 0.
+  std::atomic<Code> captured_{0};
+};
+
+}  // namespace orvane

@@ -1,0 +1,238 @@
+// The road of a MIDI message: a control is chosen in learn mode, a device sends, and from then on
+// the device moves the parameter.
+
+#include "Orvane/MidiLearn.h"
+
+#include <gtest/gtest.h>
+
+#include "KestroUI/KnobContainer.h"
+#include "KestroUI/MidiMapBadge.h"
+#include "KestroUI/MultipleContainer.h"
+#include "Orvane/MidiScale.h"
+#include "tests/support/TestEditor.h"
+
+namespace orvane {
+namespace {
+
+using kestroui::ControlType;
+using platform::AudioUnitParameterUnit;
+using support::paramKey;
+using Message = MidiLearn::Message;
+
+std::vector<quillon::ParameterDescription> parameters() {
+  return {
+      {.key = "cutoff",
+       .address = 1,
+       .minValue = 20,
+       .maxValue = 20000,
+       .defaultValue = 20,
+       .unit = AudioUnitParameterUnit::hertz},
+      {.key = "mode",
+       .address = 2,
+       .maxValue = 4,
+       .unit = AudioUnitParameterUnit::indexed,
+       .valueStrings = {"a", "b", "c", "d", "e"}},
+      {.key = "on", .address = 3, .unit = AudioUnitParameterUnit::boolean},
+      {.key = "drive", .address = 4, .flags = platform::AudioUnitParameterFlags::displaySquared},
+      {.key = "left", .address = 5},
+      {.key = "right", .address = 6},
+  };
+}
+
+class MidiLearnTest : public testing::Test {
+ protected:
+  MidiLearnTest() {
+    design->addPage("", {support::section("ALL", {"cutoff", "mode", "on", "drive", "left"})});
+    design->givenKeys = {paramKey("cutoff", ControlType::knob), paramKey("mode", ControlType::knob),
+                         paramKey("on", ControlType::onOff), paramKey("drive", ControlType::knob),
+                         paramKey("left", ControlType::multiple, {"right"})};
+    controller.setAudioUnit(&unit);
+    window.show(controller);
+    learn.setEditor(&controller);
+  }
+  kestroui::Container& container(const std::string& key) { return *controller.container(key); }
+  kestroui::MultipleContainer& pair() {
+    return dynamic_cast<kestroui::MultipleContainer&>(container("left"));
+  }
+  void tap(platform::View& view) {
+    window.window.prepareFrame();
+    window.tap(view.frameInRoot().centre());
+    loop.settle();
+  }
+  void send(Message message) {
+    learn.receive(message);
+    learn.poll();
+    loop.settle();
+  }
+  float parameter(const std::string& key) { return unit.parameter(key)->value(); }
+  std::string waiting() {
+    const auto key = controller.lastMidiMapKey();
+    return key ? key->key() : "";
+  }
+
+  support::ManualLoop loop;
+  quillon::CommonAudioUnit unit{parameters()};
+  std::shared_ptr<support::GivenDesign> design = std::make_shared<support::GivenDesign>();
+  MidiLearn learn{unit};
+  support::TestController controller{design};
+  support::EditorWindow window{{800, 400}};
+};
+
+TEST_F(MidiLearnTest, AMidiValueMovesEachKindOfParameterOverItsRange) {
+  const struct {
+    const char* key;
+    int midi;
+    float value;
+  } figures[] = {{"cutoff", 0, 20},
+                 {"cutoff", 127, 20000},
+                 {"mode", 64, 2},
+                 {"mode", 127, 4},
+                 {"on", 63, 0},
+                 {"on", 64, 1},
+                 {"drive", 127, 1},
+                 {"drive", 64, 0.253953f},
+                 {"left", 64, 64 / 127.0f}};
+  for (const auto& figure : figures) {
+    controller.setMidiValue(static_cast<std::uint8_t>(figure.midi),
+                            paramKey(figure.key, ControlType::knob));
+    EXPECT_NEAR(parameter(figure.key), figure.value, 1e-5) << figure.key << ' ' << figure.midi;
+  }
+  loop.settle();
+  EXPECT_NEAR(container("cutoff").value(), 1, 1e-6);
+  controller.setMidiValue(1, paramKey("nobody", ControlType::knob));
+  controller.setMidiValue(1, nullptr);
+}
+
+TEST_F(MidiLearnTest, ATapInLearnModeSelectsAndTheNextMessageBinds) {
+  learn.setLearning(true);
+  tap(container("cutoff"));
+  EXPECT_EQ(waiting(), "cutoff");
+  EXPECT_TRUE(container("cutoff").midiMapSelected());
+  EXPECT_EQ(parameter("cutoff"), 20);
+
+  send({0x80, 60, 0});
+  EXPECT_TRUE(learn.bindings().empty()) << "the end of a note is not what was meant";
+  send({0xb0, 74, 12});
+  EXPECT_EQ(container("cutoff").midiMapMessage(), (Message{0xb0, 74}));
+  EXPECT_EQ(parameter("cutoff"), 20) << "the message that is learned moves nothing";
+
+  tap(container("on"));
+  EXPECT_FALSE(container("cutoff").midiMapSelected());
+  send({0x91, 36, 5});
+  learn.setLearning(false);
+  EXPECT_EQ(waiting(), "on");
+
+  send({0xb0, 74, 127});
+  send({0x91, 36, 5});
+  EXPECT_EQ(parameter("cutoff"), 20000);
+  EXPECT_EQ(parameter("on"), 1) << "a pad switches however softly it is hit";
+  send({0x81, 36, 0});
+  EXPECT_EQ(parameter("on"), 0);
+  send({0xb1, 74, 0});
+  EXPECT_EQ(parameter("cutoff"), 20000) << "another channel is another message";
+}
+
+TEST_F(MidiLearnTest, BadgesShowOnlyInLearnModeAndTheControlRestsBelowThem) {
+  EXPECT_EQ(container("cutoff").midiMapBadge(), nullptr);
+  learn.setLearning(true);
+  ASSERT_NE(container("cutoff").midiMapBadge(), nullptr);
+  EXPECT_FALSE(container("cutoff").midiMapBadge()->isHidden());
+  window.window.prepareFrame();
+  const platform::Point at = container("cutoff").frameInRoot().centre();
+  window.window.wheelTurned({at, 0, 3});
+  EXPECT_EQ(container("cutoff").value(), 0);
+  learn.setLearning(false);
+  EXPECT_TRUE(container("cutoff").midiMapBadge()->isHidden());
+  window.window.wheelTurned({at, 0, 3});
+  EXPECT_GT(container("cutoff").value(), 0);
+}
+
+TEST_F(MidiLearnTest, TheCrossOfABadgeDeletesItsBinding) {
+  learn.setLearning(true);
+  learn.bind("cutoff", {0xb0, 74});
+  int changes = 0;
+  learn.bindingsChanged = [&] { ++changes; };
+  tap(container("cutoff").midiMapBadge()->deleteButton());
+  EXPECT_EQ(changes, 1);
+  EXPECT_TRUE(learn.bindings().empty());
+  EXPECT_EQ(container("cutoff").midiMapMessage(), std::nullopt);
+  EXPECT_EQ(waiting(), "") << "deleting does not select";
+  send({0xb0, 74, 127});
+  EXPECT_EQ(parameter("cutoff"), 20);
+}
+
+TEST_F(MidiLearnTest, EachKnobOfAMultipleContainerIsBoundByItsOwnKey) {
+  learn.setLearning(true);
+  kestroui::KnobContainer& right = *pair().subContainer("right");
+  tap(right);
+  EXPECT_EQ(waiting(), "right");
+  EXPECT_EQ(controller.lastMidiMapppedContainer(), &pair());
+  EXPECT_TRUE(right.midiMapSelected());
+  EXPECT_FALSE(pair().subContainer("left")->midiMapSelected());
+  send({0xb2, 10, 0});
+  EXPECT_EQ(right.midiMapMessage(), (Message{0xb2, 10}));
+
+  tap(container("cutoff"));
+  EXPECT_FALSE(right.midiMapSelected());
+  learn.bind("left", {0xb0, 1});
+  controller.removeAllMap();
+  EXPECT_EQ(right.midiMapMessage(), std::nullopt);
+  EXPECT_EQ(pair().subContainer("left")->midiMapMessage(), std::nullopt);
+}
+
+TEST_F(MidiLearnTest, AnUpdateLeavesWhatItDoesNotName) {
+  controller.setMap(Message{0xb0, 1}, paramKey("cutoff", ControlType::knob));
+  controller.update({});
+  EXPECT_EQ(container("cutoff").midiMapMessage(), (Message{0xb0, 1}));
+  controller.update({{paramKey("mode", ControlType::knob), {0x90, 60}}});
+  EXPECT_EQ(container("cutoff").midiMapMessage(), (Message{0xb0, 1}));
+  EXPECT_EQ(container("mode").midiMapMessage(), (Message{0x90, 60}));
+  controller.removeMap(paramKey("cutoff", ControlType::knob));
+  EXPECT_EQ(container("cutoff").midiMapMessage(), std::nullopt);
+  controller.removeMap(paramKey("nobody", ControlType::knob));
+}
+
+TEST_F(MidiLearnTest, BindingsSurviveAsAStateAndNonsenseIsSkipped) {
+  learn.bind("cutoff", {0xb0, 74});
+  learn.bind("on", {0x91, 36});
+  const platform::PropertyList state = learn.state();
+
+  MidiLearn restored(unit);
+  restored.setState(&state);
+  EXPECT_EQ(restored.bindings(), learn.bindings());
+  restored.receive(Message{0xb0, 74, 127});
+  EXPECT_EQ(parameter("cutoff"), 20000);
+
+  using List = platform::PropertyList;
+  const List broken = List::Dictionary{{"cutoff", List::Array{5000, 1}},
+                                       {"mode", "CC 7"},
+                                       {"ghost", List::Array{0xb0, 7}},
+                                       {"drive", List::Array{0xb0, 7}}};
+  restored.setState(&broken);
+  EXPECT_EQ(restored.bindings(), (MidiLearn::Bindings{{"drive", {0xb0, 7}}}));
+  restored.setState(nullptr);
+  EXPECT_TRUE(restored.bindings().empty());
+  EXPECT_FALSE(restored.bind("cutoff", {0xb0, 123})) << "all notes off moves nothing";
+  EXPECT_FALSE(restored.bind("cutoff", {}));
+}
+
+TEST_F(MidiLearnTest, AnEditorThatOpensLaterShowsTheBindingsAndOneThatClosesEndsLearning) {
+  learn.bind("mode", {0xe0});
+  learn.setLearning(true);
+  tap(container("cutoff"));
+  learn.setEditor(nullptr);
+  EXPECT_FALSE(controller.midiMappingEnabled());
+  send({0xb0, 74, 1});
+  EXPECT_FALSE(learn.bindings().count("cutoff"));
+  send({0xe0, 0, 127});
+  EXPECT_EQ(parameter("mode"), 4);
+
+  support::TestController second{design};
+  second.setAudioUnit(&unit);
+  second.view();
+  learn.setEditor(&second);
+  EXPECT_EQ(second.container("mode")->midiMapMessage(), Message{0xe0});
+}
+
+}  // namespace
+}  // namespace orvane
