@@ -215,15 +215,30 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"preset user Mine", "no user preset \"Mine\""},
       {"type hello", "nothing has the keyboard"},
       {"state now", "state takes nothing"},
-      {"midi cutoff 3", "midi is not available in this version"},
-      {"learn on", "learn is not available in this version"},
-      {"map cutoff 176,7", "map is not available in this version"},
-      {"unmap cutoff", "unmap is not available in this version"},
-      {"unmapall", "unmapall is not available in this version"},
+      {"midi cutoff 128", "midi wants a value from 0 to 127, not \"128\""},
+      {"learn maybe", "learn wants on or off, not \"maybe\""},
+      {"map cutoff 7", "map wants the bytes of a MIDI message such as 176,7, not \"7\""},
+      {"unmap nothing", "no parameter \"nothing\""},
       {"pick", "pick wants FILE ..."},
       {"export now", "export takes nothing"},
   };
   for (const Wrong& each : wrong) EXPECT_EQ(errorOf(each.command), each.error) << each.command;
+}
+
+TEST(Drive, LearnModeTakesTapsAndBindingsAreShown) {
+  const auto answers = drive(
+      "learn on\ntap key:cutoff\nlearn on\nget cutoff\nmap cutoff 176,7\nget cutoff\n"
+      "learn off\nmidi cutoff 127\nget cutoff\nunmap cutoff\nget cutoff\n"
+      "map mix 144,60\nunmapall\nget mix\n");
+  ASSERT_EQ(answers.size(), 14u);
+  for (const json& answer : answers) EXPECT_EQ(answer.at("ok"), true) << answer;
+  EXPECT_EQ(answers[0]["key"], nullptr);
+  EXPECT_EQ(answers[2]["key"], "cutoff");
+  EXPECT_EQ(answers[3]["value"], 1000) << "a tap in learn mode moves nothing";
+  EXPECT_EQ(answers[5]["midi"], json::array({176, 7}));
+  EXPECT_EQ(answers[8]["value"], 20000);
+  EXPECT_EQ(answers[10]["midi"], nullptr);
+  EXPECT_EQ(answers[13]["midi"], nullptr);
 }
 
 TEST(Drive, TheSameScriptGivesTheSameBytes) {

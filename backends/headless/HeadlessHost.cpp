@@ -4,6 +4,8 @@
 #include <thread>
 #include <utility>
 
+#include "backends/headless/RecordingCanvas.h"
+
 namespace headless {
 
 using platform::Point;
@@ -19,11 +21,15 @@ constexpr int finger = 1;
 }  // namespace
 
 HeadlessHost::HeadlessHost(HeadlessRunLoop& loop, const orvane::PluginEntry& entry)
-    : loop_(loop), audioUnit_(entry.makeAudioUnit()), editor_(entry.makeViewController()) {
+    : loop_(loop),
+      audioUnit_(entry.makeAudioUnit()),
+      midiLearn_(*audioUnit_),
+      editor_(entry.makeViewController()) {
   editor_->setAudioUnit(audioUnit_.get());
   window_.setRootViewController(&root_);
   root_.addChild(*editor_);
   root_.view().addSubview(editor_->view());
+  midiLearn_.setEditor(editor_.get());
   loop_.addScreen(*this);
   resize(entry.preferredSize);
 }
@@ -57,6 +63,12 @@ bool HeadlessHost::automate(std::string_view key, float value) {
   std::thread([=] { parameter->setValue(value); }).join();
   loop_.runDue();
   return true;
+}
+
+void HeadlessHost::receiveMidi(std::span<const std::uint8_t> message) {
+  std::thread([&] { midiLearn_.receive(message); }).join();
+  midiLearn_.poll();
+  loop_.runDue();
 }
 
 void HeadlessHost::tapOnce(Point place, int count) {
@@ -113,6 +125,10 @@ void HeadlessHost::type(std::string_view text) {
     pressKey(event);
     text.remove_prefix(length);
   }
+}
+
+double HeadlessHost::textWidth(std::string_view text, const platform::Font& font) {
+  return RecordingCanvas::widthOfText(text, font);
 }
 
 void HeadlessHost::composite(platform::Canvas& canvas) {

@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "Orvane/KestroAUViewController.h"
+#include "Orvane/MidiLearn.h"
 #include "Orvane/PluginEntry.h"
 #include "backends/headless/HeadlessApplication.h"
 #include "backends/headless/HeadlessRunLoop.h"
@@ -43,6 +45,8 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
 
   platform::AudioUnit& audioUnit() { return *audioUnit_; }
   orvane::KestroAUViewController& editor() { return *editor_; }
+  /// The editor's host delegate, which keeps the MIDI bindings.
+  orvane::MidiLearn& midiLearn() { return midiLearn_; }
   platform::Window& window() { return window_; }
   /// Holds the editor's view, and above it whatever covers the whole editor.
   platform::View& rootView() { return root_.view(); }
@@ -56,6 +60,8 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   void resize(const platform::Size& size);
   /// Sets a parameter on a thread of its own, as automation does; false for an unknown key.
   bool automate(std::string_view key, float value);
+  /// A message from a MIDI device, on a thread of its own.
+  void receiveMidi(std::span<const std::uint8_t> message);
 
   // What a user does; places are in root coordinates.
 
@@ -77,6 +83,9 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
 
  private:
   void frameWanted() override {}
+  /// As RecordingCanvas measures.
+  double textWidth(std::string_view text, const platform::Font& font) override;
+  double now() const override { return loop_.now(); }
   std::string clipboardText() override { return clipboard_; }
   void setClipboardText(const std::string& text) override { clipboard_ = text; }
   void refresh() override;
@@ -88,6 +97,7 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   platform::Window window_{*this};
   platform::ViewController root_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
+  orvane::MidiLearn midiLearn_;
   std::unique_ptr<orvane::KestroAUViewController> editor_;
   std::string clipboard_;
   bool appeared_ = false;

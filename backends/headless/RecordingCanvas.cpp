@@ -91,7 +91,7 @@ void RecordingCanvas::drawText(std::string_view text, const platform::Font&, con
   painted(Operation::drawText, rect, color, text);
 }
 
-double RecordingCanvas::textWidth(std::string_view text, const platform::Font& font) {
+double RecordingCanvas::widthOfText(std::string_view text, const platform::Font& font) {
   const auto characters = std::count_if(text.begin(), text.end(), [](char c) {
     return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
   });

@@ -1,5 +1,6 @@
 // What a script asks the editor and its audio unit.
 
+#include "KestroUI/MultipleContainer.h"
 #include "Orvane/ParameterMapping.h"
 #include "platform/Button.h"
 #include "tools/orvane/DescribedAudioUnit.h"
@@ -29,6 +30,15 @@ kestroui::Container* containerOf(headless::HeadlessHost& host, const std::string
   return nullptr;
 }
 
+/// The bytes of the binding that the control shows for a key, or null.
+nlohmann::ordered_json bindingOf(const kestroui::Container* container, const std::string& key) {
+  if (const auto* several = dynamic_cast<const kestroui::MultipleContainer*>(container))
+    container = several->subContainer(key);
+  const bool isOwn = container && container->key() && container->key()->key() == key;
+  if (!isOwn || !container->midiMapMessage()) return nullptr;
+  return *container->midiMapMessage();
+}
+
 nlohmann::ordered_json presetName(const platform::AudioUnit& unit) {
   const std::string name = unit.currentPresetName();
   return name.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(name);
@@ -56,7 +66,7 @@ void DriveSession::get(const Words& words, Json& answer) {
   answer["value"] = shortest(parameter.value());
   answer["position"] = shortest(position);
   answer["text"] = text;
-  answer["midi"] = nullptr;
+  answer["midi"] = bindingOf(container, key);
   answer["inactive"] = container && container->isInactive();
   answer["modulated"] = isModulated;
 }

@@ -9,13 +9,6 @@
 
 namespace tool {
 
-namespace {
-
-/// Commands of which this version has no part to drive.
-constexpr std::string_view unavailable[] = {"midi", "learn", "map", "unmap", "unmapall"};
-
-}  // namespace
-
 const std::vector<DriveSession::Command>& DriveSession::commands() {
   static const std::vector<Command> all{
       {"size", "W H", 2, &DriveSession::size},
@@ -29,6 +22,11 @@ const std::vector<DriveSession::Command>& DriveSession::commands() {
       {"get", "KEY", 1, &DriveSession::get},
       {"live", "KEY VALUE", 2, &DriveSession::live},
       {"modulate", "KEY on/off", 2, &DriveSession::modulate},
+      {"midi", "KEY N", 2, &DriveSession::midi},
+      {"learn", "on/off", 1, &DriveSession::learn},
+      {"map", "KEY STATUS,NUMBER", 2, &DriveSession::map},
+      {"unmap", "KEY", 1, &DriveSession::unmap},
+      {"unmapall", "", 0, &DriveSession::unmapAll},
       {"next", "", 0, &DriveSession::next},
       {"previous", "", 0, &DriveSession::previous},
       {"presets", "", 0, &DriveSession::presets},
@@ -91,8 +89,6 @@ void DriveSession::execute(const ScriptLine& line, Json& answer) {
     if (command.count < 0 ? count == 0 : count != command.count) throw wants(command.arguments);
     return (this->*command.run)(words, answer);
   }
-  if (std::find(std::begin(unavailable), std::end(unavailable), name) != std::end(unavailable))
-    throw Failure(name + " is not available in this version");
   throw Failure("unknown command " + inQuotes(name));
 }
 

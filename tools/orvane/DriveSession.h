@@ -49,6 +49,12 @@ class DriveSession {
   void disappear(const Words& words, Json& answer);
   void wait(const Words& words, Json& answer);
   void frames(const Words& words, Json& answer);
+  // MIDI
+  void midi(const Words& words, Json& answer);
+  void learn(const Words& words, Json& answer);
+  void map(const Words& words, Json& answer);
+  void unmap(const Words& words, Json& answer);
+  void unmapAll(const Words& words, Json& answer);
   // The user
   void page(const Words& words, Json& answer);
   void tap(const Words& words, Json& answer);
