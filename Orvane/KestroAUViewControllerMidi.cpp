@@ -7,6 +7,7 @@
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MidiScale.h"
+#include "platform/Console.h"
 
 namespace orvane {
 
@@ -69,8 +70,7 @@ void KestroAUViewController::didSelectMidiMap(const Key& key, Container* contain
   lastMidiMapKey_ = key;
   lastMidiMapppedContainer_ = container;
   if (auto* several = dynamic_cast<MultipleContainer*>(container))
-    if (platform::Application* const around = application())
-      around->print(std::to_string(several->subContainers().size()));
+    platform::printToConsole(std::to_string(several->subContainers().size()));
   if (Container* const selected = midiMapContainer(*key)) selected->setMidiMapSelected(true);
   if (auto* host = hostDelegate.get()) host->didSelectMidiMap(key);
 }

@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 
 #include "backends/juce/AudioUnitEditor.h"
 #include "backends/juce/ComputerKeyboard.h"
 #include "backends/juce/JuceInput.h"
 #include "backends/juce/Snapshot.h"
+#include "backends/juce/StoredBindings.h"
 #include "tests/support/JuceBench.h"
 
 namespace {
@@ -43,8 +45,8 @@ TEST_F(EditorTest, paintsItsControllerAtTheScaleOfTheGraphics) {
   editor.setSize(50, 30);
   EXPECT_EQ(editor.controller().view().frame(), (platform::Rect{0, 0, 50, 30}));
   for (float scale : {1.0f, 1.25f, 2.0f, 1.0f}) {
-    juce::Image image(juce::Image::RGB, juce::roundToInt(50 * scale),
-                      juce::roundToInt(30 * scale), true, juce::SoftwareImageType());
+    juce::Image image(juce::Image::RGB, juce::roundToInt(50 * scale), juce::roundToInt(30 * scale),
+                      true, juce::SoftwareImageType());
     juce::Graphics graphics(image);
     graphics.addTransform(juce::AffineTransform::scale(scale));
     editor.paintEntireComponent(graphics, true);
@@ -90,6 +92,68 @@ TEST_F(EditorTest, theHostsEditorTakesAnySizeFromTheSmallestOnAndRemembersIt) {
   processor.editorBeingDeleted(again.get());
 }
 
+TEST_F(EditorTest, assistiveTechnologyFindsEveryControlWithItsNameRoleAndValue) {
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  juce_backend::AudioUnitProcessor processor(entry);
+  EditorComponent editor(entry, processor.audioUnit());
+  editor.window().prepareFrame();
+  editor.accessibleEditor().update();
+
+  std::map<juce::String, juce_backend::AccessibleElement*> found;
+  for (const auto& element : editor.accessibleEditor().elements())
+    if (element->view()->accessibility().role != platform::Accessibility::Role::text)
+      found[juce::String(element->view()->accessibility().name)] = element.get();
+  const struct {
+    const char* name;
+    juce::AccessibilityRole role;
+    const char* text;
+    double minimum, maximum;
+  } expected[] = {{"cutoff", juce::AccessibilityRole::slider, "200 Hz", 0, 1},
+                  {"mix", juce::AccessibilityRole::slider, "25 %", 0, 1},
+                  {"wave", juce::AccessibilityRole::comboBox, "Sine", 0, 2},
+                  {"on", juce::AccessibilityRole::toggleButton, "Off", 0, 1}};
+  for (const auto& each : expected) {
+    ASSERT_TRUE(found.count(each.name)) << each.name;
+    juce_backend::AccessibleElement& element = *found[each.name];
+    const auto handler = element.createAccessibilityHandler();
+    EXPECT_EQ(handler->getRole(), each.role);
+    EXPECT_EQ(handler->getTitle(), each.name);
+    ASSERT_NE(handler->getValueInterface(), nullptr) << each.name;
+    EXPECT_EQ(handler->getValueInterface()->getCurrentValueAsString(), each.text);
+    EXPECT_EQ(handler->getValueInterface()->getRange().getMinimumValue(), each.minimum);
+    EXPECT_EQ(handler->getValueInterface()->getRange().getMaximumValue(), each.maximum);
+    EXPECT_FALSE(element.getBounds().isEmpty());
+    EXPECT_TRUE(handler->getCurrentState().isFocusable());
+  }
+  found["mix"]->createAccessibilityHandler()->getValueInterface()->setValue(0.5);
+  EXPECT_EQ(processor.audioUnit().parameter("mix")->value(), 50);
+  found["on"]->createAccessibilityHandler()->getActions().invoke(
+      juce::AccessibilityActionType::toggle);
+  EXPECT_EQ(processor.audioUnit().parameter("on")->value(), 1);
+}
+
+TEST_F(EditorTest, storedBindingsComeBackWithTheSettings) {
+  const std::filesystem::path file =
+      std::filesystem::path(testing::TempDir()) / "orvane-bindings.settings";
+  std::filesystem::remove(file);
+  juce::PropertiesFile::Options options;
+  options.millisecondsBeforeSaving = -1;
+  support::RenderLog unit;
+  {
+    orvane::MidiLearn midi(unit);
+    juce::PropertiesFile settings(juce::File(file.string()), options);
+    const juce_backend::StoredBindings stored(midi, settings);
+    midi.bind("mix", {0xb0, 74});
+  }
+  orvane::MidiLearn midi(unit);
+  juce::PropertiesFile settings(juce::File(file.string()), options);
+  const juce_backend::StoredBindings stored(midi, settings);
+  EXPECT_EQ(midi.bindings(), (orvane::MidiLearn::Bindings{{"mix", {0xb0, 74}}}));
+  midi.removeAll();
+  EXPECT_FALSE(settings.containsKey("midiMap"));
+  std::filesystem::remove(file);
+}
+
 TEST_F(EditorTest, severalEditorsShareTheProcessAndMayCloseInAnyOrder) {
   const orvane::PluginEntry entry = support::renderLogEntry();
   auto firstUnit = entry.makeAudioUnit(), secondUnit = entry.makeAudioUnit();
@@ -120,7 +184,8 @@ TEST(JuceInput, keysKeepTheirMeaning) {
       {KeyPress('C', ModifierKeys::ctrlModifier, 3), Key::character, Modifiers::control, "c"},
       {KeyPress(KeyPress::spaceKey, {}, ' '), Key::space, Modifiers::none, " "},
       {KeyPress(KeyPress::returnKey, {}, '\r'), Key::returnKey, Modifiers::none, ""},
-      {KeyPress(KeyPress::tabKey, ModifierKeys::shiftModifier, '\t'), Key::tab, Modifiers::shift, ""},
+      {KeyPress(KeyPress::tabKey, ModifierKeys::shiftModifier, '\t'), Key::tab, Modifiers::shift,
+       ""},
       {KeyPress(KeyPress::backspaceKey, {}, 8), Key::backspace, Modifiers::none, ""},
       {KeyPress(KeyPress::deleteKey, {}, 127), Key::deleteForward, Modifiers::none, ""},
       {KeyPress(KeyPress::upKey, ModifierKeys::altModifier, 0), Key::up, Modifiers::alt, ""},
@@ -141,9 +206,9 @@ TEST(JuceInput, oneNotchOfTheWheelIsOne) {
 }
 
 TEST(ComputerKeyboard, isLaidOutAsAPiano) {
-  const std::pair<int, int> cases[] = {{'Z', 48}, {'z', 48}, {'S', 49}, {'M', 59}, {',', 60},
-                                       {'Q', 60}, {'2', 61}, {'P', 76}, {'A', -1}, {'1', -1},
-                                       {0, -1},   {0x10000 | 'Z', -1}};
+  const std::pair<int, int> cases[] = {{'Z', 48}, {'z', 48}, {'S', 49}, {'M', 59},
+                                       {',', 60}, {'Q', 60}, {'2', 61}, {'P', 76},
+                                       {'A', -1}, {'1', -1}, {0, -1},   {0x10000 | 'Z', -1}};
   for (const auto& [key, note] : cases)
     EXPECT_EQ(juce_backend::ComputerKeyboard::noteForKey(key), note) << key;
 }

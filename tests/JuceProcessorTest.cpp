@@ -129,6 +129,28 @@ TEST_F(JuceProcessorTest, aStateSurvivesTheWayThroughTheHost) {
   EXPECT_FLOAT_EQ(other.audioUnit().parameter("wave")->value(), 2);
 }
 
+TEST_F(JuceProcessorTest, midiBindingsMoveParametersAndAreKeptWithTheHostsState) {
+  juce::MemoryBlock old, state;
+  processor_.getStateInformation(old);
+  processor_.midiLearn().bind("mix", {0xb0, 74});
+  processor_.getStateInformation(state);
+
+  AudioUnitProcessor other(entry_);
+  other.setStateInformation(state.getData(), static_cast<int>(state.getSize()));
+  EXPECT_EQ(other.midiLearn().bindings(), processor_.midiLearn().bindings());
+  EXPECT_EQ(other.audioUnit().fullState().find("midiMap"), nullptr) << "presets have no bindings";
+  other.setPlayConfigDetails(2, 2, 48000, 64);
+  other.prepareToPlay(48000, 64);
+  juce::AudioBuffer<float> buffer(2, 64);
+  juce::MidiBuffer midi;
+  midi.addEvent(juce::MidiMessage::controllerEvent(1, 74, 127), 3);
+  other.processBlock(buffer, midi);
+  EXPECT_EQ(other.audioUnit().parameter("mix")->value(), 100);
+
+  other.setStateInformation(old.getData(), static_cast<int>(old.getSize()));
+  EXPECT_TRUE(other.midiLearn().bindings().empty());
+}
+
 TEST_F(JuceProcessorTest, factoryPresetsAreProgramsAndARepeatedOneKeepsTheState) {
   ASSERT_EQ(processor_.getNumPrograms(), 2);
   EXPECT_EQ(processor_.getProgramName(1), "Loud");
@@ -147,7 +169,8 @@ TEST_F(JuceProcessorTest, aBlockThatIsTooLongIsRenderedInPartsWithItsNotesInPlac
   EXPECT_EQ(processor_.getLatencySamples(), 32);
   juce::AudioBuffer<float> buffer(2, 150);
   juce::MidiBuffer midi;
-  for (int frame : {0, 63, 64, 149}) midi.addEvent(juce::MidiMessage::noteOn(1, frame / 2, 1.0f), frame);
+  for (int frame : {0, 63, 64, 149})
+    midi.addEvent(juce::MidiMessage::noteOn(1, frame / 2, 1.0f), frame);
   const juce::uint8 sysex[] = {1, 2, 3, 4};
   midi.addEvent(juce::MidiMessage::createSysExMessage(sysex, 4), 10);
   processor_.processBlock(buffer, midi);
@@ -167,6 +190,7 @@ TEST_F(JuceProcessorTest, processingAllocatesNothing) {
   juce::AudioBuffer<float> buffer(2, 128);
   juce::MidiBuffer midi;
   for (int i = 0; i < 100; ++i) midi.addEvent(juce::MidiMessage::noteOn(1, 60, 1.0f), i);
+  processor_.midiLearn().bind("mix", {0x90, 60});
   const support::AllocationCounter counter;
   processor_.processBlock(buffer, midi);
   EXPECT_EQ(counter.count(), 0u);

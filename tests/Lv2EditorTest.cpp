@@ -131,6 +131,24 @@ TEST_F(Lv2EditorTest, TakesTheSoundsStateSilently) {
   EXPECT_THAT(log, IsEmpty());
 }
 
+TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
+  unit.midiLearn().bind("level", {0xb0, 74});
+  EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::state)));
+  EXPECT_THAT(state, testing::HasSubstr("midiMap"));
+  const std::string bound = state;
+  log.clear();
+  soundSends([&](LV2_Atom_Forge& forge) {
+    const std::uint8_t bytes[] = {0xb0, 74, 127};
+    lv2_atom_forge_atom(&forge, sizeof bytes, urids.midiEvent);
+    lv2_atom_forge_write(&forge, bytes, sizeof bytes);
+  });
+  EXPECT_THAT(log, ElementsAre("5=1.000000"));
+
+  lv2_backend::MirrorAudioUnit next(std::make_unique<OddAudioUnit>());
+  next.setStateBesideParameters(bound);
+  EXPECT_EQ(next.midiLearn().bindings(), unit.midiLearn().bindings());
+}
+
 TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
   const auto* value = unit.getOutputValues("cutoff");
   const auto* flag = unit.isModulating("cutoff");

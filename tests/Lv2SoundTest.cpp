@@ -164,9 +164,28 @@ TEST_F(Lv2SoundTest, TakesTheNameOfAPresetWithoutValues) {
   instance.run(8);
   OddAudioUnit named;
   named.setCurrentPreset(0);
-  EXPECT_EQ(instance.restore(lv2_backend::stateBesideParameters(named)), LV2_STATE_SUCCESS);
+  EXPECT_EQ(instance.restore(lv2_backend::stateBesideParameters(named, orvane::MidiLearn(named))),
+            LV2_STATE_SUCCESS);
   EXPECT_THAT(instance.save(), HasSubstr("First"));
   EXPECT_THAT(instance.save(), HasSubstr("<real>0.5</real>"));
+}
+
+TEST_F(Lv2SoundTest, KeepsMidiBindingsInItsStateAndMovesWhatIsBound) {
+  instance.activate();
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  const std::string bound = lv2_backend::stateText(other, midi);
+  EXPECT_EQ(instance.restore(bound), LV2_STATE_SUCCESS);
+  EXPECT_THAT(instance.save(), HasSubstr("midiMap"));
+  instance.run(8);
+  instance.input.midi(0, {0xb0, 74, 127});
+  instance.run(8);
+  EXPECT_THAT(instance.left, Each(1.0f));
+
+  const std::string old = lv2_backend::stateText(other, orvane::MidiLearn(other));
+  EXPECT_EQ(instance.restore(old), LV2_STATE_SUCCESS);
+  EXPECT_THAT(instance.save(), testing::Not(HasSubstr("midiMap")));
 }
 
 TEST_F(Lv2SoundTest, KeepsItsStateWhenWhatIsRestoredIsNone) {
@@ -228,7 +247,8 @@ TEST_F(Lv2SoundTest, TakesThePresetsNameFromTheEditorAndKeepsItsValues) {
   support::OddAudioUnit editorsUnit;
   editorsUnit.setCurrentPreset(5);
   const std::string name = editorsUnit.currentPresetName();
-  const std::string state = lv2_backend::stateBesideParameters(editorsUnit);
+  const std::string state =
+      lv2_backend::stateBesideParameters(editorsUnit, orvane::MidiLearn(editorsUnit));
   send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
   instance.run(8);
   instance.runWorker();

@@ -1,7 +1,8 @@
 orvane_add_tests(examples
   SOURCES
+    AccessibilityTest.cpp
     HaldenDesignTest.cpp
     HaldenDspTest.cpp
     HaldenTest.cpp
     support/AllocationCounter.cpp
-  DEPENDS orvane::halden orvane::toolkit orvane::foundation Threads::Threads)
+  DEPENDS orvane::halden orvane::headless orvane::toolkit orvane::foundation Threads::Threads)

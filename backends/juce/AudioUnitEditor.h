@@ -16,6 +16,7 @@ class AudioUnitEditor : public juce::AudioProcessorEditor {
   static constexpr int minimumHeight = 320;
 
   explicit AudioUnitEditor(AudioUnitProcessor& processor);
+  ~AudioUnitEditor() override;
 
   EditorComponent& content() { return content_; }
   void resized() override;

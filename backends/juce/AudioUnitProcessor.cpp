@@ -12,6 +12,8 @@ namespace {
 constexpr std::size_t maximumMidiEvents = 4096;
 // How often changes that other threads made reach the host.
 constexpr int reportsPerSecond = 30;
+/// The entry of the state that the audio unit knows nothing of.
+constexpr const char* midiMapEntry = "midiMap";
 
 juce::AudioChannelSet channelSet(int channels) {
   return juce::AudioChannelSet::canonicalChannelSet(channels);
@@ -31,6 +33,9 @@ AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry,
   inputs_.resize(static_cast<std::size_t>(audioUnit_->inputChannels()));
   outputs_.resize(static_cast<std::size_t>(audioUnit_->outputChannels()));
   addParameters();
+  midiLearn_.bindingsChanged = [this] {
+    updateHostDisplay(ChangeDetails().withNonParameterStateChanged(true));
+  };
   startTimerHz(reportsPerSecond);
 }
 
@@ -80,6 +85,7 @@ void AudioUnitProcessor::addParameters() {
 
 void AudioUnitProcessor::timerCallback() {
   for (AudioUnitParameter* parameter : parameters_) parameter->reportPendingChange();
+  midiLearn_.poll();
   const int program = pendingProgram_.exchange(-1);
   if (program >= 0) setCurrentProgram(program);
 }
@@ -142,6 +148,9 @@ void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::Mi
 
   const auto frames = static_cast<std::uint32_t>(buffer.getNumSamples());
   const std::size_t eventCount = acceptsMidi() ? collectMidi(midi) : 0;
+  if (hearsBlocks_.load(std::memory_order_relaxed))
+    for (std::size_t i = 0; i < eventCount; ++i)
+      midiLearn_.receive({midiEvents_[i].bytes, midiEvents_[i].size});
   platform::HostTransport now = transport();
   std::size_t nextEvent = 0;
   // Some hosts bring more than they announced.
@@ -157,11 +166,8 @@ void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::Mi
       inputs_[i] = buffer.getReadPointer(static_cast<int>(i), static_cast<int>(start));
     for (std::size_t i = 0; i < outputs_.size(); ++i)
       outputs_[i] = buffer.getWritePointer(static_cast<int>(i), static_cast<int>(start));
-    audioUnit_->render({inputs_,
-                        outputs_,
-                        count,
-                        {midiEvents_.data() + firstEvent, nextEvent - firstEvent},
-                        now});
+    audioUnit_->render(
+        {inputs_, outputs_, count, {midiEvents_.data() + firstEvent, nextEvent - firstEvent}, now});
     now.beatPosition += now.isPlaying ? count / getSampleRate() * now.tempo / 60 : 0;
   }
   for (std::size_t i = outputs_.size(); i < channels; ++i)
@@ -205,20 +211,26 @@ const juce::String AudioUnitProcessor::getProgramName(int index) {
 }
 
 void AudioUnitProcessor::getStateInformation(juce::MemoryBlock& state) {
-  const std::string xml = platform::writeXmlPropertyList(audioUnit_->fullState());
+  platform::PropertyList whole = audioUnit_->fullState();
+  auto* entries = whole.as<platform::PropertyList::Dictionary>();
+  if (entries && !midiLearn_.bindings().empty()) (*entries)[midiMapEntry] = midiLearn_.state();
+  const std::string xml = platform::writeXmlPropertyList(whole);
   state.replaceAll(xml.data(), xml.size());
 }
 
 void AudioUnitProcessor::setStateInformation(const void* data, int size) {
   if (!data || size <= 0) return;
   std::string error;
-  const auto state = platform::parsePropertyList(
+  auto state = platform::parsePropertyList(
       {static_cast<const std::uint8_t*>(data), static_cast<std::size_t>(size)}, error);
-  if (state)
-    audioUnit_->setFullState(*state);
-  else
+  if (!state) {
     std::fprintf(stderr, "%s: the host's state cannot be read: %s\n", entry_.name.c_str(),
                  error.c_str());
+    return;
+  }
+  midiLearn_.setState(state->find(midiMapEntry));
+  if (auto* entries = state->as<platform::PropertyList::Dictionary>()) entries->erase(midiMapEntry);
+  audioUnit_->setFullState(*state);
 }
 
 }  // namespace juce_backend

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "Orvane/MidiLearn.h"
 #include "Orvane/PluginEntry.h"
 #include "backends/juce/AudioUnitParameter.h"
 
@@ -21,6 +22,10 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
 
   platform::AudioUnit& audioUnit() { return *audioUnit_; }
   const orvane::PluginEntry& entry() const { return entry_; }
+  /// Hears the MIDI of every block; its bindings are part of the state.
+  orvane::MidiLearn& midiLearn() { return midiLearn_; }
+  /// False once somebody else brings midiLearn() its messages, sooner than with a block.
+  void setHearsBlocks(bool hears) { hearsBlocks_ = hears; }
   /// Size that the editor had last, in points; where the next one starts.
   juce::Point<int> editorSize;
 
@@ -58,6 +63,8 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
 
   const orvane::PluginEntry& entry_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
+  orvane::MidiLearn midiLearn_{*audioUnit_};
+  std::atomic<bool> hearsBlocks_{true};
   /// Owned by the base class.
   std::vector<AudioUnitParameter*> parameters_;
   std::unordered_map<platform::AUParameterAddress, AudioUnitParameter*> parametersByAddress_;

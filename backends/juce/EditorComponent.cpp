@@ -36,6 +36,8 @@ EditorComponent::EditorComponent(const ControllerFactory& makeController)
     : controller_(makeController()) {
   setOpaque(true);
   setWantsKeyboardFocus(true);
+  // Of screen readers; the keyboard is the window's business.
+  setFocusContainerType(FocusContainerType::focusContainer);
   host_.addChild(*controller_);
   window_.setRootViewController(&host_);
   host_.view().addSubview(controller_->view());
@@ -69,6 +71,17 @@ void EditorComponent::updateShowing() {
   }
 }
 
+AccessibleEditor& EditorComponent::accessibleEditor() {
+  if (!accessibleEditor_)
+    accessibleEditor_ = std::make_unique<AccessibleEditor>(*this, host_.view());
+  return *accessibleEditor_;
+}
+
+std::unique_ptr<juce::AccessibilityHandler> EditorComponent::createAccessibilityHandler() {
+  accessibleEditor();
+  return std::make_unique<juce::AccessibilityHandler>(*this, juce::AccessibilityRole::group);
+}
+
 void EditorComponent::resized() {
   const platform::Size size{static_cast<double>(getWidth()), static_cast<double>(getHeight())};
   window_.setSize(size);
@@ -96,6 +109,7 @@ void EditorComponent::displayFrame() {
   }
   const std::vector<platform::Rect> damage = window_.prepareFrame();
   if (damage.empty()) return;
+  if (accessibleEditor_) accessibleEditor_->look();
   for (const platform::Rect& area : damage) {
     // Lines and glyphs are moved by up to half a pixel.
     const platform::Rect grown = area.inset(-1 / scale_, -1 / scale_);
@@ -155,6 +169,10 @@ void EditorComponent::copy(juce::Graphics& graphics, juce::Rectangle<int> part) 
 }
 
 void EditorComponent::mouseDown(const juce::MouseEvent& event) {
+  if (event.mods.isPopupMenu() && menu) {
+    menu().showMenuAsync(juce::PopupMenu::Options().withParentComponent(this).withMousePosition());
+    return;
+  }
   // The other buttons mean nothing to an editor made for fingers.
   if (!event.mods.isLeftButtonDown()) return;
   const int id = touchId(event.source);

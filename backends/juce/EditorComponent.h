@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Orvane/PluginEntry.h"
+#include "backends/juce/AccessibleEditor.h"
 #include "backends/juce/FontBook.h"
 #include "backends/juce/JuceRunLoop.h"
 #include "platform/Window.h"
@@ -40,6 +41,12 @@ class EditorComponent : public juce::Component,
 
   platform::ViewController& controller() { return *controller_; }
   platform::Window& window() { return window_; }
+  /// Makes the menu of the right mouse button; without it there is none.
+  std::function<juce::PopupMenu()> menu;
+
+  /// What assistive technology finds in it; made when it is asked for first.
+  AccessibleEditor& accessibleEditor();
+  std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
   void paint(juce::Graphics& graphics) override;
   void resized() override;
@@ -78,6 +85,7 @@ class EditorComponent : public juce::Component,
   }
   std::string clipboardText() override;
   void setClipboardText(const std::string& text) override;
+  double now() const override { return platform::RunLoop::main().now(); }
   void displayFrame() override;
   void updateShowing();
   /// Makes the picture anew for this scale, with all that has to be shown.
@@ -102,6 +110,7 @@ class EditorComponent : public juce::Component,
   /// In points: what has been repainted since the last copy.
   juce::RectangleList<int> toCopy_;
   std::set<int> touches_;
+  std::unique_ptr<AccessibleEditor> accessibleEditor_;
   ShowingWatcher showingWatcher_{*this};
 };
 

@@ -9,6 +9,7 @@
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StandaloneSound.h"
 #include "backends/juce/StandaloneWindow.h"
+#include "backends/juce/StoredBindings.h"
 
 namespace juce_backend {
 namespace {
@@ -42,6 +43,12 @@ juce::File settingsFile(const orvane::PluginEntry& entry, const StandaloneOption
   return folder.getChildFile(text(entry.identifier) + ".settings");
 }
 
+juce::PropertiesFile::Options settingsOptions() {
+  juce::PropertiesFile::Options options;
+  options.millisecondsBeforeSaving = -1;
+  return options;
+}
+
 /// The program around one plug-in. Being a JUCE application, and not only using its message loop,
 /// brings the display's scale factor and tolerance of what window managers lack.
 class StandaloneApplication : public juce::JUCEApplication {
@@ -60,10 +67,12 @@ class StandaloneApplication : public juce::JUCEApplication {
   void initialise(const juce::String&) override {
     const orvane::PluginEntry& entry = launch->entry;
     processor_ = std::make_unique<AudioUnitProcessor>(entry);
+    settings_ = std::make_unique<juce::PropertiesFile>(settingsFile(entry, launch->options),
+                                                       settingsOptions());
+    bindings_ = std::make_unique<StoredBindings>(processor_->midiLearn(), *settings_);
     sound_ = std::make_unique<StandaloneSound>(*processor_);
     if (sound_->problem().isNotEmpty())
-      std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(),
-                   sound_->problem().toRawUTF8());
+      std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(), sound_->problem().toRawUTF8());
 
     editor_ = std::make_unique<EditorComponent>([&] {
       std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
@@ -71,22 +80,29 @@ class StandaloneApplication : public juce::JUCEApplication {
       controller->setAudioUnit(&processor_->audioUnit());
       return controller;
     });
+    processor_->midiLearn().setEditor(
+        dynamic_cast<orvane::KestroAUViewController*>(&editor_->controller()));
     editor_->setSize(static_cast<int>(entry.preferredSize.width),
                      static_cast<int>(entry.preferredSize.height));
     window_ = std::make_unique<StandaloneWindow>(
-        text(entry.name), *editor_, settingsFile(entry, launch->options),
+        text(entry.name), *editor_, *settings_, processor_->midiLearn(),
         [this](const juce::MidiMessage& message) { sound_->play(message); });
   }
 
   void shutdown() override {
     window_.reset();
+    processor_->midiLearn().setEditor(nullptr);
     editor_.reset();
     sound_.reset();
+    bindings_.reset();
+    settings_.reset();
     processor_.reset();
   }
 
  private:
   std::unique_ptr<AudioUnitProcessor> processor_;
+  std::unique_ptr<juce::PropertiesFile> settings_;
+  std::unique_ptr<StoredBindings> bindings_;
   std::unique_ptr<StandaloneSound> sound_;
   std::unique_ptr<EditorComponent> editor_;
   std::unique_ptr<StandaloneWindow> window_;

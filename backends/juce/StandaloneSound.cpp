@@ -7,7 +7,7 @@ constexpr int midiSearchPeriod = 2000;
 
 }  // namespace
 
-StandaloneSound::StandaloneSound(AudioUnitProcessor& processor) {
+StandaloneSound::StandaloneSound(AudioUnitProcessor& processor) : processor_(processor) {
   const platform::AudioUnit& audioUnit = processor.audioUnit();
   // An instrument that opened the microphone would only ask for trouble.
   const int inputs = audioUnit.acceptsMidi() ? 0 : audioUnit.inputChannels();
@@ -16,12 +16,15 @@ StandaloneSound::StandaloneSound(AudioUnitProcessor& processor) {
   player_.setProcessor(&processor);
   devices_.addAudioCallback(&player_);
   devices_.addMidiInputDeviceCallback({}, &player_);
+  processor.setHearsBlocks(false);
+  devices_.addMidiInputDeviceCallback({}, this);
   openMidiInputs();
   startTimer(midiSearchPeriod);
 }
 
 StandaloneSound::~StandaloneSound() {
   stopTimer();
+  devices_.removeMidiInputDeviceCallback({}, this);
   devices_.removeMidiInputDeviceCallback({}, &player_);
   devices_.removeAudioCallback(&player_);
   devices_.closeAudioDevice();
@@ -34,6 +37,12 @@ void StandaloneSound::play(const juce::MidiMessage& message) {
   juce::MidiMessage timed = message;
   timed.setTimeStamp(juce::Time::getMillisecondCounterHiRes() * 0.001);
   player_.getMidiMessageCollector().addMessageToQueue(timed);
+}
+
+void StandaloneSound::handleIncomingMidiMessage(juce::MidiInput*,
+                                                const juce::MidiMessage& message) {
+  processor_.midiLearn().receive(
+      {message.getRawData(), static_cast<std::size_t>(message.getRawDataSize())});
 }
 
 void StandaloneSound::timerCallback() { openMidiInputs(); }

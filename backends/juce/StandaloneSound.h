@@ -8,8 +8,8 @@
 namespace juce_backend {
 
 /// Plays a processor on the default sound device and hears every MIDI input there is, also those
-/// that are plugged in later. Without a device all is silent. `processor` outlives it.
-class StandaloneSound : private juce::Timer {
+/// that are plugged in later; what is bound to MIDI moves with or without sound. Without a device all is silent. `processor` outlives it.
+class StandaloneSound : private juce::Timer, private juce::MidiInputCallback {
  public:
   explicit StandaloneSound(AudioUnitProcessor& processor);
   ~StandaloneSound() override;
@@ -21,8 +21,11 @@ class StandaloneSound : private juce::Timer {
 
  private:
   void timerCallback() override;
+  /// On a thread of the MIDI device.
+  void handleIncomingMidiMessage(juce::MidiInput*, const juce::MidiMessage& message) override;
   void openMidiInputs();
 
+  AudioUnitProcessor& processor_;
   juce::AudioDeviceManager devices_;
   juce::AudioProcessorPlayer player_;
   juce::String problem_;

@@ -1,6 +1,8 @@
 #include "backends/juce/StandaloneWindow.h"
 
+#include "KestroUI/Theme.h"
 #include "backends/juce/AudioUnitEditor.h"
+#include "backends/juce/MidiLearnMenu.h"
 
 namespace juce_backend {
 namespace {
@@ -9,28 +11,42 @@ constexpr int maximumSide = 8192;
 constexpr const char* widthKey = "windowWidth";
 constexpr const char* heightKey = "windowHeight";
 
-juce::PropertiesFile::Options settingsOptions() {
-  juce::PropertiesFile::Options options;
-  options.millisecondsBeforeSaving = -1;
-  return options;
+constexpr int menuHeight = 24;
+
+juce::Colour colour(platform::Color color) {
+  return juce::Colour::fromFloatRGBA(color.red, color.green, color.blue, color.alpha);
+}
+
+/// The menus' look: the editor's own.
+juce::LookAndFeel_V4::ColourScheme scheme() {
+  namespace Theme = kestroui::Theme;
+  return {colour(Theme::background), colour(Theme::panel),   colour(Theme::menu),
+          colour(Theme::line),       colour(Theme::text),    colour(Theme::surface),
+          colour(Theme::text),       colour(Theme::surface), colour(Theme::text)};
 }
 
 }  // namespace
 
 StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& editor,
-                                   const juce::File& settings,
+                                   juce::PropertiesFile& settings, orvane::MidiLearn& midiLearn,
                                    std::function<void(const juce::MidiMessage&)> playNote)
     : juce::DocumentWindow(title, juce::Colours::black,
                            juce::DocumentWindow::minimiseButton |
                                juce::DocumentWindow::maximiseButton |
                                juce::DocumentWindow::closeButton),
+      look_(scheme()),
       keyboard_(std::move(playNote)),
-      settings_(settings, settingsOptions()) {
+      settings_(settings),
+      midiLearn_(midiLearn) {
+  setLookAndFeel(&look_);
   setUsingNativeTitleBar(true);
+  setMenuBar(this, menuHeight);
+  midiLearn_.learningChanged = [this] { menuItemsChanged(); };
   setResizable(true, false);
-  setResizeLimits(AudioUnitEditor::minimumWidth, AudioUnitEditor::minimumHeight, maximumSide,
-                  maximumSide);
+  setResizeLimits(AudioUnitEditor::minimumWidth, AudioUnitEditor::minimumHeight + menuHeight,
+                  maximumSide, maximumSide);
   setContentNonOwned(&editor, true);
+  editor.menu = [this] { return midiLearnMenu(midiLearn_); };
 
   const juce::Rectangle<int> screen =
       juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()
@@ -38,11 +54,12 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
           : juce::Rectangle<int>(editor.getWidth(), editor.getHeight());
   const int width = settings_.getIntValue(widthKey, editor.getWidth());
   const int height = settings_.getIntValue(heightKey, editor.getHeight());
-  centreWithSize(juce::jlimit(AudioUnitEditor::minimumWidth,
-                              juce::jmax(AudioUnitEditor::minimumWidth, screen.getWidth()), width),
-                 juce::jlimit(AudioUnitEditor::minimumHeight,
-                              juce::jmax(AudioUnitEditor::minimumHeight, screen.getHeight()),
-                              height));
+  centreWithSize(
+      juce::jlimit(AudioUnitEditor::minimumWidth,
+                   juce::jmax(AudioUnitEditor::minimumWidth, screen.getWidth()), width),
+      juce::jlimit(AudioUnitEditor::minimumHeight,
+                   juce::jmax(AudioUnitEditor::minimumHeight, screen.getHeight()), height) +
+          menuHeight);
   setVisible(true);
   editor.grabKeyboardFocus();
 }
@@ -54,19 +71,31 @@ StandaloneWindow::~StandaloneWindow() {
     settings_.setValue(heightKey, getContentComponent()->getHeight());
     settings_.save();
   }
+  midiLearn_.learningChanged = nullptr;
+  static_cast<EditorComponent*>(getContentComponent())->menu = nullptr;
+  setMenuBar(nullptr);
   clearContentComponent();
+  setLookAndFeel(nullptr);
 }
 
-void StandaloneWindow::closeButtonPressed() {
-  juce::JUCEApplicationBase::quit();
-}
+void StandaloneWindow::closeButtonPressed() { juce::JUCEApplicationBase::quit(); }
 
 void StandaloneWindow::activeWindowStatusChanged() {
   juce::DocumentWindow::activeWindowStatusChanged();
   if (!isActiveWindow()) keyboard_.releaseAll();
 }
 
-bool StandaloneWindow::keyPressed(const juce::KeyPress& key) { return keyboard_.keyPressed(key); }
+juce::PopupMenu StandaloneWindow::getMenuForIndex(int, const juce::String&) {
+  return midiLearnMenu(midiLearn_);
+}
+
+bool StandaloneWindow::keyPressed(const juce::KeyPress& key) {
+  if (key == juce::KeyPress::escapeKey && midiLearn_.isLearning()) {
+    midiLearn_.setLearning(false);
+    return true;
+  }
+  return keyboard_.keyPressed(key);
+}
 
 bool StandaloneWindow::keyStateChanged(bool) { return keyboard_.keyStateChanged(); }
 

@@ -5,17 +5,19 @@
 
 #include <functional>
 
+#include "Orvane/MidiLearn.h"
 #include "backends/juce/ComputerKeyboard.h"
 #include "backends/juce/EditorComponent.h"
 
 namespace juce_backend {
 
-/// The window of a stand-alone plug-in: its editor under a title, as large as it was last time.
-/// Keys that the editor does not use play notes. `editor` outlives it.
-class StandaloneWindow : public juce::DocumentWindow {
+/// The window of a stand-alone plug-in: its editor under a title and a menu, as large as it was last
+/// time. Keys that the editor does not use play notes, but for Escape, which ends MIDI learn. What
+/// it is given outlives it.
+class StandaloneWindow : public juce::DocumentWindow, private juce::MenuBarModel {
  public:
   StandaloneWindow(const juce::String& title, EditorComponent& editor,
-                   const juce::File& settings,
+                   juce::PropertiesFile& settings, orvane::MidiLearn& midiLearn,
                    std::function<void(const juce::MidiMessage&)> playNote);
   ~StandaloneWindow() override;
 
@@ -25,8 +27,14 @@ class StandaloneWindow : public juce::DocumentWindow {
   bool keyStateChanged(bool isKeyDown) override;
 
  private:
+  juce::StringArray getMenuBarNames() override { return {"MIDI"}; }
+  juce::PopupMenu getMenuForIndex(int index, const juce::String& name) override;
+  void menuItemSelected(int, int) override {}
+
+  juce::LookAndFeel_V4 look_;
   ComputerKeyboard keyboard_;
-  juce::PropertiesFile settings_;
+  juce::PropertiesFile& settings_;
+  orvane::MidiLearn& midiLearn_;
 };
 
 }  // namespace juce_backend

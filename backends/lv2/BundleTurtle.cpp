@@ -160,7 +160,7 @@ std::string BundleTurtle::presets() {
     if (!preset.bank.empty()) text += " ;\n\tpset:bank " + bankAddresses[preset.bank];
     // With the name, so that an editor shows which preset the host has loaded.
     text += " ;\n\tstate:state [ " + address(uri::state) + " " +
-            turtleString(stateBesideParameters(*audioUnit_)) + " ]";
+            turtleString(stateBesideParameters(*audioUnit_, orvane::MidiLearn(*audioUnit_))) + " ]";
     const char* separator = " ;\n\tlv2:port ";
     for (const ParameterPort& port : layout_.parameters()) {
       if (port.isOutput) continue;

@@ -3,7 +3,9 @@
 #include <cmath>
 #include <utility>
 
+#include "Orvane/KestroAUViewController.h"
 #include "backends/juce/AudioUnitEditor.h"
+#include "backends/juce/MidiLearnMenu.h"
 
 namespace juce {
 // Not declared in any header; JUCE's own formats declare it in the same way.
@@ -31,6 +33,9 @@ EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHos
       ports_(audioUnit_, host),
       editor_(entry, audioUnit_),
       frame_(editor_, hostWindow_) {
+  audioUnit_.midiLearn().setEditor(
+      dynamic_cast<orvane::KestroAUViewController*>(&editor_.controller()));
+  editor_.menu = [this] { return juce_backend::midiLearnMenu(audioUnit_.midiLearn()); };
   frame_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
   resize(static_cast<int>(std::lround(entry.preferredSize.width * place.scale)),
          static_cast<int>(std::lround(entry.preferredSize.height * place.scale)));
@@ -45,6 +50,7 @@ EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHos
 
 EditorInstance::~EditorInstance() {
   enter();
+  audioUnit_.midiLearn().setEditor(nullptr);
   frame_.removeFromDesktop();
 }
 

@@ -1,5 +1,6 @@
 #include "backends/lv2/EditorLink.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "backends/lv2/PluginState.h"
@@ -16,9 +17,11 @@ constexpr double displayRate = 60;
 
 }  // namespace
 
-EditorLink::EditorLink(platform::AudioUnit& audioUnit, const Urids& urids, const LV2_URID_Map& map,
+EditorLink::EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLearn,
+                       const Urids& urids, const LV2_URID_Map& map,
                        const LV2_Worker_Schedule* schedule, std::mutex& access, double sampleRate)
     : audioUnit_(audioUnit),
+      midiLearn_(midiLearn),
       urids_(urids),
       schedule_(schedule),
       access_(access),
@@ -67,6 +70,13 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
   }
 }
 
+void EditorLink::receiveMidi(const std::uint8_t* bytes, std::uint32_t size) {
+  if (midiCount_ == midi_.size() || size < 1 || size > sizeof(ShortMessage::bytes)) return;
+  ShortMessage& message = midi_[midiCount_++];
+  std::copy_n(bytes, size, message.bytes);
+  message.size = size;
+}
+
 void EditorLink::work(std::string_view request) {
   if (request == std::string_view(&opened, 1)) {
     const std::lock_guard lock(access_);
@@ -86,7 +96,7 @@ void EditorLink::work(std::string_view request) {
 
 void EditorLink::setState(std::string_view text) {
   const std::lock_guard lock(access_);
-  if (!lv2_backend::setState(audioUnit_, text)) return;
+  if (!lv2_backend::setState(audioUnit_, midiLearn_, text)) return;
   // Values that the audio thread set meanwhile are lost; the ports still have them.
   stateSet_.store(true, std::memory_order_release);
 }
@@ -99,7 +109,7 @@ void EditorLink::stateRestored() {
 void EditorLink::sendState() {
   freeSent();
   auto next = std::make_unique<Outgoing>();
-  next->text = stateBesideParameters(audioUnit_);
+  next->text = stateBesideParameters(audioUnit_, midiLearn_);
   if (next->text.size() <= stateCapacity) delete outgoing_.exchange(next.release());
 }
 
@@ -112,16 +122,31 @@ void EditorLink::writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames) {
   const std::uint32_t capacity = port.atom.size;
   lv2_atom_forge_set_buffer(&forge_, reinterpret_cast<std::uint8_t*>(&port), capacity);
   LV2_Atom_Forge_Frame frame;
-  if (!lv2_atom_forge_sequence_head(&forge_, &frame, 0)) return;
+  if (!lv2_atom_forge_sequence_head(&forge_, &frame, 0)) {
+    midiCount_ = 0;
+    return;
+  }
   if (isOpen_.load(std::memory_order_acquire)) {
     writeState(capacity - forge_.offset);
+    writeMidi(capacity);
     sinceLive_ += frames;
     if (sinceLive_ >= livePeriod_) {
       sinceLive_ = 0;
       writeLive(capacity - forge_.offset);
     }
   }
+  midiCount_ = 0;
   lv2_atom_forge_pop(&forge_, &frame);
+}
+
+void EditorLink::writeMidi(std::uint32_t capacity) {
+  // The time, the atom's head and the bytes, padded.
+  constexpr std::uint32_t eventSize = 24;
+  for (std::size_t i = 0; i < midiCount_ && capacity - forge_.offset >= eventSize; ++i) {
+    lv2_atom_forge_frame_time(&forge_, 0);
+    lv2_atom_forge_atom(&forge_, midi_[i].size, urids_.midiEvent);
+    lv2_atom_forge_write(&forge_, midi_[i].bytes, midi_[i].size);
+  }
 }
 
 void EditorLink::writeState(std::uint32_t room) {

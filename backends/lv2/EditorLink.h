@@ -4,7 +4,9 @@
 #include <lv2/atom/forge.h>
 #include <lv2/worker/worker.h>
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -12,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Orvane/MidiLearn.h"
 #include "backends/lv2/EditorMessages.h"
 #include "backends/lv2/Urids.h"
 #include "platform/AudioUnit.h"
@@ -25,9 +28,10 @@ class EditorLink {
   /// The longest state in bytes that is passed on, either way.
   static constexpr std::size_t stateCapacity = 32768;
 
-  /// `schedule` may be null. `access` is held while the audio unit's state is read or set.
-  EditorLink(platform::AudioUnit& audioUnit, const Urids& urids, const LV2_URID_Map& map,
-             const LV2_Worker_Schedule* schedule, std::mutex& access, double sampleRate);
+  /// `schedule` may be null. `access` is held while the state, bindings included, is read or set.
+  EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLearn, const Urids& urids,
+             const LV2_URID_Map& map, const LV2_Worker_Schedule* schedule, std::mutex& access,
+             double sampleRate);
   ~EditorLink();
   EditorLink(const EditorLink&) = delete;
   EditorLink& operator=(const EditorLink&) = delete;
@@ -35,6 +39,9 @@ class EditorLink {
   // Audio thread
 
   void receive(const LV2_Atom_Object& object);
+  /// Passes a MIDI message of this cycle on to an editor that is open, which may wait for one; what
+  /// does not fit is lost.
+  void receiveMidi(const std::uint8_t* bytes, std::uint32_t size);
   /// Fills the port of messages to the editor for a cycle of `frames`; its size says its room.
   void writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames);
   /// Whether the editor's state was set since the last call.
@@ -60,8 +67,10 @@ class EditorLink {
   void freeSent();
   void writeState(std::uint32_t room);
   void writeLive(std::uint32_t room);
+  void writeMidi(std::uint32_t capacity);
 
   platform::AudioUnit& audioUnit_;
+  orvane::MidiLearn& midiLearn_;
   const Urids& urids_;
   const LV2_Worker_Schedule* schedule_;
   std::mutex& access_;
@@ -77,6 +86,14 @@ class EditorLink {
 
   std::atomic<Outgoing*> outgoing_{nullptr};
   std::atomic<Outgoing*> sent_{nullptr};
+
+  struct ShortMessage {
+    std::uint8_t bytes[3];
+    std::uint32_t size;
+  };
+  static constexpr std::size_t midiCapacity = 64;
+  std::array<ShortMessage, midiCapacity> midi_{};
+  std::size_t midiCount_ = 0;
 
   LiveParameters live_;
   std::vector<float> values_, sentValues_;

@@ -9,6 +9,9 @@ namespace lv2_backend {
 
 MirrorAudioUnit::MirrorAudioUnit(std::unique_ptr<platform::AudioUnit> audioUnit)
     : unit_(std::move(audioUnit)) {
+  midiLearn_.bindingsChanged = [this] {
+    if (stateObserver_) stateObserver_();
+  };
   const auto& parameters = unit_->parameterTree().allParameters();
   const LiveParameters published(*unit_);
   for (const LiveParameters::Source& source : published.sources()) {
@@ -33,10 +36,12 @@ void MirrorAudioUnit::showLive(std::span<const float> values,
 }
 
 std::string MirrorAudioUnit::stateBesideParameters() const {
-  return lv2_backend::stateBesideParameters(*unit_);
+  return lv2_backend::stateBesideParameters(*unit_, midiLearn_);
 }
 
-void MirrorAudioUnit::setStateBesideParameters(std::string_view text) { setState(*unit_, text); }
+void MirrorAudioUnit::setStateBesideParameters(std::string_view text) {
+  setState(*unit_, midiLearn_, text);
+}
 
 const std::atomic<float>* MirrorAudioUnit::getOutputValues(std::string_view key) const {
   const auto entry = liveOfKey_.find(key);

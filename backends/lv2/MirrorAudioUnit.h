@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Orvane/MidiLearn.h"
 #include "platform/AudioUnit.h"
 
 namespace lv2_backend {
@@ -22,7 +23,9 @@ class MirrorAudioUnit : public platform::AudioUnit {
   explicit MirrorAudioUnit(std::unique_ptr<platform::AudioUnit> audioUnit);
   ~MirrorAudioUnit() override;
 
-  /// Called after the editor has set the state or loaded a preset. Parameters have told their
+  /// The editor's end of MIDI learn; the bindings are part of the state beside the parameters.
+  orvane::MidiLearn& midiLearn() { return midiLearn_; }
+  /// Called after the editor has set the state, a preset or a MIDI binding. Parameters have told their
   /// observers by then.
   void setStateObserver(std::function<void()> observer) { stateObserver_ = std::move(observer); }
   /// What the sound has published, in the order of LiveParameters; of another length, it is
@@ -82,6 +85,7 @@ class MirrorAudioUnit : public platform::AudioUnit {
   };
 
   std::unique_ptr<platform::AudioUnit> unit_;
+  orvane::MidiLearn midiLearn_{*unit_};
   std::function<void()> stateObserver_;
   /// In the order of LiveParameters.
   std::vector<std::unique_ptr<Live>> live_;

@@ -15,6 +15,9 @@ using platform::PropertyList;
 using quillon::parametersEntry;
 using quillon::unfolded;
 
+/// The entry that the audio unit knows nothing of.
+constexpr const char* midiMapEntry = "midiMap";
+
 std::optional<PropertyList> parse(std::string_view text) {
   std::string error;
   auto list = platform::parsePropertyList(
@@ -23,22 +26,32 @@ std::optional<PropertyList> parse(std::string_view text) {
   return list;
 }
 
-}  // namespace
-
-std::string stateText(const platform::AudioUnit& audioUnit) {
-  return platform::writeXmlPropertyList(unfolded(audioUnit.fullState()));
+PropertyList wholeState(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi) {
+  PropertyList state = unfolded(audioUnit.fullState());
+  auto* entries = state.as<PropertyList::Dictionary>();
+  if (entries && !midi.bindings().empty()) (*entries)[midiMapEntry] = midi.state();
+  return state;
 }
 
-std::string stateBesideParameters(const platform::AudioUnit& audioUnit) {
-  PropertyList state = unfolded(audioUnit.fullState());
+}  // namespace
+
+std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi) {
+  return platform::writeXmlPropertyList(wholeState(audioUnit, midi));
+}
+
+std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
+                                  const orvane::MidiLearn& midi) {
+  PropertyList state = wholeState(audioUnit, midi);
   if (auto* entries = state.as<PropertyList::Dictionary>()) entries->erase(parametersEntry);
   return platform::writeXmlPropertyList(state);
 }
 
-bool setState(platform::AudioUnit& audioUnit, std::string_view text) {
+bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text) {
   auto list = parse(text);
   auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
+  midi.setState(list->find(midiMapEntry));
+  entries->erase(midiMapEntry);
   if (!entries->count(parametersEntry)) {
     const PropertyList current = unfolded(audioUnit.fullState());
     if (const PropertyList* parameters = current.find(parametersEntry))

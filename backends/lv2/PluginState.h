@@ -3,18 +3,21 @@
 #include <string>
 #include <string_view>
 
+#include "Orvane/MidiLearn.h"
 #include "platform/AudioUnit.h"
 
 namespace lv2_backend {
 
-// The state of an audio unit as the text of an XML property list, which is how LV2 hosts store it
+// The state of an audio unit and its MIDI bindings as the text of an XML property list, which is how LV2 hosts store it
 // and how the sound and the editor pass it on.
 
-std::string stateText(const platform::AudioUnit& audioUnit);
+std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi);
 /// Without the values of the parameters, which are the ports' business.
-std::string stateBesideParameters(const platform::AudioUnit& audioUnit);
-/// Sets what either of them holds; without values, the parameters keep theirs. False when `text` is
+std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
+                                  const orvane::MidiLearn& midi);
+/// Sets what either of them holds; without values, the parameters keep theirs; without bindings
+/// there are none. False when `text` is
 /// no such state; then nothing has changed.
-bool setState(platform::AudioUnit& audioUnit, std::string_view text);
+bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text);
 
 }  // namespace lv2_backend

@@ -62,6 +62,12 @@ void PortMirror::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t
     return;
   }
   const auto* atom = static_cast<const LV2_Atom*>(data);
+  if (port == layout_.notify() && format == urids_.atomEventTransfer && size >= sizeof(LV2_Atom) &&
+      atom->type == urids_.midiEvent && atom->size <= size - sizeof(LV2_Atom)) {
+    audioUnit_.midiLearn().receive({reinterpret_cast<const std::uint8_t*>(atom + 1), atom->size});
+    audioUnit_.midiLearn().poll();
+    return;
+  }
   if (port != layout_.notify() || format != urids_.atomEventTransfer ||
       size < sizeof(LV2_Atom_Object) || atom->size > size - sizeof(LV2_Atom) ||
       atom->size < sizeof(LV2_Atom_Object_Body) ||

@@ -43,7 +43,7 @@ SoundInstance::SoundInstance(const orvane::PluginEntry& entry, double sampleRate
       sampleRate_(sampleRate),
       layout_(*audioUnit_),
       renderer_(*audioUnit_, urids_, sampleRate, maximumFrames(features, urids_)),
-      link_(*audioUnit_, urids_, map_,
+      link_(*audioUnit_, midiLearn_, urids_, map_,
             findFeature<LV2_Worker_Schedule>(features, LV2_WORKER__schedule), access_, sampleRate),
       controls_(layout_.parameters().size()),
       lastValues_(controls_.size(), std::numeric_limits<float>::quiet_NaN()) {}
@@ -102,7 +102,10 @@ void SoundInstance::readEvents() {
   LV2_ATOM_SEQUENCE_FOREACH(control_, event) {
     const std::int64_t frame = event->time.frames;
     if (event->body.type == urids_.midiEvent) {
-      renderer_.midi(frame, reinterpret_cast<const std::uint8_t*>(event + 1), event->body.size);
+      const auto* bytes = reinterpret_cast<const std::uint8_t*>(event + 1);
+      renderer_.midi(frame, bytes, event->body.size);
+      midiLearn_.receive({bytes, event->body.size});
+      link_.receiveMidi(bytes, event->body.size);
     } else if (event->body.type == urids_.atomObject || event->body.type == urids_.atomBlank) {
       const auto& object = reinterpret_cast<const LV2_Atom_Object&>(event->body);
       if (object.body.otype == urids_.timePosition) {
@@ -124,7 +127,7 @@ void SoundInstance::writeControls() {
 
 LV2_State_Status SoundInstance::save(LV2_State_Store_Function store, LV2_State_Handle handle) {
   const std::lock_guard lock(access_);
-  const std::string text = stateText(*audioUnit_);
+  const std::string text = stateText(*audioUnit_, midiLearn_);
   return store(handle, urids_.state, text.c_str(), text.size() + 1, urids_.atomString,
                LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE);
 }
@@ -141,7 +144,7 @@ LV2_State_Status SoundInstance::restore(LV2_State_Retrieve_Function retrieve,
   std::string_view state(text, size);
   if (state.back() == '\0') state.remove_suffix(1);
   const std::lock_guard lock(access_);
-  if (!setState(*audioUnit_, state)) return LV2_STATE_ERR_UNKNOWN;
+  if (!setState(*audioUnit_, midiLearn_, state)) return LV2_STATE_ERR_UNKNOWN;
   link_.stateRestored();
   return LV2_STATE_SUCCESS;
 }

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Orvane/MidiLearn.h"
 #include "Orvane/PluginEntry.h"
 #include "backends/lv2/BlockRenderer.h"
 #include "backends/lv2/EditorLink.h"
@@ -54,6 +55,8 @@ class SoundInstance {
   void readEvents();
 
   std::unique_ptr<platform::AudioUnit> audioUnit_;
+  /// Moves what is bound; the editor's own learns.
+  orvane::MidiLearn midiLearn_{*audioUnit_};
   LV2_URID_Map map_;
   Urids urids_;
   double sampleRate_;

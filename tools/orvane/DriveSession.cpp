@@ -1,8 +1,6 @@
 #include "tools/orvane/DriveSession.h"
 
-#include <algorithm>
 #include <exception>
-#include <iterator>
 
 #include "tools/orvane/Text.h"
 #include "tools/orvane/ToolError.h"

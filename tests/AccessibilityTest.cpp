@@ -1,0 +1,157 @@
+// Without eyes and without a mouse: what every control says of itself, and Halden by keyboard alone.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <vector>
+
+#include "KestroUI/DropDownList.h"
+#include "KestroUI/MomentaryButton.h"
+#include "KestroUI/OnOffButton.h"
+#include "backends/headless/HeadlessHost.h"
+#include "examples/Halden/HaldenPlugin.h"
+
+namespace {
+
+using platform::Accessibility;
+using platform::Key;
+
+class AccessibilityTest : public testing::Test {
+ protected:
+  AccessibilityTest() { host.appear(); }
+
+  bool press(Key key, platform::Modifiers modifiers = platform::Modifiers::none) {
+    return host.pressKey({key, modifiers, ""});
+  }
+  platform::View* focused() { return host.window().firstResponder(); }
+  void showPage(int page) {
+    host.editor().settingsViewController().setCurrentPage(page);
+    loop.runDue();
+    loop.advance(0.2);
+  }
+  int pageCount() {
+    return static_cast<int>(host.editor().settingsViewController().pageViews().size());
+  }
+  /// Everything that Tab reaches, once round.
+  std::vector<platform::View*> walk(platform::Modifiers modifiers = platform::Modifiers::none) {
+    std::vector<platform::View*> views;
+    std::set<platform::View*> known;
+    while (press(Key::tab, modifiers) && known.insert(focused()).second) views.push_back(focused());
+    return views;
+  }
+  template <class Visit>
+  static void visitShown(platform::View& view, const Visit& visit) {
+    if (view.isHidden()) return;
+    visit(view);
+    for (platform::View* subview : view.subviews()) visitShown(*subview, visit);
+  }
+
+  headless::HeadlessRunLoop loop;
+  headless::HeadlessHost host{loop, halden::pluginEntry()};
+};
+
+TEST_F(AccessibilityTest, EveryControlOfHaldenIsReachedByTabInTheOrderOfTheDesign) {
+  for (int page = 0; page < pageCount(); ++page) {
+    showPage(page);
+    std::vector<platform::View*> inTree;
+    visitShown(host.rootView(), [&](platform::View& view) {
+      if (view.canBecomeFirstResponder() && view.isUserInteractionEnabled())
+        inTree.push_back(&view);
+    });
+    ASSERT_GT(inTree.size(), 10u);
+    if (focused()) focused()->resignFirstResponder();
+    EXPECT_EQ(walk(), inTree) << "page " << page;
+    if (focused()) focused()->resignFirstResponder();
+    std::vector<platform::View*> backwards = walk(platform::Modifiers::shift);
+    std::reverse(backwards.begin(), backwards.end());
+    EXPECT_EQ(backwards, inTree) << "page " << page;
+  }
+}
+
+TEST_F(AccessibilityTest, EveryControlOfHaldenHasARoleANameAndAValueInItsRange) {
+  for (int page = 0; page < pageCount(); ++page) {
+    showPage(page);
+    visitShown(host.rootView(), [&](platform::View& view) {
+      if (!view.canBecomeFirstResponder() || !view.isUserInteractionEnabled()) return;
+      const Accessibility told = view.accessibility();
+      EXPECT_NE(told.role, Accessibility::Role::none);
+      EXPECT_NE(told.name, "") << "page " << page << " at " << view.frameInRoot().x;
+      if (!dynamic_cast<kestroui::KestroControl*>(&view) ||
+          dynamic_cast<kestroui::MomentaryButton*>(&view))
+        return;
+      EXPECT_NE(told.value, "") << told.name;
+      ASSERT_TRUE(told.range) << told.name;
+      EXPECT_LT(told.range->minimum, told.range->maximum) << told.name;
+      EXPECT_GE(told.range->value, told.range->minimum) << told.name;
+      EXPECT_LE(told.range->value, told.range->maximum) << told.name;
+      EXPECT_GT(told.range->step, 0) << told.name;
+    });
+  }
+}
+
+TEST_F(AccessibilityTest, EveryControlOfHaldenIsMovedByKeysFromEndToEnd) {
+  for (int page = 0; page < pageCount(); ++page) {
+    showPage(page);
+    for (platform::View* view : walk()) {
+      auto* control = dynamic_cast<kestroui::KestroControl*>(view);
+      if (!control || dynamic_cast<kestroui::MomentaryButton*>(view)) continue;
+      const Accessibility told = control->accessibility();
+      ASSERT_TRUE(control->becomeFirstResponder()) << told.name;
+      const auto valueAfter = [&](Key key) {
+        EXPECT_TRUE(press(key)) << told.name;
+        return control->value();
+      };
+      const float first = valueAfter(Key::home), last = valueAfter(Key::end);
+      EXPECT_NEAR(std::abs(last - first), told.range->maximum - told.range->minimum, 1e-4)
+          << told.name;
+      valueAfter(Key::home);
+      EXPECT_NE(valueAfter(Key::right), first) << told.name;
+      EXPECT_NEAR(valueAfter(Key::left), first, 1e-4) << told.name;
+      valueAfter(Key::pageUp);
+      valueAfter(Key::pageDown);
+      EXPECT_NEAR(control->value(), first, 1e-4) << told.name;
+    }
+  }
+}
+
+TEST_F(AccessibilityTest, WhatLiesUnderAnOpenListIsNotReached) {
+  kestroui::DropDownList* list = nullptr;
+  for (int page = 0; page < pageCount() && !list; ++page) {
+    showPage(page);
+    visitShown(host.rootView(), [&](platform::View& view) {
+      if (!list) list = dynamic_cast<kestroui::DropDownList*>(&view);
+    });
+  }
+  ASSERT_TRUE(list);
+  list->becomeFirstResponder();
+  press(Key::space);
+  ASSERT_TRUE(list->isOpen());
+  platform::View* const popup = focused();
+  EXPECT_NE(popup, list);
+  press(Key::tab);
+  EXPECT_EQ(focused(), popup);
+  press(Key::escape);
+  EXPECT_FALSE(list->isOpen());
+  EXPECT_EQ(focused(), list);
+}
+
+TEST_F(AccessibilityTest, InLearnModeTheKeyboardSelectsAndDeletesInsteadOfMoving) {
+  host.midiLearn().setLearning(true);
+  loop.runDue();
+  press(Key::tab);
+  ASSERT_TRUE(focused());
+  const Accessibility before = focused()->accessibility();
+  EXPECT_EQ(before.role, Accessibility::Role::button);
+  EXPECT_EQ(before.value, "Not bound");
+  press(Key::space);
+  EXPECT_EQ(focused()->accessibility().value, "Waiting");
+  const std::uint8_t message[] = {0xb0, 74, 3};
+  host.receiveMidi(message);
+  EXPECT_EQ(focused()->accessibility().value, "CC 74 ch 1");
+  press(Key::backspace);
+  EXPECT_TRUE(host.midiLearn().bindings().empty());
+}
+
+}  // namespace
