@@ -29,6 +29,7 @@ void TextFieldOverlay::didMoveToSuperview() {
   addSubview(textField_);
   addSubview(okButton_);
   titleLabel_.setText(titleText());
+  textField_.setAccessibilityLabel(titleText());
   okButton_.addTarget<&TextFieldOverlay::handleTouchDown>(*this, platform::ControlEvent::touchDown);
 }
 

@@ -22,6 +22,8 @@ struct Accessibility {
     choice,
     /// Shows a value that cannot be moved.
     indicator,
+    /// A text that its user edits.
+    field,
     /// An entry of a list.
     row,
   };

@@ -33,6 +33,9 @@ class TableViewCell : public View {
   bool isFocused() const { return focused_; }
   void setFocused(bool focused);
 
+  Accessibility accessibility() const override {
+    return {Accessibility::Role::row, textLabel_.text(), selected_ ? "Selected" : ""};
+  }
   void draw(const Rect& rect) override;
   void paint(Canvas& canvas) override;
 

@@ -60,6 +60,10 @@ class TextField : public Control {
   void touchMoved(const Touch& touch) override;
   void touchEnded(const Touch& touch) override;
   void touchCancelled(const Touch& touch) override;
+  Accessibility accessibility() const override {
+    return {Accessibility::Role::field,
+            accessibilityLabel().empty() ? placeholder_ : accessibilityLabel(), text()};
+  }
   void draw(const Rect& rect) override;
   void paint(Canvas& canvas) override;
 

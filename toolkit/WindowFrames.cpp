@@ -39,7 +39,8 @@ std::vector<Rect> Window::prepareFrame() {
   needsFrame_ = false;
   if (rootView_ && rootView_->concernsFrame()) wantFrame();
   std::vector<Rect> damage = frame_->damage.take();
-  if (!damage.empty()) refreshHover();
+  // Whoever is touched keeps the mouse's attention until it is released.
+  if (!damage.empty() && touches_.empty()) refreshHover();
   return damage;
 }
 

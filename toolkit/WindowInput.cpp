@@ -163,6 +163,8 @@ void Window::hovered(Point location) {
   mouse_ = location;
   releaseLost();
   if (self) refreshHover();
+  if (!self || hoverChain_.empty()) return;
+  if (View* const hit = hoverChain_.front().get()) hit->hoverMoved(hit->convertFromRoot(location));
 }
 
 void Window::hoverEnded() {
@@ -171,14 +173,11 @@ void Window::hoverEnded() {
 }
 
 void Window::refreshHover() {
-  // Whoever is touched keeps the mouse's attention until it is released.
-  if (!mouse_ || !touches_.empty()) return;
+  if (!mouse_) return;
   std::vector<Weak<View>> chain;
   View* view = rootView_ ? rootView_->hitTest(*mouse_) : nullptr;
   for (; view; view = view->superview()) chain.push_back(view);
   setHoverChain(std::move(chain));
-  if (!self || hoverChain_.empty()) return;
-  if (View* const hit = hoverChain_.front().get()) hit->hoverMoved(hit->convertFromRoot(location));
 }
 
 void Window::setHoverChain(std::vector<Weak<View>> chain) {

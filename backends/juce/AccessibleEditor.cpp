@@ -11,6 +11,8 @@ void collect(platform::View& view, std::vector<platform::View*>& found) {
   if (told.role != platform::Accessibility::Role::none && !told.name.empty() &&
       !view.bounds().isEmpty())
     found.push_back(&view);
+  // A row's texts are its own name.
+  if (told.role == platform::Accessibility::Role::row) return;
   for (platform::View* subview : view.subviews()) collect(*subview, found);
 }
 

@@ -30,6 +30,8 @@ juce::AccessibilityRole roleOf(Accessibility::Role role) {
       return juce::AccessibilityRole::comboBox;
     case Accessibility::Role::indicator:
       return juce::AccessibilityRole::progressBar;
+    case Accessibility::Role::field:
+      return juce::AccessibilityRole::editableText;
     case Accessibility::Role::row:
       return juce::AccessibilityRole::listItem;
   }
