@@ -244,7 +244,10 @@ TEST_F(TouchTest, TabGoesThroughTheTreeInOrder) {
   Button disabled, unseen, last;
   disabled.setEnabled(false);
   unseen.setHidden(true);
-  for (Button* button : {&disabled, &unseen, &last}) bench.root().addSubview(*button);
+  for (Button* button : {&disabled, &unseen, &last}) {
+    button->setFrame({300, 250, 40, 20});
+    bench.root().addSubview(*button);
+  }
   leaf->takesKeyboard = panel->takesKeyboard = true;
   const auto first = [&] { return bench.window.firstResponder(); };
   std::vector<View*> forward, backward;
