@@ -140,6 +140,7 @@ class TableView : public ScrollView {
   void showHeaders();
   std::unique_ptr<View> makeHeader(int section);
   bool isOnHeader(Point place) const;
+  void centre(IndexPath row);
   void setFocusedRow(std::optional<IndexPath> row);
   void updateCellStates();
 
@@ -151,6 +152,8 @@ class TableView : public ScrollView {
   View rowViews_;
   View headerViews_;
   std::optional<IndexPath> selected_, focused_, pressed_;
+  /// Was brought to the middle before the table had its present size.
+  std::optional<IndexPath> toCentre_;
   double measuredHeight_ = -1;
   bool needsMeasure_ = true;
   Color headerBackground_ = Color::black();

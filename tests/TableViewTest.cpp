@@ -88,6 +88,12 @@ TEST_F(TableViewTest, buildsNoMoreCellsThanFitHoweverFarItScrolls) {
   table.scrollToRow({1, 50000}, ScrollPosition::middle);
   EXPECT_TRUE(texts().contains("1/50000"));
   EXPECT_NEAR(table.cellForRow({1, 50000})->frame().y, (240 - 30) / 2, 1e-6);
+  table.scrollToRow({1, 50000}, ScrollPosition::middle);
+  table.setFrame({0, 0, 200, 120});
+  bench.frame();
+  EXPECT_NEAR(table.cellForRow({1, 50000})->frame().y, (120 - 30) / 2, 1e-6) << "at its new size";
+  table.setFrame({0, 0, 200, 240});
+  bench.frame();
   filled = 0;
   table.setContentOffset(table.contentOffset() + 30);
   bench.frame();

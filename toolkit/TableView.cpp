@@ -127,6 +127,13 @@ void TableView::deselectRow(IndexPath row) {
 void TableView::scrollToRow(IndexPath row, ScrollPosition position) {
   measure();
   if (!isRow(row) || position == ScrollPosition::none) return;
+  centre(row);
+  // A table that is about to be shown gets its size with the next frame.
+  toCentre_ = row;
+  setNeedsDisplay();
+}
+
+void TableView::centre(IndexPath row) {
   const Rect rect = rectForRow(row);
   setContentOffset(rect.y - (bounds().height - rect.height) / 2);
 }
@@ -234,6 +241,7 @@ void TableView::updateCellStates() {
 
 void TableView::draw(const Rect& rect) {
   measure();
+  if (const auto row = std::exchange(toCentre_, std::nullopt); row && isRow(*row)) centre(*row);
   ScrollView::draw(rect);
   rowViews_.setFrame(bounds());
   headerViews_.setFrame(bounds());
