@@ -72,6 +72,8 @@ void AUFilterViewContainer::updateFilterViewFrequencyAndMagnitudes(
 }
 
 void AUFilterViewContainer::updateModulation() {
+  // The live values die with it.
+  if (!audioUnit) return;
   FilterViewContainer::updateModulation();
   if (!allowModulation) return;
   filterView().setModulated(std::any_of(
