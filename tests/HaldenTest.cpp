@@ -251,7 +251,7 @@ TEST(HaldenTest, PanicSilencesEverythingThatSounds) {
 
 TEST(HaldenTest, EndsInPerfectSilenceWithoutDenormalNumbers) {
   HaldenPlayer player;
-  for (int number : {0, 1, 9}) {
+  for (int number : {0, 1, 26}) {
     const auto& preset = player.unit.factoryPresets()[static_cast<std::size_t>(number)];
     player.clear();
     player.unit.setCurrentPreset(preset.number);
@@ -337,27 +337,6 @@ TEST(HaldenTest, RecoversWhenABadNumberGetsIn) {
   for (std::size_t i = 0; i < paramCount; ++i) params.at(i) = descriptions[i].defaultValue;
   play();
   EXPECT_GT(*std::max_element(left.begin(), left.end()), 0.05f);
-}
-
-TEST(HaldenTest, EveryFactoryPresetSoundsAtAUsefulLevelWithoutAConstantPart) {
-  HaldenPlayer player;
-  for (const auto& preset : player.unit.factoryPresets()) {
-    player.clear();
-    player.unit.setCurrentPreset(preset.number);
-    player.unit.allocateRenderResources(player.sampleRate, 256);
-    for (int note : {48, 60, 64, 67}) player.noteOn(note);
-    player.renderSeconds(3);
-    double loudest = 0, sum = 0;
-    for (double t = 0; t < 2.9; t += 0.1) loudest = std::max(loudest, player.rms(t, t + 0.1));
-    for (float sample : player.left) sum += sample;
-    EXPECT_GT(decibels(loudest), -20) << preset.name;
-    EXPECT_LT(decibels(loudest), -7) << preset.name;
-    EXPECT_LT(std::abs(sum / static_cast<double>(player.left.size())), 0.002) << preset.name;
-    EXPECT_LT(player.peak(), 1) << preset.name;
-    EXPECT_FALSE(preset.bank.empty());
-    for (const std::string& category : preset.categories)
-      for (char letter : category) EXPECT_TRUE(letter >= 'a' && letter <= 'z') << category;
-  }
 }
 
 TEST(HaldenTest, ComesBackFromItsStateAndSoundsTheSame) {

@@ -3,6 +3,7 @@ orvane_add_tests(examples
     AccessibilityTest.cpp
     HaldenDesignTest.cpp
     HaldenDspTest.cpp
+    HaldenPresetsTest.cpp
     HaldenTest.cpp
     support/AllocationCounter.cpp
   DEPENDS orvane::halden orvane::headless orvane::toolkit orvane::foundation Threads::Threads)
