@@ -110,7 +110,9 @@ function(orvane_add_tests area)
   endif()
 
   set(target test_${area})
-  orvane_add_executable(${target} SOURCES ${arg_SOURCES} DEPENDS ${arg_DEPENDS} GTest::gmock_main)
+  orvane_add_executable(${target}
+    SOURCES ${arg_SOURCES} support/TemporaryHome.cpp
+    DEPENDS ${arg_DEPENDS} GTest::gmock_main)
   target_compile_definitions(${target} PRIVATE
     ORVANE_SOURCE_DIR="${Orvane_SOURCE_DIR}"
     ORVANE_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")

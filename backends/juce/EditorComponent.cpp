@@ -3,8 +3,10 @@
 #include <cmath>
 
 #include "Orvane/KestroAUViewController.h"
+#include "backends/juce/DroppedPresets.h"
 #include "backends/juce/JuceCanvas.h"
 #include "backends/juce/JuceInput.h"
+#include "platform/FilePath.h"
 
 namespace juce_backend {
 namespace {
@@ -25,7 +27,7 @@ int touchId(const juce::MouseInputSource& source) {
 
 }  // namespace
 
-bool EditorComponent::LinkOpener::open(const std::string& url) {
+bool EditorComponent::Program::open(const std::string& url) {
   return juce::URL(juce::String::fromUTF8(url.c_str())).launchInDefaultBrowser();
 }
 
@@ -35,6 +37,7 @@ EditorComponent::ShowingWatcher::ShowingWatcher(EditorComponent& owner)
 EditorComponent::EditorComponent(const ControllerFactory& makeController)
     : controller_(makeController()) {
   setOpaque(true);
+  setLookAndFeel(&*look_);
   setWantsKeyboardFocus(true);
   // Of screen readers; the keyboard is the window's business.
   setFocusContainerType(FocusContainerType::focusContainer);
@@ -53,6 +56,7 @@ EditorComponent::EditorComponent(const orvane::PluginEntry& entry, platform::Aud
 }
 
 EditorComponent::~EditorComponent() {
+  setLookAndFeel(nullptr);
   if (hasAppeared_) host_.disappear();
   window_.setRootViewController(nullptr);
   runLoop_->cancelFrame(*this);
@@ -86,6 +90,7 @@ void EditorComponent::resized() {
   const platform::Size size{static_cast<double>(getWidth()), static_cast<double>(getHeight())};
   window_.setSize(size);
   controller_->view().setFrame({0, 0, size.width, size.height});
+  presentation_.alertPanel().setFrame({0, 0, size.width, size.height});
 }
 
 std::string EditorComponent::clipboardText() {
@@ -210,6 +215,34 @@ void EditorComponent::mouseWheelMove(const juce::MouseEvent& event,
 
 bool EditorComponent::keyPressed(const juce::KeyPress& key) {
   return window_.keyPressed(toKeyEvent(key));
+}
+
+// Files from outside
+
+std::vector<std::string> EditorComponent::importable(const juce::StringArray& paths) {
+  auto* editor = dynamic_cast<orvane::KestroAUViewController*>(controller_.get());
+  if (!editor || !editor->allowImportAndExport || !editor->audioUnit()) return {};
+  return droppedPresets(paths, editor->audioUnit()->presetExtension());
+}
+
+bool EditorComponent::isInterestedInFileDrag(const juce::StringArray& paths) {
+  return !importable(paths).empty();
+}
+
+void EditorComponent::fileDragEnter(const juce::StringArray& paths, int, int) {
+  const std::vector<std::string> presets = importable(paths);
+  if (presets.empty()) return;
+  const std::string what = presets.size() == 1 ? '"' + platform::fileStem(presets.front()) + '"'
+                                               : std::to_string(presets.size()) + " presets";
+  dropHint_.show(host_.view(), "Drop to import " + what);
+}
+
+void EditorComponent::fileDragExit(const juce::StringArray&) { dropHint_.hide(); }
+
+void EditorComponent::filesDropped(const juce::StringArray& paths, int, int) {
+  dropHint_.hide();
+  auto* editor = dynamic_cast<orvane::KestroAUViewController*>(controller_.get());
+  for (const std::string& preset : importable(paths)) editor->documentPickerDidPick({preset});
 }
 
 }  // namespace juce_backend

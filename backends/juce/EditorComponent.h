@@ -10,6 +10,8 @@
 
 #include "Orvane/PluginEntry.h"
 #include "backends/juce/AccessibleEditor.h"
+#include "backends/juce/DesktopPresentation.h"
+#include "backends/juce/DropHint.h"
 #include "backends/juce/FontBook.h"
 #include "backends/juce/JuceRunLoop.h"
 #include "platform/Window.h"
@@ -17,8 +19,9 @@
 namespace juce_backend {
 
 /// Shows an editor in a JUCE component: the component is the host of the controller, gives it its
-/// size and all input, and repaints what changed. The controller appears when the component comes
-/// on screen and disappears when it leaves. Add it to any other component, or to the desktop as a
+/// size and all input, and repaints what changed. Preset files that are dropped on it are imported,
+/// where the editor offers that. The controller appears when the component comes on screen and
+/// disappears when it leaves. Add it to any other component, or to the desktop as a
 /// window of its own or inside a window of someone else's:
 ///
 ///     EditorComponent editor(entry, *audioUnit);
@@ -28,6 +31,7 @@ namespace juce_backend {
 ///
 /// Message thread only; on Linux only after a look at DISPLAY.
 class EditorComponent : public juce::Component,
+                        public juce::FileDragAndDropTarget,
                         private platform::Window::Client,
                         private JuceRunLoop::FrameClient {
  public:
@@ -41,6 +45,8 @@ class EditorComponent : public juce::Component,
 
   platform::ViewController& controller() { return *controller_; }
   platform::Window& window() { return window_; }
+  DesktopPresentation& presentation() { return presentation_; }
+  const DropHint& dropHint() const { return dropHint_; }
   /// Makes the menu of the right mouse button; without it there is none.
   std::function<juce::PopupMenu()> menu;
 
@@ -60,10 +66,20 @@ class EditorComponent : public juce::Component,
   void mouseWheelMove(const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
   bool keyPressed(const juce::KeyPress& key) override;
 
+  bool isInterestedInFileDrag(const juce::StringArray& paths) override;
+  void fileDragEnter(const juce::StringArray& paths, int x, int y) override;
+  void fileDragExit(const juce::StringArray& paths) override;
+  void filesDropped(const juce::StringArray& paths, int x, int y) override;
+
  private:
-  class LinkOpener : public platform::Application {
+  class Program : public platform::Application {
    public:
+    explicit Program(DesktopPresentation& presentation) : presentation_(presentation) {}
     bool open(const std::string& url) override;
+    platform::Presentation* presentation() override { return &presentation_; }
+
+   private:
+    DesktopPresentation& presentation_;
   };
   class ShowingWatcher : public juce::ComponentMovementWatcher {
    public:
@@ -79,7 +95,7 @@ class EditorComponent : public juce::Component,
   };
 
   void frameWanted() override;
-  platform::Application* application() override { return &linkOpener_; }
+  platform::Application* application() override { return &program_; }
   double textWidth(std::string_view text, const platform::Font& font) override {
     return fonts_->textWidth(text, font);
   }
@@ -88,6 +104,8 @@ class EditorComponent : public juce::Component,
   double now() const override { return platform::RunLoop::main().now(); }
   void displayFrame() override;
   void updateShowing();
+  /// What of these files the editor would import.
+  std::vector<std::string> importable(const juce::StringArray& paths);
   /// Makes the picture anew for this scale, with all that has to be shown.
   void renewPicture(double scale);
   void composite(juce::Rectangle<int> pixels);
@@ -98,10 +116,14 @@ class EditorComponent : public juce::Component,
   juce::SharedResourcePointer<JuceRunLoop> runLoop_;
   /// Held for the canvases, which would open the font files anew for each repaint.
   juce::SharedResourcePointer<FontBook> fonts_;
-  LinkOpener linkOpener_;
+  /// On menus and choosers inside the editor.
+  juce::SharedResourcePointer<EditorLook> look_;
   platform::Window window_{*this};
   /// Plays the host's controller, whose child the editor's is.
   platform::ViewController host_;
+  DesktopPresentation presentation_{*this, host_.view()};
+  DropHint dropHint_;
+  Program program_{presentation_};
   std::unique_ptr<platform::ViewController> controller_;
   bool hasAppeared_ = false;
   /// What is on screen, in device pixels: whatever the desktop uncovers is only copied.

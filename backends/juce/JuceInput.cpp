@@ -57,8 +57,8 @@ platform::KeyEvent toKeyEvent(const juce::KeyPress& key) {
   // With the control key down the system reports a control code in place of the letter.
   const bool isShortcut = key.getModifiers().isCtrlDown() || key.getModifiers().isCommandDown();
   if (isShortcut && character < 32 && key.getKeyCode() >= 32 && key.getKeyCode() < 127)
-    character = juce::CharacterFunctions::toLowerCase(
-        static_cast<juce::juce_wchar>(key.getKeyCode()));
+    character =
+        juce::CharacterFunctions::toLowerCase(static_cast<juce::juce_wchar>(key.getKeyCode()));
   if (isTyped && character >= 32 && character != 127)
     event.text = juce::String::charToString(character).toStdString();
   return event;
@@ -75,5 +75,9 @@ platform::WheelEvent toWheelEvent(platform::Point location, const juce::MouseWhe
 }
 
 platform::Point toPoint(juce::Point<float> point) { return {point.x, point.y}; }
+
+juce::Colour toColour(platform::Color color) {
+  return juce::Colour::fromFloatRGBA(color.red, color.green, color.blue, color.alpha);
+}
 
 }  // namespace juce_backend

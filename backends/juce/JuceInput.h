@@ -2,11 +2,12 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include "platform/Color.h"
 #include "platform/Responder.h"
 
 namespace juce_backend {
 
-// JUCE's input in the terms of the platform.
+// JUCE's input in the terms of the platform, and the platform's colours in those of JUCE.
 
 platform::Modifiers toModifiers(const juce::ModifierKeys& modifiers);
 platform::KeyEvent toKeyEvent(const juce::KeyPress& key);
@@ -14,5 +15,6 @@ platform::KeyEvent toKeyEvent(const juce::KeyPress& key);
 platform::WheelEvent toWheelEvent(platform::Point location, const juce::MouseWheelDetails& wheel,
                                   const juce::ModifierKeys& modifiers);
 platform::Point toPoint(juce::Point<float> point);
+juce::Colour toColour(platform::Color color);
 
 }  // namespace juce_backend

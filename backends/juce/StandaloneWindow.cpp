@@ -1,6 +1,5 @@
 #include "backends/juce/StandaloneWindow.h"
 
-#include "KestroUI/Theme.h"
 #include "backends/juce/AudioUnitEditor.h"
 #include "backends/juce/MidiLearnMenu.h"
 
@@ -13,18 +12,6 @@ constexpr const char* heightKey = "windowHeight";
 
 constexpr int menuHeight = 24;
 
-juce::Colour colour(platform::Color color) {
-  return juce::Colour::fromFloatRGBA(color.red, color.green, color.blue, color.alpha);
-}
-
-/// The menus' look: the editor's own.
-juce::LookAndFeel_V4::ColourScheme scheme() {
-  namespace Theme = kestroui::Theme;
-  return {colour(Theme::background), colour(Theme::panel),   colour(Theme::menu),
-          colour(Theme::line),       colour(Theme::text),    colour(Theme::surface),
-          colour(Theme::text),       colour(Theme::surface), colour(Theme::text)};
-}
-
 }  // namespace
 
 StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& editor,
@@ -34,11 +21,10 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
                            juce::DocumentWindow::minimiseButton |
                                juce::DocumentWindow::maximiseButton |
                                juce::DocumentWindow::closeButton),
-      look_(scheme()),
       keyboard_(std::move(playNote)),
       settings_(settings),
       midiLearn_(midiLearn) {
-  setLookAndFeel(&look_);
+  setLookAndFeel(&*look_);
   setUsingNativeTitleBar(true);
   setMenuBar(this, menuHeight);
   midiLearn_.learningChanged = [this] { menuItemsChanged(); };

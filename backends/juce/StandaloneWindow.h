@@ -8,6 +8,7 @@
 #include "Orvane/MidiLearn.h"
 #include "backends/juce/ComputerKeyboard.h"
 #include "backends/juce/EditorComponent.h"
+#include "backends/juce/EditorLook.h"
 
 namespace juce_backend {
 
@@ -31,7 +32,7 @@ class StandaloneWindow : public juce::DocumentWindow, private juce::MenuBarModel
   juce::PopupMenu getMenuForIndex(int index, const juce::String& name) override;
   void menuItemSelected(int, int) override {}
 
-  juce::LookAndFeel_V4 look_;
+  juce::SharedResourcePointer<EditorLook> look_;
   ComputerKeyboard keyboard_;
   juce::PropertiesFile& settings_;
   orvane::MidiLearn& midiLearn_;

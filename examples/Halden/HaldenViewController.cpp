@@ -18,6 +18,11 @@ constexpr SyncedTime syncedTimes[] = {{"lfo1Sync", "lfo1Rate", "lfo1Division"},
 
 }  // namespace
 
+HaldenViewController::HaldenViewController() {
+  presetViewUseFilters = true;
+  allowImportAndExport = true;
+}
+
 std::shared_ptr<orvane::AUDesign> HaldenViewController::design() {
   return std::make_shared<HaldenDesign>();
 }

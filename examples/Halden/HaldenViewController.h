@@ -6,11 +6,15 @@ namespace halden {
 
 class HaldenViewController : public orvane::KestroAUViewController {
  public:
+  HaldenViewController();
+
   std::shared_ptr<orvane::AUDesign> design() override;
   std::unique_ptr<platform::AudioUnit> createAudioUnit(
       const platform::AudioComponentDescription& description) override;
   std::string productId() override { return "org.orvane.halden"; }
   std::string appName() override { return "Halden"; }
+  /// Where the user's presets are, whatever format or host they were saved in.
+  std::string groupBundleId() override { return "group.org.orvane.halden"; }
   double contentRatio() override { return 0.68; }
   double footHeightRatio() override { return 0.14; }
   std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override;
