@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "examples/Halden/dsp/Lfo.h"
 #include "examples/Halden/dsp/Oscillator.h"
 #include "examples/Halden/dsp/Reverb.h"
+#include "examples/Halden/dsp/Sequencer.h"
 #include "examples/Halden/dsp/StateVariableFilter.h"
 #include "examples/Halden/dsp/StereoDelay.h"
 
@@ -188,6 +190,36 @@ TEST(HaldenLfoTest, EveryShapeStaysInRangeRepeatsAndNeverJumps) {
   }
 }
 
+TEST(HaldenSequencerTest, FollowsTheSongOrGoesOnByItself) {
+  Sequencer sequencer;
+  // Dotted eighths at 150 beats a minute are 0.3 seconds.
+  const Sequencer::Tempo tempo{2.5f, 0.75f};
+  sequencer.setBeat(7.5, tempo, 6);
+  EXPECT_NEAR(sequencer.place(), 4, 1e-4);
+  for (int i = 0; i < 750; ++i) sequencer.advance(tempo, 6, 0.001f);
+  EXPECT_NEAR(sequencer.place(), 0.5, 1e-3);
+  sequencer.setBeat(-0.75, tempo, 6);
+  EXPECT_NEAR(sequencer.place(), 5, 1e-4);
+  // A row that has become shorter.
+  sequencer.advance(tempo, 2, 0);
+  EXPECT_NEAR(sequencer.place(), 1, 1e-4);
+}
+
+TEST(HaldenSequencerTest, StaysBetweenTwoNeighboursOnItsCurve) {
+  const float values[] = {100, 0, 0, 50, 40, 90};
+  const Sequencer::Tempo tempo{1, 1};
+  Sequencer sequencer;
+  for (int i = 0; i < 600; ++i, sequencer.advance(tempo, 6, 0.01f)) {
+    const float place = sequencer.place() - 0.5f;
+    const auto before = static_cast<std::size_t>(std::clamp(std::floor(place), 0.0f, 5.0f));
+    const auto after = static_cast<std::size_t>(std::clamp(std::ceil(place), 0.0f, 5.0f));
+    const float value = sequencer.curve(values, 6);
+    EXPECT_GE(value, std::min(values[before], values[after]) - 0.01f) << place;
+    EXPECT_LE(value, std::max(values[before], values[after]) + 0.01f) << place;
+    EXPECT_EQ(sequencer.step(values), values[static_cast<std::size_t>(sequencer.place())]);
+  }
+}
+
 TEST(HaldenDriveTest, DelaysQuietSoundByItsLatencyAndHoldsLoudSound) {
   Drive drive;
   drive.setSampleRate(48000);
@@ -206,6 +238,30 @@ TEST(HaldenDriveTest, DelaysQuietSoundByItsLatencyAndHoldsLoudSound) {
   left = right = in;
   drive.process(settings, 0, 512, left.data(), right.data());
   for (std::size_t i = 100; i < in.size(); ++i) EXPECT_LT(std::abs(right[i]), 1.3f);
+}
+
+TEST(HaldenDriveTest, MakesNoSoundOfItsBiasAndKeepsEveryShapeInBounds) {
+  for (std::size_t shape = 0; shape < driveShapeCount; ++shape) {
+    for (float bias : {-0.5f, 0.0f, 0.5f}) {
+      const float gain = decibelsToGain(30);
+      Drive::Settings settings;
+      settings.amount = settings.outputGain = settings.mix = Ramp::constant(1);
+      settings.inputGain = Ramp::constant(gain);
+      settings.bias = Ramp::constant(bias);
+      settings.constantPart = Ramp::constant(driven(static_cast<DriveShape>(shape), gain * bias));
+      settings.shapes = {};
+      settings.shapes[shape] = Ramp::constant(1);
+      Drive drive;
+      drive.setSampleRate(48000);
+      std::vector<float> left(512), right(512);
+      drive.process(settings, 0, 512, left.data(), right.data());
+      for (std::size_t i = 100; i < left.size(); ++i) EXPECT_NEAR(left[i], 0, 1e-4f) << shape;
+      Random random(3);
+      for (float& sample : left) sample = random.bipolar();
+      drive.process(settings, 0, 512, left.data(), right.data());
+      for (float sample : left) EXPECT_LT(std::abs(sample), 3) << shape;
+    }
+  }
 }
 
 TEST(HaldenStereoDelayTest, AnswersAfterItsTimeOnTheLeftThenOnTheRight) {

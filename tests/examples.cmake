@@ -3,6 +3,7 @@ orvane_add_tests(examples
     AccessibilityTest.cpp
     HaldenDesignTest.cpp
     HaldenDspTest.cpp
+    HaldenMonitorTest.cpp
     HaldenPresetsTest.cpp
     HaldenTest.cpp
     support/AllocationCounter.cpp

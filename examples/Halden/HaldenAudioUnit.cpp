@@ -1,13 +1,25 @@
 #include "examples/Halden/HaldenAudioUnit.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "Quillon/DenormalGuard.h"
 #include "examples/Halden/HaldenParameters.h"
 #include "examples/Halden/HaldenPresets.h"
+#include "examples/Halden/dsp/FilterResponse.h"
 
 namespace halden {
+namespace {
+
+/// What the editor takes the whole range of a resonance in percent for.
+constexpr float resonanceDecibels = 30;
+
+}  // namespace
 
 HaldenAudioUnit::HaldenAudioUnit()
-    : CommonAudioUnit(parameterDescriptions(), presetDescriptions()) {
+    : CommonAudioUnit(parameterDescriptions(), presetDescriptions()),
+      sound_(addLiveBuffer("scopeTime", 4096)),
+      loudness_(addLiveBuffer("scopeTime", 512)) {
   setCurrentPreset(0);
 }
 
@@ -16,7 +28,31 @@ void HaldenAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t m
   mono_.assign(maximumFrames, 0.0f);
   peak_ = 0;
   clipHold_ = countHold_ = 0;
+  displayedSampleRate_ = sampleRate;
+  loudest_ = 0;
+  loudestSamples_ = 0;
   synth_.prepare(sampleRate);
+}
+
+std::vector<double> HaldenAudioUnit::magnitudesForFrequencies(
+    const std::vector<double>& frequencies, std::string_view filterType, std::string_view,
+    std::string_view) const {
+  const float share = value(indexOf(Param::resonance)) / 100;
+  return magnitudesForFrequencies(frequencies, filterType, value(indexOf(Param::cutoff)),
+                                  share * resonanceDecibels);
+}
+
+std::vector<double> HaldenAudioUnit::magnitudesForFrequencies(
+    const std::vector<double>& frequencies, std::string_view, float frequencyValue,
+    float resonanceValue) const {
+  const auto type = static_cast<FilterType>(value(indexOf(Param::filterType)));
+  std::vector<double> decibels;
+  decibels.reserve(frequencies.size());
+  for (const double frequency : frequencies)
+    decibels.push_back(FilterResponse::decibels(type, double{frequencyValue},
+                                                double{resonanceValue} / resonanceDecibels,
+                                                frequency, displayedSampleRate_));
+  return decibels;
 }
 
 void HaldenAudioUnit::readParameters() {
@@ -50,14 +86,21 @@ void HaldenAudioUnit::publish(std::uint32_t frames, const float* left, const flo
   const bool sounds = visible && cutoff > 0;
   const auto isUsed = [this](Param param) { return params_[param] != 0; };
   const bool lfo1 = params_.isOn(Param::lfo1On);
-  publishModulated(Param::cutoff,
-                   sounds && (isUsed(Param::filterEnvelope) || (lfo1 && isUsed(Param::lfo1Cutoff))),
-                   std::min(std::max(cutoff, 20.0f), 20000.0f));
-  const float swing = lfo1 ? 0.5f * params_[Param::lfo1Width] * synth_.lfo1() : 0;
-  for (Param width : {Param::osc1Width, Param::osc2Width}) {
-    publishModulated(width, sounds && lfo1 && isUsed(Param::lfo1Width),
-                     std::min(std::max(params_[width] + swing, 5.0f), 95.0f));
-  }
+  const bool steps = params_.isOn(Param::stepsOn), curve = params_.isOn(Param::curveOn);
+  publishModulated(
+      Param::cutoff,
+      sounds && (isUsed(Param::filterEnvelope) || (lfo1 && isUsed(Param::lfo1Cutoff)) ||
+                 (steps && isUsed(Param::stepsCutoff))),
+      std::clamp(cutoff, 20.0f, 20000.0f));
+  publishLive(indexOf(Param::resonance), params_[Param::resonance]);
+  const float swing = 0.5f * ((lfo1 ? params_[Param::lfo1Width] * synth_.lfo1() : 0) +
+                              (curve ? params_[Param::curveWidth] * synth_.curveSwing() : 0));
+  const bool swings = (lfo1 && isUsed(Param::lfo1Width)) || (curve && isUsed(Param::curveWidth));
+  for (Param width : {Param::osc1Width, Param::osc2Width})
+    publishModulated(width, sounds && swings, std::clamp(params_[width] + swing, 5.0f, 95.0f));
+  publishModulated(Param::step1, sounds && steps, synth_.stepPlace());
+  publishModulated(Param::curve1, sounds && curve, synth_.curvePlace());
+  if (visible) publishSound(frames, left, right);
 
   const double seconds = frames / sampleRate();
   if (synth_.takeClipped()) clipHold_ = 0.4;
@@ -81,6 +124,18 @@ void HaldenAudioUnit::publish(std::uint32_t frames, const float* left, const flo
   if (countHold_ <= 0 && voices != value(indexOf(Meter::voiceCount))) {
     parameterTree().at(indexOf(Meter::voiceCount)).setValue(voices);
     countHold_ = 0.1;
+  }
+}
+
+void HaldenAudioUnit::publishSound(std::uint32_t frames, const float* left, const float* right) {
+  const double samplesPerEntry = sampleRate() / loudnessRate;
+  for (std::uint32_t i = 0; i < frames; ++i) {
+    sound_.append(0.5f * (left[i] + right[i]));
+    loudest_ = std::max({loudest_, std::abs(left[i]), std::abs(right[i])});
+    if (++loudestSamples_ < samplesPerEntry) continue;
+    loudness_.append(loudest_);
+    loudest_ = 0;
+    loudestSamples_ -= samplesPerEntry;
   }
 }
 

@@ -1,170 +1,87 @@
 #include "examples/Halden/HaldenDesign.h"
 
-#include <initializer_list>
-#include <optional>
 #include <string>
 #include <utility>
+
+#include "KestroUI/ADSRContainer.h"
+#include "KestroUI/CurveSequencerContainer.h"
+#include "KestroUI/SimpleCurveContainer.h"
+#include "KestroUI/StepSequencerContainer.h"
+#include "KestroUI/WaveshaperViewContainer.h"
+#include "KestroUI/XYControlContainer.h"
+#include "Orvane/AUFilterViewContainer.h"
+#include "examples/Halden/HaldenColors.h"
+#include "examples/Halden/MonitorContainer.h"
 
 namespace halden {
 namespace {
 
 using kestroui::ControlType;
 using kestroui::ParamKey;
-using orvane::Page;
-using orvane::Section;
-using orvane::UIColumn;
-using orvane::UIParameter;
-using orvane::UISection;
 using platform::Color;
-
-namespace Colors {
-constexpr Color sand = Color::rgb(0xe8b66b);
-constexpr Color coral = Color::rgb(0xe78873);
-constexpr Color moss = Color::rgb(0x9cc27a);
-constexpr Color ash = Color::rgb(0xa9b4c4);
-constexpr Color sky = Color::rgb(0x74b3e8);
-constexpr Color violet = Color::rgb(0xb394ec);
-constexpr Color rose = Color::rgb(0xe58bb2);
-constexpr Color teal = Color::rgb(0x4fc1b6);
-}  // namespace Colors
-
-constexpr Color volumeColor = Colors::sand;
-
-/// One control that fills its column.
-UIColumn single(std::string key, double weight = 1) {
-  return {{{std::move(key), {}, 1, 0, 1}}, weight};
-}
-
-/// A column for each key.
-std::vector<UIColumn> row(std::initializer_list<const char*> keys) {
-  std::vector<UIColumn> columns;
-  for (const char* key : keys) columns.push_back(single(key));
-  return columns;
-}
-
-/// A group of buttons, with some air to its right.
-UIColumn buttons(std::string key, double weight) {
-  return {{{std::move(key), {}, 1, 0, 0.94}}, weight};
-}
-
-/// A time and the switch that ties it to the tempo; the two forms of the time share one place.
-std::vector<UIColumn> timeColumns(std::string free, std::string synced, std::string sync) {
-  return {{{{std::move(free), {std::move(synced)}, 1, 0, 1}}, 1},
-          {{{std::move(sync), {}, 0.5, 0.26, 1}}, 0.5}};
-}
-
-std::shared_ptr<Section> section(std::string name, Color color, std::vector<UIColumn> columns,
-                                 std::optional<std::string> state = std::nullopt,
-                                 std::optional<std::string> feedback = std::nullopt) {
-  return std::make_shared<Section>(std::move(columns), std::move(name), color, std::move(state),
-                                   std::move(feedback), false, true);
-}
-
-std::vector<UIColumn> operator+(std::vector<UIColumn> left, std::vector<UIColumn> right) {
-  for (UIColumn& column : right) left.push_back(std::move(column));
-  return left;
-}
-
-std::shared_ptr<Page> oscillatorPage() {
-  const auto first = section("OSCILLATOR 1", Colors::sand,
-                             {buttons("osc1Wave", 2), single("osc1Octave"), single("osc1Fine"),
-                              single("osc1Width"), single("osc1Level"), single("osc1Pan")});
-  const auto second = section("OSCILLATOR 2", Colors::coral,
-                              {buttons("osc2Wave", 2), single("osc2Semi"), single("osc2Fine"),
-                               single("osc2Width"), single("osc2Level"), single("osc2Pan")},
-                              "osc2On");
-  return std::make_shared<Page>(
-      std::vector<UISection>{{first, 7, 0, 1, 0},
-                             {section("SUB", Colors::moss, row({"subLevel"})), 1, 0, 1, 0},
-                             {second, 7, 1, 1, 0},
-                             {section("NOISE", Colors::ash, row({"noiseLevel"})), 1, 1, 1, 0}},
-      "OSC");
-}
-
-std::shared_ptr<Page> voicePage() {
-  const auto unison = section("UNISON", Colors::sky,
-                              row({"unisonVoices", "unisonDetune", "unisonSpread"}), "unisonOn");
-  const auto fm = section("FREQUENCY MODULATION", Colors::violet, row({"fmAmount", "fmRatio"}));
-  const auto touch =
-      section("TOUCH", Colors::rose, row({"velocityLevel", "velocityCutoff", "pressureCutoff"}));
-  const auto pitch = section("PITCH", Colors::sand, row({"bendRange", "tune"}));
-  return std::make_shared<Page>(
-      std::vector<UISection>{
-          {unison, 3, 0, 1, 0}, {fm, 2, 0, 1, 0}, {touch, 3, 1, 1, 0}, {pitch, 2, 1, 1, 0}},
-      "VOICE");
-}
-
-std::shared_ptr<Page> filterPage() {
-  const auto filter =
-      section("FILTER", Colors::teal,
-              std::vector<UIColumn>{buttons("filterType", 3)} +
-                  row({"cutoff", "resonance", "filterEnvelope", "keytrack", "filterDrive"}),
-              "filterOn");
-  const auto filterEnvelope =
-      section("FILTER ENVELOPE", Colors::sky,
-              row({"filterAttack", "filterDecay", "filterSustain", "filterRelease"}));
-  const auto ampEnvelope = section("AMP ENVELOPE", Colors::moss,
-                                   row({"ampAttack", "ampDecay", "ampSustain", "ampRelease"}),
-                                   std::nullopt, "levelLight");
-  return std::make_shared<Page>(
-      std::vector<UISection>{
-          {filter, 8, 0, 1, 0}, {filterEnvelope, 4, 1, 1, 0}, {ampEnvelope, 4, 1, 1, 0}},
-      "FILTER");
-}
-
-std::shared_ptr<Page> modulationPage() {
-  const auto first =
-      section("LFO 1", Colors::violet,
-              row({"lfo1Wave"}) + timeColumns("lfo1Rate", "lfo1Division", "lfo1Sync") +
-                  row({"lfo1Phase", "lfo1Cutoff", "lfo1Width", "lfo1Level"}),
-              "lfo1On", "lfo1Light");
-  const auto second = section("LFO 2", Colors::sky,
-                              row({"lfo2Wave"}) + timeColumns("lfo2Rate", "lfo2Beats", "lfo2Sync") +
-                                  row({"lfo2Fade", "lfo2Pitch", "lfo2Pan", "wheelVibrato"}),
-                              "lfo2On", "lfo2Light");
-  return std::make_shared<Page>(std::vector<UISection>{{first, 1, 0, 1, 0}, {second, 1, 1, 1, 0}},
-                                "MOD");
-}
-
-std::shared_ptr<Page> effectsPage() {
-  const auto drive = section("DRIVE", Colors::coral, row({"driveAmount", "driveTone", "driveMix"}),
-                             "driveOn", "clipLight");
-  const auto chorus =
-      section("CHORUS", Colors::teal, row({"chorusRate", "chorusDepth", "chorusMix"}), "chorusOn");
-  const auto delay = section("DELAY", Colors::moss,
-                             timeColumns("delayTime", "delayDivision", "delaySync") +
-                                 row({"delayFeedback", "delayTone", "delayMix"}),
-                             "delayOn");
-  const auto reverb =
-      section("REVERB", Colors::violet,
-              row({"reverbPredelay", "reverbDecay", "reverbTone", "reverbMix"}), "reverbOn");
-  return std::make_shared<Page>(
-      std::vector<UISection>{
-          {drive, 3, 0, 1, 0}, {delay, 4, 0, 1, 0}, {chorus, 3, 1, 1, 0}, {reverb, 4, 1, 1, 0}},
-      "FX");
-}
 
 std::shared_ptr<ParamKey> key(std::string name, std::string title,
                               ControlType type = ControlType::knob,
-                              std::optional<Color> color = std::nullopt) {
-  return std::make_shared<ParamKey>(
-      std::move(name), kestroui::ParameterUISettings(std::move(title), type, {}, false, {},
-                                                     {false, false}, {}, color));
+                              std::vector<std::string> attached = {}) {
+  kestroui::ParameterUISettings settings;
+  settings.displayName = std::move(title);
+  settings.controlType = type;
+  settings.attachedParameters = std::move(attached);
+  return std::make_shared<ParamKey>(std::move(name), std::move(settings));
+}
+
+/// One whose colour is not its section's.
+std::shared_ptr<ParamKey> colored(std::string name, std::string title, ControlType type,
+                                  Color color) {
+  kestroui::ParameterUISettings settings;
+  settings.displayName = std::move(title);
+  settings.controlType = type;
+  settings.controlColor = color;
+  return std::make_shared<ParamKey>(std::move(name), std::move(settings));
+}
+
+/// A large control whose section says what it is: without a title of its own.
+template <class Kind>
+std::shared_ptr<ParamKey> face(std::string name, std::string title,
+                               std::vector<std::string> attached) {
+  const auto container = std::make_shared<Kind>();
+  container->setDisplayTitle(false);
+  kestroui::ParameterUISettings settings(std::move(title), container);
+  settings.attachedParameters = std::move(attached);
+  return std::make_shared<ParamKey>(std::move(name), std::move(settings));
+}
+
+/// A parameter that the control of another one drives: its name there, and no control of its own.
+std::shared_ptr<ParamKey> part(std::string name, std::string title) {
+  return key(std::move(name), std::move(title), ControlType::none);
+}
+
+/// Adds the keys of a row of values, "step1" and so on, of which the first has the control.
+template <class Kind>
+void addRow(std::vector<std::shared_ptr<ParamKey>>& keys, const std::string& name,
+            const std::string& title, int count) {
+  std::vector<std::string> others;
+  for (int i = 2; i <= count; ++i) {
+    others.push_back(name + std::to_string(i));
+    keys.push_back(part(others.back(), title + " " + std::to_string(i)));
+  }
+  keys.push_back(face<Kind>(name + "1", title + " 1", std::move(others)));
 }
 
 }  // namespace
 
-std::vector<std::shared_ptr<Page>> HaldenDesign::pages() const {
-  return {oscillatorPage(), voicePage(), filterPage(), modulationPage(), effectsPage()};
-}
+HaldenDesign::HaldenDesign(std::shared_ptr<MonitorContainer> monitor)
+    : monitor_(monitor ? std::move(monitor) : std::make_shared<MonitorContainer>()) {}
 
 std::vector<std::shared_ptr<ParamKey>> HaldenDesign::foot() {
-  return {key("volume", "Volume", ControlType::knob, volumeColor),
-          key("glide", "Glide", ControlType::knob, volumeColor),
-          key("voiceMode", "Mode", ControlType::radioButtons, volumeColor),
+  return {colored("volume", "Volume", ControlType::knob, Colors::sand),
+          colored("glide", "Glide", ControlType::knob, Colors::sand),
+          colored("voiceMode", "Mode", ControlType::radioButtons, Colors::sand),
+          nullptr,
+          part("scopeTime", "Time"),
           nullptr,
           key("voiceCount", "Voices", ControlType::simpleLabel),
-          key("panic", "Panic", ControlType::simpleButton, Colors::coral)};
+          colored("panic", "Panic", ControlType::simpleButton, Colors::coral)};
 }
 
 std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
@@ -175,7 +92,8 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
       key("osc1Width", "Width"),
       key("osc1Level", "Level"),
       key("osc1Pan", "Pan"),
-      key("subLevel", "Level"),
+      key("subLevel", "Level", ControlType::mutableControl, {"subMute"}),
+      part("subMute", "Mute"),
       key("osc2On", "", ControlType::onOff),
       key("osc2Wave", "Wave", ControlType::radioWaveForm),
       key("osc2Semi", "Semitones", ControlType::stepper),
@@ -183,7 +101,8 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
       key("osc2Width", "Width"),
       key("osc2Level", "Level"),
       key("osc2Pan", "Pan"),
-      key("noiseLevel", "Level"),
+      key("noiseLevel", "Level", ControlType::mutableControl, {"noiseMute"}),
+      part("noiseMute", "Mute"),
 
       key("unisonOn", "", ControlType::onOff),
       key("unisonVoices", "Voices", ControlType::stepper),
@@ -191,7 +110,6 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
       key("unisonSpread", "Spread"),
       key("fmAmount", "Amount"),
       key("fmRatio", "Ratio"),
-      key("velocityLevel", "Velocity > Level"),
       key("velocityCutoff", "Velocity > Cutoff"),
       key("pressureCutoff", "Pressure > Cutoff"),
       key("bendRange", "Bend range", ControlType::stepper),
@@ -199,19 +117,24 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
 
       key("filterOn", "", ControlType::onOff),
       key("filterType", "Type", ControlType::radioButtons),
-      key("cutoff", "Cutoff"),
-      key("resonance", "Resonance"),
-      key("filterEnvelope", "Envelope"),
-      key("keytrack", "Keytrack"),
-      key("filterDrive", "Drive"),
-      key("filterAttack", "Attack", ControlType::slider),
-      key("filterDecay", "Decay", ControlType::slider),
-      key("filterSustain", "Sustain", ControlType::slider),
-      key("filterRelease", "Release", ControlType::slider),
-      key("ampAttack", "Attack", ControlType::slider),
-      key("ampDecay", "Decay", ControlType::slider),
-      key("ampSustain", "Sustain", ControlType::slider),
-      key("ampRelease", "Release", ControlType::slider),
+      face<orvane::AUFilterViewContainer>("cutoff", "Cutoff", {"resonance"}),
+      key("filterDrive", "Drive", ControlType::multiple, {"cutoff", "resonance", "keytrack"}),
+      part("resonance", "Resonance"),
+      part("keytrack", "Keytrack"),
+      face<kestroui::ADSRContainer>("filterAttack", "Attack",
+                                    {"filterDecay", "filterSustain", "filterRelease"}),
+      key("filterEnvelope", "Amount", ControlType::multiple,
+          {"filterAttack", "filterDecay", "filterSustain", "filterRelease"}),
+      part("filterDecay", "Decay"),
+      part("filterSustain", "Sustain"),
+      part("filterRelease", "Release"),
+      face<kestroui::ADSRContainer>("ampAttack", "Attack",
+                                    {"ampDecay", "ampSustain", "ampRelease"}),
+      key("velocityLevel", "Velocity", ControlType::multiple,
+          {"ampAttack", "ampDecay", "ampSustain", "ampRelease"}),
+      part("ampDecay", "Decay"),
+      part("ampSustain", "Sustain"),
+      part("ampRelease", "Release"),
       key("levelLight", "", ControlType::led),
 
       key("lfo1On", "", ControlType::onOff),
@@ -235,21 +158,38 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
       key("lfo2Pan", "Pan"),
       key("wheelVibrato", "Wheel > Pitch"),
 
+      key("stepsOn", "", ControlType::onOff),
+      key("stepsDivision", "Rate", ControlType::dropdownList),
+      key("stepsCount", "Steps", ControlType::stepper),
+      key("stepsCutoff", "Cutoff"),
+      key("stepsPitch", "Pitch"),
+      key("stepsGlide", "Glide"),
+      key("curveOn", "", ControlType::onOff),
+      key("curveDivision", "Rate", ControlType::dropdownList),
+      key("curveCount", "Steps", ControlType::stepper),
+      key("curveLevel", "Level"),
+      key("curveWidth", "Width"),
+      key("curvePan", "Pan"),
+
       key("driveOn", "", ControlType::onOff),
-      key("clipLight", "", ControlType::led, Colors::coral),
-      key("driveAmount", "Amount"),
+      colored("clipLight", "", ControlType::led, Colors::coral),
+      face<kestroui::WaveshaperViewContainer>("driveAmount", "Amount",
+                                              {"driveShape", "driveBias", "driveMix"}),
+      part("driveShape", "Shape"),
+      part("driveBias", "Bias"),
+      part("driveMix", "Mix"),
       key("driveTone", "Tone"),
-      key("driveMix", "Mix"),
       key("chorusOn", "", ControlType::onOff),
-      key("chorusRate", "Rate"),
-      key("chorusDepth", "Depth"),
+      face<kestroui::XYControlContainer>("chorusRate", "Rate", {"chorusDepth"}),
+      part("chorusDepth", "Depth"),
       key("chorusMix", "Mix"),
       key("delayOn", "", ControlType::onOff),
       key("delayTime", "Time"),
       key("delayDivision", "Time", ControlType::dropdownList),
       key("delaySync", "Sync", ControlType::onOff),
       key("delayFeedback", "Feedback"),
-      key("delayTone", "Tone"),
+      key("delayLowCut", "Range", ControlType::doubleSlider, {"delayTone"}),
+      part("delayTone", "High cut"),
       key("delayMix", "Mix"),
       key("reverbOn", "", ControlType::onOff),
       key("reverbPredelay", "Pre-delay"),
@@ -257,9 +197,14 @@ std::vector<std::shared_ptr<ParamKey>> HaldenDesign::paramKeys() const {
       key("reverbTone", "Tone"),
       key("reverbMix", "Mix"),
   };
-  for (const auto& footKey : foot()) {
-    if (footKey) keys.push_back(footKey);
-  }
+  addRow<kestroui::SimpleCurveContainer>(keys, "velocity", "Velocity", 5);
+  addRow<kestroui::StepSequencerContainer>(keys, "step", "Step", 16);
+  addRow<kestroui::CurveSequencerContainer>(keys, "curve", "Step", 16);
+  for (const auto& footKey : foot())
+    if (footKey && footKey->key() != "scopeTime") keys.push_back(footKey);
+  kestroui::ParameterUISettings shown("Time", monitor_);
+  shown.controlColor = Colors::sky;
+  keys.push_back(std::make_shared<ParamKey>("scopeTime", std::move(shown)));
   return keys;
 }
 

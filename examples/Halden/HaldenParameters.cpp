@@ -1,6 +1,9 @@
 #include "examples/Halden/HaldenParameters.h"
 
-#include <string_view>
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
+#include <string>
 #include <utility>
 
 #include "examples/Halden/dsp/Divisions.h"
@@ -75,6 +78,21 @@ ParameterDescription voiceCount() {
   return description;
 }
 
+/// Values of one kind in a row, numbered from 1. The first one's live value is the place that plays.
+void addRow(std::vector<ParameterDescription>& all, const std::string& key, const std::string& name,
+            float minimum, std::initializer_list<float> standards) {
+  int number_ = 0;
+  for (const float standard : standards) {
+    const std::string place = std::to_string(++number_);
+    all.push_back(number(key + place, name + " " + place, Unit::percent, minimum, 100, standard));
+    all.back().publishesLive = number_ == 1;
+  }
+}
+
+void add(std::vector<ParameterDescription>& all, std::vector<ParameterDescription> more) {
+  std::move(more.begin(), more.end(), std::back_inserter(all));
+}
+
 std::vector<std::string> waves() { return {"Sine", "Triangle", "Saw", "Square", "Pulse", "Noise"}; }
 std::vector<std::string> lfoWaves() {
   return {"Sine", "Triangle", "Saw", "Square", "Pulse", "Random"};
@@ -119,7 +137,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       onOff("filterOn", "Filter", true),
       choice("filterType", "Filter Type", {"LP 24", "LP 12", "Band", "High", "Notch", "Peak"}, 0),
       live(number("cutoff", "Cutoff", Unit::hertz, 20, 20000, 900)),
-      number("resonance", "Resonance", Unit::percent, 0, 100, 18),
+      live(number("resonance", "Resonance", Unit::percent, 0, 100, 18)),
       number("filterDrive", "Filter Drive", Unit::decibels, 0, 24, 3),
       number("keytrack", "Key Tracking", Unit::percent, 0, 100, 40),
       number("filterEnvelope", "Envelope to Cutoff", Unit::relativeSemiTones, -60, 60, 24),
@@ -149,7 +167,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("lfo2Pitch", "LFO 2 to Pitch", Unit::cents, 0, 100, 4),
       number("lfo2Pan", "LFO 2 to Pan", Unit::percent, 0, 100, 0),
       onOff("driveOn", "Drive", false),
-      number("driveAmount", "Drive Amount", Unit::decibels, 0, 36, 12),
+      number("driveAmount", "Drive Amount", Unit::decibels, 0, 30, 12),
       number("driveTone", "Drive Tone", Unit::hertz, 500, 20000, 7000),
       number("driveMix", "Drive Mix", Unit::percent, 0, 100, 100),
       onOff("chorusOn", "Chorus", true),
@@ -161,7 +179,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("delayTime", "Delay Time", Unit::milliseconds, 20, 1500, 380),
       choice("delayDivision", "Delay Division", divisionNames(), 7),
       number("delayFeedback", "Delay Feedback", Unit::percent, 0, 95, 45),
-      number("delayTone", "Delay Tone", Unit::hertz, 500, 16000, 3500),
+      number("delayTone", "Delay High Cut", Unit::hertz, 20, 20000, 3500),
       number("delayMix", "Delay Mix", Unit::percent, 0, 100, 30),
       onOff("reverbOn", "Reverb", true),
       number("reverbPredelay", "Reverb Pre-delay", Unit::milliseconds, 0, 150, 15),
@@ -173,12 +191,33 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("glide", "Glide", Unit::milliseconds, 0, 2000, 0),
       kept(number("tune", "Tune", Unit::cents, -100, 100, 0)),
       kept(onOff("panic", "Panic", false)),
-      light("lfo1Light", "LFO 1 Light"),
-      light("lfo2Light", "LFO 2 Light"),
-      light("levelLight", "Level"),
-      light("clipLight", "Clip"),
-      voiceCount(),
+      kept(onOff("subMute", "Sub Mute", false)),
+      kept(onOff("noiseMute", "Noise Mute", false)),
   };
+  addRow(all, "velocity", "Velocity", 0, {0, 25, 50, 75, 100});
+  for (std::size_t i = indexOf(Param::velocity1); i < all.size(); ++i) all[i] = kept(all[i]);
+  add(all, {choice("driveShape", "Drive Shape", {"Soft", "Tube", "Hard", "Fold"}, 0),
+            number("driveBias", "Drive Bias", Unit::percent, -50, 50, 0),
+            number("delayLowCut", "Delay Low Cut", Unit::hertz, 20, 20000, 110),
+            kept(number("scopeTime", "Display Time", Unit::milliseconds, 1, 40, 24))});
+  add(all,
+      {onOff("stepsOn", "Steps", false), choice("stepsDivision", "Steps Rate", divisionNames(), 2),
+       number("stepsCount", "Steps Count", Unit::indexed, 2, 16, 16),
+       number("stepsGlide", "Steps Glide", Unit::percent, 0, 100, 0),
+       number("stepsCutoff", "Steps to Cutoff", Unit::relativeSemiTones, -48, 48, 18),
+       number("stepsPitch", "Steps to Pitch", Unit::relativeSemiTones, 0, 24, 0)});
+  addRow(all, "step", "Step", -100,
+         {100, 0, 50, -50, 75, -25, 25, 0, 100, 0, 50, -75, 75, 25, -25, 0});
+  add(all,
+      {onOff("curveOn", "Curve", false), choice("curveDivision", "Curve Rate", divisionNames(), 2),
+       number("curveCount", "Curve Count", Unit::indexed, 2, 16, 16),
+       number("curveLevel", "Curve to Level", Unit::percent, 0, 100, 80),
+       number("curveWidth", "Curve to Width", Unit::percent, -100, 100, 0),
+       number("curvePan", "Curve to Pan", Unit::percent, 0, 100, 0)});
+  addRow(all, "curve", "Curve", 0,
+         {100, 85, 60, 30, 90, 70, 40, 10, 100, 75, 50, 25, 80, 95, 55, 20});
+  add(all, {light("lfo1Light", "LFO 1 Light"), light("lfo2Light", "LFO 2 Light"),
+            light("levelLight", "Level"), light("clipLight", "Clip"), voiceCount()});
   for (std::size_t i = 0; i < all.size(); ++i) all[i].address = i;
   return all;
 }

@@ -1,5 +1,6 @@
 #include "examples/Halden/HaldenViewController.h"
 
+#include "Orvane/AUFilterViewContainer.h"
 #include "examples/Halden/HaldenAudioUnit.h"
 #include "examples/Halden/HaldenDesign.h"
 
@@ -21,10 +22,15 @@ constexpr SyncedTime syncedTimes[] = {{"lfo1Sync", "lfo1Rate", "lfo1Division"},
 HaldenViewController::HaldenViewController() {
   presetViewUseFilters = true;
   allowImportAndExport = true;
+  menuBar().setDisplays({"Scope", "FFT", "Level"});
+  monitor_->sampleRate = [this] {
+    const auto* unit = dynamic_cast<const HaldenAudioUnit*>(audioUnit());
+    return unit ? unit->displayedSampleRate() : 44100;
+  };
 }
 
 std::shared_ptr<orvane::AUDesign> HaldenViewController::design() {
-  return std::make_shared<HaldenDesign>();
+  return std::make_shared<HaldenDesign>(monitor_);
 }
 
 std::unique_ptr<platform::AudioUnit> HaldenViewController::createAudioUnit(
@@ -53,6 +59,14 @@ void HaldenViewController::updateParameter(platform::AUParameterAddress address)
   for (const SyncedTime& time : syncedTimes) {
     if (key->second == time.sync) updateVisibility();
   }
+  // The response depends on a choice that is no part of the filter view.
+  if (key->second != "filterType") return;
+  const auto view = std::dynamic_pointer_cast<orvane::AUFilterViewContainer>(container("cutoff"));
+  if (view) view->updateViewData();
+}
+
+void HaldenViewController::displayChanged(int index) {
+  monitor_->setMode(static_cast<MonitorMode>(index));
 }
 
 }  // namespace halden

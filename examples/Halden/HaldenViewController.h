@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Orvane/KestroAUViewController.h"
+#include "examples/Halden/MonitorContainer.h"
 
 namespace halden {
 
@@ -22,6 +23,11 @@ class HaldenViewController : public orvane::KestroAUViewController {
   /// A rate in hertz or milliseconds and one in beats share a place; the sync switch says which.
   bool isControlShown(const kestroui::ParamKey& key) override;
   void updateParameter(platform::AUParameterAddress address) override;
+  /// The display modes are those of the monitor, in their order.
+  void displayChanged(int index) override;
+
+ private:
+  std::shared_ptr<MonitorContainer> monitor_ = std::make_shared<MonitorContainer>();
 };
 
 }  // namespace halden

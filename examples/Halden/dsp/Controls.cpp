@@ -1,7 +1,6 @@
 #include "examples/Halden/dsp/Controls.h"
 
 #include "examples/Halden/dsp/Divisions.h"
-#include "examples/Halden/dsp/StateVariableFilter.h"
 
 namespace halden {
 namespace {
@@ -13,6 +12,9 @@ float cutoffToPitch(float hertz) { return 69 + 12 * std::log2(std::max(hertz, 1.
 
 /// Parameters that are read as they are, since something else keeps their changes smooth.
 bool isDiscrete(Param param) {
+  if (param >= Param::velocity1 && param <= Param::velocity5) return true;
+  if (param >= Param::step1 && param <= Param::step16) return true;
+  if (param >= Param::curve1 && param <= Param::curve16) return true;
   switch (param) {
     case Param::osc1Wave:
     case Param::osc2Wave:
@@ -26,6 +28,12 @@ bool isDiscrete(Param param) {
     case Param::delayDivision:
     case Param::voiceMode:
     case Param::panic:
+    case Param::driveShape:
+    case Param::scopeTime:
+    case Param::stepsDivision:
+    case Param::stepsCount:
+    case Param::curveDivision:
+    case Param::curveCount:
       return true;
     default:
       return false;
@@ -55,25 +63,7 @@ void approach(float& value, float aim, float share) {
   value = std::abs(way) <= 1e-5f * (1 + std::abs(aim)) ? aim : value + share * way;
 }
 
-/// Gain on the left at a place from -1 to 1, 1 in the middle; on the right at the mirrored place.
-float panGain(float place) { return std::sqrt(std::clamp(1 - place, 0.0f, 2.0f)); }
-
 }  // namespace
-
-template <std::size_t count>
-void Controls::Choice<count>::moveTo(int chosen, float share) {
-  for (std::size_t i = 0; i < count; ++i) {
-    const float aim = static_cast<int>(i) == chosen ? 1.0f : 0.0f;
-    shares[i] += share * (aim - shares[i]);
-    if (std::abs(aim - shares[i]) < 1e-4f) shares[i] = aim;
-  }
-}
-
-bool ControlFrame::OscillatorPart::isSilent() const {
-  const auto silent = [](const Ramp& ramp) { return ramp.isZero(); };
-  return std::all_of(left.begin(), left.end(), silent) &&
-         std::all_of(right.begin(), right.end(), silent);
-}
 
 void Controls::setSampleRate(float sampleRate) {
   sampleRate_ = sampleRate;
@@ -89,7 +79,11 @@ void Controls::reset() {
   hands_ = {};
   waves_ = {};
   filterType_ = {};
+  driveShape_ = {};
   copies_ = {};
+  steps_ = {};
+  curve_ = {};
+  stepValue_ = stepPitch_ = curveValue_ = 0;
   frame_.sampleRate = sampleRate_;
   fresh_ = true;
 }
@@ -109,6 +103,7 @@ const ControlFrame& Controls::advance(const ParamValues& target, const Performan
   share_ = fresh_ ? 1 : smoothingShare(smoothingSeconds, sampleRate_, static_cast<float>(length));
   smooth(target, performance);
   advanceLfos();
+  advanceSequencers();
   for (int pass = 0; pass < passes; ++pass) {
     unisonFrame();
     voiceFrame();
@@ -159,146 +154,49 @@ void Controls::advanceLfos() {
           std::max(1.0f, std::round(now_[Param::lfo2Beats])), 0);
   lfo1Depth_ = now_[Param::lfo1On] * lfo1Value_;
   lfo2Depth_ = now_[Param::lfo2On] * lfo2Value_;
+}
+
+void Controls::advanceSequencers() {
+  const float seconds = static_cast<float>(length_) / sampleRate_;
+  const float beatsPerSecond = tempo_ / 60;
+  const auto run = [&](Sequencer& sequencer, Param division, Param count) {
+    const Sequencer::Tempo tempo{beatsPerSecond, divisionBeats(now_.index(division))};
+    const int steps = std::clamp(now_.index(count), 1, static_cast<int>(Sequencer::mostSteps));
+    if (playing_) sequencer.setBeat(beat_, tempo, steps);
+    return std::pair(tempo, steps);
+  };
+  // Every jump takes two milliseconds at least, so that it may move anything without a click.
+  const auto approachShare = [&](float glideSeconds) {
+    return fresh_ ? 1 : 1 - std::exp(-seconds / (0.002f + glideSeconds));
+  };
+
+  const auto [stepTempo, steps] = run(steps_, Param::stepsDivision, Param::stepsCount);
+  const float step = steps_.step(now_.from(Param::step1, Sequencer::mostSteps)) / 100;
+  const float stepSeconds = stepTempo.beatsPerStep / beatsPerSecond;
+  const float share = approachShare(0.3f * now_[Param::stepsGlide] / 100 * stepSeconds);
+  const float on = now_[Param::stepsOn];
+  stepValue_ += share * (on * step - stepValue_);
+  // The pitch goes in semitones.
+  stepPitch_ += share * (on * std::round(step * now_[Param::stepsPitch]) - stepPitch_);
+  steps_.advance(stepTempo, steps, seconds);
+
+  const auto [curveTempo, points] = run(curve_, Param::curveDivision, Param::curveCount);
+  const float curve = curve_.curve(now_.from(Param::curve1, Sequencer::mostSteps), points) / 100;
+  curveValue_ += approachShare(0) * (curve - curveValue_);
+  curve_.advance(curveTempo, points, seconds);
+
   beat_ += static_cast<double>(seconds * beatsPerSecond);
 }
 
-void Controls::unisonFrame() {
-  const int voices = now_.isOn(Param::unisonOn) ? std::clamp(now_.index(Param::unisonVoices), 1,
-                                                             static_cast<int>(maximumUnison))
-                                                : 1;
-  const float detune = now_[Param::unisonDetune] / 100;
-  for (int i = 0; i < static_cast<int>(maximumUnison); ++i) {
-    Copy& copy = copies_[static_cast<std::size_t>(i)];
-    const bool sounds = i < voices;
-    const float place =
-        voices > 1 && sounds ? 2 * static_cast<float>(i) / static_cast<float>(voices - 1) - 1 : 0;
-    const float gain = sounds ? 1 / std::sqrt(static_cast<float>(voices)) : 0;
-    // A copy that was silent begins at its place; one that falls silent stays where it was.
-    if (sounds) copy.place = copy.gain == 0 ? place : copy.place + share_ * (place - copy.place);
-    copy.gain += share_ * (gain - copy.gain);
-    if (std::abs(gain - copy.gain) < 1e-4f) copy.gain = gain;
-    frame_.detune[static_cast<std::size_t>(i)] = semitonesToRatio(0.5f * detune * copy.place);
-  }
+void Controls::restartSequencers() {
+  if (playing_) return;
+  steps_.restart();
+  curve_.restart();
 }
 
-void Controls::oscillatorFrame(std::size_t index, int wave, float width, float level, float pan,
-                               float semitones) {
-  ControlFrame::OscillatorPart& part = frame_.oscillators[index];
-  waves_[index].moveTo(std::clamp(wave, 0, waveCount - 1), share_);
-  for (std::size_t i = 0; i < part.mix.size(); ++i) {
-    part.mix[i].moveTo(waves_[index].shares[i], length_);
-  }
-  const float swing = now_[Param::lfo1Width] * lfo1Depth_ * 0.5f;
-  part.width.moveTo(std::clamp((width + swing) / 100, 0.03f, 0.97f), length_);
-  part.semitones = semitones + now_[Param::tune] / 100 + hands_.bend * now_[Param::bendRange];
-  const float spread = now_[Param::unisonSpread] / 100;
-  for (std::size_t i = 0; i < maximumUnison; ++i) {
-    // Neighbours in pitch sit on opposite sides, so that neither side is sharp.
-    const float side = copies_[i].place * spread * (i % 2 ? -1.0f : 1.0f);
-    const float place = std::clamp(pan + side, -1.0f, 1.0f);
-    part.left[i].moveTo(level * copies_[i].gain * panGain(place), length_);
-    part.right[i].moveTo(level * copies_[i].gain * panGain(-place), length_);
-  }
-}
-
-void Controls::voiceFrame() {
-  oscillatorFrame(0, now_.index(Param::osc1Wave), now_[Param::osc1Width], now_[Param::osc1Level],
-                  now_[Param::osc1Pan], 12 * now_[Param::osc1Octave] + now_[Param::osc1Fine] / 100);
-  oscillatorFrame(1, now_.index(Param::osc2Wave), now_[Param::osc2Width],
-                  now_[Param::osc2On] * now_[Param::osc2Level], now_[Param::osc2Pan],
-                  now_[Param::osc2Semi] + now_[Param::osc2Fine] / 100);
-  frame_.sub.moveTo(now_[Param::subLevel], length_);
-  frame_.noise.moveTo(now_[Param::noiseLevel], length_);
-  const float fm = now_[Param::fmAmount] / 100;
-  frame_.fmDepth.moveTo(1.2f * fm * fm, length_);
-  frame_.fmRatio = now_[Param::fmRatio];
-
-  frame_.velocityLevel = now_[Param::velocityLevel] / 100;
-  frame_.glideSeconds = now_[Param::glide] / 1000;
-  frame_.vibrato = lfo2Depth_ * now_[Param::lfo2Pitch] / 100;
-  // The wheel's vibrato works whether LFO 2 is switched on or not.
-  frame_.wheelVibrato = lfo2Value_ * hands_.wheel * now_[Param::wheelVibrato] / 100;
-  frame_.vibratoFadeSeconds = now_[Param::lfo2Fade];
-
-  const float tremolo =
-      1 - now_[Param::lfo1On] * now_[Param::lfo1Level] / 100 * (0.5f - 0.5f * lfo1Value_);
-  const float place = lfo2Depth_ * now_[Param::lfo2Pan] / 100;
-  frame_.left.moveTo(tremolo * panGain(place), length_);
-  frame_.right.moveTo(tremolo * panGain(-place), length_);
-}
-
-void Controls::filterFrame() {
-  enum { steepLow, low, band, high, notch, peak };
-  filterType_.moveTo(std::clamp(now_.index(Param::filterType), 0, 5), share_);
-  const auto& type = filterType_.shares;
-
-  frame_.cutoffPitch = now_[Param::cutoff] + lfo1Depth_ * now_[Param::lfo1Cutoff] +
-                       hands_.pressure * now_[Param::pressureCutoff];
-  frame_.keytrack = now_[Param::keytrack] / 100;
-  frame_.envelopeSemitones = now_[Param::filterEnvelope];
-  frame_.velocitySemitones = now_[Param::velocityCutoff];
-
-  // Four poles are flat with one pair at Q 1.31 and the other at 0.54, two with Q 0.71.
-  const float resonance = now_[Param::resonance] / 100;
-  const float flat = 0.7071f + type[steepLow] * (1.3066f - 0.7071f);
-  constexpr float highestQ = 32;
-  const float q = flat * std::pow(highestQ / flat, resonance);
-  frame_.damping.moveTo(1 / q, length_);
-
-  frame_.filterAmount.moveTo(now_[Param::filterOn], length_);
-  frame_.steep.moveTo(type[steepLow], length_);
-  frame_.low.moveTo(type[low] + type[notch] + type[peak], length_);
-  frame_.high.moveTo(type[high] + type[notch] - type[peak], length_);
-  // The band's own peak is Q high: brought down so that noise through it stays as loud.
-  frame_.band.moveTo(type[band] * 1 / std::sqrt(q), length_);
-
-  const float drive = now_[Param::filterDrive];
-  const float gain = decibelsToGain(drive);
-  frame_.filterInput.moveTo(1 - 0.4f * resonance, length_);
-  frame_.driveAmount.moveTo(std::min(drive / 3, 1.0f), length_);
-  frame_.driveInput.moveTo(gain, length_);
-  frame_.driveOutput.moveTo(std::pow(gain, -0.6f), length_);
-
-  frame_.filterTimes = {now_[Param::filterAttack] / 1000, now_[Param::filterDecay] / 1000,
-                        now_[Param::filterSustain] / 100, now_[Param::filterRelease] / 1000};
-  frame_.ampTimes = {now_[Param::ampAttack] / 1000, now_[Param::ampDecay] / 1000,
-                     now_[Param::ampSustain] / 100, now_[Param::ampRelease] / 1000};
-}
-
-float Controls::divisionSeconds(int division) const {
-  return divisionBeats(division) * 60 / tempo_;
-}
-
-void Controls::effectsFrame() {
-  EffectsFrame& effects = frame_.effects;
-
-  const float drive = decibelsToGain(now_[Param::driveAmount]);
-  effects.drive.amount.moveTo(now_[Param::driveOn], length_);
-  effects.drive.inputGain.moveTo(drive, length_);
-  effects.drive.outputGain.moveTo(std::pow(drive, -0.62f), length_);
-  effects.drive.mix.moveTo(now_[Param::driveMix] / 100, length_);
-  effects.drive.toneFrequency = now_[Param::driveTone];
-
-  effects.chorus.amount.moveTo(now_[Param::chorusOn], length_);
-  effects.chorus.mix.moveTo(now_[Param::chorusMix] / 100, length_);
-  effects.chorus.depth.moveTo(now_[Param::chorusDepth] / 100, length_);
-  effects.chorus.rate = now_[Param::chorusRate];
-
-  effects.delay.amount.moveTo(now_[Param::delayOn], length_);
-  effects.delay.mix.moveTo(now_[Param::delayMix] / 100, length_);
-  effects.delay.feedback.moveTo(now_[Param::delayFeedback] / 100, length_);
-  effects.delay.toneFrequency = now_[Param::delayTone];
-  effects.delay.seconds = now_.isOn(Param::delaySync)
-                              ? divisionSeconds(now_.index(Param::delayDivision))
-                              : now_[Param::delayTime] / 1000;
-
-  effects.reverb.amount.moveTo(now_[Param::reverbOn], length_);
-  effects.reverb.mix.moveTo(now_[Param::reverbMix] / 100, length_);
-  effects.reverb.predelay = now_[Param::reverbPredelay] / 1000;
-  effects.reverb.decay = now_[Param::reverbDecay];
-  effects.reverb.toneFrequency = now_[Param::reverbTone];
-
-  effects.volume.moveTo(now_[Param::volume], length_);
+float Controls::velocity(float played) const {
+  const std::span<const float> points = now_.from(Param::velocity1, velocityPoints);
+  return std::clamp(smoothCurve(points, played * (velocityPoints - 1)) / 100, 0.0f, 1.0f);
 }
 
 }  // namespace halden

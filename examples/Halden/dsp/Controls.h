@@ -3,8 +3,10 @@
 #include <array>
 
 #include "examples/Halden/dsp/ControlFrame.h"
+#include "examples/Halden/dsp/FilterResponse.h"
 #include "examples/Halden/dsp/Lfo.h"
 #include "examples/Halden/dsp/Params.h"
+#include "examples/Halden/dsp/Sequencer.h"
 
 namespace halden {
 
@@ -30,9 +32,19 @@ class Controls {
   const ControlFrame& advance(const ParamValues& target, const Performance& performance,
                               int length);
 
+  /// Both begin with their first step, unless they follow a song.
+  void restartSequencers();
+  /// What the velocity curve makes of how hard a key was struck; both from 0 to 1.
+  float velocity(float played) const;
+
   const ControlFrame& frame() const { return frame_; }
   float lfo1() const { return lfo1Value_; }
   float lfo2() const { return lfo2Value_; }
+  /// Where the sequencers play, in steps.
+  float stepPlace() const { return steps_.place(); }
+  float curvePlace() const { return curve_.place(); }
+  /// What the curve moves things by, from -1 to 1.
+  float curveSwing() const { return 2 * curveValue_ - 1; }
 
  private:
   /// Crossfades between the choices of a parameter.
@@ -41,10 +53,11 @@ class Controls {
     std::array<float, count> shares{};
     void moveTo(int chosen, float share);
   };
-  static constexpr std::size_t filterTypes = 6;
+  static constexpr std::size_t velocityPoints = 5;
 
   void smooth(const ParamValues& target, const Performance& performance);
   void advanceLfos();
+  void advanceSequencers();
   void oscillatorFrame(std::size_t index, int wave, float width, float level, float pan,
                        float semitones);
   void unisonFrame();
@@ -58,7 +71,8 @@ class Controls {
   ParamValues early_, now_;
   Performance hands_;
   std::array<Choice<static_cast<std::size_t>(waveCount)>, 2> waves_;
-  Choice<filterTypes> filterType_;
+  Choice<filterTypeCount> filterType_;
+  Choice<driveShapeCount> driveShape_;
   struct Copy {
     float place = 0, gain = 0;
   };
@@ -66,6 +80,9 @@ class Controls {
   Lfo lfo1_, lfo2_;
   float lfo1Value_ = 0, lfo2Value_ = 0;
   float lfo1Depth_ = 0, lfo2Depth_ = 0;
+  Sequencer steps_, curve_;
+  /// Of the steps from -1 to 1 and in semitones, both 0 while they are off; of the curve from 0 to 1.
+  float stepValue_ = 0, stepPitch_ = 0, curveValue_ = 0;
   float sampleRate_ = 48000;
   float share_ = 1;
   int length_ = 16;

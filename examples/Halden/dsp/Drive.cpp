@@ -43,7 +43,31 @@ float symmetricSum(const float* newest) {
   return sum;
 }
 
+/// What the shapes that are heard make of a sample.
+float bent(const Drive::Settings& settings, int at, float in) {
+  float out = 0;
+  for (std::size_t i = 0; i < driveShapeCount; ++i) {
+    const Ramp& share = settings.shapes[i];
+    if (!share.isZero()) out += share.at(at) * driven(static_cast<DriveShape>(i), in);
+  }
+  return out;
+}
+
 }  // namespace
+
+float driven(DriveShape shape, float in) {
+  switch (shape) {
+    case DriveShape::soft:
+      return softClip(in);
+    case DriveShape::tube:
+      return in < 0 ? softClip(in) : 1 - std::exp(-in);
+    case DriveShape::hard:
+      return std::clamp(in, -1.0f, 1.0f);
+    case DriveShape::fold:
+      return std::sin(0.5f * pi * in);
+  }
+  return in;
+}
 
 void Drive::setSampleRate(float sampleRate) {
   sampleRate_ = sampleRate;
@@ -54,7 +78,7 @@ void Drive::reset() {
   for (Channel& channel : channels_) channel = {};
 }
 
-float Drive::Channel::process(float input, float gain) {
+float Drive::Channel::process(float input, const Settings& settings, int sample) {
   // Each history is written twice, half its length apart, so that it can be read in one piece.
   position = (position + historyLength - 1) % historyLength;
   const auto write = [this](History& history, float value) {
@@ -67,8 +91,10 @@ float Drive::Channel::process(float input, float gain) {
   // Up: one of the two new samples is an input sample (the middle tap), the other is between two.
   const float between = 2 * symmetricSum(at(slow));
   const float exact = at(slow)[7];
-  write(fastEven, softClip(gain * between));
-  write(fastOdd, softClip(gain * exact));
+  const float gain = settings.inputGain.at(sample), bias = settings.bias.at(sample);
+  const float rest = settings.constantPart.at(sample);
+  write(fastEven, bent(settings, sample, gain * (between + bias)) - rest);
+  write(fastOdd, bent(settings, sample, gain * (exact + bias)) - rest);
   // Down: the filter's middle tap falls on the exact samples.
   return 0.5f * at(fastOdd)[8] + symmetricSum(at(fastEven));
 }
@@ -81,7 +107,7 @@ void Drive::process(const Settings& settings, int begin, int count, float* left,
     for (int i = 0; i < count; ++i) {
       const int at = begin + i;
       const float input = sides[side][i];
-      const float clipped = channel.process(input, settings.inputGain.at(at));
+      const float clipped = channel.process(input, settings, at);
       const float wet = channel.tone.low(clipped, toneShare) * settings.outputGain.at(at);
       const float dry = channel.slow[static_cast<std::size_t>(channel.position + latency)];
       const float mixed = dry + settings.mix.at(at) * (wet - dry);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <span>
 
 namespace halden {
 
@@ -56,6 +57,24 @@ inline float softClip(float x) {
 }
 
 inline float wrapPhase(float phase) { return phase - std::floor(phase); }
+
+/// At `place`, from 0 to the last of `points`, on a curve through the points that is flat at every
+/// turn, so that it never leaves the range of two neighbours.
+inline float smoothCurve(std::span<const float> points, float place) {
+  const std::size_t last = points.size() - 1;
+  if (last == 0) return points[0];
+  const std::size_t i = std::min(static_cast<std::size_t>(std::max(place, 0.0f)), last - 1);
+  const auto rise = [&](std::size_t n) { return points[n + 1] - points[n]; };
+  const auto slope = [&](std::size_t n) {
+    if (n == 0) return rise(0);
+    if (n == last) return rise(last - 1);
+    const float before = rise(n - 1), after = rise(n);
+    return before * after > 0 ? 2 * before * after / (before + after) : 0.0f;
+  };
+  const float t = std::min(place - static_cast<float>(i), 1.0f);
+  const float from = slope(i), to = slope(i + 1), way = rise(i);
+  return points[i] + t * (from + t * (3 * way - 2 * from - to + t * (from + to - 2 * way)));
+}
 
 /// The share of the way to its target that a one-pole smoother goes in `samples` samples.
 inline float smoothingShare(float seconds, float sampleRate, float samples = 1) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace halden {
 
@@ -91,6 +92,61 @@ enum class Param : std::size_t {
   glide,
   tune,
   panic,
+  subMute,
+  noiseMute,
+  velocity1,
+  velocity2,
+  velocity3,
+  velocity4,
+  velocity5,
+  driveShape,
+  driveBias,
+  delayLowCut,
+  scopeTime,
+  stepsOn,
+  stepsDivision,
+  stepsCount,
+  stepsGlide,
+  stepsCutoff,
+  stepsPitch,
+  step1,
+  step2,
+  step3,
+  step4,
+  step5,
+  step6,
+  step7,
+  step8,
+  step9,
+  step10,
+  step11,
+  step12,
+  step13,
+  step14,
+  step15,
+  step16,
+  curveOn,
+  curveDivision,
+  curveCount,
+  curveLevel,
+  curveWidth,
+  curvePan,
+  curve1,
+  curve2,
+  curve3,
+  curve4,
+  curve5,
+  curve6,
+  curve7,
+  curve8,
+  curve9,
+  curve10,
+  curve11,
+  curve12,
+  curve13,
+  curve14,
+  curve15,
+  curve16,
   count
 };
 
@@ -101,6 +157,10 @@ class ParamValues {
  public:
   float& operator[](Param param) { return values_[static_cast<std::size_t>(param)]; }
   float operator[](Param param) const { return values_[static_cast<std::size_t>(param)]; }
+  /// As many values as `count`, from `first` on.
+  std::span<const float> from(Param first, std::size_t count) const {
+    return {values_.data() + static_cast<std::size_t>(first), count};
+  }
   float& at(std::size_t index) { return values_[index]; }
   float at(std::size_t index) const { return values_[index]; }
 

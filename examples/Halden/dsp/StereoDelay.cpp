@@ -46,7 +46,7 @@ void StereoDelay::process(const Settings& settings, int begin, int count, float*
   resting_ = false;
 
   const float highCut = OnePole::share(settings.toneFrequency, sampleRate_);
-  const float lowCut = OnePole::share(110, sampleRate_);
+  const float lowCut = OnePole::share(settings.lowCutFrequency, sampleRate_);
   const float fadeStep = 1 / (fadeSeconds * sampleRate_);
   float loudest = 0;
   for (int i = 0; i < count; ++i) {

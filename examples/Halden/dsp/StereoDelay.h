@@ -19,7 +19,8 @@ class StereoDelay {
     Ramp mix;
     Ramp feedback;
     float seconds = 0.35f;
-    float toneFrequency = 4000;
+    /// The echoes lie between these.
+    float lowCutFrequency = 110, toneFrequency = 4000;
   };
 
   void setSampleRate(float sampleRate);

@@ -52,7 +52,8 @@ void Synth::handle(const platform::MidiEvent& event) {
   switch (message.kind) {
     case Kind::noteOn:
       quietSamples_ = 0;
-      voices_.noteOn(message.number, amount, frame);
+      if (!voices_.isHeld()) controls_.restartSequencers();
+      voices_.noteOn(message.number, controls_.velocity(amount), frame);
       break;
     case Kind::noteOff:
       voices_.noteOff(message.number, frame);

@@ -27,6 +27,9 @@ class Synth {
   float newestCutoff() const;
   float lfo1() const { return controls_.lfo1(); }
   float lfo2() const { return controls_.lfo2(); }
+  float stepPlace() const { return controls_.stepPlace(); }
+  float curvePlace() const { return controls_.curvePlace(); }
+  float curveSwing() const { return controls_.curveSwing(); }
   /// Whether the output had to be held back since the last call.
   bool takeClipped() { return std::exchange(clipped_, false); }
 

@@ -1,5 +1,7 @@
 #include "examples/Halden/dsp/Voice.h"
 
+#include "examples/Halden/dsp/FilterResponse.h"
+
 namespace halden {
 namespace {
 
@@ -8,8 +10,7 @@ constexpr float oscillatorGain = 0.5f;
 constexpr float voiceGain = 0.8f;
 constexpr float subGain = 0.9f;
 constexpr float noiseGain = 0.7f;
-/// Q 0.541: the calm pair of poles of a flat four-pole filter.
-constexpr float calmDamping = 1.848f;
+constexpr float calmDamping = 1 / FilterResponse::calmQuality;
 
 float hertz(float pitch) { return 440 * semitonesToRatio(pitch - 69); }
 

@@ -200,6 +200,11 @@ bool VoiceAllocator::isSilent() const {
                      [](const Slot& slot) { return slot.voice.isIdle(); });
 }
 
+bool VoiceAllocator::isHeld() const {
+  return std::any_of(slots_.begin(), slots_.end(),
+                     [](const Slot& slot) { return slot.down || slot.sustained; });
+}
+
 const Voice* VoiceAllocator::newestVoice() const {
   const Slot* newest = nullptr;
   for (const Slot& slot : slots_) {

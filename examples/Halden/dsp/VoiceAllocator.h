@@ -35,6 +35,8 @@ class VoiceAllocator {
   /// Voices that sound; those being faded out do not count.
   int activeVoices() const;
   bool isSilent() const;
+  /// A key is down, or the pedal holds a note.
+  bool isHeld() const;
   /// The voice that was started last, or null when it has ended.
   const Voice* newestVoice() const;
 
