@@ -63,8 +63,7 @@ struct FontBook::Face {
     const auto text = juce::String::charToString(static_cast<juce::juce_wchar>(code));
     Character measured;
     measured.width = typeface->getStringWidth(text) * heightPerEm;
-    const bool isDrawn =
-        typeface->getOutlineForGlyph(static_cast<int>(code), measured.outline);
+    const bool isDrawn = typeface->getOutlineForGlyph(static_cast<int>(code), measured.outline);
     // Latin letters, digits and signs are in every face that is chosen on purpose.
     measured.isMissing = code >= 0x180 && (!isDrawn || measured.outline == missingGlyph);
     return characters.emplace(code, std::move(measured)).first->second;
@@ -77,11 +76,11 @@ struct FontBook::Face {
 
 FontBook::FontBook() {
   const juce::StringArray families = juce::Font::findAllTypefaceNames();
-  const juce::String family =
-      families.contains("Inter") ? juce::String("Inter")
-                                 : juce::Font(juce::Font::getDefaultSansSerifFontName(), 12.0f, 0)
-                                       .getTypefacePtr()
-                                       ->getName();
+  const juce::String family = families.contains("Inter")
+                                  ? juce::String("Inter")
+                                  : juce::Font(juce::Font::getDefaultSansSerifFontName(), 12.0f, 0)
+                                        .getTypefacePtr()
+                                        ->getName();
   const juce::StringArray available = juce::Font::findAllTypefaceStyles(family);
   for (const StyleNames& style : styles) {
     const char* chosen = "Regular";
@@ -98,7 +97,7 @@ FontBook::~FontBook() = default;
 
 FontBook::Face* FontBook::makeFace(const juce::String& family, const juce::String& style) {
   auto face = std::make_unique<Face>();
-  face->typeface = juce::Typeface::createSystemTypefaceFor(juce::Font(family, style, 12.0f));
+  face->typeface = juce::Font(family, style, 12.0f).getTypefacePtr();
   // An em space is one em wide by definition. A font without one answers something else, which is
   // then out of the range that real typefaces keep to.
   const double emPerHeight = face->typeface->getStringWidth(
@@ -165,8 +164,7 @@ GlyphLine FontBook::layOutTruncated(std::string_view text, const platform::Font&
     end += faceFor(character, preferred).advance(character, font.tabularFigures) * pixelSize;
     ends.push_back(end);
   }
-  const double room =
-      width - faceFor(ellipsis, preferred).advance(ellipsis, false) * pixelSize;
+  const double room = width - faceFor(ellipsis, preferred).advance(ellipsis, false) * pixelSize;
   if (room < 0) return {};
   std::size_t kept = 0;
   while (kept < ends.size() && ends[kept] <= room) ++kept;

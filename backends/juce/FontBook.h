@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "backends/juce/GlyphMasks.h"
 #include "platform/Font.h"
 
 namespace juce_backend {
@@ -49,6 +50,9 @@ class FontBook {
   GlyphLine layOutTruncated(std::string_view text, const platform::Font& font, double pixelSize,
                             double width);
 
+  /// Of the outlines that lines are made of.
+  GlyphMasks& masks() { return masks_; }
+
  private:
   struct Face;
 
@@ -57,12 +61,12 @@ class FontBook {
   /// `preferred`, or another that has the character when it lacks it.
   Face& faceFor(char32_t character, Face& preferred);
   Face* installedFaceWith(char32_t character);
-  GlyphLine layOut(const std::vector<char32_t>& text, const platform::Font& font,
-                   double pixelSize);
+  GlyphLine layOut(const std::vector<char32_t>& text, const platform::Font& font, double pixelSize);
 
   std::vector<std::unique_ptr<Face>> faces_;
   std::array<Face*, 4> weights_{};
   std::unordered_map<char32_t, Face*> fallbacks_;
+  GlyphMasks masks_;
 };
 
 }  // namespace juce_backend

@@ -6,15 +6,20 @@
 namespace juce_backend {
 namespace {
 
-// What a text run keeps: its shape at the scale and the place within a pixel of the last painting.
+// What a text run keeps: its glyphs at the scale and the place within a pixel of the last painting.
 struct CachedText {
+  struct Glyph {
+    std::shared_ptr<const CoverageMask> mask;
+    int x = 0;
+  };
+
   double scale = 0;
   double fraction = 0;
-  CoverageMask mask;
+  int baseLine = 0;
+  std::vector<Glyph> glyphs;
 };
 
-// Text may begin at so many places within a pixel.
-constexpr double placesPerPixel = 4;
+constexpr double placesPerPixel = GlyphMasks::placesPerPixel;
 
 // Sizes that a fit leads to are rounded down to steps, so that labels of one row, which have
 // nearly the same width, keep the same size.
@@ -89,19 +94,29 @@ void JuceCanvas::drawTextRun(const platform::TextRun& run) {
     const GlyphLine line = fitText(run);
     const juce::Point<double> start =
         startOf(line, run.rect.width * scale, run.rect.height * scale, run.alignment);
-    juce::Path path = line.path();
     // Base lines are on whole pixels, so that all letters of a row are equally sharp.
-    path.applyTransform(juce::AffineTransform::translation(
-        static_cast<float>(std::round((start.x + fraction) * placesPerPixel) / placesPerPixel),
-        static_cast<float>(std::round(start.y))));
-    cached = std::make_shared<CachedText>(
-        CachedText{scale, fraction, PixelPainter::maskOf(path, contrastFor(run.color))});
+    cached =
+        std::make_shared<CachedText>(CachedText{scale, fraction, juce::roundToInt(start.y), {}});
+    cached->glyphs.reserve(line.glyphs.size());
+    const float contrast = contrastFor(run.color);
+    for (const GlyphLine::Glyph& glyph : line.glyphs) {
+      const auto places =
+          static_cast<int>(std::lround((start.x + fraction + glyph.x) * placesPerPixel));
+      const int x = static_cast<int>(std::floor(places / placesPerPixel));
+      cached->glyphs.push_back(
+          {fonts_->masks().mask(*glyph.outline, glyph.height,
+                                places - x * GlyphMasks::placesPerPixel, contrast),
+           x});
+    }
     run.cache = cached;
   }
 
   PixelSource pixels = source(run.color);
-  painter_.fillMask(cached->mask, {static_cast<int>(left), static_cast<int>(std::lround(corner.y))},
-                    textClip(run.rect), pixels);
+  const juce::Point<int> start(static_cast<int>(left),
+                               static_cast<int>(std::lround(corner.y)) + cached->baseLine);
+  const juce::Rectangle<int> clip = textClip(run.rect);
+  for (const CachedText::Glyph& glyph : cached->glyphs)
+    painter_.fillMask(*glyph.mask, start.translated(glyph.x, 0), clip, pixels);
 }
 
 juce::Rectangle<int> JuceCanvas::textClip(const platform::Rect& rect) const {
