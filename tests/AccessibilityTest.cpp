@@ -8,46 +8,17 @@
 #include <vector>
 
 #include "KestroUI/MomentaryButton.h"
-#include "backends/headless/HeadlessHost.h"
 #include "examples/Halden/HaldenPlugin.h"
+#include "tests/support/EditorHands.h"
 
 namespace {
 
 using platform::Accessibility;
 using platform::Key;
 
-class AccessibilityTest : public testing::Test {
+class AccessibilityTest : public testing::Test, protected support::EditorHands {
  protected:
-  AccessibilityTest() { host.appear(); }
-
-  bool press(Key key, platform::Modifiers modifiers = platform::Modifiers::none) {
-    return host.pressKey({key, modifiers, ""});
-  }
-  platform::View* focused() { return host.window().firstResponder(); }
-  void showPage(int page) {
-    host.editor().settingsViewController().setCurrentPage(page);
-    loop.runDue();
-    loop.advance(0.2);
-  }
-  int pageCount() {
-    return static_cast<int>(host.editor().settingsViewController().pageViews().size());
-  }
-  /// Everything that Tab reaches, once round.
-  std::vector<platform::View*> walk(platform::Modifiers modifiers = platform::Modifiers::none) {
-    std::vector<platform::View*> views;
-    std::set<platform::View*> known;
-    while (press(Key::tab, modifiers) && known.insert(focused()).second) views.push_back(focused());
-    return views;
-  }
-  template <class Visit>
-  static void visitShown(platform::View& view, const Visit& visit) {
-    if (view.isHidden()) return;
-    visit(view);
-    for (platform::View* subview : view.subviews()) visitShown(*subview, visit);
-  }
-
-  headless::HeadlessRunLoop loop;
-  headless::HeadlessHost host{loop, halden::pluginEntry()};
+  AccessibilityTest() : EditorHands(halden::pluginEntry()) {}
 };
 
 TEST_F(AccessibilityTest, EveryControlOfHaldenIsReachedByTabInTheOrderOfTheDesign) {
@@ -59,9 +30,9 @@ TEST_F(AccessibilityTest, EveryControlOfHaldenIsReachedByTabInTheOrderOfTheDesig
         inTree.push_back(&view);
     });
     ASSERT_GT(inTree.size(), 10u);
-    if (focused()) focused()->resignFirstResponder();
+    dropFocus();
     EXPECT_EQ(walk(), inTree) << "page " << page;
-    if (focused()) focused()->resignFirstResponder();
+    dropFocus();
     std::vector<platform::View*> backwards = walk(platform::Modifiers::shift);
     std::reverse(backwards.begin(), backwards.end());
     EXPECT_EQ(backwards, inTree) << "page " << page;

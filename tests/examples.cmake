@@ -1,10 +1,11 @@
 orvane_add_tests(examples
   SOURCES
     AccessibilityTest.cpp
+    GalleryTest.cpp
     HaldenDesignTest.cpp
     HaldenDspTest.cpp
     HaldenMonitorTest.cpp
     HaldenPresetsTest.cpp
     HaldenTest.cpp
     support/AllocationCounter.cpp
-  DEPENDS orvane::halden orvane::headless orvane::toolkit orvane::foundation Threads::Threads)
+  DEPENDS orvane::gallery orvane::halden orvane::headless orvane::toolkit orvane::foundation Threads::Threads)
