@@ -3,7 +3,7 @@
 
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
-find_package(CURL REQUIRED)
+find_package(CURL 7.87 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(nlohmann_json 3.11 REQUIRED)
 pkg_check_modules(libplist REQUIRED IMPORTED_TARGET GLOBAL libplist-2.0)

@@ -4,6 +4,8 @@
 #   orvane_add_executable(<name> [INSTALL] SOURCES ... [DEPENDS ...])
 #   orvane_add_tests(<area> SOURCES ... [DEPENDS ...])
 #   orvane_add_fuzzer(<name> SOURCES ... [DEPENDS ...])
+#   orvane_write_information(<file> NAME <name> IDENTIFIER <reverse domain> VERSION <a.b.c>
+#     [BUILD <number>] [STORE_IDENTIFIER <text>])
 #   orvane_configure_target(<target>)      for a target made by someone else's function
 
 include(GNUInstallDirs)
@@ -85,6 +87,25 @@ function(orvane_add_room room)
   endforeach()
 endfunction()
 
+# The property list in which a plug-in or program says what it is; see platform/Bundle.h for where it
+# is looked for.
+set(ORVANE_INFORMATION_TEMPLATE "${CMAKE_CURRENT_LIST_DIR}/Info.plist.in")
+function(orvane_write_information file)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;IDENTIFIER;VERSION;BUILD;STORE_IDENTIFIER" "")
+  if(arg_UNPARSED_ARGUMENTS OR NOT arg_NAME OR NOT arg_VERSION)
+    message(FATAL_ERROR "orvane_write_information(${file}) needs NAME and VERSION; what is "
+      "'${arg_UNPARSED_ARGUMENTS}'?")
+  endif()
+  if(NOT arg_BUILD)
+    set(arg_BUILD 1)
+  endif()
+  foreach(text IN ITEMS NAME IDENTIFIER VERSION BUILD STORE_IDENTIFIER)
+    string(REPLACE "&" "&amp;" arg_${text} "${arg_${text}}")
+    string(REPLACE "<" "&lt;" arg_${text} "${arg_${text}}")
+  endforeach()
+  configure_file("${ORVANE_INFORMATION_TEMPLATE}" "${file}" @ONLY)
+endfunction()
+
 # A program that lands in <build>/bin.
 function(orvane_add_executable name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALL" "" "SOURCES;DEPENDS")
@@ -110,6 +131,8 @@ function(orvane_add_tests area)
   endif()
 
   set(target test_${area})
+  orvane_write_information("${CMAKE_BINARY_DIR}/share/${target}/Info.plist"
+    NAME "Test" VERSION 1.2.3 BUILD 45 STORE_IDENTIFIER 6789)
   orvane_add_executable(${target}
     SOURCES ${arg_SOURCES} support/TemporaryHome.cpp
     DEPENDS ${arg_DEPENDS} GTest::gmock_main)

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "foundation/Utf8.h"
+
 namespace platform {
 
 namespace {
@@ -27,6 +29,8 @@ std::string shifted(std::string_view text, char first, char last, int distance) 
 }
 
 }  // namespace
+
+bool isUTF8(std::string_view text) { return foundation::isUtf8(text); }
 
 // Most texts are ASCII, and ICU is not quick to start.
 

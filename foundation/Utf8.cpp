@@ -57,6 +57,16 @@ void append(std::string& text, std::uint32_t character) {
 
 }  // namespace
 
+bool isUtf8(std::string_view text) {
+  std::uint32_t character = 0;
+  while (!text.empty()) {
+    const std::size_t length = decode(text, character);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::string xmlText(std::string_view text) {
   std::string result;
   result.reserve(text.size());

@@ -7,6 +7,9 @@
 
 namespace foundation {
 
+/// Whether `text` is UTF-8 from its first byte to its last.
+bool isUtf8(std::string_view text);
+
 /// `text` with U+FFFD in the place of every byte that is not part of a well-formed UTF-8 character,
 /// and of every character that an XML document may not hold.
 std::string xmlText(std::string_view text);

@@ -99,6 +99,9 @@ class Application : public Responder {
  public:
   /// Opens a link outside the editor; false when that is not possible.
   virtual bool open(const std::string& url) = 0;
+  /// Whether there is a store that can be asked to let its user review the program.
+  virtual bool canRequestReview() const { return false; }
+  virtual void requestReview() {}
   /// Shows what needs more than the editor; null where nothing can.
   virtual Presentation* presentation() { return nullptr; }
 };

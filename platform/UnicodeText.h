@@ -10,5 +10,7 @@ namespace platform {
 std::string lowercased(std::string_view text);
 /// The same in upper case.
 std::string uppercased(std::string_view text);
+/// Whether every byte is part of a well-formed character.
+bool isUTF8(std::string_view text);
 
 }  // namespace platform

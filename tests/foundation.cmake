@@ -5,6 +5,7 @@ orvane_add_tests(foundation
     FuzzCorpusTest.cpp
     KeyedArchiveTest.cpp
     LocalFileManagerTest.cpp
+    NetworkSessionTest.cpp
     PropertyListCodingTest.cpp
     RealtimePortTest.cpp
     RunLoopTest.cpp
