@@ -22,10 +22,11 @@ void SimpleButton::paint(platform::Canvas& canvas) {
   if (!image().isEmpty()) {
     const double side = std::min(place.height * 0.6, place.width);
     const bool alone = title().empty();
-    const double x = alone ? place.midX() - side / 2 : place.x;
+    // As far from the edge as from top and bottom.
+    const double x = alone ? place.midX() - side / 2 : std::max(place.x, (place.height - side) / 2);
     image().draw(canvas, {x, place.midY() - side / 2, side, side}, color);
     if (alone) return;
-    place = {place.x + side + 4, place.y, place.width - side - 4, place.height};
+    place = {x + side + 4, place.y, place.maxX() - x - side - 4, place.height};
   }
   const double size = std::min(font().pointSize, place.height * 0.62);
   if (place.width > 4 && size >= 4)
