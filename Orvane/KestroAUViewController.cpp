@@ -44,8 +44,9 @@ void KestroAUViewController::viewDidLoad() {
   settingsViewController_.footHRatio = footHeightRatio();
   addViewController(settingsViewController_);
   if (initPage != 0) settingsViewController_.setCurrentPage(initPage);
+  menuBar_.overlaysView = &overlaysView_;
   menuBar_.setAppLogo(appLogo());
-  menuBar_.setAppName(appName());
+  menuBar_.productId = productId();
   ViewController::viewDidLoad();
   view().setBackgroundColor(kestroui::Theme::background);
   loadPresetStorage();
@@ -186,6 +187,19 @@ platform::Application* KestroAUViewController::application() {
 
 void KestroAUViewController::openURL(const std::string& url) {
   if (auto* program = application()) program->open(url);
+}
+
+bool KestroAUViewController::aboutOverlayCanRequestReview() {
+  const auto* program = application();
+  return program && program->canRequestReview();
+}
+
+void KestroAUViewController::aboutOverlayRequestReview() {
+  if (auto* program = application()) program->requestReview();
+}
+
+bool KestroAUViewController::keyPressed(const platform::KeyEvent& event) {
+  return event.key == platform::Key::escape && overlaysView_.closeUppermost();
 }
 
 platform::Presentation* KestroAUViewController::presentation() {

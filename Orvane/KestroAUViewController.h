@@ -16,6 +16,7 @@
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/HeldParameters.h"
 #include "Orvane/KestroAUViewControllerDelegate.h"
+#include "Orvane/MakerAddresses.h"
 #include "Orvane/MenuBar.h"
 #include "Orvane/OverlaysView.h"
 #include "Orvane/ParameterConnection.h"
@@ -51,6 +52,8 @@ class KestroAUViewController : public platform::ViewController,
                                public MenuBarDelegate,
                                public EnterValueOverlayDelegate,
                                public PresetViewOverlayDelegate,
+                               public AboutOverlayDelegate,
+                               public ResponderViewDelegate,
                                public platform::DocumentPickerDelegate {
  public:
   KestroAUViewController();
@@ -66,8 +69,10 @@ class KestroAUViewController : public platform::ViewController,
       const platform::AudioComponentDescription& description);
   /// Names the product; must not be empty when the audio unit keeps presets in a store.
   virtual std::string productId() { return {}; }
-  virtual std::string appName() { return {}; }
+  /// The menu bar and the about panel show it beside the plug-in's name.
   virtual platform::Image appLogo() { return {}; }
+  /// Where the maker is found; asked once, when the view is loaded. The base class knows none.
+  virtual MakerAddresses addresses() { return {}; }
   /// Height over width of everything the editor shows.
   virtual double contentRatio() { return 0.75; }
   /// Share of the content's height for the foot strip.
@@ -208,7 +213,7 @@ class KestroAUViewController : public platform::ViewController,
   /// Shows live values; called once per display frame while on screen.
   void updateUI();
   /// Opens a link outside the editor; nothing happens where the program around it cannot.
-  void openURL(const std::string& url);
+  void openURL(const std::string& url) override;
   /// Where pickers, share sheets and alerts appear; null where they cannot.
   platform::Presentation* presentation();
   /// Adds a child with its view on top, or removes both.
@@ -249,6 +254,11 @@ class KestroAUViewController : public platform::ViewController,
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
+  void aboutOverlayRequestReview() override;
+  bool aboutOverlayCanRequestReview() override;
+  void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }
+  /// Escape closes an overlay, wherever the keyboard is.
+  bool keyPressed(const platform::KeyEvent& event) override;
 
   void viewDidLoad() override;
   void viewWillLayoutSubviews() override;

@@ -43,7 +43,14 @@ void KestroAUViewController::setUpOverlays() {
   browser.categories = categories();
   browser.delegate = this;
   browser.presetListTableViewController().presetManager = presetManager_.get();
-  menuBar_.overlaysView = &overlaysView_;
+  const MakerAddresses known = addresses();
+  AboutOverlay& about = overlaysView_.aboutViewOverlay();
+  about.viewController = this;
+  about.overlayDelegate = this;
+  about.delegate = this;
+  about.setAppLogo(menuBar_.appLogo());
+  about.setAddresses(known);
+  menuBar_.helpHost = known.helpHost;
 }
 
 void KestroAUViewController::rebuildPresetList() {

@@ -6,15 +6,44 @@
 #include "KestroUI/Icons.h"
 #include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
+#include "Orvane/PluginInfo.h"
+#include "Orvane/WebAddress.h"
+#include "platform/DispatchQueue.h"
+#include "platform/UnicodeText.h"
 
 namespace orvane {
 
 using platform::ControlEvent;
 namespace Theme = kestroui::Theme;
 
-MenuBar::MenuBar() {
+namespace {
+
+constexpr const char* helpEndpoint = "/LICENSES/help_url.php?product_identifier=";
+
+/// The help page's address, or an empty text for any answer that holds none.
+std::string helpPathOf(const platform::URLSession::Answer& answer) {
+  const bool isThere = answer.error.empty() && answer.statusCode >= 200 && answer.statusCode < 300;
+  std::string text(answer.data.begin(), answer.data.end());
+  return isThere && platform::isUTF8(text) ? text : std::string();
+}
+
+/// Without the line end that servers like to send.
+std::string trimmed(std::string text) {
+  const char* blanks = " \t\r\n";
+  text.erase(0, std::min(text.find_first_not_of(blanks), text.size()));
+  text.erase(text.find_last_not_of(blanks) + 1);
+  return text;
+}
+
+}  // namespace
+
+MenuBar::MenuBar()
+    : presetImage_(kestroui::Icons::image("presets.png")),
+      backImage_(kestroui::Icons::image("smallCross.png")),
+      kestroImage_(kestroui::Icons::image("kestro_centered.png")),
+      helpImage_(kestroui::Icons::image("help.png")) {
   setBackgroundColor(Theme::panel);
-  logoView_.setImage(kestroui::Icons::image("kestro_centered"));
+  logoView_.setImage(kestroImage_);
   logoView_.setTintColor(Theme::front);
   presetNameLabel_.setBackgroundColor(platform::Color::clear());
   presetNameLabel_.setTitleColor(Theme::white);
@@ -24,17 +53,32 @@ MenuBar::MenuBar() {
     arrow->setTitleColor(Theme::white);
     arrow->setAccentColor(Theme::white);
   }
-  // It shows the plug-in, and is not pressed.
-  aboutButton_.setUserInteractionEnabled(false);
+  helpButton_.setImage(helpImage_);
+  helpButton_.setTitleColor(Theme::white);
+  aboutButton_.setTitleColor(Theme::white);
   arrowLeft_.setAccessibilityLabel("Previous preset");
   arrowRight_.setAccessibilityLabel("Next preset");
   randomizeButton_.setAccessibilityLabel("Randomize");
+  helpButton_.setAccessibilityLabel("Help");
   setCanStepPresets(false);
   presetNameLabel_.setHidden(true);
 }
 
+void MenuBar::setAppLogo(platform::Image logo) {
+  appLogo_ = std::move(logo);
+  updateAboutImage();
+}
+
+void MenuBar::updateAboutImage() {
+  auto* overlays = overlaysView.get();
+  if (!overlays) return;
+  const bool isOpen = !overlays->aboutViewOverlay().isHidden();
+  aboutButton_.setImage(isOpen ? backImage_ : appLogo_);
+  aboutButton_.setAccessibilityLabel(isOpen ? "Close" : "");
+}
+
 void MenuBar::setPresetName(std::string name) {
-  presetNameLabel_.setImage(name.empty() ? kestroui::Icons::image("presets") : platform::Image());
+  presetNameLabel_.setImage(name.empty() ? presetImage_ : platform::Image());
   presetNameLabel_.setTitle(std::move(name));
 }
 
@@ -59,10 +103,34 @@ void MenuBar::didMoveToSuperview() {
   for (View* view : std::initializer_list<View*>{&aboutButton_, &presetNameLabel_, &logoView_,
                                                  &arrowLeft_, &arrowRight_, &randomizeButton_})
     addSubview(*view);
+  aboutButton_.addTarget<&MenuBar::onAboutButton>(*this, ControlEvent::touchDown);
   presetNameLabel_.addTarget<&MenuBar::onPresetButton>(*this, ControlEvent::touchDown);
   randomizeButton_.addTarget<&MenuBar::onRandomize>(*this, ControlEvent::touchDown);
   arrowLeft_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
   arrowRight_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
+  askForHelp();
+}
+
+void MenuBar::askForHelp() {
+  if (helpTask_ || productId.empty() || helpHost.empty()) return;
+  const std::string url = helpHost + helpEndpoint + productId;
+  if (!WebAddress::isURL(url)) return;
+  helpTask_ = platform::URLSession::shared().dataTask(
+      url, [self = platform::Weak<MenuBar>(this)](const platform::URLSession::Answer& answer) {
+        std::string path = helpPathOf(answer);
+        if (path.empty()) return;
+        platform::DispatchQueue::mainAsync([self, path = std::move(path)]() mutable {
+          if (self) self->showHelp(std::move(path));
+        });
+      });
+  helpTask_->resume();
+}
+
+void MenuBar::showHelp(std::string path) {
+  helpPath_ = std::move(path);
+  addSubview(helpButton_);
+  helpButton_.addTarget<&MenuBar::onHelpClicked>(*this, ControlEvent::touchDown);
+  setNeedsDisplay();
 }
 
 void MenuBar::draw(const platform::Rect& rect) {
@@ -85,13 +153,33 @@ void MenuBar::draw(const platform::Rect& rect) {
   aboutButton_.setFrame({1.0, 0, std::max(0.0, arrowLeft_.frame().x), height});
   aboutButton_.setFont(
       Theme::titleFont.withSize(std::min(Theme::titleFont.pointSize * 1.2 * scale, height * 0.36)));
+  aboutButton_.setTitle(PluginInfo::appName() + " v" + PluginInfo::completeVersion());
+  updateAboutImage();
   logoView_.setFrame({width - height - 1.0, 0, height, height});
+  const double helpSide = height * 0.5;
+  helpButton_.setFrame({width - 2 * height, (height - helpSide) * 0.5, helpSide, helpSide});
 
   if (!displayMode_) return;
   const double left = randomizeButton_.frame().maxX();
-  const double room = logoView_.frame().x - left;
+  const double right = helpButton_.superview() ? helpButton_.frame().x : logoView_.frame().x;
+  const double room = right - left;
   displayMode_->setFrame(platform::Rect{left, 0, room, height}.inset(room * 0.07, 1.0));
   displayMode_->setNeedsDisplay();
+}
+
+void MenuBar::onAboutButton() {
+  const platform::Weak<MenuBar> self = this;
+  if (auto* overlays = overlaysView.get()) {
+    AboutOverlay& about = overlays->aboutViewOverlay();
+    overlays->bringSubviewToFront(about);
+    about.setHidden(!about.isHidden());
+    overlays->presetViewOverlay().setHidden(true);
+    updateAboutImage();
+    aboutButton_.sendActions(ControlEvent::touchUpInside);
+    if (!self) return;
+  }
+  bringSubviewToFront(aboutButton_);
+  if (overlaysView) overlaysView->setNeedsDisplay();
 }
 
 void MenuBar::onPresetButton() {
@@ -100,6 +188,8 @@ void MenuBar::onPresetButton() {
   PresetViewOverlay& browser = overlays->presetViewOverlay();
   overlays->bringSubviewToFront(browser);
   if (browser.isHidden() || !browser.closeDialog()) browser.setHidden(!browser.isHidden());
+  overlays->aboutViewOverlay().setHidden(true);
+  updateAboutImage();
   overlays->setNeedsDisplay();
 }
 
@@ -111,6 +201,12 @@ void MenuBar::onPresetArrow(platform::Control& sender) {
 
 void MenuBar::onRandomize() {
   if (auto* owner = delegate.get()) owner->menuBarDidRequestRandomize();
+}
+
+void MenuBar::onHelpClicked() {
+  const std::string url = trimmed(helpPath_);
+  auto* owner = delegate.get();
+  if (owner && WebAddress::isURL(url)) owner->menuBarOpenURL(url);
 }
 
 void MenuBar::onDisplayChanged() {

@@ -12,25 +12,35 @@
 #include "Orvane/MenuBarDelegate.h"
 #include "Orvane/OverlaysView.h"
 #include "platform/ImageView.h"
+#include "platform/URLSession.h"
 #include "platform/View.h"
 
 namespace orvane {
 
-/// The strip across the top of the editor: the plug-in's logo and name, the current preset between
-/// the arrows that step through the presets, randomize, the display modes if there are any, and
-/// the maker's logo. The preset's name opens and closes the browser. It knows nothing of the
-/// plug-in: it shows the overlays, and asks its delegate for everything else.
+/// The strip across the top of the editor: the plug-in's logo and name, which open the about panel,
+/// the current preset between the arrows that step through the presets, randomize, the display modes
+/// if there are any, help once its address is known, and the maker's logo. The preset's name opens
+/// and closes the browser. It knows nothing of the plug-in: it shows the overlays, and asks its
+/// delegate for everything else. User-interface thread only.
 class MenuBar : public platform::View {
  public:
   MenuBar();
 
   platform::Weak<MenuBarDelegate> delegate;
-  /// What the preset's name opens and the arrows step through.
+  /// What the logo and the preset's name open and the arrows step through.
   platform::Weak<OverlaysView> overlaysView;
 
-  void setAppLogo(platform::Image logo) { aboutButton_.setImage(std::move(logo)); }
-  /// The text beside the logo.
-  void setAppName(std::string text) { aboutButton_.setTitle(std::move(text)); }
+  // Before it gets a superview
+
+  /// Names the product to the help server.
+  std::string productId;
+  /// Begins the address of the help server; nobody is asked while it is empty.
+  std::string helpHost;
+
+  const platform::Image& appLogo() const { return appLogo_; }
+  void setAppLogo(platform::Image logo);
+  /// Where the help page is: what the server has answered, empty until then.
+  const std::string& helpPath() const { return helpPath_; }
   const std::string& presetName() const { return presetNameLabel_.title(); }
   /// Without a name the button shows its picture.
   void setPresetName(std::string name);
@@ -48,19 +58,29 @@ class MenuBar : public platform::View {
   kestroui::ArrowButton& arrowLeft() { return arrowLeft_; }
   kestroui::ArrowButton& arrowRight() { return arrowRight_; }
   kestroui::DiceButton& randomizeButton() { return randomizeButton_; }
+  /// In the bar only once the help page's address is known.
+  kestroui::ImageButton& helpButton() { return helpButton_; }
   platform::ImageView& logoView() { return logoView_; }
   /// Null until displays are set.
   kestroui::RadioButtons* displayMode() const { return displayMode_.get(); }
 
+  void onAboutButton();
   void onPresetButton();
   void onPresetArrow(platform::Control& sender);
   void onRandomize();
   void onDisplayChanged();
+  void onHelpClicked();
+  /// Shows the logo, or what closes the about panel while that is open.
+  void updateAboutImage();
 
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 
  private:
+  /// Once in its life.
+  void askForHelp();
+  void showHelp(std::string path);
+
   kestroui::ImageButton aboutButton_;
   kestroui::SimpleButton presetNameLabel_;
   platform::ImageView logoView_;
@@ -69,6 +89,11 @@ class MenuBar : public platform::View {
   kestroui::DiceButton randomizeButton_;
   std::vector<std::string> displays_;
   std::unique_ptr<kestroui::RadioButtons> displayMode_;
+  kestroui::ImageButton helpButton_;
+  platform::Image appLogo_;
+  const platform::Image presetImage_, backImage_, kestroImage_, helpImage_;
+  std::string helpPath_;
+  std::unique_ptr<platform::URLSessionDataTask> helpTask_;
 };
 
 }  // namespace orvane

@@ -6,7 +6,9 @@ namespace orvane {
 
 void OverlaysView::didMoveToSuperview() {
   if (!superview()) return;
+  addSubview(aboutViewOverlay_);
   addSubview(presetViewOverlay_);
+  aboutViewOverlay_.setHidden(true);
   presetViewOverlay_.setHidden(true);
   presetViewOverlay_.addTarget<&OverlaysView::handleTouchDown>(*this,
                                                                platform::ControlEvent::touchDown);
@@ -54,19 +56,32 @@ void OverlaysView::followCurrentPreset(const platform::AudioUnit& audioUnit) {
   presetViewOverlay_.presetListDidChange();
 }
 
+bool OverlaysView::closeUppermost() {
+  if (!aboutViewOverlay_.isHidden()) {
+    aboutViewOverlay_.setHidden(true);
+    return true;
+  }
+  if (presetViewOverlay_.isHidden()) return false;
+  if (!presetViewOverlay_.closeDialog()) presetViewOverlay_.setHidden(true);
+  return true;
+}
+
 void OverlaysView::handleTouchDown() { presetViewOverlay_.setHidden(true); }
 
 bool OverlaysView::pointInside(platform::Point point) const {
-  return !presetViewOverlay_.isHidden() && View::pointInside(point);
+  const bool isOpen = !presetViewOverlay_.isHidden() || !aboutViewOverlay_.isHidden();
+  return isOpen && View::pointInside(point);
 }
 
 void OverlaysView::draw(const platform::Rect&) {
-  if (!presetViewOverlay_.isHidden()) presetViewOverlay_.setFrame(bounds());
+  for (View* overlay : std::initializer_list<View*>{&aboutViewOverlay_, &presetViewOverlay_})
+    if (!overlay->isHidden()) overlay->setFrame(bounds());
 }
 
 void OverlaysView::setNeedsDisplay() {
   View::setNeedsDisplay();
-  if (!presetViewOverlay_.isHidden()) presetViewOverlay_.setNeedsDisplay();
+  for (View* overlay : std::initializer_list<View*>{&aboutViewOverlay_, &presetViewOverlay_})
+    if (!overlay->isHidden()) overlay->setNeedsDisplay();
 }
 
 }  // namespace orvane

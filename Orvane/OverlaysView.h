@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Orvane/AboutOverlay.h"
 #include "Orvane/PresetViewOverlay.h"
 #include "platform/AudioUnit.h"
 
@@ -9,6 +10,7 @@ namespace orvane {
 /// controller. User-interface thread only.
 class OverlaysView : public platform::View {
  public:
+  AboutOverlay& aboutViewOverlay() { return aboutViewOverlay_; }
   PresetViewOverlay& presetViewOverlay() { return presetViewOverlay_; }
   /// The list of presets has been filled once.
   bool isInit() const { return isInit_; }
@@ -24,6 +26,9 @@ class OverlaysView : public platform::View {
   void setPresetViewUseFilters(bool use);
   void setAllowImportAndExport(bool allow);
 
+  /// Closes what is uppermost: the about panel, a dialog of the browser or the browser. False when
+  /// nothing was open.
+  bool closeUppermost();
   /// A touch beside the browser closes it.
   void handleTouchDown();
 
@@ -33,6 +38,7 @@ class OverlaysView : public platform::View {
   void setNeedsDisplay() override;
 
  private:
+  AboutOverlay aboutViewOverlay_;
   PresetViewOverlay presetViewOverlay_;
   bool isInit_ = false;
 };

@@ -6,6 +6,7 @@
 
 #include "platform/AudioUnit.h"
 #include "platform/Geometry.h"
+#include "platform/PropertyList.h"
 
 namespace orvane {
 
@@ -32,6 +33,19 @@ struct PluginEntry {
   std::function<std::unique_ptr<KestroAUViewController>()> makeViewController;
   /// Size of a new editor in points.
   platform::Size preferredSize{1024, 768};
+  /// The number of the build, which follows the version where both are shown.
+  std::string build{"1"};
+  /// What the app store calls the plug-in; empty for one that is in none.
+  std::string storeIdentifier{};
+
+  /// The entries of the plug-in's property list.
+  platform::PropertyList::Dictionary infoDictionary() const {
+    return {{"CFBundleIdentifier", identifier},
+            {"CFBundleDisplayName", name},
+            {"CFBundleShortVersionString", version},
+            {"CFBundleVersion", build},
+            {"StoreIdentifier", storeIdentifier}};
+  }
 };
 
 }  // namespace orvane

@@ -7,10 +7,12 @@ orvane_add_tests(orvane
     DesignModelTest.cpp
     DisplayBindingTest.cpp
     EditorLifeTest.cpp
+    MenuBarTest.cpp
     MidiLearnTest.cpp
     MultiSelectableTest.cpp
     OverlayPanelsTest.cpp
     PageLayoutTest.cpp
+    PluginInfoTest.cpp
     SectionViewTest.cpp
     ShapeRoadTest.cpp
     ValueRoadTest.cpp

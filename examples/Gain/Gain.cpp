@@ -52,7 +52,6 @@ class GainDesign : public AUDesign {
 };
 
 class GainViewController : public KestroAUViewController {
-  std::string appName() override { return "Gain"; }
   std::shared_ptr<AUDesign> design() override { return std::make_shared<GainDesign>(); }
 };
 

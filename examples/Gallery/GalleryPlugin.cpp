@@ -35,7 +35,6 @@ class GalleryViewController : public orvane::KestroAUViewController {
     return std::make_unique<GalleryAudioUnit>();
   }
   std::string productId() override { return "org.orvane.gallery"; }
-  std::string appName() override { return "Gallery"; }
   double contentRatio() override { return 0.7; }
   double footHeightRatio() override { return 0.13; }
   std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override {

@@ -3,6 +3,7 @@
 #include "Orvane/AUFilterViewContainer.h"
 #include "examples/Halden/HaldenAudioUnit.h"
 #include "examples/Halden/HaldenDesign.h"
+#include "examples/Halden/HaldenLogo.h"
 
 namespace halden {
 namespace {
@@ -37,6 +38,8 @@ std::unique_ptr<platform::AudioUnit> HaldenViewController::createAudioUnit(
     const platform::AudioComponentDescription&) {
   return std::make_unique<HaldenAudioUnit>();
 }
+
+platform::Image HaldenViewController::appLogo() { return logo(); }
 
 std::vector<std::shared_ptr<kestroui::ParamKey>> HaldenViewController::foot_stack() {
   return HaldenDesign::foot();

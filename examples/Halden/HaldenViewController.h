@@ -12,8 +12,8 @@ class HaldenViewController : public orvane::KestroAUViewController {
   std::shared_ptr<orvane::AUDesign> design() override;
   std::unique_ptr<platform::AudioUnit> createAudioUnit(
       const platform::AudioComponentDescription& description) override;
+  platform::Image appLogo() override;
   std::string productId() override { return "org.orvane.halden"; }
-  std::string appName() override { return "Halden"; }
   /// Where the user's presets are, whatever format or host they were saved in.
   std::string groupBundleId() override { return "group.org.orvane.halden"; }
   double contentRatio() override { return 0.68; }

@@ -1,5 +1,6 @@
 #include "tools/orvane/DescribedViewController.h"
 
+#include "KestroUI/Theme.h"
 #include "tools/orvane/DescribedAudioUnit.h"
 
 namespace tool {
@@ -7,6 +8,24 @@ namespace tool {
 std::unique_ptr<platform::AudioUnit> DescribedViewController::createAudioUnit(
     const platform::AudioComponentDescription&) {
   return std::make_unique<DescribedAudioUnit>(*plugin_);
+}
+
+platform::Image DescribedViewController::appLogo() {
+  std::size_t length = 1;
+  const std::string& name = plugin_->name;
+  while (length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80)
+    ++length;
+  return {{24, 24}, [letter = name.substr(0, length)](platform::Canvas& canvas, platform::Color) {
+            canvas.fillRoundedRect({1, 1, 22, 22}, 5, kestroui::Theme::surfaceRaised);
+            canvas.drawText(letter, {platform::FontWeight::semiBold, 13, false}, {3, 3, 18, 18},
+                            platform::TextAlignment::centre, kestroui::Theme::accent);
+          }};
+}
+
+void DescribedViewController::viewDidLoad() {
+  KestroAUViewController::viewDidLoad();
+  menuBar().areDisplaysIconWaveforms = plugin_->areDisplaysIconWaveforms;
+  if (!plugin_->displays.empty()) menuBar().setDisplays(plugin_->displays);
 }
 
 }  // namespace tool

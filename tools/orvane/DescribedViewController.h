@@ -24,11 +24,15 @@ class DescribedViewController : public orvane::KestroAUViewController {
   std::string groupBundleId() override {
     return plugin_->productId.empty() ? "" : "group." + plugin_->productId;
   }
+  /// The first letter of the name.
+  platform::Image appLogo() override;
+  orvane::MakerAddresses addresses() override { return plugin_->addresses; }
   std::vector<std::string> categories() override { return plugin_->categories; }
-  std::string appName() override { return plugin_->name; }
   double contentRatio() override { return plugin_->contentRatio; }
   double footHeightRatio() override { return plugin_->footHeightRatio; }
   std::vector<std::shared_ptr<kestroui::ParamKey>> foot_stack() override { return design_->foot(); }
+
+  void viewDidLoad() override;
 
  private:
   std::shared_ptr<const DescribedPlugin> plugin_;

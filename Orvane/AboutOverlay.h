@@ -1,0 +1,88 @@
+#pragma once
+
+#include <string>
+
+#include "KestroUI/SimpleButton.h"
+#include "Orvane/AboutOverlayDelegate.h"
+#include "Orvane/LinkLabel.h"
+#include "Orvane/MakerAddresses.h"
+#include "Orvane/ParagraphLabel.h"
+#include "Orvane/ResponderView.h"
+#include "Orvane/SocialView.h"
+#include "platform/ImageView.h"
+#include "platform/Label.h"
+
+namespace orvane {
+
+class KestroAUViewController;
+
+/// The panel over the whole editor that says what the plug-in is and leads to its maker. What has
+/// no address is left out. Escape and a touch beside the panel close it. Owned by the overlay host.
+/// User-interface thread only.
+class AboutOverlay : public ResponderView {
+ public:
+  AboutOverlay();
+
+  platform::Weak<AboutOverlayDelegate> overlayDelegate;
+  /// For its host delegate.
+  platform::Weak<KestroAUViewController> viewController;
+
+  const MakerAddresses& addresses() const { return addresses_; }
+  void setAddresses(MakerAddresses addresses);
+  void setAppLogo(platform::Image logo);
+
+  platform::Label& title() { return title_; }
+  platform::Label& version() { return version_; }
+  platform::ImageView& appLogo() { return appLogo_; }
+  kestroui::SimpleButton& like() { return like_; }
+  kestroui::SimpleButton& contactUs() { return contactUs_; }
+  kestroui::SimpleButton& get_all_apps() { return get_all_apps_; }
+  SocialView& social() { return social_; }
+  LinkLabel& link() { return link_; }
+  ParagraphLabel& thanks() { return thanks_; }
+  const std::string& thxText() const { return thxText_; }
+  /// Where the panel is; outside, a touch closes the overlay.
+  const platform::Rect& panelFrame() const { return panel_.frame(); }
+
+  void onLike();
+  void onContactUs();
+  void onGetAllApps();
+  void tapWebsiteLink();
+
+  /// Showing it reads the plug-in's name and version anew.
+  void setHidden(bool hidden) override;
+  bool canBecomeFirstResponder() const override { return takesKeyboard_; }
+  bool keyPressed(const platform::KeyEvent& event) override;
+  void touchBegan(const platform::Touch& touch) override;
+  void didMoveToSuperview() override;
+  void draw(const platform::Rect& rect) override;
+
+ private:
+  bool asksForReview() const;
+  /// The page that takes reviews; empty without an address or an identifier.
+  std::string reviewPage() const;
+  void updateTexts();
+  void layoutHero(const platform::Rect& place, double unit);
+  void layoutButtons(const platform::Rect& place, double unit);
+
+  const std::string thxText_ =
+      "A big shout out to all of those who support us and help us to improve our apps "
+      "continuously! Cheers! ";
+  MakerAddresses addresses_;
+  platform::Layer background_;
+  platform::Layer panel_;
+  platform::Layer rule_;
+  platform::Label title_;
+  platform::Label version_;
+  platform::ImageView appLogo_;
+  kestroui::SimpleButton like_;
+  kestroui::SimpleButton contactUs_;
+  kestroui::SimpleButton get_all_apps_;
+  SocialView social_;
+  LinkLabel link_;
+  ParagraphLabel thanks_;
+  /// It has the keyboard from the moment it is shown, but is no stop of the Tab key.
+  bool takesKeyboard_ = false;
+};
+
+}  // namespace orvane
