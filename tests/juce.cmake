@@ -2,6 +2,7 @@ orvane_add_tests(juce
   SOURCES
     JuceCanvasTest.cpp
     JuceEditorTest.cpp
+    JuceLinkTest.cpp
     JucePresentationTest.cpp
     JuceProcessorTest.cpp
     JuceRunLoopTest.cpp

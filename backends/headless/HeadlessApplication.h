@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "backends/headless/HeadlessSession.h"
 #include "platform/Console.h"
 #include "platform/Presentation.h"
 #include "platform/Responder.h"
@@ -14,7 +15,7 @@ namespace headless {
 
 /// Something that left the editor: a link that it opened, for one.
 struct Event {
-  /// "openURL", "alert", "share", "picker" or "console".
+  /// "openURL", "alert", "share", "picker", "review", "http" or "console".
   std::string type;
   /// Name and text of what the event carries, in a fixed order.
   std::vector<std::pair<std::string, std::string>> members;
@@ -25,11 +26,16 @@ struct Event {
   friend bool operator==(const Event&, const Event&) = default;
 };
 
-/// The end of the responder chain without a desktop: nothing is opened, everything is recorded.
+/// The end of the responder chain without a desktop: nothing is opened or sent, everything is
+/// recorded. There is a store, and the process's requests end here while it lives.
 class HeadlessApplication : public platform::Application, private platform::Presentation {
  public:
   bool open(const std::string& url) override;
+  bool canRequestReview() const override { return true; }
+  void requestReview() override { add({"review", {}}); }
   platform::Presentation* presentation() override { return this; }
+  /// Answers the requests that editors send.
+  HeadlessSession& session() { return session_; }
 
   /// The user's choice in the picker that was shown last; false when none is open.
   bool pick(const std::vector<std::string>& paths);
@@ -50,6 +56,8 @@ class HeadlessApplication : public platform::Application, private platform::Pres
   platform::ConsoleListener console_{[this](const std::string& line) {
     add({"console", {{"line", line}}});
   }};
+  HeadlessSession session_{[this](const std::string& url) { add({"http", {{"url", url}}}); }};
+  platform::SharedURLSession shared_{session_};
 };
 
 }  // namespace headless

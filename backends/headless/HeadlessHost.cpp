@@ -22,6 +22,7 @@ constexpr int finger = 1;
 
 HeadlessHost::HeadlessHost(HeadlessRunLoop& loop, const orvane::PluginEntry& entry)
     : loop_(loop),
+      bundle_(entry.infoDictionary()),
       audioUnit_(entry.makeAudioUnit()),
       midiLearn_(*audioUnit_),
       editor_(entry.makeViewController()) {

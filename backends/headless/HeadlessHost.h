@@ -12,6 +12,7 @@
 #include "backends/headless/HeadlessApplication.h"
 #include "backends/headless/HeadlessRunLoop.h"
 #include "platform/AudioUnit.h"
+#include "platform/Bundle.h"
 #include "platform/Window.h"
 
 namespace headless {
@@ -92,6 +93,7 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   void tapOnce(platform::Point place, int count);
 
   HeadlessRunLoop& loop_;
+  platform::MainBundle bundle_;
   HeadlessApplication application_;
   // The editor goes before its audio unit, and both before the window.
   platform::Window window_{*this};

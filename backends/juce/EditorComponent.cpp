@@ -6,6 +6,8 @@
 #include "backends/juce/DroppedPresets.h"
 #include "backends/juce/JuceCanvas.h"
 #include "backends/juce/JuceInput.h"
+#include "backends/juce/OpenLink.h"
+#include "backends/juce/PluginBundle.h"
 #include "platform/FilePath.h"
 
 namespace juce_backend {
@@ -14,6 +16,7 @@ namespace {
 EditorComponent::ControllerFactory controllerFor(const orvane::PluginEntry& entry,
                                                  platform::AudioUnit& audioUnit) {
   return [&entry, &audioUnit] {
+    ensureMainBundle(entry);
     std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
     controller->setAudioUnit(&audioUnit);
     return controller;
@@ -27,9 +30,7 @@ int touchId(const juce::MouseInputSource& source) {
 
 }  // namespace
 
-bool EditorComponent::Program::open(const std::string& url) {
-  return juce::URL(juce::String::fromUTF8(url.c_str())).launchInDefaultBrowser();
-}
+bool EditorComponent::Program::open(const std::string& url) { return openLink(url); }
 
 EditorComponent::ShowingWatcher::ShowingWatcher(EditorComponent& owner)
     : juce::ComponentMovementWatcher(&owner), owner_(owner) {}

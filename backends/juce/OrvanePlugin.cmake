@@ -8,6 +8,8 @@
 #     MANUFACTURER <name>
 #     MANUFACTURER_CODE <four characters>
 #     [DESCRIPTION <sentence>]
+#     [BUILD <number>]                1 unless told
+#     [STORE_IDENTIFIER <text>]       what the app store calls it, for the page that reviews it
 #     [INSTRUMENT]                    else an effect
 #     FORMATS [Standalone] [VST3] [LV2]
 #     SOURCES <sources>               define const orvane::PluginEntry& orvanePluginEntry()
@@ -17,7 +19,8 @@
 # <build>/plugins and are installed where hosts look.
 
 function(orvane_add_plugin target)
-  set(one NAME IDENTIFIER VERSION CODE MANUFACTURER MANUFACTURER_CODE DESCRIPTION)
+  set(one NAME IDENTIFIER VERSION CODE MANUFACTURER MANUFACTURER_CODE DESCRIPTION
+    BUILD STORE_IDENTIFIER)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT" "${one}" "FORMATS;SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_plugin(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
@@ -35,6 +38,9 @@ function(orvane_add_plugin target)
     add_custom_target(${target}_All)
   endif()
 
+  set(information NAME "${arg_NAME}" IDENTIFIER "${arg_IDENTIFIER}" VERSION "${arg_VERSION}"
+    BUILD "${arg_BUILD}" STORE_IDENTIFIER "${arg_STORE_IDENTIFIER}")
+
   if("Standalone" IN_LIST arg_FORMATS)
     orvane_add_executable(${target}_Standalone
       SOURCES "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/StandaloneMain.cpp" ${arg_SOURCES}
@@ -43,6 +49,9 @@ function(orvane_add_plugin target)
       OUTPUT_NAME "${arg_NAME}"
       RUNTIME_OUTPUT_DIRECTORY "${folder}")
     install(TARGETS ${target}_Standalone RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    set(list "${CMAKE_BINARY_DIR}/share/${arg_NAME}/Info.plist")
+    orvane_write_information("${list}" ${information})
+    install(FILES "${list}" DESTINATION "${CMAKE_INSTALL_BINDIR}/../share/${arg_NAME}")
     add_dependencies(${target}_All ${target}_Standalone)
   endif()
 
@@ -108,5 +117,6 @@ macro(orvane_add_vst3 target)
   set_target_properties(${target}_Juce_VST3 PROPERTIES
     LIBRARY_OUTPUT_DIRECTORY "${bundle}/Contents/${CMAKE_SYSTEM_PROCESSOR}-linux"
     EXCLUDE_FROM_ALL FALSE)
+  orvane_write_information("${bundle}/Contents/Info.plist" ${information})
   install(DIRECTORY "${bundle}" DESTINATION ${CMAKE_INSTALL_LIBDIR}/vst3 USE_SOURCE_PERMISSIONS)
 endmacro()

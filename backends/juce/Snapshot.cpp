@@ -6,6 +6,7 @@
 
 #include "Orvane/KestroAUViewController.h"
 #include "backends/juce/JuceCanvas.h"
+#include "backends/juce/PluginBundle.h"
 #include "platform/RunLoop.h"
 
 namespace juce_backend {
@@ -64,6 +65,7 @@ bool writeSnapshot(platform::Window& window, double scale, const std::string& pa
 
 std::vector<std::string> writePages(const orvane::PluginEntry& entry, const platform::Size& size,
                                     double scale, const std::string& folder, std::string& error) {
+  ensureMainBundle(entry);
   StillRunLoop driver;
   platform::RunLoop loop(driver);
   StillWindow client;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "Orvane/KestroAUViewController.h"
+#include "backends/juce/PluginBundle.h"
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StandaloneSound.h"
 #include "backends/juce/StandaloneWindow.h"
@@ -75,6 +76,7 @@ class StandaloneApplication : public juce::JUCEApplication {
       std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(), sound_->problem().toRawUTF8());
 
     editor_ = std::make_unique<EditorComponent>([&] {
+      ensureMainBundle(entry);
       std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
       controller->isStandaloneVersion = true;
       controller->setAudioUnit(&processor_->audioUnit());

@@ -7,6 +7,7 @@
 
 #include "Orvane/PluginEntry.h"
 #include "backends/lv2/BundleTurtle.h"
+#include "platform/PropertyListCoding.h"
 #include "platform/RunLoop.h"
 
 // Writes the files that describe a plug-in into its bundle. Linked with the plug-in and run by its
@@ -51,6 +52,8 @@ int main(int count, char** arguments) {
     lv2_backend::BundleTurtle turtle(orvanePluginEntry(), files);
     write(bundle / "manifest.ttl", turtle.manifest());
     write(bundle / files.pluginFile, turtle.plugin());
+    write(bundle / "Info.plist",
+          platform::writeXmlPropertyList(orvanePluginEntry().infoDictionary()));
     const std::filesystem::path presets = bundle / lv2_backend::BundleTurtle::presetsFile;
     if (const std::string text = turtle.presets(); !text.empty()) {
       write(presets, text);
