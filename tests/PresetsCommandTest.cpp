@@ -180,8 +180,8 @@ TEST_F(PresetsCommandTest, AScriptChoosesImportsAndExportsUserPresets) {
 
 TEST_F(PresetsCommandTest, WithoutDataAScriptLeavesNothingBehind) {
   const auto answers = drive("export\npresets\n", {"--cloud", folder / "cloud"});
-  EXPECT_EQ(answers[0]["events"][0]["type"], "alert");
-  EXPECT_EQ(answers[0]["events"][0]["message"], "No preset selected");
+  EXPECT_EQ(answers[0]["events"].back()["type"], "alert");
+  EXPECT_EQ(answers[0]["events"].back()["message"], "No preset selected");
   EXPECT_EQ(answers[1]["ok"], true);
   EXPECT_EQ(namesIn(folder / "cloud/Documents"), Names{"Presets"});
 }

@@ -2,6 +2,7 @@ orvane_add_tests(tool
   SOURCES
     DescriptionTest.cpp
     DriveTest.cpp
+    MenuRoadTest.cpp
     PresetBrowserTest.cpp
     PresetsCommandTest.cpp
     ToolCommandTest.cpp

@@ -11,6 +11,8 @@ orvane::PluginEntry entryOf(std::shared_ptr<const DescribedPlugin> plugin) {
   entry.identifier = plugin->productId;
   entry.name = plugin->name;
   entry.version = plugin->version;
+  entry.build = plugin->build;
+  entry.storeIdentifier = plugin->storeIdentifier;
   entry.description = "A described plug-in, without sound.";
   entry.makeAudioUnit = [plugin] { return std::make_unique<DescribedAudioUnit>(*plugin); };
   entry.makeViewController = [plugin] { return std::make_unique<DescribedViewController>(plugin); };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "KestroUI/ParameterUISettings.h"
+#include "Orvane/MakerAddresses.h"
 #include "Orvane/PluginEntry.h"
 #include "Orvane/UISection.h"
 #include "Quillon/CommonAudioUnit.h"
@@ -35,6 +36,10 @@ struct DescribedPlugin {
   double footHeightRatio = 0;
   std::vector<std::optional<std::string>> foot;
   std::vector<std::string> categories;
+  std::string storeIdentifier;
+  orvane::MakerAddresses addresses;
+  std::vector<std::string> displays;
+  bool areDisplaysIconWaveforms = false;
   bool presetViewUseFilters = false;
   bool allowImportAndExport = false;
   std::vector<DescribedParameter> parameters;

@@ -31,6 +31,42 @@ std::string readName(ObjectReader& plugin, std::string_view member, const std::s
   return fallback;
 }
 
+/// Where a description names no addresses: a domain that is kept free for such, so that every road
+/// can be tried and none leads anywhere.
+orvane::MakerAddresses addressesToTry() {
+  const std::string site = "https://example.invalid";
+  orvane::MakerAddresses addresses;
+  addresses.helpHost = site;
+  addresses.reviewPage = site + "/review?id=";
+  addresses.allApps = site + "/apps";
+  addresses.feedback = "feedback@example.invalid";
+  addresses.website = site;
+  addresses.facebook = site + "/facebook";
+  addresses.youtube = site + "/youtube";
+  addresses.instagram = site + "/instagram";
+  addresses.twitter = site + "/twitter";
+  return addresses;
+}
+
+orvane::MakerAddresses readAddresses(ObjectReader& plugin, Problems& problems) {
+  const auto* value = plugin.find("addresses");
+  if (!value) return addressesToTry();
+  orvane::MakerAddresses result;
+  ObjectReader addresses(problems, *value, "addresses");
+  result.maker = addresses.text("maker", result.maker);
+  result.helpHost = addresses.text("helpHost", "");
+  result.reviewPage = addresses.text("reviewPage", "");
+  result.allApps = addresses.text("allApps", "");
+  result.feedback = addresses.text("feedback", "");
+  result.website = addresses.text("website", "");
+  result.facebook = addresses.text("facebook", "");
+  result.youtube = addresses.text("youtube", "");
+  result.instagram = addresses.text("instagram", "");
+  result.twitter = addresses.text("twitter", "");
+  addresses.finish();
+  return result;
+}
+
 }  // namespace
 
 DescribedPlugin readDescription(std::string_view text, const std::string& fallbackName,
@@ -52,6 +88,10 @@ DescribedPlugin readDescription(std::string_view text, const std::string& fallba
   result.footHeightRatio =
       plugin.number("footHeightRatio", result.foot.empty() ? 0 : 0.1, {0, 0.9});
   result.categories = plugin.texts("categories");
+  result.storeIdentifier = plugin.text("storeIdentifier", "");
+  result.addresses = readAddresses(plugin, problems);
+  result.displays = plugin.texts("displays");
+  result.areDisplaysIconWaveforms = plugin.boolean("areDisplaysIconWaveforms", false);
   result.presetViewUseFilters = plugin.boolean("presetViewUseFilters", false);
   result.allowImportAndExport = plugin.boolean("allowImportAndExport", false);
   result.pages = PageReader(problems).read(plugin);

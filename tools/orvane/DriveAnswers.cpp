@@ -12,7 +12,6 @@
 
 namespace tool {
 
-
 namespace {
 
 DescribedAudioUnit& describedUnit(headless::HeadlessHost& host) {
@@ -94,6 +93,8 @@ void DriveSession::tree(const Words&, Json& answer) { answer["tree"] = viewTree(
 
 void DriveSession::state(const Words&, Json& answer) {
   answer["preset"] = presetName(host_.audioUnit());
+  const orvane::MenuBar& bar = host_.editor().menuBar();
+  answer["display"] = bar.displayMode() ? Json(bar.displayMode()->selectedIndex()) : Json();
   answer["page"] = host_.editor().settingsViewController().currentPage();
   const platform::Size size = host_.window().size();
   answer["size"] = {tidy(size.width), tidy(size.height)};

@@ -1,5 +1,8 @@
 // What a script does as the host and as the user.
 
+#include <algorithm>
+#include <utility>
+
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Editor.h"
 #include "tools/orvane/KeyNames.h"
@@ -67,6 +70,25 @@ void DriveSession::set(const Words& words, Json&) {
   const auto value = parseNumber(words[1].text);
   if (!value) throw Failure("set wants a number, not " + inQuotes(words[1].text));
   host_.automate(words[0].text, static_cast<float>(*value));
+}
+
+void DriveSession::respond(const std::string& text, Json&) {
+  platform::URLSession::Answer answer;
+  if (text == "error") {
+    answer.error = "the server cannot be reached";
+  } else {
+    const std::size_t end = std::min(text.find(' '), text.size());
+    const auto status = parseCount(text.substr(0, end));
+    if (!status)
+      throw Failure("respond wants the status of an answer and its text, or error, not " +
+                    inQuotes(text));
+    answer.statusCode = *status;
+    if (end < text.size())
+      answer.data.assign(text.begin() + static_cast<long>(end) + 1, text.end());
+  }
+  if (!host_.application()->session().respond(std::move(answer)))
+    throw Failure("no request waits for an answer");
+  host_.loop().runDue();
 }
 
 void DriveSession::appear(const Words&, Json&) { host_.appear(); }

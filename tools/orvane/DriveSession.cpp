@@ -45,6 +45,7 @@ const std::vector<DriveSession::TextCommand>& DriveSession::textCommands() {
   static const std::vector<TextCommand> all{
       {"type", "TEXT", &DriveSession::type},
       {"preset", "NAME", &DriveSession::preset},
+      {"respond", "STATUS TEXT or error", &DriveSession::respond},
       {"snapshot", "FILE", &DriveSession::snapshot},
   };
   return all;

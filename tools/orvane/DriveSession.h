@@ -49,6 +49,7 @@ class DriveSession {
   void disappear(const Words& words, Json& answer);
   void wait(const Words& words, Json& answer);
   void frames(const Words& words, Json& answer);
+  void respond(const std::string& text, Json& answer);
   // MIDI
   void midi(const Words& words, Json& answer);
   void learn(const Words& words, Json& answer);

@@ -1,3 +1,4 @@
+#include "platform/Bundle.h"
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
 #include "tools/orvane/DataFolders.h"
@@ -28,7 +29,9 @@ int runCommand(const Words& words, Streams) {
   const std::string name = arguments.positional("PLUGIN");
   arguments.finish();
   const DataFolders folders(arguments, DataFolders::WithoutData::usersOwn);
-  return show(loadPlugin(name));
+  const Plugin plugin = loadPlugin(name);
+  const platform::MainBundle bundle(plugin.entry.infoDictionary());
+  return show(plugin);
 }
 
 }  // namespace tool
