@@ -7,6 +7,7 @@
 
 #include "platform/AudioUnit.h"
 #include "platform/KestroAUPreset.h"
+#include "platform/UnicodeText.h"
 
 namespace orvane {
 
@@ -38,7 +39,7 @@ class Preset {
   /// By name and kind alone: two factory presets of one name are equal even in different banks,
   /// and so are user presets of one name in different folders.
   friend bool operator==(const Preset& a, const Preset& b) {
-    return a.name == b.name && a.isUserPreset == b.isUserPreset;
+    return a.isUserPreset == b.isUserPreset && platform::isSameText(a.name, b.name);
   }
 };
 

@@ -1,6 +1,7 @@
 #include "platform/UnicodeText.h"
 
 #include <unicode/locid.h>
+#include <unicode/normalizer2.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -20,6 +21,14 @@ icu::UnicodeString unicode(std::string_view text) {
   return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
 }
 
+icu::UnicodeString composed(const icu::UnicodeString& text) {
+  UErrorCode error = U_ZERO_ERROR;
+  const icu::Normalizer2* const form = icu::Normalizer2::getNFCInstance(error);
+  if (U_FAILURE(error)) return text;
+  icu::UnicodeString result = form->normalize(text, error);
+  return U_FAILURE(error) ? text : result;
+}
+
 /// Moves the letters from `first` to `last` by `distance`.
 std::string shifted(std::string_view text, char first, char last, int distance) {
   std::string result(text);
@@ -37,13 +46,19 @@ bool isUTF8(std::string_view text) { return foundation::isUtf8(text); }
 std::string lowercased(std::string_view text) {
   if (isAscii(text)) return shifted(text, 'A', 'Z', 'a' - 'A');
   std::string result;
-  return unicode(text).toLower(icu::Locale::getRoot()).toUTF8String(result);
+  return composed(unicode(text).toLower(icu::Locale::getRoot())).toUTF8String(result);
 }
 
 std::string uppercased(std::string_view text) {
   if (isAscii(text)) return shifted(text, 'a', 'z', 'A' - 'a');
   std::string result;
-  return unicode(text).toUpper(icu::Locale::getRoot()).toUTF8String(result);
+  return composed(unicode(text).toUpper(icu::Locale::getRoot())).toUTF8String(result);
+}
+
+bool isSameText(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  if (isAscii(a) && isAscii(b)) return false;
+  return composed(unicode(a)) == composed(unicode(b));
 }
 
 }  // namespace platform

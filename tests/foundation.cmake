@@ -9,6 +9,7 @@ orvane_add_tests(foundation
     PropertyListCodingTest.cpp
     RealtimePortTest.cpp
     RunLoopTest.cpp
+    UnicodeTextTest.cpp
     UserDefaultsTest.cpp
     ${Orvane_SOURCE_DIR}/fuzz/PropertyListTargets.cpp
     support/AllocationCounter.cpp
