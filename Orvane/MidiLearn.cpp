@@ -59,7 +59,9 @@ void MidiLearn::setLearning(bool learning) {
 void MidiLearn::updateCapture() {
   const bool waits = isLearning() && editor_->lastMidiMapKey();
   if (!waits) captured_.store(0);
-  capturing_.store(waits);
+  if (capturing_.exchange(waits) == waits) return;
+  // A copy: what it does may replace it.
+  if (const auto tell = waitingChanged) tell();
 }
 
 void MidiLearn::didSelectMidiMap(const Key&) {
@@ -170,14 +172,16 @@ std::optional<MidiLearn::Heard> MidiLearn::hear(std::span<const std::uint8_t> me
   }
 }
 
-void MidiLearn::receive(std::span<const std::uint8_t> message) {
+bool MidiLearn::receive(std::span<const std::uint8_t> message) {
   const std::optional<Heard> heard = hear(message);
-  if (!heard) return;
+  if (!heard) return false;
   if (capturing_.load(std::memory_order_acquire)) {
     const bool isControl = (message[0] & 0xf0) == controlChange;
-    if (isControl || heard->isNoteOn) captured_.store(heard->code, std::memory_order_release);
-    return;
+    const bool isKept = isControl || heard->isNoteOn;
+    if (isKept) captured_.store(heard->code, std::memory_order_release);
+    return isKept;
   }
+  bool hasMoved = false;
   for (std::size_t i = 0; i < targetCount_; ++i) {
     Target& bound = targets_[i];
     if (bound.code.load(std::memory_order_relaxed) != heard->code) continue;
@@ -185,7 +189,9 @@ void MidiLearn::receive(std::span<const std::uint8_t> message) {
     const bool switches = bound.parameter->unit() == platform::AudioUnitParameterUnit::boolean;
     const std::uint8_t value = heard->isNoteOn && switches ? 127 : heard->value;
     bound.parameter->setValue(midiParameterValue(*bound.parameter, value));
+    hasMoved = true;
   }
+  return hasMoved;
 }
 
 void MidiLearn::poll() {

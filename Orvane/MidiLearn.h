@@ -44,6 +44,10 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   void setLearning(bool learning);
   /// Called after learn mode has begun or ended.
   std::function<void()> learningChanged;
+  /// A control waits for the next message.
+  bool isWaiting() const { return capturing_.load(); }
+  /// Called after that has changed.
+  std::function<void()> waitingChanged;
 
   /// By parameter key.
   const Bindings& bindings() const { return bindings_; }
@@ -62,8 +66,8 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   void setState(const platform::PropertyList* state);
 
   /// A message that has arrived: moves what is bound to it, or keeps it for the control that waits.
-  /// Any thread; takes no lock and allocates nothing.
-  void receive(std::span<const std::uint8_t> message);
+  /// False for one that does neither. Any thread; takes no lock and allocates nothing.
+  bool receive(std::span<const std::uint8_t> message);
   /// Binds the control that waits to what `receive` has kept.
   void poll();
 

@@ -7,6 +7,7 @@
 #include "backends/lv2/PortMirror.h"
 #include "backends/lv2/SoundInstance.h"
 #include "tests/support/Lv2Host.h"
+#include "tests/support/ManualDriver.h"
 #include "tests/support/OddPlugin.h"
 
 namespace {
@@ -147,6 +148,23 @@ TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
   lv2_backend::MirrorAudioUnit next(std::make_unique<OddAudioUnit>());
   next.setStateBesideParameters(bound);
   EXPECT_EQ(next.midiLearn().bindings(), unit.midiLearn().bindings());
+}
+
+TEST_F(Lv2EditorTest, AsksForMidiWhileAControlWaitsForIt) {
+  const support::ManualLoop loop;
+  const auto controller = support::oddPluginEntry().makeViewController();
+  controller->setAudioUnit(&unit);
+  controller->view();
+  orvane::MidiLearn& learn = unit.midiLearn();
+  learn.setEditor(controller.get());
+  learn.setLearning(true);
+  const auto& keys = controller->controls().allParamKeys();
+  controller->didSelectMidiMap(keys.begin()->second, nullptr);
+  ports->announce();
+  learn.setLearning(false);
+  EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::opened),
+                               message(EditorMessage::Kind::midiWanted),
+                               message(EditorMessage::Kind::midiUnwanted)));
 }
 
 TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {

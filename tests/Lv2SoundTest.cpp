@@ -228,9 +228,40 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   EXPECT_THAT(messages(), testing::IsEmpty());
 }
 
+TEST_F(Lv2SoundTest, PassesOnMidiThatIsBoundOrThatAControlWaitsFor) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  openEditor();
+  const auto passedOn = [this] {
+    instance.input.midi(0, {0x90, 60, 1});
+    instance.input.midi(1, {0xb0, 74, 127});
+    instance.run(16);
+    std::vector<int> statuses;
+    for (const LV2_Atom* atom : instance.output.events())
+      if (atom->type == urids.midiEvent)
+        statuses.push_back(*reinterpret_cast<const std::uint8_t*>(atom + 1));
+    return statuses;
+  };
+  const auto want = [this](bool wanted) {
+    send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeMidiWanted(forge, urids, wanted); });
+  };
+  EXPECT_THAT(passedOn(), ElementsAre(0xb0)) << "which moves a control";
+  want(true);
+  EXPECT_THAT(passedOn(), ElementsAre(0x90, 0xb0));
+  want(false);
+  EXPECT_THAT(passedOn(), ElementsAre(0xb0));
+  want(true);
+  openEditor();
+  EXPECT_THAT(passedOn(), ElementsAre(0xb0)) << "the next editor has not asked";
+}
+
 TEST_F(Lv2SoundTest, AllocatesNothingWhileItRuns) {
   instance.activate();
   openEditor();
+  send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeMidiWanted(forge, urids, true); });
   instance.run(1000);
   for (int i = 0; i < 40; ++i) {
     port(OddAudioUnit::cutoff) = 100 + static_cast<float>(i);

@@ -104,6 +104,8 @@ TEST_F(MidiLearnTest, AMidiValueMovesEachKindOfParameterOverItsRange) {
 }
 
 TEST_F(MidiLearnTest, ATapInLearnModeSelectsAndTheNextMessageBinds) {
+  std::string waits;
+  learn.waitingChanged = [&] { waits += learn.isWaiting() ? "+" : "-"; };
   learn.setLearning(true);
   tap(container("cutoff"));
   EXPECT_EQ(waiting(), "cutoff");
@@ -121,6 +123,7 @@ TEST_F(MidiLearnTest, ATapInLearnModeSelectsAndTheNextMessageBinds) {
   send({0x91, 36, 5});
   learn.setLearning(false);
   EXPECT_EQ(waiting(), "on");
+  EXPECT_EQ(waits, "+-");
 
   send({0xb0, 74, 127});
   send({0x91, 36, 5});

@@ -52,9 +52,15 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
     case EditorMessage::Kind::opened:
       schedule(opened);
       liveIsStale_ = true;
+      wantsMidi_ = false;
       break;
     case EditorMessage::Kind::closed:
       schedule(closed);
+      wantsMidi_ = false;
+      break;
+    case EditorMessage::Kind::midiWanted:
+    case EditorMessage::Kind::midiUnwanted:
+      wantsMidi_ = message.kind == EditorMessage::Kind::midiWanted;
       break;
     case EditorMessage::Kind::state:
       // One that comes before the worker has taken the last is lost: people are not that fast.

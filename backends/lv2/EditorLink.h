@@ -39,8 +39,9 @@ class EditorLink {
   // Audio thread
 
   void receive(const LV2_Atom_Object& object);
-  /// Passes a MIDI message of this cycle on to an editor that is open, which may wait for one; what
-  /// does not fit is lost.
+  /// A control of the editor waits for a MIDI message.
+  bool wantsMidi() const { return wantsMidi_; }
+  /// Passes a MIDI message of this cycle on to an editor that is open; what does not fit is lost.
   void receiveMidi(const std::uint8_t* bytes, std::uint32_t size);
   /// Fills the port of messages to the editor for a cycle of `frames`; its size says its room.
   void writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames);
@@ -92,6 +93,8 @@ class EditorLink {
     std::uint32_t size;
   };
   static constexpr std::size_t midiCapacity = 64;
+  /// Of the audio thread alone, as are the messages.
+  bool wantsMidi_ = false;
   std::array<ShortMessage, midiCapacity> midi_{};
   std::size_t midiCount_ = 0;
 

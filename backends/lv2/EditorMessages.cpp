@@ -31,6 +31,10 @@ EditorMessage EditorMessage::read(const LV2_Atom_Object& object, const Urids& ur
     message.kind = Kind::opened;
   } else if (type == urids.editorClosed) {
     message.kind = Kind::closed;
+  } else if (type == urids.midiWanted) {
+    message.kind = Kind::midiWanted;
+  } else if (type == urids.midiUnwanted) {
+    message.kind = Kind::midiUnwanted;
   } else if (type == urids.stateChanged) {
     const LV2_Atom* state = nullptr;
     lv2_atom_object_get(&object, urids.state, &state, 0);
@@ -55,6 +59,10 @@ void EditorMessage::forgeOpened(LV2_Atom_Forge& forge, const Urids& urids) {
 
 void EditorMessage::forgeClosed(LV2_Atom_Forge& forge, const Urids& urids) {
   forgeEmpty(forge, urids.editorClosed);
+}
+
+void EditorMessage::forgeMidiWanted(LV2_Atom_Forge& forge, const Urids& urids, bool wanted) {
+  forgeEmpty(forge, wanted ? urids.midiWanted : urids.midiUnwanted);
 }
 
 void EditorMessage::forgeState(LV2_Atom_Forge& forge, const Urids& urids, std::string_view state) {

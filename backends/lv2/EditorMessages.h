@@ -22,6 +22,9 @@ struct EditorMessage {
     /// From the editor: it is there, and wants to know the state and the live values.
     opened,
     closed,
+    /// From the editor: one of its controls waits for a MIDI message, or none any more.
+    midiWanted,
+    midiUnwanted,
     /// Either way: all that the state holds beside the values of parameters has changed.
     state,
     /// From the sound: live values and modulation flags.
@@ -46,6 +49,7 @@ struct EditorMessage {
   /// Appends a message, which has to fit, as a whole atom.
   static void forgeOpened(LV2_Atom_Forge& forge, const Urids& urids);
   static void forgeClosed(LV2_Atom_Forge& forge, const Urids& urids);
+  static void forgeMidiWanted(LV2_Atom_Forge& forge, const Urids& urids, bool wanted);
   static void forgeState(LV2_Atom_Forge& forge, const Urids& urids, std::string_view state);
   static void forgeLive(LV2_Atom_Forge& forge, const Urids& urids, std::span<const float> values,
                         std::span<const std::int32_t> modulating);

@@ -20,10 +20,14 @@ PortMirror::PortMirror(MirrorAudioUnit& audioUnit, const EditorHost& host)
   tree.setGestureObserver(
       [this](platform::AUParameterAddress address, bool began) { touch(address, began); });
   audioUnit_.setStateObserver([this] { send(Report::state); });
+  audioUnit_.midiLearn().waitingChanged = [this] {
+    if (isAnnounced_) send(Report::midiWanted);
+  };
 }
 
 PortMirror::~PortMirror() {
   audioUnit_.setStateObserver({});
+  audioUnit_.midiLearn().waitingChanged = nullptr;
   audioUnit_.parameterTree().setGestureObserver({});
   audioUnit_.parameterTree().removeParameterObserver(token_);
   if (isAnnounced_) send(Report::closed);
@@ -33,6 +37,7 @@ void PortMirror::announce() {
   if (isAnnounced_) return;
   isAnnounced_ = true;
   send(Report::opened);
+  if (audioUnit_.midiLearn().isWaiting()) send(Report::midiWanted);
 }
 
 void PortMirror::writeParameter(platform::AUParameterAddress address, float value) {
@@ -98,6 +103,9 @@ void PortMirror::send(Report report) {
       break;
     case Report::closed:
       EditorMessage::forgeClosed(forge_, urids_);
+      break;
+    case Report::midiWanted:
+      EditorMessage::forgeMidiWanted(forge_, urids_, audioUnit_.midiLearn().isWaiting());
       break;
     case Report::state:
       EditorMessage::forgeState(forge_, urids_, state);

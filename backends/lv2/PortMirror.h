@@ -42,7 +42,7 @@ class PortMirror {
   void portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t format, const void* data);
 
  private:
-  enum class Report { opened, closed, state };
+  enum class Report { opened, closed, midiWanted, state };
 
   void writeParameter(platform::AUParameterAddress address, float value);
   void touch(platform::AUParameterAddress address, bool began);

@@ -104,8 +104,9 @@ void SoundInstance::readEvents() {
     if (event->body.type == urids_.midiEvent) {
       const auto* bytes = reinterpret_cast<const std::uint8_t*>(event + 1);
       renderer_.midi(frame, bytes, event->body.size);
-      midiLearn_.receive({bytes, event->body.size});
-      link_.receiveMidi(bytes, event->body.size);
+      // What moves something here moves it in the editor, and by that the host's port.
+      const bool isBound = midiLearn_.receive({bytes, event->body.size});
+      if (isBound || link_.wantsMidi()) link_.receiveMidi(bytes, event->body.size);
     } else if (event->body.type == urids_.atomObject || event->body.type == urids_.atomBlank) {
       const auto& object = reinterpret_cast<const LV2_Atom_Object&>(event->body);
       if (object.body.otype == urids_.timePosition) {

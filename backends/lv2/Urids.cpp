@@ -35,6 +35,8 @@ Urids::Urids(const LV2_URID_Map& map) {
   state = id(uri::state);
   editorOpened = id(uri::editorOpened);
   editorClosed = id(uri::editorClosed);
+  midiWanted = id(uri::midiWanted);
+  midiUnwanted = id(uri::midiUnwanted);
   stateChanged = id(uri::stateChanged);
   liveValues = id(uri::liveValues);
   values = id(uri::values);

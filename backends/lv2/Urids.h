@@ -24,7 +24,8 @@ struct Urids {
   LV2_URID maxBlockLength, midiEvent, scaleFactor;
   LV2_URID timePosition, timeBar, timeBarBeat, timeBeat, timeBeatsPerBar, timeBeatsPerMinute,
       timeSpeed;
-  LV2_URID state, editorOpened, editorClosed, stateChanged, liveValues, values, modulating;
+  LV2_URID state, editorOpened, editorClosed, midiWanted, midiUnwanted, stateChanged, liveValues,
+      values, modulating;
 };
 
 }  // namespace lv2_backend
