@@ -133,9 +133,15 @@ Path cross() {
 
 Path magnifier() {
   Path path;
-  path.addEllipse({0.08, 0.08, 0.6, 0.6});
-  path.moveTo({0.6, 0.6});
-  path.lineTo({0.94, 0.94});
+  path.addEllipse({0.06, 0.06, 0.64, 0.64});
+  // Against the way of the rim, so that the lens stays open.
+  path.addArc({0.38, 0.38}, 0.25, 2 * std::numbers::pi, 0);
+  path.close();
+  path.moveTo({0.63, 0.57});
+  path.lineTo({0.94, 0.88});
+  path.lineTo({0.88, 0.94});
+  path.lineTo({0.57, 0.63});
+  path.close();
   return path;
 }
 

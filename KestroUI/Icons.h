@@ -24,8 +24,8 @@ platform::Path chevronLeft();
 platform::Path chevronRight();
 platform::Path chevronDown();
 platform::Path cross();
-platform::Path magnifier();
 /// To be filled.
+platform::Path magnifier();
 platform::Path star();
 
 /// A picture by its name, with or without ".png": presets, smallCross, kestro_centered (the mark),

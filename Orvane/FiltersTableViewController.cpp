@@ -3,16 +3,19 @@
 #include <algorithm>
 #include <utility>
 
+#include "KestroUI/Theme.h"
 #include "Orvane/PresetTableStyle.h"
 
 namespace orvane {
 
 using platform::IndexPath;
 using platform::TableView;
+namespace Theme = kestroui::Theme;
 
 void FiltersTableViewController::viewDidLoad() {
   TableViewController::viewDidLoad();
   PresetTableStyle::apply(tableView());
+  tableView().setHeaderStyle(Theme::panel, Theme::white, Theme::cellFont);
 }
 
 void FiltersTableViewController::setFilterList(std::vector<std::string> filters) {
@@ -42,6 +45,11 @@ platform::TableViewCell& FiltersTableViewController::cellForRowAt(TableView& tab
   PresetTableStyle::apply(cell);
   cell.textLabel().setText(filterList_[static_cast<std::size_t>(row.row)]);
   return cell;
+}
+
+// Free space, by which the first filter stands about where the list beside it begins.
+double FiltersTableViewController::heightForHeaderInSection(TableView& table, int) {
+  return PresetTableStyle::headerHeight(table);
 }
 
 double FiltersTableViewController::heightForRowsInSection(TableView& table, int) {

@@ -26,6 +26,7 @@ class FiltersTableViewController : public platform::TableViewController {
   int numberOfRowsInSection(platform::TableView& table, int section) override;
   platform::TableViewCell& cellForRowAt(platform::TableView& table,
                                         platform::IndexPath row) override;
+  double heightForHeaderInSection(platform::TableView& table, int section) override;
   double heightForRowsInSection(platform::TableView& table, int section) override;
   void didSelectRowAt(platform::TableView& table, platform::IndexPath row) override;
 

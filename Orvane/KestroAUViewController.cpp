@@ -59,6 +59,8 @@ void KestroAUViewController::viewDidLoad() {
   if (auto* unit = audioUnit()) {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();
+  } else {
+    reloadPresetList();
   }
 }
 

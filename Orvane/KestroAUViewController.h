@@ -145,8 +145,9 @@ class KestroAUViewController : public platform::ViewController,
   /// Shares the state as it is now under the name of the chosen preset.
   void exportPreset() override;
   void exportAll();
-  /// What the user has picked to import, of which the first file counts.
   void documentPickerDidPick(const std::vector<std::string>& paths) override;
+  /// What the user has picked to import, of which the first file counts.
+  void documentPickerAction(const std::vector<std::string>& urls);
   /// Set when a preset was imported before there was a list of presets; nothing clears it.
   bool isLoadingUserPreset = false;
 
@@ -277,6 +278,8 @@ class KestroAUViewController : public platform::ViewController,
   void followPresetName();
   void setUpOverlays();
   void reloadPresetList();
+  /// The menu bar shows what the list can do.
+  void followPresetList();
   void tellAudioUnitOfUI(bool visible);
   void loadPresetStorage();
   void followAudioUnitWithPresets();

@@ -57,11 +57,15 @@ void KestroAUViewController::rebuildPresetList() {
   auto* unit = audioUnit();
   if (unit) unit->rebuildPresetList();
   overlaysView_.initPresetList(unit, isLoadingUserPreset);
-  reloadPresetList();
+  followPresetList();
 }
 
 void KestroAUViewController::reloadPresetList() {
   overlaysView_.reloadPresetList();
+  followPresetList();
+}
+
+void KestroAUViewController::followPresetList() {
   const auto& list = overlaysView_.presetViewOverlay().presetListTableViewController();
   menuBar_.setCanStepPresets(list.presetListForNextAndPrevious().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
@@ -139,7 +143,11 @@ void KestroAUViewController::importPresetFile(const std::string& url) {
 }
 
 void KestroAUViewController::documentPickerDidPick(const std::vector<std::string>& paths) {
-  if (!paths.empty()) importPresetFile(paths.front());
+  documentPickerAction(paths);
+}
+
+void KestroAUViewController::documentPickerAction(const std::vector<std::string>& urls) {
+  if (!urls.empty()) importPresetFile(urls.front());
 }
 
 void KestroAUViewController::exportPreset() {

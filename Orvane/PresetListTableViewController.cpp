@@ -12,6 +12,7 @@
 #include "Orvane/PresetManager.h"
 #include "Orvane/PresetTableStyle.h"
 #include "platform/Fatal.h"
+#include "platform/Label.h"
 #include "platform/UnicodeText.h"
 
 namespace orvane {
@@ -35,12 +36,31 @@ void sortByName(Presets& presets) {
   for (std::size_t i = 0; i < presets.size(); ++i) presets[i] = std::move(named[i].second);
 }
 
+/// Above the presets of one kind.
+class SectionHeader : public platform::View {
+ public:
+  explicit SectionHeader(const std::string& title) {
+    setBackgroundColor(Theme::menu);
+    label_.setText(title);
+    label_.setFont(Theme::cellFont);
+    label_.setTextColor(Theme::white);
+    addSubview(label_);
+  }
+  void draw(const platform::Rect& rect) override {
+    View::draw(rect);
+    constexpr double left = 30;
+    label_.setFrame({left, 0, std::max(0.0, bounds().width - left), bounds().height});
+  }
+
+ private:
+  platform::Label label_;
+};
+
 }  // namespace
 
 void PresetListTableViewController::viewDidLoad() {
   TableViewController::viewDidLoad();
   PresetTableStyle::apply(tableView());
-  tableView().setHeaderStyle(Theme::menu, Theme::white, Theme::cellFont);
 }
 
 // Lists
@@ -113,6 +133,15 @@ void PresetListTableViewController::filterList() {
   tableView().reloadData();
   moveToSelected();
   if (auto* owner = delegate.get()) owner->presetListDidChange();
+}
+
+void PresetListTableViewController::markFavourite(const std::string& uniqueName) {
+  const auto found =
+      std::find_if(presetFileList_.begin(), presetFileList_.end(),
+                   [&](const auto& each) { return each->uniqueName() == uniqueName; });
+  if (found == presetFileList_.end() || (*found)->isFavourite) return;
+  (*found)->isFavourite = true;
+  filterList();
 }
 
 bool PresetListTableViewController::hasCategory(const Preset& preset, const std::string& category) {
@@ -192,6 +221,12 @@ platform::TableViewCell& PresetListTableViewController::cellForRowAt(TableView& 
 std::string PresetListTableViewController::titleForHeaderInSection(TableView&, int section) {
   if (!useHeaders) return {};
   return section == 0 ? "USER" : "FACTORY";
+}
+
+std::unique_ptr<platform::View> PresetListTableViewController::viewForHeaderInSection(
+    TableView& table, int section) {
+  if (!useHeaders) return TableViewController::viewForHeaderInSection(table, section);
+  return std::make_unique<SectionHeader>(titleForHeaderInSection(table, section));
 }
 
 double PresetListTableViewController::heightForHeaderInSection(TableView& table, int) {

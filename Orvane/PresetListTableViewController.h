@@ -53,6 +53,8 @@ class PresetListTableViewController : public platform::TableViewController {
   /// To the neighbour of the selected preset in the walk, around its ends; tells the delegate.
   void selectNext(bool backward);
   void moveToSelected();
+  /// Shows a preset that it has as a favourite.
+  void markFavourite(const std::string& uniqueName);
   /// Whether a preset, whose categories are in lower case, has this one in any case.
   static bool hasCategory(const Preset& preset, const std::string& category);
 
@@ -62,6 +64,8 @@ class PresetListTableViewController : public platform::TableViewController {
   platform::TableViewCell& cellForRowAt(platform::TableView& table,
                                         platform::IndexPath row) override;
   std::string titleForHeaderInSection(platform::TableView& table, int section) override;
+  std::unique_ptr<platform::View> viewForHeaderInSection(platform::TableView& table,
+                                                         int section) override;
   double heightForHeaderInSection(platform::TableView& table, int section) override;
   double heightForRowsInSection(platform::TableView& table, int section) override;
   void didSelectRowAt(platform::TableView& table, platform::IndexPath row) override;

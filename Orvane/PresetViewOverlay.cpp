@@ -6,6 +6,7 @@
 
 #include "KestroUI/Theme.h"
 #include "Orvane/FavPresetsStore.h"
+#include "platform/UnicodeText.h"
 
 namespace orvane {
 
@@ -95,6 +96,9 @@ void PresetViewOverlay::setFactoryPresets(
   if (names.empty()) names.assign(found.begin(), found.end());
   categorySelector_.setValues(names);
   categorySelector_.delegate = this;
+  // The list is still narrowed down by those that were on.
+  if (!list_.currentCategoriesFilter.empty())
+    categorySelector_.setSelectedValues(list_.currentCategoriesFilter);
   saveNewPresetOverlay_.setCategories(std::move(names));
 
   std::vector<std::string> filters{"ALL", "USER", "FAVOURITES"};
@@ -180,7 +184,7 @@ bool PresetViewOverlay::replacesAnother(const std::string& name) const {
   if (isEdit_ && selected && selected->isUserPreset && selected->name == name) return false;
   const auto& all = list_.presetFileList();
   return std::any_of(all.begin(), all.end(), [&](const auto& preset) {
-    return preset->isUserPreset && preset->name == name;
+    return preset->isUserPreset && platform::isSameText(preset->name, name);
   });
 }
 
@@ -224,6 +228,8 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   selected->isFavourite = wasFavourite;
   FavPresetsStore::favouritePresets.push_back(selected->uniqueName());
   FavPresetsStore::save();
+  // The list was made before the favourite had its new name.
+  if (wasFavourite) list_.markFavourite(selected->uniqueName());
 }
 
 void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) {

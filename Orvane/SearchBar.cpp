@@ -24,9 +24,9 @@ SearchBar::SearchBar() : magnifierPath_(Icons::magnifier()) {
   textField_.layer().setBorderColor(Theme::grey);
   textField_.layer().setCornerRadius(Theme::cornerRadius + 1);
   textField_.delegate = this;
-  magnifierLayer_.setFillColor(platform::Color::clear());
+  magnifierLayer_.setFillColor(Theme::menu);
   magnifierLayer_.setStrokeColor(Theme::menu);
-  magnifierLayer_.setLineWidth(2 * Theme::lineWidth);
+  magnifierLayer_.setLineWidth(Theme::lineWidth);
 }
 
 void SearchBar::didMoveToSuperview() {

@@ -7,6 +7,7 @@
 #include "Orvane/ConfirmOverlay.h"
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/FiltersTableViewController.h"
+#include "Orvane/PresetViewOverlay.h"
 #include "Orvane/SearchBar.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
@@ -128,8 +129,8 @@ TEST_F(OverlayPanelsTest, theBankFiltersTellEachTapAndComeBackAfterARefill) {
   bench.root().addSubview(filters.view());
   filters.setFilterList({"ALL", "USER", "FAVOURITES", "COAST"});
   bench.frame();
-  bench.tap({50, 70});  // rows of 20
-  bench.tap({50, 70});
+  bench.tap({50, 86});  // rows of 20, below the height of a header
+  bench.tap({50, 86});
   EXPECT_EQ(owner.journal, ",COAST,COAST");
   filters.setFilterList({"ALL", "USER", "FAVOURITES", "HARBOUR", "COAST"});
   filters.reapplySelection();
@@ -139,6 +140,17 @@ TEST_F(OverlayPanelsTest, theBankFiltersTellEachTapAndComeBackAfterARefill) {
   filters.reapplySelection();
   EXPECT_EQ(owner.journal, ",COAST,COAST,COAST");
   EXPECT_EQ(filters.tableView().indexPathForSelectedRow(), std::nullopt);
+}
+
+TEST_F(OverlayPanelsTest, theCategoriesThatNarrowTheListStayOnWhenTheBrowserIsRefilled) {
+  PresetViewOverlay browser;
+  browser.categories = {"Bass", "Lead"};
+  browser.setFactoryPresets(std::nullopt);
+  browser.categorySelector().setSelectedValues({"Lead"});
+  browser.setFactoryPresets(std::nullopt);
+  EXPECT_TRUE(browser.categorySelector().buttons()[1]->isOn());
+  EXPECT_EQ(browser.presetListTableViewController().currentCategoriesFilter,
+            std::vector<std::string>{"Lead"});
 }
 
 }  // namespace
