@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -36,7 +37,7 @@ class PresetBrowserTest : public testing::Test {
 
   std::vector<json> drive(const std::string& script) {
     const support::ToolResult run =
-        runTool({"drive", dataFile("presets.json"), "--data", folder_.string()}, script);
+        runTool({"drive", description_, "--data", folder_.string()}, script);
     EXPECT_EQ(run.code, 0) << run.err;
     std::vector<json> answers;
     std::istringstream lines(run.out);
@@ -61,6 +62,7 @@ class PresetBrowserTest : public testing::Test {
   }
 
   std::filesystem::path folder_;
+  std::string description_ = dataFile("presets.json");
 };
 
 const std::string open = "size 1000 750\npreset Init\ntap \"Init\"\n";
@@ -114,6 +116,25 @@ TEST_F(PresetBrowserTest, renameKeepsTheSoundAndTheFavouriteUnderTheNewName) {
   EXPECT_EQ(last("preset user Spray\nget cutoff")["value"], 700);
 }
 
+TEST_F(PresetBrowserTest, aFavouriteThatIsRenamedHasItsStarAtOnce) {
+  drive(open + saveNew("Foam"));
+  const json tree = last(
+      "size 1000 750\npreset user Foam\ntap \"Foam\"\ntap \"RENAME\"\n"
+      "type Spray\ntap \"OK\"\ntree")["tree"];
+  std::map<std::string, bool> stars, categories;
+  const std::function<void(const json&)> visit = [&](const json& node) {
+    if (node["class"] == "PresetCell")
+      stars[node["children"][0]["children"][0]["text"]] = node["children"][1]["selected"];
+    if (node["class"] == "MultiSelectableButton") categories[node["text"]] = node["selected"];
+    for (const json& child : node["children"]) visit(child);
+  };
+  visit(tree);
+  EXPECT_THAT(stars, testing::Contains(testing::Pair("Spray", true)));
+  EXPECT_THAT(stars, testing::Contains(testing::Pair("Init", false)));
+  EXPECT_THAT(categories, testing::UnorderedElementsAre(testing::Pair("Bass", false),
+                                                        testing::Pair("Lead", false)));
+}
+
 TEST_F(PresetBrowserTest, deletingAsksAndOnlyYesDeletes) {
   drive(open + saveNew("Foam"));
   const std::string ask = "size 1000 750\npreset user Foam\ntap \"Foam\"\ntap \"DELETE\"\n";
@@ -138,6 +159,24 @@ TEST_F(PresetBrowserTest, aFactoryPresetCanOnlyBeSavedAsANewOne) {
   drive(open + saveNew("Foam"));
   buttons = enabled("size 1000 750\npreset user Foam\ntap \"Foam\"\n");
   for (const char* text : {"SAVE", "DELETE", "RENAME"}) EXPECT_TRUE(buttons.at(text)) << text;
+}
+
+TEST_F(PresetBrowserTest, banksImportAndExportAreThereWhenThePluginAsksForThem) {
+  const std::string tree = last(open + "tree")["tree"].dump();
+  EXPECT_THAT(tree, Not(HasSubstr("BANK B")));
+  EXPECT_THAT(last(open + "state")["buttons"].dump(), Not(HasSubstr("IMPORT")));
+
+  std::ifstream file(description_);
+  json description = json::parse(file);
+  description["presetViewUseFilters"] = description["allowImportAndExport"] = true;
+  const support::TemporaryFile asking(description.dump());
+  description_ = asking.path();
+  const std::string buttons = last(open + "state")["buttons"].dump();
+  EXPECT_THAT(buttons, testing::AllOf(HasSubstr("IMPORT"), HasSubstr("EXPORT")));
+  EXPECT_THAT(names(last(open + "tap \"BANK B\"\npresets")["shown"]),
+              ElementsAre("Bright Lead", "Lead Two"));
+  EXPECT_THAT(names(last(open + "tap \"Lead\"\ntap \"BANK A\"\npresets")["shown"]),
+              testing::IsEmpty());
 }
 
 TEST_F(PresetBrowserTest, typingSearchesArrowsMoveAndReturnLoads) {

@@ -156,6 +156,29 @@ TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
                        "pages[0].sections[0].columns[0].slots[0] at 1024x768"));
 }
 
+TEST(ToolCommand, CheckFindsParametersThatAreUsedNowhereAndPlacesThatShowNothing) {
+  json description = {
+      {"parameters",
+       {{{"key", "a"}, {"attached", {"b"}}, {"control", "multiple"}},
+        {{"key", "b"}},
+        {{"key", "c"}},
+        {{"key", "d"}}}},
+      {"pages",
+       {{{"sections", {{{"columns", {{{"slots", {{{"param", "a"}}, {{"param", "d"}}}}}}}}}}}}}};
+  const TemporaryFile lonely(description.dump());
+  ToolResult result = runTool({"check", lonely.path(), "--size", "400x300", "800x600"});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_EQ(result.out, lonely.path() + ": parameters[2]: \"c\" has no control on any page\n");
+
+  description["parameters"][3]["control"] = "none";
+  const TemporaryFile hollow(description.dump());
+  result = runTool({"check", hollow.path(), "--size", "400x300"});
+  EXPECT_EQ(result.out, hollow.path() +
+                            ": pages[0].sections[0].columns[0].slots[1].param: \"d\" has the "
+                            "control \"none\", which shows nothing\n");
+  EXPECT_EQ(runTool({"tree", hollow.path()}).code, 0) << "it can be shown all the same";
+}
+
 TEST(ToolCommand, ASnapshotScriptThatFailsNamesItsLine) {
   const TemporaryFile script("page 1\n\nfly\n", ".txt");
   const ToolResult result =

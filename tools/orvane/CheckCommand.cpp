@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <ostream>
+#include <set>
 
+#include "Orvane/AUFilterViewContainer.h"
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
 #include "tools/orvane/DataFolders.h"
@@ -17,7 +19,30 @@ namespace {
 /// From a small window to a large screen.
 const std::vector<platform::Size> usualSizes{{480, 320}, {1024, 768}, {2560, 1600}};
 
-/// The design of a plug-in that was not read from a file, which may be as wrong as a description.
+bool hasParameter(const platform::AudioUnit& unit, const std::string& key) {
+  return unit.parameter(orvane::AUFilterViewContainer::parameterKey(key)) != nullptr;
+}
+
+/// What the settings of the keys name. A description has told of its own already.
+void checkSettings(const platform::AudioUnit& unit,
+                   const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys,
+                   Problems& problems) {
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    const std::string place = "paramKeys[" + std::to_string(i) + ']';
+    const kestroui::ParameterUISettings& settings = keys[i]->settings();
+    if (!hasParameter(unit, keys[i]->key()))
+      problems.push_back({place, "no parameter " + inQuotes(keys[i]->key())});
+    // Those of a group of flags are the names of its bits.
+    if (settings.controlType == kestroui::ControlType::bitFlagsGroup) continue;
+    for (std::size_t k = 0; k < settings.attachedParameters.size(); ++k)
+      if (const std::string& attached = settings.attachedParameters[k];
+          !hasParameter(unit, attached))
+        problems.push_back(
+            {place + ".attached[" + std::to_string(k) + ']', "no parameter " + inQuotes(attached)});
+  }
+}
+
+/// The design as the plug-in gives it, which may be as wrong as a description.
 void checkDesign(const Plugin& plugin, Problems& problems) {
   const headless::HeadlessRunLoop loop;
   const auto unit = plugin.entry.makeAudioUnit();
@@ -25,11 +50,25 @@ void checkDesign(const Plugin& plugin, Problems& problems) {
   const auto design = controller->design();
   std::vector<DescribedPage> pages;
   for (const auto& page : design->pages()) pages.push_back({page->title(), page->sections});
+  std::vector<std::shared_ptr<kestroui::ParamKey>> keys = design->paramKeys();
+  checkSettings(*unit, keys, problems);
   std::vector<std::optional<std::string>> foot;
-  for (const auto& key : controller->foot_stack())
+  for (const auto& key : controller->foot_stack()) {
     foot.push_back(key ? std::optional(key->key()) : std::nullopt);
-  const auto isParameter = [&](const std::string& key) { return unit->parameter(key) != nullptr; };
-  DesignCheck(problems, isParameter, foot).check(pages);
+    if (key) keys.push_back(key);
+  }
+
+  std::set<std::string> withoutControl;
+  for (const auto& key : keys)
+    if (key->settings().controlType == kestroui::ControlType::none && !key->settings().container)
+      withoutControl.insert(key->key());
+  const auto keyProblem = [&](const std::string& key) -> std::string {
+    if (!hasParameter(*unit, key)) return "no parameter " + inQuotes(key);
+    return withoutControl.contains(key)
+               ? inQuotes(key) + " has the control \"none\", which shows nothing"
+               : std::string();
+  };
+  DesignCheck(problems, keyProblem, foot).check(pages);
 }
 
 }  // namespace
@@ -52,6 +91,7 @@ int checkCommand(const Words& words, Streams streams) {
       editor.host.resize(size);
       checkLayout(editor.host, problems);
     }
+    checkUse(editor.host, problems);
   }
   for (const Problem& problem : problems) streams.out << oneLine(problem.line(name)) << '\n';
   if (!problems.empty()) return 1;

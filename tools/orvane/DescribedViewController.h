@@ -15,7 +15,10 @@ namespace tool {
 class DescribedViewController : public orvane::KestroAUViewController {
  public:
   explicit DescribedViewController(std::shared_ptr<const DescribedPlugin> plugin)
-      : plugin_(std::move(plugin)), design_(std::make_shared<DescribedDesign>(plugin_)) {}
+      : plugin_(std::move(plugin)), design_(std::make_shared<DescribedDesign>(plugin_)) {
+    presetViewUseFilters = plugin_->presetViewUseFilters;
+    allowImportAndExport = plugin_->allowImportAndExport;
+  }
 
   std::shared_ptr<orvane::AUDesign> design() override { return design_; }
   std::unique_ptr<platform::AudioUnit> createAudioUnit(

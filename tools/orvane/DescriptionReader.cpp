@@ -97,9 +97,10 @@ DescribedPlugin readDescription(std::string_view text, const std::string& fallba
   result.pages = PageReader(problems).read(plugin);
   result.factoryPresets = readPresets(plugin, problems, result.parameters, index);
   plugin.finish();
-  DesignCheck(
-      problems, [&](const std::string& key) { return index.contains(key); }, result.foot)
-      .check(result.pages);
+  const auto keyProblem = [&](const std::string& key) {
+    return index.contains(key) ? std::string() : "no parameter " + inQuotes(key);
+  };
+  DesignCheck(problems, keyProblem, result.foot).check(result.pages);
   return result;
 }
 

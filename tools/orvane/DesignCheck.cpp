@@ -20,9 +20,9 @@ std::string at(const std::string& place, std::string_view list, std::size_t inde
 
 }  // namespace
 
-DesignCheck::DesignCheck(Problems& problems, std::function<bool(const std::string&)> isParameter,
+DesignCheck::DesignCheck(Problems& problems, KeyProblem keyProblem,
                          const std::vector<std::optional<std::string>>& foot)
-    : problems_(problems), isParameter_(std::move(isParameter)), foot_(foot) {}
+    : problems_(problems), keyProblem_(std::move(keyProblem)), foot_(foot) {}
 
 void DesignCheck::check(const std::vector<DescribedPage>& pages) {
   places_.clear();
@@ -102,9 +102,10 @@ void DesignCheck::checkColumn(const UIColumn& column, const std::string& place) 
 }
 
 bool DesignCheck::checkKey(const std::string& key, const std::string& place) {
-  if (isParameter_(key)) return true;
+  std::string problem = keyProblem_(key);
+  if (problem.empty()) return true;
   // A key that is empty for want of a text has been told of already.
-  if (!key.empty()) add(place, "no parameter " + inQuotes(key));
+  if (!key.empty()) add(place, std::move(problem));
   return false;
 }
 

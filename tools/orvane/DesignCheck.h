@@ -16,9 +16,11 @@ namespace tool {
 /// leave something out. Places are those of a description's file.
 class DesignCheck {
  public:
-  /// `isParameter` says whether the plug-in has a parameter with this key; `foot` is the foot
-  /// strip and outlives the check.
-  DesignCheck(Problems& problems, std::function<bool(const std::string&)> isParameter,
+  /// What is wrong with a key that the design names; empty for nothing.
+  using KeyProblem = std::function<std::string(const std::string& key)>;
+
+  /// `foot` is the foot strip and outlives the check.
+  DesignCheck(Problems& problems, KeyProblem keyProblem,
               const std::vector<std::optional<std::string>>& foot);
 
   void check(const std::vector<DescribedPage>& pages);
@@ -29,14 +31,14 @@ class DesignCheck {
   void checkRows(const DescribedPage& page, const std::string& place);
   void checkSection(const orvane::Section& section, const std::string& place);
   void checkColumn(const orvane::UIColumn& column, const std::string& place);
-  /// Whether the key names a parameter.
+  /// Whether nothing is wrong with the key.
   bool checkKey(const std::string& key, const std::string& place);
   /// The key's control has its place here; it can have only one at a time.
   void takePlace(const std::string& key, const std::string& place);
   void add(const std::string& place, std::string text);
 
   Problems& problems_;
-  std::function<bool(const std::string&)> isParameter_;
+  KeyProblem keyProblem_;
   const std::vector<std::optional<std::string>>& foot_;
   /// Where each key has its place on the page that is being checked.
   std::map<std::string, std::string> places_;

@@ -1,12 +1,14 @@
 #include "tools/orvane/LayoutCheck.h"
 
 #include <cmath>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "KestroUI/LEDViewContainer.h"
 #include "KestroUI/SimpleLabelContainer.h"
+#include "Orvane/ControlBuilder.h"
 #include "tools/orvane/ObjectReader.h"
 #include "tools/orvane/Target.h"
 #include "tools/orvane/Text.h"
@@ -137,6 +139,24 @@ void checkLayout(headless::HeadlessHost& host, Problems& problems) {
     check.checkPage(*content.pageViews()[i], "pages[" + std::to_string(i) + ']');
   }
   if (content.foot_stack) check.checkFoot(*content.foot_stack);
+}
+
+void checkUse(headless::HeadlessHost& host, Problems& problems) {
+  const auto* unit = host.editor().audioUnit();
+  if (!unit) return;
+  std::set<std::string> used;
+  for (const auto& [key, container] : host.editor().controls().controls())
+    // Pages adopt their controls when they are first shown.
+    if (container->superview())
+      for (const auto& driven : container->paramKeys()) {
+        used.insert(driven->key());
+        used.insert(orvane::ControlBuilder::parameterKey(*container, driven->key()));
+      }
+  const auto& keys = unit->parametersKeys();
+  for (std::size_t i = 0; i < keys.size(); ++i)
+    if (!used.contains(keys[i]))
+      problems.push_back({"parameters[" + std::to_string(i) + ']',
+                          inQuotes(keys[i]) + " has no control on any page"});
 }
 
 }  // namespace tool

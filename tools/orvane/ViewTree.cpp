@@ -9,6 +9,7 @@
 
 #include "KestroUI/Container.h"
 #include "KestroUI/MomentaryButton.h"
+#include "KestroUI/OnOffButton.h"
 #include "KestroUI/SimpleLabel.h"
 #include "Orvane/PageView.h"
 #include "Orvane/SectionView.h"
@@ -41,6 +42,9 @@ std::optional<std::string> textOf(const View& view) {
     title = button->title();
   else if (const auto* momentary = dynamic_cast<const kestroui::MomentaryButton*>(&view))
     title = momentary->title();
+  else if (const auto* onOff = dynamic_cast<const kestroui::OnOffButton*>(&view);
+           onOff && !onOff->titles().empty())
+    title = onOff->isOn() ? onOff->titles().back() : onOff->titles().front();
   return title.empty() ? std::nullopt : std::optional(title);
 }
 
@@ -59,7 +63,8 @@ ordered_json viewTree(const View& view) {
   node["hidden"] = view.isHidden();
   if (const auto* control = dynamic_cast<const platform::Control*>(&view)) {
     node["enabled"] = control->isEnabled();
-    node["selected"] = control->isSelected();
+    const auto* onOff = dynamic_cast<const kestroui::OnOffButton*>(control);
+    node["selected"] = control->isSelected() || (onOff && onOff->isOn());
   }
   node["children"] = ordered_json::array();
   for (const View* child : view.subviews()) node["children"].push_back(viewTree(*child));
