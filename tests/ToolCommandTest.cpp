@@ -177,6 +177,18 @@ TEST(ToolCommand, CheckFindsParametersThatAreUsedNowhereAndPlacesThatShowNothing
                             ": pages[0].sections[0].columns[0].slots[1].param: \"d\" has the "
                             "control \"none\", which shows nothing\n");
   EXPECT_EQ(runTool({"tree", hollow.path()}).code, 0) << "it can be shown all the same";
+
+  description["parameters"][3] = {{"key", "d"}, {"max", 0.5}};
+  json& pages = description["pages"];
+  pages.push_back({{"title", "Two"}, {"sections", {{{"name", "C"}, {"state", "d"}}}}});
+  pages[1]["sections"][0]["columns"] = {{{"slots", {{{"param", "c"}}}}}};
+  const TemporaryFile senseless(description.dump());
+  result = runTool({"check", senseless.path(), "--size", "400x300"});
+  EXPECT_EQ(result.out, senseless.path() +
+                            ": pages[0].title: is empty, so that the page's tab shows nothing\n" +
+                            senseless.path() +
+                            ": pages[1].sections[0].state: \"d\" never reaches 1, so that the "
+                            "section is always off\n");
 }
 
 TEST(ToolCommand, ASnapshotScriptThatFailsNamesItsLine) {

@@ -1,6 +1,6 @@
 #include <algorithm>
+#include <map>
 #include <ostream>
-#include <set>
 
 #include "Orvane/AUFilterViewContainer.h"
 #include "tools/orvane/ArgumentParser.h"
@@ -42,6 +42,21 @@ void checkSettings(const platform::AudioUnit& unit,
   }
 }
 
+/// What can be shown but makes no sense.
+void checkPage(const platform::AudioUnit& unit, const DescribedPage& page, const std::string& place,
+               bool hasTab, Problems& problems) {
+  if (hasTab && page.title.empty())
+    problems.push_back({place + ".title", "is empty, so that the page's tab shows nothing"});
+  for (std::size_t i = 0; i < page.sections.size(); ++i) {
+    const auto& state = page.sections[i].section->stateParameter;
+    const auto* parameter = state ? unit.parameter(*state) : nullptr;
+    if (parameter && parameter->maxValue() < 1)
+      problems.push_back(
+          {place + ".sections[" + std::to_string(i) + "].state",
+           inQuotes(*state) + " never reaches 1, so that the section is always off"});
+  }
+}
+
 /// The design as the plug-in gives it, which may be as wrong as a description.
 void checkDesign(const Plugin& plugin, Problems& problems) {
   const headless::HeadlessRunLoop loop;
@@ -58,17 +73,21 @@ void checkDesign(const Plugin& plugin, Problems& problems) {
     if (key) keys.push_back(key);
   }
 
-  std::set<std::string> withoutControl;
+  // Of several settings for a key the first count, as they do for the controls.
+  std::map<std::string, bool> hasControl;
   for (const auto& key : keys)
-    if (key->settings().controlType == kestroui::ControlType::none && !key->settings().container)
-      withoutControl.insert(key->key());
+    hasControl.emplace(key->key(), key->settings().container ||
+                                       key->settings().controlType != kestroui::ControlType::none);
   const auto keyProblem = [&](const std::string& key) -> std::string {
     if (!hasParameter(*unit, key)) return "no parameter " + inQuotes(key);
-    return withoutControl.contains(key)
+    const auto described = hasControl.find(key);
+    return described != hasControl.end() && !described->second
                ? inQuotes(key) + " has the control \"none\", which shows nothing"
                : std::string();
   };
   DesignCheck(problems, keyProblem, foot).check(pages);
+  for (std::size_t i = 0; i < pages.size(); ++i)
+    checkPage(*unit, pages[i], "pages[" + std::to_string(i) + ']', pages.size() > 1, problems);
 }
 
 }  // namespace

@@ -74,7 +74,8 @@ void DriveSession::presets(const Words&, Json& answer) {
     for (const auto& preset : list.presetFileListFiltered()) {
       const bool isHere = !list.useHeaders || preset->isUserPreset == (section == 0);
       if (!isHere) continue;
-      shown.push_back({{"section", list.titleForHeaderInSection(list.tableView(), section)},
+      // Of its kind, also where the list has no headers.
+      shown.push_back({{"section", preset->isUserPreset ? "USER" : "FACTORY"},
                        {"name", oneLine(preset->name)},
                        {"user", preset->isUserPreset},
                        {"favourite", preset->isFavourite},
