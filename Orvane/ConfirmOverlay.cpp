@@ -3,13 +3,19 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
+#include "platform/Window.h"
 
 namespace orvane {
 
 namespace Theme = kestroui::Theme;
 
 ConfirmOverlay::ConfirmOverlay() {
-  setBackgroundColor(Theme::background);
+  setBackgroundColor(Theme::background.withAlpha(0.8f));
+  layer().setCornerRadius(Theme::cornerRadius * 3);
+  back_.setBackgroundColor(Theme::panel);
+  back_.setBorderColor(Theme::line);
+  back_.setBorderWidth(1);
+  back_.setCornerRadius(Theme::cornerRadius * 3);
   setText("Are you sure you want to delete this preset?");
   textLabel_.setTextAlignment(platform::TextAlignment::centre);
   textLabel_.setTextColor(Theme::text);
@@ -17,6 +23,7 @@ ConfirmOverlay::ConfirmOverlay() {
 
 void ConfirmOverlay::didMoveToSuperview() {
   if (!superview()) return;
+  layer().addSublayer(back_);
   addSubview(textLabel_);
   addSubview(cancelButton_);
   addSubview(okButton_);
@@ -29,9 +36,14 @@ void ConfirmOverlay::handleTouchDown(platform::Control& sender) {
 }
 
 void ConfirmOverlay::setHidden(bool hidden) {
+  const bool wasHidden = isHidden();
+  if (wasHidden && !hidden && window()) keyboardBefore_ = window()->firstResponder();
   View::setHidden(hidden);
   // Return must not delete by accident.
-  if (!hidden) cancelButton_.becomeFirstResponder();
+  if (!hidden)
+    cancelButton_.becomeFirstResponder();
+  else if (!wasHidden && keyboardBefore_)
+    keyboardBefore_->becomeFirstResponder();
 }
 
 bool ConfirmOverlay::keyPressed(const platform::KeyEvent& event) {
@@ -49,6 +61,8 @@ void ConfirmOverlay::draw(const platform::Rect&) {
   okButton_.setFont(font);
   textLabel_.setFrame(
       {0.1 * width, height / 2 - 2 * font.lineHeight(), 0.8 * width, font.lineHeight()});
+  const double padding = 1.5 * font.lineHeight(), top = textLabel_.frame().y - padding;
+  back_.setFrame({0.08 * width, top, 0.84 * width, height / 2 + buttonHeight + padding - top});
   cancelButton_.setFrame(
       {width / 2 - gap / 2 - buttonWidth, height / 2, buttonWidth, buttonHeight});
   okButton_.setFrame({width / 2 + gap / 2, height / 2, buttonWidth, buttonHeight});

@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-/// A panel that asks a question with NO and YES. Escape answers NO. User-interface thread only.
+/// A panel that asks a question with NO and YES. Escape answers NO. Hidden, it gives the keyboard
+/// back to whoever had it before. User-interface thread only.
 class ConfirmOverlay : public platform::View {
  public:
   ConfirmOverlay();
@@ -31,9 +32,12 @@ class ConfirmOverlay : public platform::View {
   void draw(const platform::Rect& rect) override;
 
  private:
+  /// The panel, in the middle of what the overlay dims.
+  platform::Layer back_;
   platform::Label textLabel_;
   kestroui::SimpleButton cancelButton_{"NO"};
   kestroui::SimpleButton okButton_{"YES"};
+  platform::Weak<platform::View> keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -43,6 +43,7 @@ int FiltersTableViewController::numberOfRowsInSection(TableView&, int) {
 platform::TableViewCell& FiltersTableViewController::cellForRowAt(TableView& table, IndexPath row) {
   auto& cell = table.dequeueReusableCell<platform::TableViewCell>();
   PresetTableStyle::apply(cell);
+  cell.textLabel().setFont(PresetTableStyle::font(PresetTableStyle::rowHeight(table)));
   cell.textLabel().setText(filterList_[static_cast<std::size_t>(row.row)]);
   return cell;
 }

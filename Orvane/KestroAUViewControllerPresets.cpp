@@ -97,6 +97,13 @@ void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
 void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& preset) {
   load(preset);
   followPresetName();
+  const auto* unit = audioUnit();
+  if (!unit || !preset || !preset->isUserPreset) return;
+  // A file that is gone, or is no preset, has left the sound as it was: then the list says so.
+  const std::string name = unit->currentPresetName();
+  if (name.empty() || name == preset->name) return;
+  reloadPresetList();
+  overlaysView_.followCurrentPreset(*unit);
 }
 
 void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset) {

@@ -44,8 +44,9 @@ void MultiSelectableButton::paint(platform::Canvas& canvas) {
       place.inset(0.5, 0.5), radius, 1,
       isFirstResponder() ? Theme::accent : Theme::line.withAlpha(isOn() ? 0.0f : 0.8f));
   const double perLetter = 0.58 * static_cast<double>(kestroui::utf8Length(text()) + 1);
-  const double size = std::min({Theme::smallTitleFont.pointSize * 1.2, place.height * 0.52,
-                                std::max(7.0, place.width / perLetter)});
+  const double size =
+      std::min({std::max(Theme::smallTitleFont.pointSize * 1.2, place.height * 0.32),
+                place.height * 0.52, std::max(7.0, place.width / perLetter)});
   canvas.drawText(text(), Theme::smallTitleFont.withSize(size), place,
                   platform::TextAlignment::centre,
                   isOn() ? Theme::textOn(litSurface()) : Theme::lightGrey);

@@ -40,6 +40,7 @@ void PresetCell::handleValueChanged() {
 
 void PresetCell::draw(const platform::Rect& rect) {
   TableViewCell::draw(rect);
+  textLabel().setFont(PresetTableStyle::font(bounds().height));
   if (!showStarButton_) return;
   const double side = bounds().height + 4;
   platform::Rect content = contentView().frame();

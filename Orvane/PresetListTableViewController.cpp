@@ -176,6 +176,7 @@ void PresetListTableViewController::selectNext(bool backward) {
 void PresetListTableViewController::moveToSelected() {
   const auto row = selectedPreset_ ? rowOf(*selectedPreset_) : std::nullopt;
   if (!row) {
+    tableView().selectRow(std::nullopt);
     tableView().scrollRectToVisible({0, 0, 1, 1});
     return;
   }

@@ -116,24 +116,25 @@ void PresetManager::loadUserPreset(const UserPreset& preset) {
       PropertyList::Dictionary{{"data", std::move(*bytes)}, {"presetName", preset.name}});
 }
 
-void PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
+bool PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
   const auto* unit = audioUnit.get();
-  if (!unit) return;
+  if (!unit) return false;
   const PropertyList fullState = unit->fullState();
   const PropertyList* data = fullState.find("data");
   const auto* bytes = data ? data->as<PropertyList::Data>() : nullptr;
-  if (!bytes) return;
+  if (!bytes) return false;
   std::string error;
   auto state = platform::readKeyedArchive(*bytes, error);
   auto* entries = state ? state->as<PropertyList::Dictionary>() : nullptr;
-  if (!entries) return;
+  if (!entries) return false;
   PropertyList::Array lowered;
   for (const std::string& category : categories) lowered.push_back(platform::lowercased(category));
   (*entries)[PresetFile::categoriesKey] = std::move(lowered);
   const std::string xml = platform::writeXmlPropertyList(*state);
   const auto* text = reinterpret_cast<const std::uint8_t*>(xml.data());
-  if (const auto failed = fileManager_.write({text, xml.size()}, url))
-    platform::printToConsole(failed->localizedDescription);
+  const auto failed = fileManager_.write({text, xml.size()}, url);
+  if (failed) platform::printToConsole(failed->localizedDescription);
+  return !failed;
 }
 
 std::optional<std::string> PresetManager::saveNew(const std::string& name,
@@ -147,7 +148,8 @@ std::optional<std::string> PresetManager::saveNew(const std::string& name,
     return std::nullopt;
   }
   std::string url = *folder + '/' + fileName;
-  savePreset(url, categories);
+  // Nobody is to choose what is not there, or load what was there before.
+  if (!savePreset(url, categories)) return std::nullopt;
   return url;
 }
 

@@ -46,10 +46,10 @@ class PresetManager {
   void load(const std::shared_ptr<Preset>& preset);
   void loadUserPreset(const UserPreset& preset);
   /// Writes the audio unit's state, replacing any file at this path. Categories are stored in lower
-  /// case.
-  void savePreset(const std::string& url, const std::vector<std::string>& categories);
-  /// Replaces a preset of the same name. The path of the file, also when it could not be written;
-  /// none without a folder or an audio unit, and for a name that leads out of the folder.
+  /// case. Whether it is written.
+  bool savePreset(const std::string& url, const std::vector<std::string>& categories);
+  /// Replaces a preset of the same name. The path of the file; none when it could not be written,
+  /// without a folder or an audio unit, and for a name that leads out of the folder.
   std::optional<std::string> saveNew(const std::string& name,
                                      const std::vector<std::string>& categories);
   /// Removes the file, and the first mark of a favourite.

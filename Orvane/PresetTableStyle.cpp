@@ -16,6 +16,10 @@ double PresetTableStyle::headerHeight(const platform::TableView& table) {
   return 0.8 * rowHeight(table);
 }
 
+platform::Font PresetTableStyle::font(double rowHeight) {
+  return Theme::cellFont.withSize(std::clamp(rowHeight * 0.34, 11.0, 30.0));
+}
+
 void PresetTableStyle::apply(platform::TableView& table) {
   table.setBackgroundColor(Theme::panel);
   table.setBarColor(Theme::grey.withAlpha(0.5f));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Font.h"
 #include "platform/TableView.h"
 
 namespace orvane {
@@ -11,6 +12,8 @@ namespace PresetTableStyle {
 double rowHeight(const platform::TableView& table);
 /// In points.
 double headerHeight(const platform::TableView& table);
+/// Grows with the rows, as far as that reads well.
+platform::Font font(double rowHeight);
 void apply(platform::TableView& table);
 void apply(platform::TableViewCell& cell);
 

@@ -27,9 +27,9 @@ constexpr double filterShare = 0.2;
 PresetViewOverlay::PresetViewOverlay() {
   background_.setBackgroundColor(Theme::background.withAlpha(0.8f));
   panel_.setBackgroundColor(Theme::panel);
-  panel_.setBorderColor(Theme::line);
-  panel_.setBorderWidth(1);
-  panel_.setCornerRadius(Theme::cornerRadius * 3);
+  panel_.layer().setBorderColor(Theme::line);
+  panel_.layer().setBorderWidth(1);
+  panel_.layer().setCornerRadius(Theme::cornerRadius * 3);
   presetTitle_.setText("PRESETS");
   presetTitle_.setTextColor(Theme::text);
   presetTitle_.setTextAlignment(platform::TextAlignment::centre);
@@ -38,16 +38,12 @@ PresetViewOverlay::PresetViewOverlay() {
   emptyLabel_.setTextColor(Theme::textDim);
   emptyLabel_.setTextAlignment(platform::TextAlignment::centre);
   replaceOverlay_.setText("A preset of this name exists. Do you want to replace it?");
-  for (ConfirmOverlay* overlay : {&confirmOverlay_, &replaceOverlay_}) {
-    overlay->setBackgroundColor(Theme::panel);
-    overlay->layer().setCornerRadius(Theme::cornerRadius * 3);
-  }
 }
 
 void PresetViewOverlay::didMoveToSuperview() {
   if (!superview()) return;
   layer().addSublayer(background_);
-  layer().addSublayer(panel_);
+  addSubview(panel_);
   addSubview(presetTitle_);
   addSubview(countLabel_);
   addSubview(categorySelector_);
@@ -190,6 +186,11 @@ bool PresetViewOverlay::replacesAnother(const std::string& name) const {
 
 void PresetViewOverlay::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                    const std::optional<std::string>& text) {
+  // A file without a name would be hidden, and found by nobody.
+  if (text && text->find_first_not_of(' ') == text->npos) {
+    saveNewPresetOverlay_.textField().becomeFirstResponder();
+    return;
+  }
   if (text && replacesAnother(*text)) {
     nameToReplace_ = *text;
     replaceOverlay_.setHidden(false);
@@ -207,15 +208,14 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   if (!owner) return;
   const platform::Weak<PresetViewOverlay> self = this;
   const std::shared_ptr<Preset> before = list_.selectedPreset();
-  bool wasFavourite = false;
-  if (const auto* user = dynamic_cast<const UserPreset*>(before.get());
-      user && isEdit_ && user->name != name) {
-    wasFavourite = user->isFavourite;
-    owner->deletePreset(*user);
-    if (!self || !delegate) return;
-  }
+  const auto* const user = dynamic_cast<const UserPreset*>(before.get());
+  const bool isRenamed = user && isEdit_ && user->name != name;
+  const bool wasFavourite = isRenamed && user->isFavourite;
   const std::optional<std::string> url =
       owner->saveNewPreset(name, saveNewPresetOverlay_.categorySelector().selectedValues());
+  if (!self || !delegate) return;
+  // Only now, when it is safe under the new name.
+  if (url && isRenamed) owner->deletePreset(*user);
   if (!self) return;
   if (url) {
     list_.setSelectedPreset(std::make_shared<UserPreset>(*url, false));
@@ -267,7 +267,8 @@ void PresetViewOverlay::setHidden(bool hidden) {
   Control::setHidden(hidden);
   if (!hidden) {
     updateButtons();
-    list_.moveToSelected();
+    // Others may have saved or removed presets meanwhile.
+    list_.reload();
     list_.tableView().becomeFirstResponder();
     return;
   }
@@ -310,14 +311,14 @@ void PresetViewOverlay::draw(const Rect&) {
   panel_.setFrame(panel);
 
   const double gap = std::max(3.0, height * 0.012);
-  const double line = std::clamp(height * 0.062, 16.0, 44.0);
+  const double line = std::clamp(height * 0.062, 16.0, 80.0);
   const Rect inside = panel.inset(gap * 1.5, gap);
   double y = inside.y;
   const platform::Font titleFont =
-      Theme::pageFont.withSize(std::min(line * 0.6, Theme::pageFont.pointSize * 1.4));
+      Theme::pageFont.withSize(std::min(line * 0.6, Theme::pageFont.pointSize * 2));
   presetTitle_.setFont(titleFont);
   presetTitle_.setFrame({inside.x + inside.width * 0.3, y, inside.width * 0.4, line});
-  countLabel_.setFont(Theme::valueFont.withSize(std::min(line * 0.45, 14.0)));
+  countLabel_.setFont(Theme::valueFont.withSize(std::clamp(line * 0.32, 9.0, 24.0)));
   countLabel_.setFrame({inside.maxX() - inside.width * 0.3, y, inside.width * 0.3, line});
   y += line + gap;
 
@@ -338,7 +339,7 @@ void PresetViewOverlay::draw(const Rect&) {
   y += line + gap;
   const Rect list{listX, y, inside.maxX() - listX, std::max(0.0, bottom - y)};
   list_.view().setFrame(list);
-  emptyLabel_.setFont(Theme::cellFont.withSize(std::min(Theme::cellFont.pointSize, line * 0.5)));
+  emptyLabel_.setFont(Theme::cellFont.withSize(std::clamp(line * 0.36, 9.0, 28.0)));
   emptyLabel_.setFrame({list.x + gap, list.midY() - line, list.width - 2 * gap, line * 2});
   layoutButtons(buttons);
 
@@ -359,7 +360,7 @@ void PresetViewOverlay::layoutButtons(const Rect& row) {
   const double width = std::max(0.0, (row.width - gap * (count - 1)) / count);
   double x = row.x;
   for (kestroui::SimpleButton* button : buttons) {
-    button->setFont(Theme::regularFont.withSize(std::min(row.height * 0.42, 15.0)));
+    button->setFont(Theme::regularFont.withSize(std::clamp(row.height * 0.3, 9.0, 24.0)));
     button->setFrame({x, row.y, width, row.height});
     x += width + gap;
   }

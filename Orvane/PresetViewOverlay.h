@@ -86,7 +86,8 @@ class PresetViewOverlay : public platform::Control,
   void layoutButtons(const platform::Rect& row);
 
   platform::Layer background_;
-  platform::Layer panel_;
+  /// A touch on it, between its parts, is none beside the browser.
+  platform::View panel_;
   platform::Label presetTitle_;
   /// How many of the presets the filters show.
   platform::Label countLabel_;

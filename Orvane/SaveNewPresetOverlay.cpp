@@ -6,9 +6,15 @@
 
 namespace orvane {
 
+namespace Theme = kestroui::Theme;
+
 SaveNewPresetOverlay::SaveNewPresetOverlay() {
-  setBackgroundColor(kestroui::Theme::panel);
-  layer().setCornerRadius(kestroui::Theme::cornerRadius * 3);
+  setBackgroundColor(Theme::background.withAlpha(0.8f));
+  layer().setCornerRadius(Theme::cornerRadius * 3);
+  back_.setBackgroundColor(Theme::panel);
+  back_.setBorderColor(Theme::line);
+  back_.setBorderWidth(1);
+  back_.setCornerRadius(Theme::cornerRadius * 3);
 }
 
 void SaveNewPresetOverlay::setCategories(std::vector<std::string> categories) {
@@ -16,15 +22,27 @@ void SaveNewPresetOverlay::setCategories(std::vector<std::string> categories) {
 }
 
 void SaveNewPresetOverlay::didMoveToSuperview() {
+  if (superview()) layer().addSublayer(back_);
   TextFieldOverlay::didMoveToSuperview();
   if (superview()) addSubview(categorySelector_);
+}
+
+void SaveNewPresetOverlay::touchBegan(const platform::Touch& touch) {
+  if (!back_.frame().contains(touch.locationIn(*this))) setHidden(true);
 }
 
 void SaveNewPresetOverlay::draw(const platform::Rect& rect) {
   TextFieldOverlay::draw(rect);
   const platform::Rect field = textField().frame();
-  categorySelector_.setFrame({0.05 * bounds().width, field.maxY() + 0.06 * bounds().height,
-                              0.9 * bounds().width, field.height});
+  const platform::Rect selector{0.05 * bounds().width, field.maxY() + 0.06 * bounds().height,
+                                0.9 * bounds().width, field.height};
+  categorySelector_.setFrame(selector);
+  const double padding = 0.75 * field.height, top = titleLabel().frame().y - padding;
+  if (categories().empty())
+    back_.setFrame({0.1 * bounds().width, top, 0.8 * bounds().width, field.maxY() + padding - top});
+  else
+    back_.setFrame(
+        {0.02 * bounds().width, top, 0.96 * bounds().width, selector.maxY() + padding - top});
 }
 
 }  // namespace orvane

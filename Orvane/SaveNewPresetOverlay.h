@@ -8,7 +8,8 @@
 
 namespace orvane {
 
-/// Asks for the name and the categories of a preset. User-interface thread only.
+/// Asks for the name and the categories of a preset. A touch beside the panel closes it.
+/// User-interface thread only.
 class SaveNewPresetOverlay : public TextFieldOverlay {
  public:
   SaveNewPresetOverlay();
@@ -18,10 +19,13 @@ class SaveNewPresetOverlay : public TextFieldOverlay {
   /// What the selector offers.
   void setCategories(std::vector<std::string> categories);
 
+  void touchBegan(const platform::Touch& touch) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 
  private:
+  /// The panel, in the middle of what the overlay dims.
+  platform::Layer back_;
   MultiSelectable categorySelector_;
 };
 

@@ -54,7 +54,7 @@ void SearchBar::draw(const platform::Rect&) {
   magnifierLayer_.setPath(
       Icons::fitted(magnifierPath_, square.inset(height * 0.22, height * 0.22)));
   textField_.setFrame({height, 0, std::max(0.0, width - height), height});
-  textField_.setFont(Theme::cellFont.withSize(std::min(Theme::cellFont.pointSize, height * 0.55)));
+  textField_.setFont(Theme::cellFont.withSize(std::min(26.0, height * 0.4)));
 }
 
 }  // namespace orvane

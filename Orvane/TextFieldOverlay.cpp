@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
+#include "platform/Window.h"
 
 namespace orvane {
 
@@ -34,9 +35,12 @@ void TextFieldOverlay::didMoveToSuperview() {
 }
 
 void TextFieldOverlay::setHidden(bool hidden) {
+  const bool wasHidden = isHidden();
+  if (wasHidden && !hidden && window()) keyboardBefore_ = window()->firstResponder();
   View::setHidden(hidden);
   if (hidden) {
     textField_.resignFirstResponder();
+    if (!wasHidden && keyboardBefore_) keyboardBefore_->becomeFirstResponder();
     return;
   }
   textField_.setText({});

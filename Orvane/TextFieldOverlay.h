@@ -12,7 +12,7 @@ namespace orvane {
 /// A panel over the editor that asks for one line of text: a title, a field and OK. Showing it
 /// empties the field and gives it the keyboard. Return leaves the field for the OK button and
 /// confirms nothing by itself; Escape hides the panel. Its owner shows it, gets the text and hides
-/// it. User-interface thread only.
+/// it; then whoever had the keyboard before gets it back. User-interface thread only.
 class TextFieldOverlay : public platform::View, public platform::TextFieldDelegate {
  public:
   TextFieldOverlay();
@@ -41,6 +41,7 @@ class TextFieldOverlay : public platform::View, public platform::TextFieldDelega
   platform::Label titleLabel_;
   platform::TextField textField_;
   kestroui::SimpleButton okButton_;
+  platform::Weak<platform::View> keyboardBefore_;
 };
 
 }  // namespace orvane

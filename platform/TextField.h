@@ -43,7 +43,7 @@ class TextField : public Control {
   void setFont(const Font& font);
   Color textColor() const { return textColor_; }
   void setTextColor(Color color);
-  /// Of the caret and, paler, of the selection.
+  /// Of the caret, of the outline while the field has the keyboard and, paler, of the selection.
   void setTintColor(Color color);
   /// Free space before the text, in points.
   void setLeftInset(double points);

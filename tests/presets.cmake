@@ -2,6 +2,7 @@ orvane_add_tests(presets
   SOURCES
     CloudPresetsTest.cpp
     PresetManagerTest.cpp
+    PresetMishapsTest.cpp
     PresetProcessesTest.cpp
     PresetTransferTest.cpp
   DEPENDS orvane::headless orvane::orvane orvane::quillon orvane::toolkit orvane::foundation)

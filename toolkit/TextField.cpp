@@ -307,6 +307,8 @@ void TextField::paint(Canvas& canvas) {
   if (caretLit_ && isFirstResponder())
     canvas.fillRect({xOf(buffer_->caret()), top, caretWidth, height}, tintColor_);
   canvas.restore();
+  if (isFirstResponder())
+    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), layer().cornerRadius(), 1, tintColor_);
 
   if (!isClearButtonVisible()) return;
   const double width = clearButtonWidth(bounds());

@@ -46,6 +46,12 @@ EditorLook::EditorLook() : juce::LookAndFeel_V4(scheme()) {
   setColour(juce::TextEditor::highlightColourId, toColour(Theme::accent.withAlpha(0.4f)));
   setColour(juce::CaretComponent::caretColourId, toColour(Theme::accent));
   setColour(juce::ComboBox::backgroundColourId, toColour(Theme::background));
+  using Browser = juce::FileBrowserComponent;
+  setColour(Browser::currentPathBoxBackgroundColourId, toColour(Theme::background));
+  setColour(Browser::currentPathBoxTextColourId, toColour(Theme::text));
+  setColour(Browser::currentPathBoxArrowColourId, toColour(Theme::lightGrey));
+  setColour(Browser::filenameBoxBackgroundColourId, toColour(Theme::background));
+  setColour(Browser::filenameBoxTextColourId, toColour(Theme::text));
   setColour(juce::ScrollBar::thumbColourId, toColour(Theme::grey.withAlpha(0.5f)));
   setColour(juce::PopupMenu::highlightedBackgroundColourId, selected);
 }

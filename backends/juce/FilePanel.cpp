@@ -40,6 +40,8 @@ FilePanel::FilePanel(juce::Component& parent, const FileChoice& choice, Answer a
   addAndMakeVisible(ok_);
   addAndMakeVisible(cancel_);
   browser_.setFilenameBoxLabel("Name");
+  // It has taken its colours before it had this look.
+  browser_.sendLookAndFeelChange();
   browser_.addListener(this);
   if (auto* list = dynamic_cast<juce::FileListComponent*>(browser_.getDisplayComponent()))
     list->setRowHeight(rowHeight);
