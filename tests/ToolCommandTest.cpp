@@ -25,6 +25,7 @@ TEST(ToolCommand, ListNamesTheBuiltInsWithADescription) {
   const ToolResult result = runTool({"list"});
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(linesOf(result.out), Contains(StartsWith("halden  ")));
+  EXPECT_THAT(linesOf(result.out), Contains(StartsWith("selvik  ")));
 }
 
 TEST(ToolCommand, UsageErrorsExitWithTwoAndOneLine) {

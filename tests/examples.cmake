@@ -7,5 +7,7 @@ orvane_add_tests(examples
     HaldenMonitorTest.cpp
     HaldenPresetsTest.cpp
     HaldenTest.cpp
+    SelvikTest.cpp
     support/AllocationCounter.cpp
-  DEPENDS orvane::gallery orvane::halden orvane::headless orvane::toolkit orvane::foundation Threads::Threads)
+  DEPENDS orvane::gallery orvane::halden orvane::selvik orvane::headless orvane::toolkit
+    orvane::foundation Threads::Threads)

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Quillon/CommonAudioUnit.h"
+#include "examples/Selvik/DuckedEcho.h"
+
+namespace selvik {
+
+/// In the order of the parameters, whose addresses hosts store: append, never insert.
+enum Param : std::size_t {
+  time,
+  division,
+  sync,
+  feedback,
+  lowCut,
+  highCut,
+  mix,
+  lowPass,
+  lowPassResonance,
+  highPass,
+  highPassResonance,
+  listen,
+  threshold,
+  ratio,
+  release,
+  reduction,
+  scope
+};
+
+/// An echo that steps aside while the sound itself is loud in the band that it listens to.
+class SelvikAudioUnit : public quillon::CommonAudioUnit {
+ public:
+  SelvikAudioUnit();
+
+  bool hasStore() const override { return true; }
+  /// Until the longest echo with the most feedback is 60 dB down.
+  double tailSeconds() const override { return 3 * 135; }
+  void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
+  void render(const platform::RenderBlock& block) override;
+
+ private:
+  DuckedEcho::Settings settings(double tempo) const;
+
+  DuckedEcho echo_;
+  quillon::LiveRing& before_;
+  quillon::LiveRing& after_;
+};
+
+}  // namespace selvik
