@@ -97,6 +97,7 @@ const std::vector<PresetDescription>& presetDescriptions() {
     readBank("COAST", coastBank, all);
     readBank("HARBOUR", harbourBank, all);
     readBank("INLAND", inlandBank, all);
+    readBank("CURRENT", currentBank, all);
     return all;
   }();
   return presets;

@@ -71,10 +71,10 @@ class SelvikDesign : public orvane::AUDesign {
 
 class SelvikViewController : public orvane::KestroAUViewController {
  public:
+  SelvikViewController() { presetViewUseFilters = allowImportAndExport = true; }
   std::shared_ptr<orvane::AUDesign> design() override { return std::make_shared<SelvikDesign>(); }
   std::string productId() override { return "org.orvane.selvik"; }
   std::string groupBundleId() override { return "group.org.orvane.selvik"; }
-  std::string appName() override { return "Selvik"; }
   double contentRatio() override { return 0.6; }
 
   bool isControlShown(const ParamKey& key) override {

@@ -9,5 +9,6 @@ namespace halden {
 extern const char* const coastBank;
 extern const char* const harbourBank;
 extern const char* const inlandBank;
+extern const char* const currentBank;
 
 }  // namespace halden
