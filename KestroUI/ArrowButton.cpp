@@ -13,7 +13,7 @@ void ArrowButton::setDirection(Direction direction) {
 }
 
 void ArrowButton::paint(platform::Canvas& canvas) {
-  const double side = std::min({bounds().width, bounds().height, 64.0}) * 0.42;
+  const double side = std::min(bounds().width, bounds().height) * 0.42;
   if (!(side >= 2)) return;
   paintState(canvas, Theme::cornerRadius + 1);
   const auto centre = bounds().centre();

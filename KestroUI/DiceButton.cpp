@@ -13,7 +13,7 @@ void DiceButton::setHighlighted(bool highlighted) {
 }
 
 void DiceButton::paint(platform::Canvas& canvas) {
-  const double side = std::min({bounds().width, bounds().height, 90.0}) * 0.5;
+  const double side = std::min(bounds().width, bounds().height) * 0.5;
   if (!(side >= 4)) return;
   paintState(canvas, Theme::cornerRadius + 1);
   const auto centre = bounds().centre();

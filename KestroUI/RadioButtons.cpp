@@ -52,8 +52,16 @@ double RadioButtons::bestHeight(const platform::Size& available) const {
   return std::min(available.height, grid(available).rows * lineFaceHeight());
 }
 
+Rect RadioButtons::face() const {
+  const double height = bestHeight(bounds().size());
+  return {0, (bounds().height - height) / 2, bounds().width, height};
+}
+
 void RadioButtons::choose(platform::Point point) {
-  const int index = grid(bounds().size()).indexAt(point);
+  const Rect area = face();
+  // A finger above or below the buttons still means them.
+  const double y = std::clamp(point.y - area.y, 0.0, std::max(0.0, area.height - 0.5));
+  const int index = grid(area.size()).indexAt({point.x, y});
   if (index >= 0) changeValue(minimum() + static_cast<float>(index));
 }
 
@@ -98,15 +106,17 @@ bool RadioButtons::keyPressed(const platform::KeyEvent& event) {
 
 void RadioButtons::paint(platform::Canvas& canvas) {
   if (titles_.empty() || !(bounds().width >= 4) || !(bounds().height >= 4)) return;
-  const ButtonGrid cells = grid(bounds().size());
+  const Rect area = face();
+  const ButtonGrid cells = grid(area.size());
   const double perLetter = 0.58 * static_cast<double>(longestTitle_);
   const platform::Font font = faceFont(Theme::smallTitleFont, cells.cell.height);
   const double fontSize =
       std::min(font.pointSize, std::max(7.0, (cells.cell.width - 6) / perLetter));
   for (int i = 0; i < cells.count; ++i)
-    paintCell(canvas, i, cells.frame(i).inset(1, 1), font.withSize(fontSize));
+    paintCell(canvas, i, cells.frame(i).translated(area.x, area.y).inset(1, 1),
+              font.withSize(fontSize));
   if (isFirstResponder())
-    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), Theme::cornerRadius + 1, 1, stateAccent());
+    canvas.strokeRoundedRect(area.inset(0.5, 0.5), Theme::cornerRadius + 1, 1, stateAccent());
 }
 
 void RadioButtons::paintCell(platform::Canvas& canvas, int index, const Rect& cell,

@@ -41,6 +41,8 @@ class RadioButtons : public KestroControl {
 
  private:
   ButtonGrid grid(const platform::Size& size) const;
+  /// Where the buttons are: in the middle of a place that is taller than they need.
+  platform::Rect face() const;
   void choose(platform::Point point);
   void paintCell(platform::Canvas& canvas, int index, const platform::Rect& cell,
                  const platform::Font& font);

@@ -137,22 +137,22 @@ void MenuBar::draw(const platform::Rect& rect) {
   View::draw(rect);
   const double width = bounds().width, height = bounds().height;
 
-  const double scale = kestroui::textScaleIn(*this);
+  // A bar that is a tenth of a large window is high: its texts grow with it.
+  const double textSize = std::clamp(Theme::titleFont.pointSize * kestroui::textScaleIn(*this),
+                                     height * 0.22, height * 0.32);
   const double nameWidth = width / 5;
   const platform::Rect name =
       platform::Rect{width * 0.5 - nameWidth * 0.5, 0, nameWidth, height}.inset(1.0, height * 0.14);
   presetNameLabel_.setFrame(name);
   presetNameLabel_.layer().setCornerRadius(std::max(0.0, name.height * 0.5 - 2.5));
-  presetNameLabel_.setFont(
-      Theme::regularFont.withSize(std::min(Theme::titleFont.pointSize * scale, height * 0.32)));
+  presetNameLabel_.setFont(Theme::regularFont.withSize(textSize));
 
   const double arrowWidth = height * 0.6, arrowGap = 4.0;
   arrowLeft_.setFrame({name.x - arrowWidth - arrowGap, 0, arrowWidth, height});
   arrowRight_.setFrame({name.maxX() + arrowGap, 0, arrowWidth, height});
   randomizeButton_.setFrame({arrowRight_.frame().maxX() + 20.0, 0, height, height});
   aboutButton_.setFrame({1.0, 0, std::max(0.0, arrowLeft_.frame().x), height});
-  aboutButton_.setFont(
-      Theme::titleFont.withSize(std::min(Theme::titleFont.pointSize * 1.2 * scale, height * 0.36)));
+  aboutButton_.setFont(Theme::titleFont.withSize(textSize * 1.15));
   aboutButton_.setTitle(PluginInfo::appName() + " v" + PluginInfo::completeVersion());
   updateAboutImage();
   logoView_.setFrame({width - height - 1.0, 0, height, height});
@@ -163,6 +163,7 @@ void MenuBar::draw(const platform::Rect& rect) {
   const double left = randomizeButton_.frame().maxX();
   const double right = helpButton_.superview() ? helpButton_.frame().x : logoView_.frame().x;
   const double room = right - left;
+  displayMode_->setFaceScale(height / 56);
   displayMode_->setFrame(platform::Rect{left, 0, room, height}.inset(room * 0.07, 1.0));
   displayMode_->setNeedsDisplay();
 }
