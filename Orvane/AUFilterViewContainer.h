@@ -11,7 +11,8 @@
 namespace orvane {
 
 /// A filter view whose response the audio unit computes, again only when a value has changed. The
-/// keys of the side chain's filters stand for parameters with other keys. The type of the filter is the one that the own key names, else a low pass.
+/// keys of the side chain's filters stand for parameters with other keys. The type of the filter is
+/// the one that the own key names, else a low pass.
 class AUFilterViewContainer : public kestroui::FilterViewContainer {
  public:
   /// Whose filter it shows.

@@ -8,8 +8,8 @@
 
 namespace lv2_backend {
 
-// The state of an audio unit and its MIDI bindings as the text of an XML property list, which is how LV2 hosts store it
-// and how the sound and the editor pass it on.
+// The state of an audio unit and its MIDI bindings as the text of an XML property list, which is how
+// LV2 hosts store it and how the sound and the editor pass it on.
 
 std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi);
 /// Without the values of the parameters, which are the ports' business.
