@@ -20,12 +20,11 @@ platform::Color KestroButton::stateColor(platform::Color color) const {
   return isHovered() ? color : color.mixed(Theme::lightGrey, 0.3f);
 }
 
-void KestroButton::paintState(platform::Canvas& canvas, double radius) {
+void KestroButton::paintState(platform::Canvas& canvas, double radius, const platform::Rect& face) {
   if (isEnabled() && (isHovered() || isHighlighted()))
-    canvas.fillRoundedRect(bounds(), radius,
-                           Theme::white.withAlpha(isHighlighted() ? 0.14f : 0.07f));
+    canvas.fillRoundedRect(face, radius, Theme::white.withAlpha(isHighlighted() ? 0.14f : 0.07f));
   if (isFirstResponder())
-    canvas.strokeRoundedRect(bounds().inset(0.5, 0.5), radius, 1, Theme::accent.withAlpha(0.8f));
+    canvas.strokeRoundedRect(face.inset(0.5, 0.5), radius, 1, Theme::accent.withAlpha(0.8f));
 }
 
 }  // namespace kestroui

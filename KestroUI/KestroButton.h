@@ -20,7 +20,9 @@ class KestroButton : public platform::Button {
   /// `color` as the button's state wants it.
   platform::Color stateColor(platform::Color color) const;
   /// The veil below icons and titles while hovered or pressed, and the ring of the keyboard.
-  void paintState(platform::Canvas& canvas, double radius);
+  void paintState(platform::Canvas& canvas, double radius) { paintState(canvas, radius, bounds()); }
+  /// The same for a button that shows less than its frame.
+  void paintState(platform::Canvas& canvas, double radius, const platform::Rect& face);
 
  private:
   platform::Color accentColor_ = Theme::front;

@@ -1,6 +1,7 @@
 orvane_add_tests(orvane
   SOURCES
     AUFilterViewContainerTest.cpp
+    AboutOverlayTest.cpp
     ControlConstructionTest.cpp
     ControllerLifecycleTest.cpp
     DSPParametersTest.cpp
@@ -16,4 +17,5 @@ orvane_add_tests(orvane
     SectionViewTest.cpp
     ShapeRoadTest.cpp
     ValueRoadTest.cpp
+    WebAddressTest.cpp
   DEPENDS orvane::orvane orvane::quillon orvane::toolkit orvane::foundation Threads::Threads)
