@@ -56,6 +56,8 @@ namespace {
 
 /// Far above any preset or pack of them.
 constexpr std::uint64_t largestFile = std::uint64_t{256} << 20;
+/// Folders that are worth keeping a listing of, and how many of them.
+constexpr std::size_t fewestKept = 200, mostListings = 4;
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
 bool hasNul(const std::string& path) { return path.find('\0') != path.npos; }
@@ -163,9 +165,20 @@ std::string LocalFileManager::temporaryDirectory() {
 std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory(
     const std::string& path) {
   if (hasNul(path)) return std::nullopt;
+  {
+    const std::lock_guard lock(mutex_);
+    const auto found = listings_.find(path);
+    if (found != listings_.end()) {
+      if (!found->second.watch->mayHaveChanged()) return found->second.entries;
+      listings_.erase(found);
+    }
+  }
+  auto watch = std::make_unique<FolderWatch>(path);
   DIR* const directory = ::opendir(path.c_str());
   if (!directory) return std::nullopt;
   std::vector<DirectoryEntry> entries;
+  // What has other names changes without news from this folder.
+  bool canBeKept = true;
   while (const dirent* found = ::readdir(directory)) {
     std::string name = found->d_name;
     if (name == "." || name == ".." || SafeFile::isUnfinished(name)) continue;
@@ -174,9 +187,15 @@ std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory
     if (::fstatat(::dirfd(directory), name.c_str(), &status, 0) != 0 &&
         ::fstatat(::dirfd(directory), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
       continue;
+    canBeKept = canBeKept && found->d_type == DT_REG && status.st_nlink == 1;
     entries.push_back({std::move(name), S_ISDIR(status.st_mode) != 0, stampOf(status)});
   }
   ::closedir(directory);
+  if (canBeKept && entries.size() >= fewestKept) {
+    const std::lock_guard lock(mutex_);
+    if (listings_.size() >= mostListings) listings_.clear();
+    listings_[path] = {std::move(watch), entries};
+  }
   return entries;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
 
+#include "foundation/FolderWatch.h"
 #include "platform/FileManager.h"
 
 namespace foundation {
@@ -41,6 +43,12 @@ class LocalFileManager : public platform::FileManager {
   Error write(std::span<const std::uint8_t> bytes, const std::string& path) override;
 
  private:
+  /// A large folder as it was listed last, while nothing in it has changed.
+  struct Listing {
+    std::unique_ptr<FolderWatch> watch;
+    std::vector<platform::DirectoryEntry> entries;
+  };
+
   Error copyFile(const std::string& from, const std::string& to);
   Error copyFolder(const std::string& from, const std::string& to);
 
@@ -49,6 +57,8 @@ class LocalFileManager : public platform::FileManager {
   const std::shared_ptr<platform::CloudStorage> cloud_;
   std::mutex mutex_;
   std::string temporary_;
+  /// By path.
+  std::map<std::string, Listing> listings_;
 };
 
 }  // namespace foundation

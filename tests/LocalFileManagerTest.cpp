@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <map>
 
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
@@ -205,6 +207,48 @@ TEST(LocalFileManagerTest, AListingLeavesUnfinishedFilesOutAndTellsWhatChanged) 
   EXPECT_NE(entry("a")->stamp, before);
   EXPECT_FALSE(files.contentsOfDirectory(folder / "none"));
   EXPECT_FALSE(files.contentsOfDirectory(folder / "a"));
+}
+
+TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
+  const TemporaryFolder folder;
+  for (int i = 0; i < 300; ++i) folder.write("many/" + std::to_string(i), "old");
+  LocalFileManager files("");
+  using Entries = std::map<std::string, platform::FileStamp>;
+  const auto list = [&] {
+    Entries entries;
+    const auto listed = files.contentsOfDirectory(folder / "many");
+    for (const auto& entry : listed.value()) entries[entry.name] = entry.stamp;
+    return entries;
+  };
+  Entries before = list();
+  EXPECT_EQ(before.size(), 300u);
+  EXPECT_TRUE(list() == before);
+  const auto change = [&](const char* what) {
+    Entries after = list();
+    EXPECT_TRUE(after != before) << what;
+    EXPECT_EQ(after.size(), namesIn(folder / "many").size()) << what;
+    EXPECT_TRUE(list() == after) << what;
+    before = std::move(after);
+  };
+  folder.write("many/7", "new");
+  change("in place");
+  folder.write("many/more", "");
+  change("added");
+  std::filesystem::remove(folder / "many/8");
+  change("removed");
+  std::filesystem::rename(folder / "many/9", folder / "many/nine");
+  change("renamed");
+  folder.write("elsewhere", "");
+  std::filesystem::create_hard_link(folder / "elsewhere", folder / "many/linked");
+  change("linked");
+  folder.write("elsewhere", "new");
+  change("through another name");
+  std::filesystem::remove(folder / "elsewhere");
+  list();
+  std::filesystem::rename(folder / "many", folder / "gone");
+  std::filesystem::create_directory(folder / "many");
+  folder.write("many/1", "");
+  change("replaced");
 }
 
 TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
