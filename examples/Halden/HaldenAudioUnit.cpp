@@ -13,6 +13,8 @@ namespace {
 
 /// What the editor takes the whole range of a resonance in percent for.
 constexpr float resonanceDecibels = 30;
+/// Some more than the middle of left and right: a chord of usual loudness fills the display.
+constexpr float shownGain = 0.8f;
 
 }  // namespace
 
@@ -130,7 +132,7 @@ void HaldenAudioUnit::publish(std::uint32_t frames, const float* left, const flo
 void HaldenAudioUnit::publishSound(std::uint32_t frames, const float* left, const float* right) {
   const double samplesPerEntry = sampleRate() / loudnessRate;
   for (std::uint32_t i = 0; i < frames; ++i) {
-    sound_.append(0.5f * (left[i] + right[i]));
+    sound_.append(shownGain * (left[i] + right[i]));
     loudest_ = std::max({loudest_, std::abs(left[i]), std::abs(right[i])});
     if (++loudestSamples_ < samplesPerEntry) continue;
     loudness_.append(loudest_);

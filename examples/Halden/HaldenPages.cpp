@@ -79,7 +79,7 @@ std::shared_ptr<Page> voicePage() {
   const auto fm = section("FM", Colors::violet, row({"fmAmount", "fmRatio"}));
   const auto touch = section(
       "TOUCH", Colors::rose,
-      {single("velocity1", 4), single("velocityCutoff", 1.5), single("pressureCutoff", 1.5)});
+      {single("velocity1", 4.4), single("velocityCutoff", 1.3), single("pressureCutoff", 1.3)});
   const auto pitch = section("PITCH", Colors::sand, row({"bendRange", "tune"}));
   return std::make_shared<Page>(
       std::vector<UISection>{

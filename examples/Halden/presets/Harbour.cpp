@@ -11,7 +11,7 @@ Tine House: keys
   velocityLevel 70, velocityCutoff 30, keytrack 80, lfo1Cutoff 0, lfo2Pitch 0, lfo2Rate 4.6
   lfo2Pan 45, chorusMix 30, reverbMix 18, volume -2.5
 
-Lantern Organ: keys organ
+Lantern Organ: keys
   osc1Wave Sine, osc1Pan 0, osc1Level -2, osc2Wave Triangle, osc2Semi 19, osc2Fine 0, osc2Level -10
   osc2Pan 0, subLevel -5, fmAmount 18, fmRatio 4, filterOn Off, velocityLevel 0
   ampAttack 4, ampDecay 200, ampSustain 100, ampRelease 60

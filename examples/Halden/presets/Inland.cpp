@@ -77,7 +77,7 @@ Barley: keys
   chorusRate 0.4, chorusDepth 30, chorusMix 40, delayOn On, delayDivision 1/8D, delayFeedback 25
   delayMix 10, reverbDecay 2, reverbMix 22, volume -1.5
 
-Ember Organ: keys organ
+Ember Organ: keys
   osc1Wave Sine, osc1Pan -0.1, osc1Level -3, osc2Wave Sine, osc2Semi 12, osc2Fine 0, osc2Level -7
   osc2Pan 0.1, fmAmount 30, fmRatio 3, subLevel -8, filterType LP 12, cutoff 2600, resonance 4
   filterEnvelope 0, keytrack 50, velocityLevel 0, velocityCutoff 0
