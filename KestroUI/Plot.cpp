@@ -68,7 +68,8 @@ void paintCurve(Canvas& canvas, const Path& curve, const Rect& plot, double base
   stops.push_back({share, color.withAlpha(faint)});
   if (share < 1) stops.push_back({1, color.withAlpha(strong)});
   canvas.fillPath(fill, platform::Paint({0, top}, {0, bottom}, std::move(stops)));
-  canvas.strokePath(curve, {lineWidth}, color);
+  const double side = std::min(plot.width, plot.height);
+  canvas.strokePath(curve, {lineWidth * std::max(1.0, std::sqrt(side / 240))}, color);
 }
 
 Path smoothCurve(const std::vector<Point>& points) {
@@ -96,7 +97,9 @@ Path smoothCurve(const std::vector<Point>& points) {
 }
 
 double handleRadius(const platform::Size& face) {
-  return std::clamp(std::min(face.width, face.height) * 0.055, 1.0, 7.0);
+  const double radius = std::max(1.0, std::min(face.width, face.height) * 0.055);
+  // Large enough for a finger; from there on it grows less than the face.
+  return radius <= 7 ? radius : 7 * std::sqrt(radius / 7);
 }
 
 void paintHandle(Canvas& canvas, Point place, double radius, Color color, HandleState state) {

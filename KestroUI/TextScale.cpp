@@ -17,7 +17,7 @@ double textScaleIn(const platform::View& view) {
   const platform::View* root = &view;
   while (root->superview()) root = root->superview();
   const double height = std::min(root->bounds().height, root->bounds().width * ratio);
-  return height > ordinaryHeight ? std::pow(height / ordinaryHeight, 0.5) : 1;
+  return height > ordinaryHeight ? std::pow(height / ordinaryHeight, 0.75) : 1;
 }
 
 }  // namespace kestroui

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 
 namespace orvane {
@@ -9,7 +10,8 @@ namespace orvane {
 void PageButton::draw(const platform::Rect& rect) {
   SelectableButton::draw(rect);
   const platform::Font& font = kestroui::Theme::pageFont;
-  setFont(font.withSize(std::min(font.pointSize, bounds().height * 0.5)));
+  setFont(font.withSize(
+      std::min(font.pointSize * kestroui::textScaleIn(*this), bounds().height * 0.5)));
 }
 
 }  // namespace orvane
