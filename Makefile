@@ -47,7 +47,7 @@ format: setup
 # Needs the compile commands of `make build`.
 tidy: setup
 	git ls-files -z --cached --others --exclude-standard -- '*.cpp' \
-	  | xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build --quiet
+	  | xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build --quiet --extra-arg=-Wno-unknown-warning-option
 
 clean:
 	rm -rf build build-*
