@@ -60,6 +60,7 @@ MenuBar::MenuBar()
   arrowRight_.setAccessibilityLabel("Next preset");
   randomizeButton_.setAccessibilityLabel("Randomize");
   helpButton_.setAccessibilityLabel("Help");
+  setPresetName({});
   setCanStepPresets(false);
   presetNameLabel_.setHidden(true);
 }
@@ -79,6 +80,7 @@ void MenuBar::updateAboutImage() {
 
 void MenuBar::setPresetName(std::string name) {
   presetNameLabel_.setImage(name.empty() ? presetImage_ : platform::Image());
+  presetNameLabel_.setAccessibilityLabel(name.empty() ? "Presets" : "");
   presetNameLabel_.setTitle(std::move(name));
 }
 

@@ -62,6 +62,18 @@ TEST_F(MenuBarTest, itsViewsAreInTheOrderInWhichTheyAreDrawn) {
                           &bar->arrowLeft(), &bar->arrowRight(), &bar->randomizeButton()));
 }
 
+TEST_F(MenuBarTest, thePresetButtonShowsItsPictureUntilThereIsAName) {
+  kestroui::SimpleButton& button = bar->presetNameLabel();
+  const platform::Image picture = button.image();
+  EXPECT_FALSE(picture.isEmpty());
+  EXPECT_EQ(button.accessibility().name, "Presets");
+  bar->setPresetName("Warm");
+  EXPECT_TRUE(button.image().isEmpty());
+  EXPECT_EQ(button.accessibility().name, "Warm");
+  bar->setPresetName("");
+  EXPECT_EQ(button.image(), picture);
+}
+
 TEST_F(MenuBarTest, helpIsShownOnceTheServerHasToldItsAddress) {
   HttpServer server([](const std::string&) {
     return HttpServer::response("200 OK", "https://example.org/help?x=1\n");
