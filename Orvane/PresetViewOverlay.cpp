@@ -254,7 +254,7 @@ void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool ye
 
 bool PresetViewOverlay::closeDialog() {
   for (View* dialog :
-       std::initializer_list<View*>{&replaceOverlay_, &confirmOverlay_, &saveNewPresetOverlay_}) {
+       std::initializer_list<View*>{&replaceOverlay_, &saveNewPresetOverlay_, &confirmOverlay_}) {
     if (dialog->isHidden()) continue;
     dialog->setHidden(true);
     list_.tableView().becomeFirstResponder();
