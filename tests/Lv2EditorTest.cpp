@@ -184,6 +184,33 @@ TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
   EXPECT_EQ(*value, 440);
 }
 
+TEST_F(Lv2EditorTest, ShowsTheSoundItself) {
+  const auto buffers = unit.liveBuffers("level");
+  ASSERT_EQ(buffers.size(), 1u);
+  EXPECT_THAT(unit.liveBuffers("cutoff"), IsEmpty());
+  const std::vector<float> samples{0.5f, -0.5f, 0.25f};
+  const auto sends = [&](std::size_t sound) {
+    soundSends(
+        [&](LV2_Atom_Forge& forge) { EditorMessage::forgeSound(forge, urids, sound, samples); });
+  };
+  sends(0);
+  std::vector<float> shown(8);
+  EXPECT_EQ(buffers[0]->newest(shown), samples.size());
+  EXPECT_THAT(std::vector<float>(shown.begin(), shown.begin() + 3),
+              testing::ElementsAreArray(samples));
+  sends(1);
+  EXPECT_EQ(buffers[0]->written(), samples.size()) << "there is no second sound";
+}
+
+TEST_F(Lv2EditorTest, KnowsTheResponseOfFilters) {
+  EXPECT_THAT(unit.magnitudesForFrequencies({100, 1000}, "lowPass", "cutoff", "level"),
+              testing::SizeIs(2));
+  EXPECT_THAT(unit.magnitudesForFrequencies({100, 1000}, "lowPass", 440.0f, 0.0f),
+              testing::SizeIs(2));
+  EXPECT_THAT(unit.magnitudesForFrequencies({100, 1000}, {.lowPassFrequency = "cutoff"}),
+              testing::SizeIs(2));
+}
+
 TEST_F(Lv2EditorTest, AnnouncesItselfOnceAndTakesLeave) {
   ports->announce();
   ports->announce();

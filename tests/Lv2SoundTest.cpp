@@ -228,6 +228,28 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   EXPECT_THAT(messages(), testing::IsEmpty());
 }
 
+TEST_F(Lv2SoundTest, SendsTheSoundItselfWhileThereIsNewSound) {
+  instance.activate();
+  openEditor();
+  instance.run(800);
+  port(OddAudioUnit::sync) = 1;
+  const auto samples = [&] {
+    std::vector<float> result;
+    for (const EditorMessage& message : messages())
+      if (message.kind == EditorMessage::Kind::sound)
+        result.insert(result.end(), message.values.begin(), message.values.end());
+    return result;
+  };
+  instance.run(800);
+  EXPECT_THAT(samples(), testing::AllOf(testing::SizeIs(800), Each(0.25f)));
+  port(OddAudioUnit::level) = 0.5f;
+  instance.run(800);
+  EXPECT_THAT(samples(), testing::AllOf(testing::SizeIs(800), Each(0.5f)));
+  port(OddAudioUnit::sync) = 0;
+  instance.run(800);
+  EXPECT_THAT(samples(), testing::IsEmpty());
+}
+
 TEST_F(Lv2SoundTest, PassesOnMidiThatIsBoundOrThatAControlWaitsFor) {
   OddAudioUnit other;
   orvane::MidiLearn midi(other);

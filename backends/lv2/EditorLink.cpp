@@ -31,6 +31,9 @@ EditorLink::EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLe
       sentValues_(values_.size()),
       modulating_(values_.size()),
       sentModulating_(values_.size()),
+      sounds_(audioUnit),
+      sentSamples_(sounds_.buffers().size()),
+      samples_(mostSamples),
       livePeriod_(static_cast<std::uint32_t>(sampleRate / displayRate)) {
   // It maps a dozen URIs, once; the structure of the map is only read.
   lv2_atom_forge_init(&forge_, const_cast<LV2_URID_Map*>(&map));
@@ -71,6 +74,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
       if (!schedule(stateArrived)) incomingBusy_.store(false, std::memory_order_relaxed);
       break;
     case EditorMessage::Kind::live:
+    case EditorMessage::Kind::sound:
     case EditorMessage::Kind::other:
       break;
   }
@@ -139,10 +143,29 @@ void EditorLink::writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames) {
     if (sinceLive_ >= livePeriod_) {
       sinceLive_ = 0;
       writeLive(capacity - forge_.offset);
+      writeSounds(capacity);
     }
   }
   midiCount_ = 0;
   lv2_atom_forge_pop(&forge_, &frame);
+}
+
+void EditorLink::writeSounds(std::uint32_t capacity) {
+  for (std::size_t i = 0; i < sentSamples_.size(); ++i) {
+    const platform::LiveBuffer& buffer = *sounds_.buffers()[i];
+    const std::uint64_t written = buffer.written();
+    const std::size_t room = capacity - forge_.offset;
+    if (written == sentSamples_[i] || room <= EditorMessage::sizeOfSound(0)) continue;
+    const std::size_t fitting = (room - EditorMessage::sizeOfSound(0)) / sizeof(float);
+    // Where the newest do not fit, the oldest of them are left out: it is only for the eyes.
+    const auto wanted = static_cast<std::size_t>(
+        std::min({written - sentSamples_[i], std::uint64_t{mostSamples}, std::uint64_t{fitting}}));
+    const std::size_t count = buffer.newest({samples_.data(), wanted});
+    sentSamples_[i] = written;
+    if (count == 0) continue;
+    lv2_atom_forge_frame_time(&forge_, 0);
+    EditorMessage::forgeSound(forge_, urids_, i, {samples_.data(), count});
+  }
 }
 
 void EditorLink::writeMidi(std::uint32_t capacity) {

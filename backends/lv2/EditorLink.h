@@ -68,6 +68,7 @@ class EditorLink {
   void freeSent();
   void writeState(std::uint32_t room);
   void writeLive(std::uint32_t room);
+  void writeSounds(std::uint32_t capacity);
   void writeMidi(std::uint32_t capacity);
 
   platform::AudioUnit& audioUnit_;
@@ -101,6 +102,13 @@ class EditorLink {
   LiveParameters live_;
   std::vector<float> values_, sentValues_;
   std::vector<std::int32_t> modulating_, sentModulating_;
+  /// More than a display shows between two frames.
+  static constexpr std::size_t mostSamples = 4096;
+  LiveSounds sounds_;
+  /// How many samples of each there had been when the last were sent.
+  std::vector<std::uint64_t> sentSamples_;
+  std::vector<float> samples_;
+
   std::uint32_t livePeriod_;
   std::uint32_t sinceLive_ = 0;
   bool liveIsStale_ = true;

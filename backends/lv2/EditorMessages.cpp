@@ -2,6 +2,8 @@
 
 #include <lv2/atom/util.h>
 
+#include <algorithm>
+
 namespace lv2_backend {
 namespace {
 
@@ -49,6 +51,15 @@ EditorMessage EditorMessage::read(const LV2_Atom_Object& object, const Urids& ur
     message.kind = Kind::live;
     message.values = elements<float>(values, urids.atomFloat, urids);
     message.modulating = elements<std::int32_t>(modulating, urids.atomBool, urids);
+  } else if (type == urids.liveSound) {
+    const LV2_Atom* sound = nullptr;
+    const LV2_Atom* samples = nullptr;
+    lv2_atom_object_get(&object, urids.sound, &sound, urids.values, &samples, 0);
+    if (!sound || sound->type != urids.atomInt || sound->size != sizeof(std::int32_t))
+      return message;
+    message.kind = Kind::sound;
+    message.sound = static_cast<std::uint32_t>(reinterpret_cast<const LV2_Atom_Int*>(sound)->body);
+    message.values = elements<float>(samples, urids.atomFloat, urids);
   }
   return message;
 }
@@ -85,6 +96,25 @@ void EditorMessage::forgeLive(LV2_Atom_Forge& forge, const Urids& urids,
   lv2_atom_forge_vector(&forge, sizeof(std::int32_t), urids.atomBool,
                         static_cast<std::uint32_t>(modulating.size()), modulating.data());
   lv2_atom_forge_pop(&forge, &frame);
+}
+
+void EditorMessage::forgeSound(LV2_Atom_Forge& forge, const Urids& urids, std::size_t sound,
+                               std::span<const float> samples) {
+  LV2_Atom_Forge_Frame frame;
+  lv2_atom_forge_object(&forge, &frame, 0, urids.liveSound);
+  lv2_atom_forge_key(&forge, urids.sound);
+  lv2_atom_forge_int(&forge, static_cast<std::int32_t>(sound));
+  lv2_atom_forge_key(&forge, urids.values);
+  lv2_atom_forge_vector(&forge, sizeof(float), urids.atomFloat,
+                        static_cast<std::uint32_t>(samples.size()), samples.data());
+  lv2_atom_forge_pop(&forge, &frame);
+}
+
+LiveSounds::LiveSounds(platform::AudioUnit& audioUnit) {
+  for (const platform::AUParameter* parameter : audioUnit.parameterTree().allParameters())
+    for (const platform::LiveBuffer* buffer : audioUnit.liveBuffers(parameter->key()))
+      if (std::find(buffers_.begin(), buffers_.end(), buffer) == buffers_.end())
+        buffers_.push_back(buffer);
 }
 
 LiveParameters::LiveParameters(platform::AudioUnit& audioUnit) {

@@ -12,6 +12,7 @@
 
 #include "backends/lv2/Urids.h"
 #include "platform/AudioUnit.h"
+#include "platform/LiveBuffer.h"
 
 namespace lv2_backend {
 
@@ -29,6 +30,8 @@ struct EditorMessage {
     state,
     /// From the sound: live values and modulation flags.
     live,
+    /// From the sound: the newest samples of one of LiveSounds.
+    sound,
     /// Not one of ours.
     other,
   };
@@ -36,15 +39,18 @@ struct EditorMessage {
   Kind kind = Kind::other;
   /// A property list.
   std::string_view state;
-  /// As many as LiveParameters has; flags are 0 or 1.
+  /// Live values are as many as LiveParameters has, flags 0 or 1; or samples, the oldest first.
   std::span<const float> values;
   std::span<const std::int32_t> modulating;
+  /// Which of LiveSounds.
+  std::size_t sound = 0;
 
   /// Reads what `object` holds; the views point into it.
   static EditorMessage read(const LV2_Atom_Object& object, const Urids& urids);
   /// Bytes that a message takes, at most.
   static std::size_t sizeOfState(std::size_t length) { return 128 + length; }
   static std::size_t sizeOfLive(std::size_t count) { return 160 + 8 * count; }
+  static std::size_t sizeOfSound(std::size_t samples) { return 160 + 4 * samples; }
 
   /// Appends a message, which has to fit, as a whole atom.
   static void forgeOpened(LV2_Atom_Forge& forge, const Urids& urids);
@@ -53,6 +59,8 @@ struct EditorMessage {
   static void forgeState(LV2_Atom_Forge& forge, const Urids& urids, std::string_view state);
   static void forgeLive(LV2_Atom_Forge& forge, const Urids& urids, std::span<const float> values,
                         std::span<const std::int32_t> modulating);
+  static void forgeSound(LV2_Atom_Forge& forge, const Urids& urids, std::size_t sound,
+                         std::span<const float> samples);
 };
 
 /// The parameters whose live value or modulation flag an audio unit publishes, in the tree's
@@ -71,6 +79,17 @@ class LiveParameters {
 
  private:
   std::vector<Source> sources_;
+};
+
+/// The sounds that displays of an audio unit's parameters show, each once and in the tree's order:
+/// the same for the sound's audio unit and the editor's.
+class LiveSounds {
+ public:
+  explicit LiveSounds(platform::AudioUnit& audioUnit);
+  const std::vector<const platform::LiveBuffer*>& buffers() const { return buffers_; }
+
+ private:
+  std::vector<const platform::LiveBuffer*> buffers_;
 };
 
 }  // namespace lv2_backend

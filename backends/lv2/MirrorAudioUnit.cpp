@@ -1,14 +1,22 @@
 #include "backends/lv2/MirrorAudioUnit.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "backends/lv2/EditorMessages.h"
 #include "backends/lv2/PluginState.h"
 
 namespace lv2_backend {
+namespace {
+
+// A third of a second at 48 kHz, more than any display shows.
+constexpr std::size_t ringCapacity = 16384;
+
+}  // namespace
 
 MirrorAudioUnit::MirrorAudioUnit(std::unique_ptr<platform::AudioUnit> audioUnit)
-    : unit_(std::move(audioUnit)) {
+    : unit_(std::move(audioUnit)), sounds_(*unit_) {
+  for (std::size_t i = 0; i < sounds_.buffers().size(); ++i)
+    rings_.push_back(std::make_unique<quillon::LiveRing>(ringCapacity));
   midiLearn_.bindingsChanged = [this] {
     if (stateObserver_) stateObserver_();
   };
@@ -33,6 +41,20 @@ void MirrorAudioUnit::showLive(std::span<const float> values,
     live_[i]->value.store(values[i], std::memory_order_relaxed);
     live_[i]->modulating.store(modulating[i] != 0, std::memory_order_relaxed);
   }
+}
+
+void MirrorAudioUnit::showSound(std::size_t sound, std::span<const float> samples) {
+  if (sound < rings_.size()) rings_[sound]->append(samples);
+}
+
+std::vector<const platform::LiveBuffer*> MirrorAudioUnit::liveBuffers(std::string_view key) const {
+  std::vector<const platform::LiveBuffer*> result = unit_->liveBuffers(key);
+  for (const platform::LiveBuffer*& buffer : result) {
+    const auto& all = sounds_.buffers();
+    const auto place = std::find(all.begin(), all.end(), buffer);
+    if (place != all.end()) buffer = rings_[static_cast<std::size_t>(place - all.begin())].get();
+  }
+  return result;
 }
 
 std::string MirrorAudioUnit::stateBesideParameters() const {

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "Orvane/MidiLearn.h"
+#include "Quillon/LiveRing.h"
+#include "backends/lv2/EditorMessages.h"
 #include "platform/AudioUnit.h"
 
 namespace lv2_backend {
@@ -31,6 +33,8 @@ class MirrorAudioUnit : public platform::AudioUnit {
   /// What the sound has published, in the order of LiveParameters; of another length, it is
   /// ignored.
   void showLive(std::span<const float> values, std::span<const std::int32_t> modulating);
+  /// The newest samples of one of LiveSounds; one that it has not is ignored.
+  void showSound(std::size_t sound, std::span<const float> samples);
   /// The state beside the parameters, both ways; see PluginState.h. Setting it tells nobody.
   std::string stateBesideParameters() const;
   void setStateBesideParameters(std::string_view text);
@@ -53,6 +57,26 @@ class MirrorAudioUnit : public platform::AudioUnit {
 
   const std::atomic<float>* getOutputValues(std::string_view key) const override;
   const std::atomic<bool>* isModulating(std::string_view key) const override;
+  std::vector<const platform::LiveBuffer*> liveBuffers(std::string_view key) const override;
+  std::shared_ptr<const platform::SampleData> sampleData(std::string_view key) const override {
+    return unit_->sampleData(key);
+  }
+  std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                               std::string_view filterType,
+                                               std::string_view frequencyParameter,
+                                               std::string_view resonanceParameter) const override {
+    return unit_->magnitudesForFrequencies(frequencies, filterType, frequencyParameter,
+                                           resonanceParameter);
+  }
+  std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                               std::string_view filterType, float frequencyValue,
+                                               float resonanceValue) const override {
+    return unit_->magnitudesForFrequencies(frequencies, filterType, frequencyValue, resonanceValue);
+  }
+  std::vector<double> magnitudesForFrequencies(
+      const std::vector<double>& frequencies, const platform::FilterPairKeys& keys) const override {
+    return unit_->magnitudesForFrequencies(frequencies, keys);
+  }
   void hasUI(bool visible) override { unit_->hasUI(visible); }
 
   bool hasStore() const override { return unit_->hasStore(); }
@@ -90,6 +114,9 @@ class MirrorAudioUnit : public platform::AudioUnit {
   /// In the order of LiveParameters.
   std::vector<std::unique_ptr<Live>> live_;
   std::map<std::string, Live*, std::less<>> liveOfKey_;
+  /// What the sound has sent of each of LiveSounds.
+  LiveSounds sounds_;
+  std::vector<std::unique_ptr<quillon::LiveRing>> rings_;
 };
 
 }  // namespace lv2_backend

@@ -81,6 +81,8 @@ void PortMirror::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t
   const auto message = EditorMessage::read(*reinterpret_cast<const LV2_Atom_Object*>(atom), urids_);
   if (message.kind == EditorMessage::Kind::live) {
     audioUnit_.showLive(message.values, message.modulating);
+  } else if (message.kind == EditorMessage::Kind::sound) {
+    audioUnit_.showSound(message.sound, message.values);
   } else if (message.kind == EditorMessage::Kind::state) {
     isListening_ = true;
     audioUnit_.setStateBesideParameters(message.state);

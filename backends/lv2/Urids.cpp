@@ -39,6 +39,8 @@ Urids::Urids(const LV2_URID_Map& map) {
   midiUnwanted = id(uri::midiUnwanted);
   stateChanged = id(uri::stateChanged);
   liveValues = id(uri::liveValues);
+  liveSound = id(uri::liveSound);
+  sound = id(uri::sound);
   values = id(uri::values);
   modulating = id(uri::modulating);
 }

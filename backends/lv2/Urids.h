@@ -25,7 +25,7 @@ struct Urids {
   LV2_URID timePosition, timeBar, timeBarBeat, timeBeat, timeBeatsPerBar, timeBeatsPerMinute,
       timeSpeed;
   LV2_URID state, editorOpened, editorClosed, midiWanted, midiUnwanted, stateChanged, liveValues,
-      values, modulating;
+      liveSound, sound, values, modulating;
 };
 
 }  // namespace lv2_backend

@@ -21,6 +21,8 @@ inline constexpr const char* midiWanted = "urn:orvane:lv2#MidiWanted";
 inline constexpr const char* midiUnwanted = "urn:orvane:lv2#MidiUnwanted";
 inline constexpr const char* stateChanged = "urn:orvane:lv2#StateChanged";
 inline constexpr const char* liveValues = "urn:orvane:lv2#LiveValues";
+inline constexpr const char* liveSound = "urn:orvane:lv2#LiveSound";
+inline constexpr const char* sound = "urn:orvane:lv2#sound";
 inline constexpr const char* values = "urn:orvane:lv2#values";
 inline constexpr const char* modulating = "urn:orvane:lv2#modulating";
 }  // namespace uri

@@ -63,7 +63,8 @@ std::shared_ptr<GivenDesign> oddDesign() {
 
 }  // namespace
 
-OddAudioUnit::OddAudioUnit() : CommonAudioUnit(parameters(), presets()) {}
+OddAudioUnit::OddAudioUnit()
+    : CommonAudioUnit(parameters(), presets()), scope_(addLiveBuffer("level", 4096)) {}
 
 void OddAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {
   CommonAudioUnit::allocateRenderResources(sampleRate, maximumFrames);
@@ -78,6 +79,7 @@ void OddAudioUnit::render(const platform::RenderBlock& block) {
   for (const platform::MidiEvent& event : block.midi)
     if (event.size == 3 && (event.bytes[0] & 0xf0) == 0x90)
       block.outputs[0][event.frame] += 1 + static_cast<float>(event.bytes[2]);
+  if (value(sync) > 0.5f) scope_.append({block.outputs[0], block.frames});
   publishLive(cutoff, value(cutoff) * 2);
   publishModulating(cutoff, isUIVisible());
 }

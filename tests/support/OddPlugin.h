@@ -7,7 +7,8 @@ namespace support {
 
 /// An instrument whose every sample says what reached it, with one parameter of each kind and the
 /// names that formats stumble over. Its outputs are the level, with 1 plus the velocity added at
-/// the frame of a note, and the host's beat.
+/// the frame of a note, and the host's beat. While "sync" is on, the level's display shows the first
+/// output.
 class OddAudioUnit : public quillon::CommonAudioUnit {
  public:
   /// The order of the parameters.
@@ -21,6 +22,9 @@ class OddAudioUnit : public quillon::CommonAudioUnit {
   int latencyFrames() const override { return 7; }
   void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
   void render(const platform::RenderBlock& block) override;
+
+ private:
+  quillon::LiveRing& scope_;
 };
 
 const orvane::PluginEntry& oddPluginEntry();
