@@ -59,12 +59,22 @@ platform::Path line(platform::Point from, platform::Point to) {
 TEST(JuceCanvas, rectanglesAndStraightLinesHaveNoGreyEdgesAtAnyScale) {
   const platform::StrokeStyle butt{1, platform::StrokeStyle::Cap::butt};
   const std::pair<const char*, std::function<void(JuceCanvas&)>> cases[] = {
-      {"fillRect", [](JuceCanvas& c) { c.fillRect({3.3, 2.7, 11.1, 0.3}, Color::white()); }},
-      {"frame", [](JuceCanvas& c) { c.strokeRoundedRect({3, 3, 20, 9}, 0, 1, Color::white()); }},
+      {"fillRect",
+       [](JuceCanvas& c) {
+         c.fillRect({3.3, 2.7, 11.1, 0.3}, Color::white());
+       }},
+      {"frame",
+       [](JuceCanvas& c) {
+         c.strokeRoundedRect({3, 3, 20, 9}, 0, 1, Color::white());
+       }},
       {"level line",
-       [&](JuceCanvas& c) { c.strokePath(line({2, 5}, {20, 5}), butt, Color::white()); }},
+       [&](JuceCanvas& c) {
+         c.strokePath(line({2, 5}, {20, 5}), butt, Color::white());
+       }},
       {"upright line",
-       [](JuceCanvas& c) { c.strokePath(line({7, 3}, {7, 12}), {0.5}, Color::white()); }},
+       [](JuceCanvas& c) {
+         c.strokePath(line({7, 3}, {7, 12}), {0.5}, Color::white());
+       }},
       {"clip",
        [](JuceCanvas& c) {
          c.save();
@@ -85,7 +95,8 @@ TEST(JuceCanvas, rectanglesAndStraightLinesHaveNoGreyEdgesAtAnyScale) {
 TEST(JuceCanvas, everyHairlineOfAGridIsEquallyThick) {
   for (double scale : scales) {
     const juce::Image image = paint(scale, {40, 4}, [](JuceCanvas& c) {
-      for (int x = 2; x < 40; x += 4) c.strokePath(line({x + 0.5, 0}, {x + 0.5, 4}), {1}, Color::white());
+      for (int x = 2; x < 40; x += 4)
+        c.strokePath(line({x + 0.5, 0}, {x + 0.5, 4}), {1}, Color::white());
     });
     std::set<int> widths;
     int run = 0;
@@ -141,10 +152,13 @@ TEST(JuceCanvas, aTextThatIsTooWideShrinksBeforeItIsCut) {
   const std::string text = "Resonance";
   const double width = fonts.textWidth(text, font);
   const auto inkWidth = [&](double room) {
-    return ink(paint(4, {200, 30}, [&](JuceCanvas& c) {
-             c.drawText(text, font, {0, 5, room, 20}, platform::TextAlignment::left,
-                        Color::white());
-           })).getWidth() / 4.0;
+    return ink(paint(4, {200, 30},
+                     [&](JuceCanvas& c) {
+                       c.drawText(text, font, {0, 5, room, 20}, platform::TextAlignment::left,
+                                  Color::white());
+                     }))
+               .getWidth() /
+           4.0;
   };
   EXPECT_NEAR(inkWidth(width + 1), width, 2);
   EXPECT_NEAR(inkWidth(width * 0.8), width * 0.8, 3);

@@ -80,7 +80,8 @@ float AudioUnitParameter::getValueForText(const juce::String& text) const {
   if (isStepped_) {
     for (int step = 0; step < getNumSteps(); ++step) {
       const float value = parameter_.minValue() + static_cast<float>(step);
-      if (wanted.equalsIgnoreCase(juce::String::fromUTF8(parameter_.stringFromValue(value).c_str())))
+      if (wanted.equalsIgnoreCase(
+              juce::String::fromUTF8(parameter_.stringFromValue(value).c_str())))
         return toNormalised(value);
     }
   }
@@ -95,7 +96,8 @@ float AudioUnitParameter::getValueForText(const juce::String& text) const {
 
 int AudioUnitParameter::getNumSteps() const {
   if (!isStepped_) return juce::AudioProcessorParameterWithID::getNumSteps();
-  return std::max(2, static_cast<int>(std::lround(parameter_.maxValue() - parameter_.minValue())) + 1);
+  return std::max(2,
+                  static_cast<int>(std::lround(parameter_.maxValue() - parameter_.minValue())) + 1);
 }
 
 bool AudioUnitParameter::isBoolean() const { return parameter_.unit() == Unit::boolean; }

@@ -19,8 +19,8 @@ ComputerKeyboard::ComputerKeyboard(std::function<void(const juce::MidiMessage&)>
 
 int ComputerKeyboard::noteForKey(int keyCode) {
   if (keyCode <= 0 || keyCode > 127) return -1;
-  const char key = static_cast<char>(
-      keyCode >= 'a' && keyCode <= 'z' ? keyCode - 'a' + 'A' : keyCode);
+  const char key =
+      static_cast<char>(keyCode >= 'a' && keyCode <= 'z' ? keyCode - 'a' + 'A' : keyCode);
   std::size_t place = upperRow.find(key);
   if (place != std::string_view::npos) return firstNote + 12 + static_cast<int>(place);
   place = lowerRow.find(key);

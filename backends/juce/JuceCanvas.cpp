@@ -62,9 +62,8 @@ juce::Rectangle<float> JuceCanvas::toPixels(const platform::Rect& rect) const {
   const platform::AffineTransform& t = state_.transform;
   const platform::Point first = t.apply({rect.minX(), rect.minY()});
   const platform::Point last = t.apply({rect.maxX(), rect.maxY()});
-  const juce::Rectangle<float> area(
-      juce::Point<float>(toFloat(first.x), toFloat(first.y)),
-      juce::Point<float>(toFloat(last.x), toFloat(last.y)));
+  const juce::Rectangle<float> area(juce::Point<float>(toFloat(first.x), toFloat(first.y)),
+                                    juce::Point<float>(toFloat(last.x), toFloat(last.y)));
   if (isUpright()) return area;
   const platform::Point right = t.apply({rect.maxX(), rect.minY()});
   const platform::Point left = t.apply({rect.minX(), rect.maxY()});

@@ -187,8 +187,7 @@ void Outline::strokeRun(const Run& run, double half, platform::StrokeStyle::Cap 
     return;
   }
   if (run.isClosed) {
-    for (std::size_t i = 0; i < n; ++i)
-      addJoin(p[i], p[(i + n - 1) % n], p[(i + 1) % n], half);
+    for (std::size_t i = 0; i < n; ++i) addJoin(p[i], p[(i + n - 1) % n], p[(i + 1) % n], half);
     emit(left_, false);
     emit(right_, true);
     return;
@@ -216,8 +215,8 @@ const juce::Path& Outline::ellipse(juce::Rectangle<float> area) {
   const double cosine = std::cos(step), sine = std::sin(step);
   Point direction{1, 0};
   for (int i = 0; i < pieces; ++i) {
-    left_.push_back({area.getCentreX() + direction.x * radiusX,
-                     area.getCentreY() + direction.y * radiusY});
+    left_.push_back(
+        {area.getCentreX() + direction.x * radiusX, area.getCentreY() + direction.y * radiusY});
     direction = {direction.x * cosine - direction.y * sine,
                  direction.x * sine + direction.y * cosine};
   }
@@ -250,8 +249,7 @@ const juce::Path& Outline::roundedRect(juce::Rectangle<float> area, double radiu
   return result_;
 }
 
-const juce::Path& Outline::roundedFrame(juce::Rectangle<float> area, double radius,
-                                        int thickness) {
+const juce::Path& Outline::roundedFrame(juce::Rectangle<float> area, double radius, int thickness) {
   result_.clear();
   addRoundedRect(area, radius, false);
   const juce::Rectangle<float> inside = area.reduced(static_cast<float>(thickness));

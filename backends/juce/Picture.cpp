@@ -37,8 +37,8 @@ class WidePixels : public juce::ImagePixelData {
   }
   void initialiseBitmapData(juce::Image::BitmapData& bitmap, int x, int y,
                             juce::Image::BitmapData::ReadWriteMode mode) override {
-    const std::size_t offset = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                               static_cast<std::size_t>(x);
+    const std::size_t offset =
+        static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
     bitmap.data = reinterpret_cast<juce::uint8*>(pixels_.data() + offset);
     bitmap.size = (pixels_.size() - offset) * sizeof(juce::uint32);
     bitmap.pixelFormat = pixelFormat;
@@ -59,8 +59,8 @@ juce::ImagePixelData::Ptr PictureType::create(juce::Image::PixelFormat, int widt
 }  // namespace
 
 juce::Image makePicture(int width, int height) {
-  return juce::Image(PictureType().create(juce::Image::RGB, std::max(1, width),
-                                          std::max(1, height), true));
+  return juce::Image(
+      PictureType().create(juce::Image::RGB, std::max(1, width), std::max(1, height), true));
 }
 
 }  // namespace juce_backend

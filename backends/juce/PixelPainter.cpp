@@ -91,8 +91,8 @@ PixelSource::PixelSource(juce::Point<float> from, juce::Point<float> to,
     start_ = (0.5f - from.x) * stepX_ + (0.5f - from.y) * stepY_;
   }
   if (isEvenInRow()) return;
-  ramp_.resize(static_cast<std::size_t>(
-      std::clamp(static_cast<int>(std::ceil(length)), 2, longestRamp)));
+  ramp_.resize(
+      static_cast<std::size_t>(std::clamp(static_cast<int>(std::ceil(length)), 2, longestRamp)));
   for (std::size_t i = 0; i < ramp_.size(); ++i)
     ramp_[i] = colourAt(static_cast<float>(i) / static_cast<float>(ramp_.size() - 1));
 }
@@ -164,8 +164,7 @@ void PixelPainter::fillRect(juce::Rectangle<int> area, juce::Rectangle<int> clip
 
 void PixelPainter::fillPath(const juce::Path& path, juce::Rectangle<int> clip,
                             PixelSource& source) {
-  const juce::Rectangle<int> part =
-      pixelsOf(path).getIntersection(clip).getIntersection(bounds_);
+  const juce::Rectangle<int> part = pixelsOf(path).getIntersection(clip).getIntersection(bounds_);
   if (part.isEmpty()) return;
   juce::EdgeTable table(part, path, {});
   PathFiller filler(*this, source);

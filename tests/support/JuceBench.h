@@ -33,16 +33,15 @@ class RenderLog : public quillon::CommonAudioUnit {
               .maxValue = 2,
               .unit = platform::AudioUnitParameterUnit::indexed,
               .valueStrings = {"Sine", "Saw", "Noise"}},
-             {.key = "on",
-              .address = 4,
-              .unit = platform::AudioUnitParameterUnit::boolean},
+             {.key = "on", .address = 4, .unit = platform::AudioUnitParameterUnit::boolean},
              {.key = "mix",
               .address = 9,
               .displayName = "Mix",
               .maxValue = 100,
               .defaultValue = 25,
               .unit = platform::AudioUnitParameterUnit::percent}},
-            {{{.number = 10, .name = "Init"}, {}}, {{.number = 20, .name = "Loud"}, {{"mix", 90}}}}) {
+            {{{.number = 10, .name = "Init"}, {}},
+             {{.number = 20, .name = "Loud"}, {{"mix", 90}}}}) {
     blocks.reserve(64);
   }
 
