@@ -15,6 +15,18 @@ using kestroui::Container;
 using kestroui::MultipleContainer;
 using Key = std::shared_ptr<kestroui::ParamKey>;
 
+namespace {
+
+/// A design may show a parameter both by its own control and by a part of others.
+template <class Visit>
+void visitParts(const ControlCollection& controls, const std::string& key, const Visit& visit) {
+  for (const auto& [own, container] : controls.controls())
+    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
+      if (Container* part = several->subContainer(key)) visit(*part);
+}
+
+}  // namespace
+
 void KestroAUViewController::setMidiMappingEnabled(bool enabled) {
   midiMappingEnabled_ = enabled;
   for (const auto& [key, container] : controls_->controls())
@@ -28,15 +40,17 @@ Container* KestroAUViewController::midiMapContainer(const kestroui::ParamKey& ke
     auto* several = dynamic_cast<MultipleContainer*>(own.get());
     if (own) return several ? several->subContainer(key.key()) : own.get();
   }
-  for (const auto& [own, container] : controls_->controls())
-    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
-      if (Container* part = several->subContainer(key.key())) return part;
-  return nullptr;
+  Container* first = nullptr;
+  visitParts(*controls_, key.key(), [&](Container& part) {
+    if (!first) first = &part;
+  });
+  return first;
 }
 
 void KestroAUViewController::setMap(const std::optional<MidiMessage>& map, const Key& key) {
-  Container* const container = key ? midiMapContainer(*key) : nullptr;
-  if (container) container->setMidiMapMessage(map);
+  if (!key) return;
+  if (Container* const container = midiMapContainer(*key)) container->setMidiMapMessage(map);
+  visitParts(*controls_, key->key(), [&](Container& part) { part.setMidiMapMessage(map); });
 }
 
 void KestroAUViewController::update(const MidiMap& map) {
@@ -67,11 +81,15 @@ void KestroAUViewController::setMidiValue(std::uint8_t midiValue, const Key& key
 void KestroAUViewController::didSelectMidiMap(const Key& key, Container* container) {
   if (!key) return;
   if (auto* before = lastMidiMapppedContainer_.get()) before->setMidiMapSelected(false);
+  if (lastMidiMapKey_)
+    visitParts(*controls_, lastMidiMapKey_->key(),
+               [](Container& part) { part.setMidiMapSelected(false); });
   lastMidiMapKey_ = key;
   lastMidiMapppedContainer_ = container;
   if (auto* several = dynamic_cast<MultipleContainer*>(container))
     platform::printToConsole(std::to_string(several->subContainers().size()));
   if (Container* const selected = midiMapContainer(*key)) selected->setMidiMapSelected(true);
+  visitParts(*controls_, key->key(), [](Container& part) { part.setMidiMapSelected(true); });
   if (auto* host = hostDelegate.get()) host->didSelectMidiMap(key);
 }
 

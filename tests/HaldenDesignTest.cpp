@@ -9,6 +9,7 @@
 #include "examples/Halden/HaldenDesign.h"
 #include "examples/Halden/HaldenPlugin.h"
 #include "examples/Halden/HaldenViewController.h"
+#include "tests/support/EditorHands.h"
 #include "tests/support/TestEditor.h"
 
 namespace halden {
@@ -129,6 +130,35 @@ TEST(HaldenDesignTest, ControlsStayApartAndInsideOnEveryPageAtEverySize) {
         placed.emplace_back(key, frame);
       }
     }
+  }
+}
+
+TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
+  support::EditorHands hands(pluginEntry());
+  auto& editor = hands.host.editor();
+  editor.setMidiMappingEnabled(true);
+  hands.host.midiLearn().bind("cutoff", {0xb0, 74});
+  editor.didSelectMidiMap(editor.container("cutoff")->key(), editor.container("cutoff").get());
+  const auto shown = [&] {
+    std::vector<kestroui::Container*> containers;
+    hands.visitShown(hands.host.rootView(), [&](platform::View& view) {
+      auto* container = dynamic_cast<kestroui::Container*>(&view);
+      if (container && container->key() && container->key()->key() == "cutoff")
+        containers.push_back(container);
+    });
+    return containers;
+  };
+  hands.showPage(2);
+  ASSERT_EQ(shown().size(), 2u);
+  for (const kestroui::Container* container : shown()) {
+    EXPECT_TRUE(container->midiMapMessage());
+    EXPECT_TRUE(container->midiMapSelected());
+  }
+  hands.host.midiLearn().remove("cutoff");
+  editor.didSelectMidiMap(editor.container("volume")->key(), editor.container("volume").get());
+  for (const kestroui::Container* container : shown()) {
+    EXPECT_FALSE(container->midiMapMessage());
+    EXPECT_FALSE(container->midiMapSelected());
   }
 }
 
