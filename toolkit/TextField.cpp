@@ -300,9 +300,10 @@ void TextField::paint(Canvas& canvas) {
   if (text().empty())
     canvas.drawText(placeholder_, font_, place, TextAlignment::left, placeholderColor_);
   else
-    // As wide as it is: it is scrolled, not shrunk.
+    // Wider than it is, also where the canvas measures otherwise than the window: it is scrolled,
+    // neither shrunk nor shortened.
     canvas.drawText(text(), font_,
-                    {place.x - scroll_, place.y, widthOf(0, text().size()) + 1, place.height},
+                    {place.x - scroll_, place.y, 2 * widthOf(0, text().size()) + 1, place.height},
                     TextAlignment::left, textColor_.withAlpha(textColor_.alpha * strength), 1);
   if (caretLit_ && isFirstResponder())
     canvas.fillRect({xOf(buffer_->caret()), top, caretWidth, height}, tintColor_);
