@@ -9,6 +9,7 @@
 #include "KestroUI/StoreIdentifier.h"
 #include "KestroUI/Theme.h"
 #include "Orvane/KestroAUViewController.h"
+#include "Orvane/OverlayStyle.h"
 #include "Orvane/PluginInfo.h"
 #include "Orvane/WebAddress.h"
 #include "platform/Window.h"
@@ -21,20 +22,14 @@ namespace Theme = kestroui::Theme;
 
 namespace {
 
-/// The menu bar, which stays in reach, covers so much of the overlay's height.
-constexpr double menuBarShare = 0.104;
-constexpr double panelShare = 0.8;
 /// Up to this height in points the panel's texts grow with it, beyond it less than it.
 constexpr double ordinaryHeight = 600;
 
 }  // namespace
 
 AboutOverlay::AboutOverlay() {
-  background_.setBackgroundColor(Theme::background.withAlpha(0.8f));
-  panel_.setBackgroundColor(Theme::panel);
-  panel_.setBorderColor(Theme::line);
-  panel_.setBorderWidth(1);
-  panel_.setCornerRadius(Theme::cornerRadius * 3);
+  background_.setBackgroundColor(OverlayStyle::backdropColor());
+  OverlayStyle::applyPanel(panel_);
   rule_.setBackgroundColor(Theme::line);
   title_.setTextColor(Theme::text);
   version_.setTextColor(Theme::textDim);
@@ -147,11 +142,8 @@ void AboutOverlay::touchBegan(const platform::Touch& touch) {
 // Layout
 
 void AboutOverlay::draw(const Rect&) {
-  const double width = bounds().width, height = bounds().height;
   background_.setFrame(bounds());
-  const double top = height * menuBarShare + 2;
-  const Rect panel{width * (1 - panelShare) / 2, top, width * panelShare,
-                   std::max(0.0, height - top - height * 0.02)};
+  const Rect panel = OverlayStyle::panelIn(bounds());
   panel_.setFrame(panel);
   updateTexts();
 

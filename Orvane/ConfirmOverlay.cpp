@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 #include "platform/Window.h"
 
 namespace orvane {
@@ -10,12 +11,9 @@ namespace orvane {
 namespace Theme = kestroui::Theme;
 
 ConfirmOverlay::ConfirmOverlay() {
-  setBackgroundColor(Theme::background.withAlpha(0.8f));
-  layer().setCornerRadius(Theme::cornerRadius * 3);
-  back_.setBackgroundColor(Theme::panel);
-  back_.setBorderColor(Theme::line);
-  back_.setBorderWidth(1);
-  back_.setCornerRadius(Theme::cornerRadius * 3);
+  setBackgroundColor(OverlayStyle::backdropColor());
+  layer().setCornerRadius(OverlayStyle::cornerRadius());
+  OverlayStyle::applyPanel(back_);
   setText("Are you sure you want to delete this preset?");
   textLabel_.setTextAlignment(platform::TextAlignment::centre);
   textLabel_.setTextColor(Theme::text);

@@ -1,6 +1,7 @@
 #include "Orvane/EnterValueOverlay.h"
 
 #include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 
 namespace orvane {
 
@@ -9,10 +10,7 @@ namespace Theme = kestroui::Theme;
 
 EnterValueOverlay::EnterValueOverlay() {
   outside_.setBackgroundColor(Theme::background.withAlpha(0.72f));
-  back_.setBackgroundColor(Theme::panel);
-  back_.setBorderColor(Theme::line);
-  back_.setBorderWidth(1);
-  back_.setCornerRadius(Theme::cornerRadius * 3);
+  OverlayStyle::applyPanel(back_);
   textField().setLeftInset(3);
 }
 

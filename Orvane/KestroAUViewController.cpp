@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 #include "platform/Fatal.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr double menuBarShare = 0.104;
 constexpr double checkInterval = 0.1;
 /// Content of this height has labels of their natural size.
 constexpr double labelHeightUnit = 250;
@@ -147,7 +147,7 @@ void KestroAUViewController::viewDidLayoutSubviews() {
     content.y = (bounds.height - content.height) * 0.5;
   }
 
-  const double menuHeight = content.height * menuBarShare;
+  const double menuHeight = content.height * OverlayStyle::menuBarShare;
   menuBar_.setFrame({content.x, content.y, content.width, menuHeight});
   mainContentFrame_ = {content.x, content.y + menuHeight, content.width,
                        content.height - menuHeight};

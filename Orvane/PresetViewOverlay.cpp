@@ -6,6 +6,7 @@
 
 #include "KestroUI/Theme.h"
 #include "Orvane/FavPresetsStore.h"
+#include "Orvane/OverlayStyle.h"
 #include "platform/UnicodeText.h"
 
 namespace orvane {
@@ -17,19 +18,13 @@ namespace Theme = kestroui::Theme;
 
 namespace {
 
-/// The menu bar, which stays in reach, covers so much of the overlay's height.
-constexpr double menuBarShare = 0.104;
-constexpr double panelShare = 0.8;
 constexpr double filterShare = 0.2;
 
 }  // namespace
 
 PresetViewOverlay::PresetViewOverlay() {
-  background_.setBackgroundColor(Theme::background.withAlpha(0.8f));
-  panel_.setBackgroundColor(Theme::panel);
-  panel_.layer().setBorderColor(Theme::line);
-  panel_.layer().setBorderWidth(1);
-  panel_.layer().setCornerRadius(Theme::cornerRadius * 3);
+  background_.setBackgroundColor(OverlayStyle::backdropColor());
+  OverlayStyle::applyPanel(panel_.layer());
   presetTitle_.setText("PRESETS");
   presetTitle_.setTextColor(Theme::text);
   presetTitle_.setTextAlignment(platform::TextAlignment::centre);
@@ -305,9 +300,7 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
 void PresetViewOverlay::draw(const Rect&) {
   const double width = bounds().width, height = bounds().height;
   background_.setFrame(bounds());
-  const double top = height * menuBarShare + 2;
-  const Rect panel{width * (1 - panelShare) / 2, top, width * panelShare,
-                   std::max(0.0, height - top - height * 0.02)};
+  const Rect panel = OverlayStyle::panelIn(bounds());
   panel_.setFrame(panel);
 
   const double gap = std::max(3.0, height * 0.012);

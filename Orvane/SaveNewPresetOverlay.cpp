@@ -2,19 +2,14 @@
 
 #include <utility>
 
-#include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 
 namespace orvane {
 
-namespace Theme = kestroui::Theme;
-
 SaveNewPresetOverlay::SaveNewPresetOverlay() {
-  setBackgroundColor(Theme::background.withAlpha(0.8f));
-  layer().setCornerRadius(Theme::cornerRadius * 3);
-  back_.setBackgroundColor(Theme::panel);
-  back_.setBorderColor(Theme::line);
-  back_.setBorderWidth(1);
-  back_.setCornerRadius(Theme::cornerRadius * 3);
+  setBackgroundColor(OverlayStyle::backdropColor());
+  layer().setCornerRadius(OverlayStyle::cornerRadius());
+  OverlayStyle::applyPanel(back_);
 }
 
 void SaveNewPresetOverlay::setCategories(std::vector<std::string> categories) {
