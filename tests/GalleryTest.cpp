@@ -15,7 +15,6 @@
 
 namespace {
 
-using platform::Accessibility;
 using platform::AUParameter;
 using platform::Key;
 
@@ -144,24 +143,6 @@ TEST_F(GalleryTest, EveryKeyCanBeLearnedAndThenFollowsItsMessage) {
     }
   }
   EXPECT_GT(learned, 100);
-}
-
-TEST_F(GalleryTest, EveryControlHasARoleANameAndAValue) {
-  for (int page = 0; page < pageCount(); ++page) {
-    showPage(page);
-    visitShown(host.rootView(), [&](platform::View& view) {
-      if (!view.canBecomeFirstResponder() || !view.isUserInteractionEnabled()) return;
-      const Accessibility told = view.accessibility();
-      EXPECT_NE(told.role, Accessibility::Role::none) << told.name;
-      EXPECT_NE(told.name, "") << "page " << page << " at " << view.frameInRoot().x;
-      if (told.range) {
-        EXPECT_LT(told.range->minimum, told.range->maximum) << told.name;
-        EXPECT_GE(told.range->value, told.range->minimum) << told.name;
-        EXPECT_LE(told.range->value, told.range->maximum) << told.name;
-        EXPECT_NE(told.value, "") << told.name;
-      }
-    });
-  }
 }
 
 }  // namespace

@@ -95,27 +95,6 @@ TEST_F(MenuBarTest, helpIsShownOnceTheServerHasToldItsAddress) {
   EXPECT_EQ(server.requests().size(), 1u) << "asked once only";
 }
 
-TEST_F(MenuBarTest, anAnswerThatHoldsNoAddressLeavesHelpAway) {
-  const std::string ok = "200 OK";
-  for (const auto& [status, body] :
-       {std::pair{ok, std::string()},
-        {ok, std::string("https://\xff\xfe.org")},
-        {std::string("404 Not Found"), std::string("https://example.org")},
-        {std::string("500 Oh"), std::string("https://example.org")}}) {
-    HttpServer server([&](const std::string&) { return HttpServer::response(status, body); });
-    MenuBar other;
-    other.productId = "foam";
-    other.helpHost = server.address();
-    editor.addSubview(other);
-    ASSERT_TRUE(server.waitForRequest());
-    // What the server sends now has been dealt with by the time that a second request is.
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    loop.settle();
-    EXPECT_EQ(other.helpButton().superview(), nullptr) << status << body;
-    EXPECT_EQ(other.helpPath(), "");
-  }
-}
-
 TEST_F(MenuBarTest, anAddressThatIsNoneIsShownButNotOpened) {
   HttpServer server([](const std::string&) { return HttpServer::response("200 OK", "see below"); });
   bar->productId = "foam";
