@@ -50,7 +50,7 @@ void BitFlagsGroup::slide(platform::Point point) {
   changeValue(static_cast<float>(painting_ == Painting::on ? bits() | bit : bits() & ~bit));
 }
 
-void BitFlagsGroup::touchBegan(const platform::Touch& touch) {
+void BitFlagsGroup::touchBegan(const toolkit::Touch& touch) {
   const platform::Weak<BitFlagsGroup> alive = this;
   KestroControl::touchBegan(touch);
   if (!alive || !isEnabled()) return;
@@ -59,19 +59,19 @@ void BitFlagsGroup::touchBegan(const platform::Touch& touch) {
   if (alive) slide(touch.locationIn(*this));
 }
 
-void BitFlagsGroup::touchMoved(const platform::Touch& touch) {
+void BitFlagsGroup::touchMoved(const toolkit::Touch& touch) {
   const platform::Weak<BitFlagsGroup> alive = this;
   KestroControl::touchMoved(touch);
   if (alive && isInGesture()) slide(touch.locationIn(*this));
 }
 
-void BitFlagsGroup::touchEnded(const platform::Touch& touch) {
+void BitFlagsGroup::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<BitFlagsGroup> alive = this;
   KestroControl::touchEnded(touch);
   if (alive) endGesture();
 }
 
-void BitFlagsGroup::touchCancelled(const platform::Touch& touch) {
+void BitFlagsGroup::touchCancelled(const toolkit::Touch& touch) {
   const platform::Weak<BitFlagsGroup> alive = this;
   KestroControl::touchCancelled(touch);
   if (alive) endGesture();

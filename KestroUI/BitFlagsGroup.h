@@ -19,10 +19,10 @@ class BitFlagsGroup : public KestroControl {
   void setTitles(std::vector<std::string> titles);
   bool isOn(int index) const;
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
   /// Arrows, Home and End go from switch to switch; Space and Return switch.
   bool keyPressed(const platform::KeyEvent& event) override;

@@ -11,8 +11,8 @@
 
 namespace kestroui {
 
-using platform::ControlEvent;
 using platform::Rect;
+using toolkit::ControlEvent;
 
 namespace {
 
@@ -308,7 +308,7 @@ void Container::setFace(GestureControl& face) {
   face.doubleTapped = [this] { doubleTap(); };
 }
 
-void Container::handleValueChanged(platform::Control&) { sendActions(ControlEvent::valueChanged); }
+void Container::handleValueChanged(toolkit::Control&) { sendActions(ControlEvent::valueChanged); }
 
 void Container::doubleTap() { tellDoubleTap(key()); }
 

@@ -12,9 +12,9 @@
 #include "KestroUI/KestroControl.h"
 #include "KestroUI/ParamKey.h"
 #include "KestroUI/Theme.h"
-#include "platform/Control.h"
-#include "platform/Label.h"
-#include "platform/Layer.h"
+#include "toolkit/Control.h"
+#include "toolkit/Label.h"
+#include "toolkit/Layer.h"
 
 namespace kestroui {
 
@@ -24,7 +24,7 @@ class MidiMapBadge;
 /// a subclass that owns its control and gives it to `setControl`. The owner listens to
 /// valueChanged and then reads `value(key)` for every key. Shared by the control collection and
 /// the design; the view tree only links to it. User-interface thread only.
-class Container : public platform::Control {
+class Container : public toolkit::Control {
  public:
   /// Whether `value` is a position from 0 to 1 in the parameter's own range, a place in pitch
   /// between 20 Hz and 20 kHz from 0 to 1, or the parameter's own value.
@@ -142,13 +142,13 @@ class Container : public platform::Control {
   /// Shows the title. On at first. Without it, and in very small places, only the control shows.
   bool displayTitle() const { return displayTitle_; }
   virtual void setDisplayTitle(bool display);
-  platform::Label& titleLabel() { return titleLabel_; }
+  toolkit::Label& titleLabel() { return titleLabel_; }
   platform::Color bgColor() const { return backgroundColor(); }
   void setBgColor(platform::Color color) { setBackgroundColor(color); }
   /// An outline in the unit square, shown in place of the title.
   const platform::Path& iconPath() const { return iconPath_; }
   void setIconPath(platform::Path path);
-  platform::ShapeLayer& iconLayer() { return iconLayer_; }
+  toolkit::ShapeLayer& iconLayer() { return iconLayer_; }
   /// Free space above and below, in points.
   double topMargin() const { return topMargin_; }
   double bottomMargin() const { return bottomMargin_; }
@@ -166,14 +166,14 @@ class Container : public platform::Control {
   // Actions
 
   /// The control's valueChanged: passes it on as this container's own.
-  void handleValueChanged(platform::Control& sender);
+  void handleValueChanged(toolkit::Control& sender);
   /// The second tap of a double tap: tells the delegate of the own key.
   void doubleTap();
 
   /// The badge was tapped: tells the delegate to select the own key.
-  void handleSelected(platform::Control& sender);
+  void handleSelected(toolkit::Control& sender);
   /// The badge's cross was tapped: asks the delegate to delete the own key's binding.
-  void wantsToDeleteMap(platform::Control& sender);
+  void wantsToDeleteMap(toolkit::Control& sender);
 
   /// While the mouse is over it, the title shows the value.
   void hoverChanged(bool hovered) override;
@@ -230,11 +230,11 @@ class Container : public platform::Control {
   GestureControl* face_ = nullptr;
   std::string title_;
   std::string valueText_;
-  platform::Label titleLabel_;
+  toolkit::Label titleLabel_;
   platform::Path iconPath_;
   platform::Color accent_ = Theme::grey;
   bool hasControlColor_ = false;
-  platform::ShapeLayer iconLayer_;
+  toolkit::ShapeLayer iconLayer_;
   double topMargin_ = 0;
   double bottomMargin_ = 0;
   double labelHRatio_ = 1;

@@ -7,7 +7,7 @@
 
 namespace kestroui {
 
-using platform::ControlEvent;
+using toolkit::ControlEvent;
 
 void Container::setMappable(bool mappable) {
   if (mappable == mappable_) return;
@@ -56,11 +56,11 @@ void Container::placeBadge() {
   badge_->setTextScale(textScale_);
 }
 
-void Container::handleSelected(platform::Control&) {
+void Container::handleSelected(toolkit::Control&) {
   if (auto* alive = delegate.get()) alive->didSelectMidiMap(key(), this);
 }
 
-void Container::wantsToDeleteMap(platform::Control&) {
+void Container::wantsToDeleteMap(toolkit::Control&) {
   if (auto* alive = delegate.get()) alive->wantToDeleteMidiMap(key());
 }
 

@@ -18,7 +18,7 @@ void DragControl::setOrigin(float position) {
   setNeedsDisplay();
 }
 
-void DragControl::touchBegan(const platform::Touch& touch) {
+void DragControl::touchBegan(const toolkit::Touch& touch) {
   if (touchId_ || !isEnabled()) return;
   const platform::Weak<DragControl> alive = this;
   touchId_ = touch.id;
@@ -36,7 +36,7 @@ void DragControl::startDrag() {
   beginGesture();
 }
 
-void DragControl::touchMoved(const platform::Touch& touch) {
+void DragControl::touchMoved(const toolkit::Touch& touch) {
   if (touch.id != touchId_) return;
   const platform::Weak<DragControl> alive = this;
   KestroControl::touchMoved(touch);
@@ -55,7 +55,7 @@ void DragControl::touchMoved(const platform::Touch& touch) {
   changeValue(valueAt(static_cast<float>(share_)));
 }
 
-void DragControl::touchEnded(const platform::Touch& touch) {
+void DragControl::touchEnded(const toolkit::Touch& touch) {
   if (touch.id != touchId_) return;
   const platform::Weak<DragControl> alive = this;
   const Phase phase = phase_;
@@ -70,7 +70,7 @@ void DragControl::touchEnded(const platform::Touch& touch) {
   action();
 }
 
-void DragControl::touchCancelled(const platform::Touch& touch) {
+void DragControl::touchCancelled(const toolkit::Touch& touch) {
   if (touch.id != touchId_) return;
   const platform::Weak<DragControl> alive = this;
   phase_ = Phase::none;

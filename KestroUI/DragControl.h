@@ -17,10 +17,10 @@ class DragControl : public KestroControl {
   float origin() const { return origin_; }
   void setOrigin(float position);
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
 
  protected:

@@ -9,8 +9,8 @@
 
 namespace kestroui {
 
+using foundation::Timer;
 using platform::Rect;
-using platform::Timer;
 
 namespace {
 
@@ -39,11 +39,11 @@ int DropDownList::selectedIndex() const {
 
 void DropDownList::open() {
   if (isOpen() || entries_.empty() || !isEnabled() || !superview()) return;
-  platform::View* root = superview();
+  toolkit::View* root = superview();
   while (root->superview()) root = root->superview();
   popup_ = std::make_unique<DropDownPopup>(*this, *root);
   popup_->becomeFirstResponder();
-  if (platform::RunLoop::mainIfAny())
+  if (foundation::RunLoop::mainIfAny())
     watch_ = Timer(watchInterval, Timer::Repeat::forever, [this] {
       if (popup_ && !popup_->isStillRight()) close();
     });
@@ -66,7 +66,7 @@ void DropDownList::choose(int index) {
   changeValueOnce(minimum() + static_cast<float>(index));
 }
 
-void DropDownList::touchEnded(const platform::Touch& touch) {
+void DropDownList::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<DropDownList> alive = this;
   const bool tapped = isHighlighted();
   KestroControl::touchEnded(touch);

@@ -31,7 +31,7 @@ class DropDownList : public KestroControl {
   /// The user chooses an entry: closes, then sends. May destroy the control.
   void choose(int index);
 
-  void touchEnded(const platform::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   void setHidden(bool hidden) override;
@@ -51,7 +51,7 @@ class DropDownList : public KestroControl {
   std::vector<std::string> entries_;
   std::unique_ptr<DropDownPopup> popup_;
   /// Looks whether the list's owner still shows.
-  platform::Timer watch_;
+  foundation::Timer watch_;
 };
 
 }  // namespace kestroui

@@ -23,7 +23,7 @@ constexpr double scrollSlop = 6;
 
 }  // namespace
 
-DropDownPopup::DropDownPopup(DropDownList& owner, platform::View& root) : owner_(owner) {
+DropDownPopup::DropDownPopup(DropDownList& owner, toolkit::View& root) : owner_(owner) {
   setFrame(root.bounds());
   ownerFrame_ = owner.frameInRoot();
   highlighted_ = owner.selectedIndex();
@@ -78,7 +78,7 @@ void DropDownPopup::highlight(int index) {
   setNeedsDisplay();
 }
 
-void DropDownPopup::touchBegan(const platform::Touch& touch) {
+void DropDownPopup::touchBegan(const toolkit::Touch& touch) {
   if (touchId_) return;
   const Point point = touch.locationIn(*this);
   if (!list_.contains(point)) {
@@ -90,7 +90,7 @@ void DropDownPopup::touchBegan(const platform::Touch& touch) {
   highlight(indexAt(point));
 }
 
-void DropDownPopup::touchMoved(const platform::Touch& touch) {
+void DropDownPopup::touchMoved(const toolkit::Touch& touch) {
   if (touch.id != touchId_) return;
   const double way = touch.location.y - touch.startLocation.y;
   const bool isLong = count() * rowHeight_ + 2 * padding > list_.height;
@@ -101,7 +101,7 @@ void DropDownPopup::touchMoved(const platform::Touch& touch) {
     highlight(indexAt(touch.locationIn(*this)));
 }
 
-void DropDownPopup::touchEnded(const platform::Touch& touch) {
+void DropDownPopup::touchEnded(const toolkit::Touch& touch) {
   if (touch.id != touchId_) return;
   touchId_.reset();
   const int index = scrolled_ ? -1 : indexAt(touch.locationIn(*this));
@@ -109,7 +109,7 @@ void DropDownPopup::touchEnded(const platform::Touch& touch) {
   if (index >= 0) owner_.choose(index);
 }
 
-void DropDownPopup::touchCancelled(const platform::Touch& touch) {
+void DropDownPopup::touchCancelled(const toolkit::Touch& touch) {
   if (touch.id == touchId_) touchId_.reset();
 }
 

@@ -3,16 +3,16 @@
 #include <optional>
 
 #include "KestroUI/DropDownList.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace kestroui {
 
 /// The open list of a DropDownList. It covers the root view, so that a tap beside the list closes
 /// it, and paints the list below or above its owner's face. Owned by the DropDownList.
-class DropDownPopup : public platform::View {
+class DropDownPopup : public toolkit::View {
  public:
   /// Adds itself to `root` and takes the keyboard.
-  DropDownPopup(DropDownList& owner, platform::View& root);
+  DropDownPopup(DropDownList& owner, toolkit::View& root);
 
   /// False when its place no longer fits: its owner is hidden or has moved, or the root was
   /// resized.
@@ -21,10 +21,10 @@ class DropDownPopup : public platform::View {
   const platform::Rect& listFrame() const { return list_; }
   int highlightedIndex() const { return highlighted_; }
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool canBecomeFirstResponder() const override { return true; }
   bool keyPressed(const platform::KeyEvent& event) override;

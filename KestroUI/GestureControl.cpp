@@ -55,10 +55,10 @@ void GestureControl::changeOnce(const std::function<void()>& change) {
   const platform::Weak<GestureControl> alive = this;
   if (!inGesture_) beginGesture();
   if (!alive) return;
-  const bool hasLoop = platform::RunLoop::mainIfAny() != nullptr;
+  const bool hasLoop = foundation::RunLoop::mainIfAny() != nullptr;
   if (hasLoop)
     burst_ =
-        platform::Timer(burstInterval, platform::Timer::Repeat::once, [this] { endGesture(); });
+        foundation::Timer(burstInterval, foundation::Timer::Repeat::once, [this] { endGesture(); });
   change();
   if (alive && !hasLoop) endGesture();
 }
@@ -69,7 +69,7 @@ void GestureControl::beginGesture() {
   if (inGesture_) return;
   inGesture_ = true;
   setNeedsDisplay();
-  sendActions(platform::ControlEvent::editingDidBegin);
+  sendActions(toolkit::ControlEvent::editingDidBegin);
 }
 
 void GestureControl::endGesture() {
@@ -77,7 +77,7 @@ void GestureControl::endGesture() {
   burst_.invalidate();
   inGesture_ = false;
   setNeedsDisplay();
-  sendActions(platform::ControlEvent::editingDidEnd);
+  sendActions(toolkit::ControlEvent::editingDidEnd);
 }
 
 platform::Color GestureControl::stateAccent() const {

@@ -4,16 +4,16 @@
 #include <string>
 
 #include "KestroUI/Theme.h"
+#include "foundation/RunLoop.h"
 #include "platform/Color.h"
-#include "platform/Control.h"
-#include "platform/RunLoop.h"
+#include "toolkit/Control.h"
 
 namespace kestroui {
 
 /// Base of every control that a user takes hold of: the gesture around its changes, and how its
 /// face shows its states. A gesture (a drag, a burst of wheel turns) sends editingDidBegin and
 /// editingDidEnd; what lies between is the business of the kinds. User-interface thread only.
-class GestureControl : public platform::Control {
+class GestureControl : public toolkit::Control {
  public:
   GestureControl() = default;
 
@@ -69,7 +69,7 @@ class GestureControl : public platform::Control {
   bool inactive_ = false;
   bool inGesture_ = false;
   /// Ends the gesture of a burst of keys or wheel notches.
-  platform::Timer burst_;
+  foundation::Timer burst_;
   platform::Color accentColor_ = Theme::grey;
 };
 

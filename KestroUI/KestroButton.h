@@ -1,12 +1,12 @@
 #pragma once
 
 #include "KestroUI/Theme.h"
-#include "platform/Button.h"
+#include "toolkit/Button.h"
 
 namespace kestroui {
 
 /// Base of the family's plain buttons, which report taps and hold no value.
-class KestroButton : public platform::Button {
+class KestroButton : public toolkit::Button {
  public:
   KestroButton();
 

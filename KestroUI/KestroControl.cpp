@@ -120,7 +120,7 @@ void KestroControl::changeValue(float value) {
     value = minimum_ + std::round((value - minimum_) / step()) * step();
   const float before = value_;
   setValue(value);
-  if (value_ != before) sendActions(platform::ControlEvent::valueChanged);
+  if (value_ != before) sendActions(toolkit::ControlEvent::valueChanged);
 }
 
 void KestroControl::changeValueOnce(float value) {

@@ -10,8 +10,8 @@
 
 namespace kestroui {
 
-using platform::ControlEvent;
 using platform::Rect;
+using toolkit::ControlEvent;
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
 namespace kestroui {
 
@@ -13,7 +13,7 @@ namespace kestroui {
 /// waits for a message (selected), and a cross that deletes the binding. It takes every touch, so
 /// that a tap selects (touchDown) where it would move the control otherwise. Return and Space
 /// select, Delete deletes. Owned by a container.
-class MidiMapBadge : public platform::Control {
+class MidiMapBadge : public toolkit::Control {
  public:
   MidiMapBadge();
 
@@ -22,7 +22,7 @@ class MidiMapBadge : public platform::Control {
   /// Empty without a binding.
   std::string text() const;
   /// Sends touchUpInside.
-  platform::Control& deleteButton() { return deleteButton_; }
+  toolkit::Control& deleteButton() { return deleteButton_; }
   /// How much larger texts are than on the smallest editor.
   void setTextScale(double scale);
   /// Where the control is in it; the rest is left for the title.
@@ -37,7 +37,7 @@ class MidiMapBadge : public platform::Control {
   void paint(platform::Canvas& canvas) override;
 
  private:
-  class DeleteButton : public platform::Control {
+  class DeleteButton : public toolkit::Control {
    public:
     void paint(platform::Canvas& canvas) override;
     double markSide = 0;

@@ -14,7 +14,7 @@ void MomentaryButton::setTitle(const std::string& title) {
   setNeedsDisplay();
 }
 
-void MomentaryButton::touchBegan(const platform::Touch& touch) {
+void MomentaryButton::touchBegan(const toolkit::Touch& touch) {
   const platform::Weak<MomentaryButton> alive = this;
   KestroControl::touchBegan(touch);
   if (!alive || !isEnabled()) return;
@@ -22,13 +22,13 @@ void MomentaryButton::touchBegan(const platform::Touch& touch) {
   if (alive) changeValue(1);
 }
 
-void MomentaryButton::touchEnded(const platform::Touch& touch) {
+void MomentaryButton::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<MomentaryButton> alive = this;
   KestroControl::touchEnded(touch);
   if (alive) release();
 }
 
-void MomentaryButton::touchCancelled(const platform::Touch& touch) {
+void MomentaryButton::touchCancelled(const toolkit::Touch& touch) {
   const platform::Weak<MomentaryButton> alive = this;
   KestroControl::touchCancelled(touch);
   if (alive) release();

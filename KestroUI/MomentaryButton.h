@@ -15,9 +15,9 @@ class MomentaryButton : public KestroControl {
   const std::string& title() const { return title_; }
   void setTitle(const std::string& title);
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
   bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override {

@@ -5,8 +5,8 @@
 
 namespace kestroui {
 
-using platform::ControlEvent;
 using platform::Rect;
+using toolkit::ControlEvent;
 
 MutableContainer::MutableContainer() {
   addSubview(muteButton_);

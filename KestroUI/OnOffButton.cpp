@@ -20,7 +20,7 @@ void OnOffButton::setTitles(std::vector<std::string> titles) {
 
 void OnOffButton::setOn(bool on) { setValue(on ? 1.0f : 0.0f); }
 
-void OnOffButton::touchBegan(const platform::Touch& touch) {
+void OnOffButton::touchBegan(const toolkit::Touch& touch) {
   const platform::Weak<OnOffButton> alive = this;
   KestroControl::touchBegan(touch);
   if (!alive || !isEnabled() || switching_ == Switching::byOwner) return;
@@ -28,13 +28,13 @@ void OnOffButton::touchBegan(const platform::Touch& touch) {
   if (alive) changeValue(switchedValue());
 }
 
-void OnOffButton::touchEnded(const platform::Touch& touch) {
+void OnOffButton::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<OnOffButton> alive = this;
   KestroControl::touchEnded(touch);
   if (alive) endGesture();
 }
 
-void OnOffButton::touchCancelled(const platform::Touch& touch) {
+void OnOffButton::touchCancelled(const toolkit::Touch& touch) {
   const platform::Weak<OnOffButton> alive = this;
   KestroControl::touchCancelled(touch);
   if (alive) endGesture();
@@ -45,7 +45,7 @@ bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
   if (!switches) return switching_ == Switching::byTouch && KestroControl::keyPressed(event);
   if (!isEnabled()) return false;
   if (switching_ == Switching::byOwner)
-    sendActions(platform::ControlEvent::touchDown);
+    sendActions(toolkit::ControlEvent::touchDown);
   else
     changeValueOnce(switchedValue());
   return true;

@@ -26,9 +26,9 @@ class OnOffButton : public KestroControl {
   Switching switching() const { return switching_; }
   void setSwitching(Switching switching) { switching_ = switching; }
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;

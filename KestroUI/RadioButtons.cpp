@@ -65,7 +65,7 @@ void RadioButtons::choose(platform::Point point) {
   if (index >= 0) changeValue(minimum() + static_cast<float>(index));
 }
 
-void RadioButtons::touchBegan(const platform::Touch& touch) {
+void RadioButtons::touchBegan(const toolkit::Touch& touch) {
   const platform::Weak<RadioButtons> alive = this;
   KestroControl::touchBegan(touch);
   if (!alive || !isEnabled()) return;
@@ -73,19 +73,19 @@ void RadioButtons::touchBegan(const platform::Touch& touch) {
   if (alive) choose(touch.locationIn(*this));
 }
 
-void RadioButtons::touchMoved(const platform::Touch& touch) {
+void RadioButtons::touchMoved(const toolkit::Touch& touch) {
   const platform::Weak<RadioButtons> alive = this;
   KestroControl::touchMoved(touch);
   if (alive && isInGesture()) choose(touch.locationIn(*this));
 }
 
-void RadioButtons::touchEnded(const platform::Touch& touch) {
+void RadioButtons::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<RadioButtons> alive = this;
   KestroControl::touchEnded(touch);
   if (alive) endGesture();
 }
 
-void RadioButtons::touchCancelled(const platform::Touch& touch) {
+void RadioButtons::touchCancelled(const toolkit::Touch& touch) {
   const platform::Weak<RadioButtons> alive = this;
   KestroControl::touchCancelled(touch);
   if (alive) endGesture();

@@ -25,10 +25,10 @@ class RadioButtons : public KestroControl {
   /// Shows the button as chosen; sends nothing.
   void setSelectedIndex(int index);
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;

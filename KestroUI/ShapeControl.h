@@ -70,10 +70,10 @@ class ShapeControl : public GestureControl {
   /// activeText has changed.
   std::function<void()> activeChanged;
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   void hoverMoved(platform::Point location) override;
   void hoverChanged(bool hovered) override;
   void firstResponderChanged() override;

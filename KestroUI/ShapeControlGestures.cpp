@@ -107,7 +107,7 @@ bool ShapeControl::startDrag(int touchId, const Handle& handle) {
   return static_cast<bool>(alive);
 }
 
-void ShapeControl::touchBegan(const platform::Touch& touch) {
+void ShapeControl::touchBegan(const toolkit::Touch& touch) {
   if (!isEnabled() || gripOf(touch.id)) return;
   const Point location = touch.locationIn(*this);
   const std::optional<std::size_t> found = handleAt(location);
@@ -145,7 +145,7 @@ void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
   if (handle.x && handle.y && way.x != way.y)
     choose(std::fabs(way.x) > std::fabs(way.y) ? *handle.x : *handle.y);
   noteActive();
-  if (changed) sendActions(platform::ControlEvent::valueChanged);
+  if (changed) sendActions(toolkit::ControlEvent::valueChanged);
 }
 
 void ShapeControl::drawTo(int touchId, Point from, Point to) {
@@ -178,10 +178,10 @@ void ShapeControl::drawTo(int touchId, Point from, Point to) {
     if (i == *last) break;
   }
   noteActive();
-  if (alive && changed) sendActions(platform::ControlEvent::valueChanged);
+  if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
 }
 
-void ShapeControl::touchMoved(const platform::Touch& touch) {
+void ShapeControl::touchMoved(const toolkit::Touch& touch) {
   if (!gripOf(touch.id)) return;
   const platform::Weak<ShapeControl> alive = this;
   GestureControl::touchMoved(touch);
@@ -204,7 +204,7 @@ void ShapeControl::touchMoved(const platform::Touch& touch) {
   dragBy(*grip, handle, {way.x * speed, way.y * speed});
 }
 
-void ShapeControl::touchEnded(const platform::Touch& touch) {
+void ShapeControl::touchEnded(const toolkit::Touch& touch) {
   const Grip* const found = gripOf(touch.id);
   const platform::Weak<ShapeControl> alive = this;
   if (!found) return GestureControl::touchEnded(touch);
@@ -220,7 +220,7 @@ void ShapeControl::touchEnded(const platform::Touch& touch) {
   if (grip.handle < all.size()) tellDoubleTap(meant(all[grip.handle]));
 }
 
-void ShapeControl::touchCancelled(const platform::Touch& touch) {
+void ShapeControl::touchCancelled(const toolkit::Touch& touch) {
   const Grip* const found = gripOf(touch.id);
   const platform::Weak<ShapeControl> alive = this;
   const std::vector<std::size_t> held = found ? found->held : std::vector<std::size_t>();

@@ -18,7 +18,7 @@ void ShapeControl::nudge(std::size_t index, double shareBy, bool all) {
     if (!alive) return;
     const bool changed = moveTo(index, target, all);
     noteActive();
-    if (alive && changed) sendActions(platform::ControlEvent::valueChanged);
+    if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
   });
 }
 

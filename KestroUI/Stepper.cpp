@@ -6,9 +6,9 @@
 
 namespace kestroui {
 
+using foundation::Timer;
 using platform::Color;
 using platform::Rect;
-using platform::Timer;
 
 namespace {
 
@@ -54,7 +54,7 @@ Rect Stepper::frameOf(Part part) const {
   return {};
 }
 
-void Stepper::touchBegan(const platform::Touch& touch) {
+void Stepper::touchBegan(const toolkit::Touch& touch) {
   if (pressed_ != Part::none || !isEnabled()) return;
   const double x = touch.locationIn(*this).x;
   const Part part = x < frameOf(Part::text).x        ? Part::minus
@@ -70,7 +70,7 @@ void Stepper::touchBegan(const platform::Touch& touch) {
   pressed_ = part;
   beginGesture();
   if (!alive) return;
-  if (platform::RunLoop::mainIfAny())
+  if (foundation::RunLoop::mainIfAny())
     repeat_ = Timer(repeatDelay, Timer::Repeat::once, [this] { repeat(); });
   stepBy(part == Part::plus ? 1 : -1);
 }
@@ -92,11 +92,11 @@ void Stepper::stopRepeating() {
   endGesture();
 }
 
-void Stepper::touchMoved(const platform::Touch& touch) {
+void Stepper::touchMoved(const toolkit::Touch& touch) {
   if (pressed_ == Part::none) DragControl::touchMoved(touch);
 }
 
-void Stepper::touchEnded(const platform::Touch& touch) {
+void Stepper::touchEnded(const toolkit::Touch& touch) {
   if (pressed_ == Part::none) {
     DragControl::touchEnded(touch);
     return;
@@ -106,7 +106,7 @@ void Stepper::touchEnded(const platform::Touch& touch) {
   if (alive) stopRepeating();
 }
 
-void Stepper::touchCancelled(const platform::Touch& touch) {
+void Stepper::touchCancelled(const toolkit::Touch& touch) {
   if (pressed_ == Part::none) {
     DragControl::touchCancelled(touch);
     return;

@@ -20,10 +20,10 @@ class Stepper : public DragControl {
   void setValueNames(std::vector<std::string> names);
   void setValue(float value) override;
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchMoved(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchMoved(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
   double bestHeight(const platform::Size& available) const override {
     return std::min(available.height, lineFaceHeight());
   }
@@ -47,7 +47,7 @@ class Stepper : public DragControl {
   std::vector<std::string> names_;
   std::string text_;
   Part pressed_ = Part::none;
-  platform::Timer repeat_;
+  foundation::Timer repeat_;
 };
 
 }  // namespace kestroui

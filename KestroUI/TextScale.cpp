@@ -13,8 +13,8 @@ constexpr double ratio = 0.7;
 
 }  // namespace
 
-double textScaleIn(const platform::View& view) {
-  const platform::View* root = &view;
+double textScaleIn(const toolkit::View& view) {
+  const toolkit::View* root = &view;
   while (root->superview()) root = root->superview();
   const double height = std::min(root->bounds().height, root->bounds().width * ratio);
   return height > ordinaryHeight ? std::pow(height / ordinaryHeight, 0.75) : 1;

@@ -20,19 +20,19 @@ void XYControl::setLit(bool lit) {
   setNeedsDisplay();
 }
 
-void XYControl::touchBegan(const platform::Touch& touch) {
+void XYControl::touchBegan(const toolkit::Touch& touch) {
   const platform::Weak<XYControl> alive = this;
   ShapeControl::touchBegan(touch);
   if (alive) noteTouched();
 }
 
-void XYControl::touchEnded(const platform::Touch& touch) {
+void XYControl::touchEnded(const toolkit::Touch& touch) {
   const platform::Weak<XYControl> alive = this;
   ShapeControl::touchEnded(touch);
   if (alive) noteTouched();
 }
 
-void XYControl::touchCancelled(const platform::Touch& touch) {
+void XYControl::touchCancelled(const toolkit::Touch& touch) {
   const platform::Weak<XYControl> alive = this;
   ShapeControl::touchCancelled(touch);
   if (alive) noteTouched();

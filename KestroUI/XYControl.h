@@ -18,9 +18,9 @@ class XYControl : public ShapeControl {
   /// The first finger is on the pad (true), or the last has left it.
   std::function<void(bool touched)> touchedChanged;
 
-  void touchBegan(const platform::Touch& touch) override;
-  void touchEnded(const platform::Touch& touch) override;
-  void touchCancelled(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
+  void touchEnded(const toolkit::Touch& touch) override;
+  void touchCancelled(const toolkit::Touch& touch) override;
 
  protected:
   std::vector<Handle> handles() const override;

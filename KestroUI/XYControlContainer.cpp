@@ -5,8 +5,8 @@
 
 namespace kestroui {
 
-using platform::ControlEvent;
 using platform::Rect;
+using toolkit::ControlEvent;
 
 XYControlContainer::XYControlContainer() {
   setShape(pad_);
@@ -80,22 +80,20 @@ void XYControlContainer::switchOn(bool on) {
   if (alive) tellGesture(Hold::ends, keys);
 }
 
-void XYControlContainer::onSwitched(platform::Control& sender) {
+void XYControlContainer::onSwitched(toolkit::Control& sender) {
   const platform::Weak<XYControlContainer> alive = this;
   pad_.setLit(on_.button.isOn());
   sendActions(ControlEvent::valueChanged);
   if (alive && &sender == &hold_.button) holdSwitched();
 }
 
-void XYControlContainer::onSwitchHeld(platform::Control& sender) {
+void XYControlContainer::onSwitchHeld(toolkit::Control& sender) {
   tellSwitch(Hold::begins, sender);
 }
 
-void XYControlContainer::onSwitchLetGo(platform::Control& sender) {
-  tellSwitch(Hold::ends, sender);
-}
+void XYControlContainer::onSwitchLetGo(toolkit::Control& sender) { tellSwitch(Hold::ends, sender); }
 
-void XYControlContainer::tellSwitch(Hold hold, const platform::Control& sender) {
+void XYControlContainer::tellSwitch(Hold hold, const toolkit::Control& sender) {
   const std::optional<std::size_t> index = &sender == &on_.button ? on_.index : hold_.index;
   if (index && *index < paramKeys().size()) tellGesture(hold, {paramKeys()[*index]});
 }

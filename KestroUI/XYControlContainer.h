@@ -46,10 +46,10 @@ class XYControlContainer : public ShapeContainer {
 
   void connect(Switch& part);
   void style();
-  void onSwitched(platform::Control& sender);
-  void onSwitchHeld(platform::Control& sender);
-  void onSwitchLetGo(platform::Control& sender);
-  void tellSwitch(Hold hold, const platform::Control& sender);
+  void onSwitched(toolkit::Control& sender);
+  void onSwitchHeld(toolkit::Control& sender);
+  void onSwitchLetGo(toolkit::Control& sender);
+  void tellSwitch(Hold hold, const toolkit::Control& sender);
   /// What the switches take of `frame`; empty without any, or without room for them.
   platform::Rect switchFrame(const platform::Rect& frame) const;
   int switchCount() const { return (on_.index ? 1 : 0) + (hold_.index ? 1 : 0); }

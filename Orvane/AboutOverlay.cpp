@@ -12,12 +12,12 @@
 #include "Orvane/OverlayStyle.h"
 #include "Orvane/PluginInfo.h"
 #include "Orvane/WebAddress.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
-using platform::ControlEvent;
 using platform::Rect;
+using toolkit::ControlEvent;
 namespace Theme = kestroui::Theme;
 
 namespace {
@@ -63,7 +63,7 @@ void AboutOverlay::setAppLogo(platform::Image logo) {
 void AboutOverlay::didMoveToSuperview() {
   if (!superview()) return;
   social_.delegate = delegate;
-  for (platform::Layer* part : {&background_, &panel_, &rule_}) layer().addSublayer(*part);
+  for (toolkit::Layer* part : {&background_, &panel_, &rule_}) layer().addSublayer(*part);
   for (View* view : std::initializer_list<View*>{&appLogo_, &title_, &version_, &thanks_, &like_,
                                                  &contactUs_, &get_all_apps_, &social_, &link_})
     addSubview(*view);
@@ -135,7 +135,7 @@ bool AboutOverlay::keyPressed(const platform::KeyEvent& event) {
   return true;
 }
 
-void AboutOverlay::touchBegan(const platform::Touch& touch) {
+void AboutOverlay::touchBegan(const toolkit::Touch& touch) {
   if (!panel_.frame().contains(touch.locationIn(*this))) setHidden(true);
 }
 
@@ -189,7 +189,7 @@ void AboutOverlay::layoutHero(const Rect& place, double unit) {
   const double gap = logoSide > 0 ? 5 * unit : 0;
   title_.setFont({platform::FontWeight::extraLight, 13 * unit, false});
   version_.setFont(Theme::regularFont.withSize(std::max(9.0, 4.4 * unit)));
-  const auto widthOf = [&](const platform::Label& label) {
+  const auto widthOf = [&](const toolkit::Label& label) {
     return window() ? window()->textWidth(label.text(), label.font()) : 0;
   };
   const double room = place.width - logoSide - gap;

@@ -9,8 +9,8 @@
 #include "Orvane/ParagraphLabel.h"
 #include "Orvane/ResponderView.h"
 #include "Orvane/SocialView.h"
-#include "platform/ImageView.h"
-#include "platform/Label.h"
+#include "toolkit/ImageView.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
@@ -31,9 +31,9 @@ class AboutOverlay : public ResponderView {
   void setAddresses(MakerAddresses addresses);
   void setAppLogo(platform::Image logo);
 
-  platform::Label& title() { return title_; }
-  platform::Label& version() { return version_; }
-  platform::ImageView& appLogo() { return appLogo_; }
+  toolkit::Label& title() { return title_; }
+  toolkit::Label& version() { return version_; }
+  toolkit::ImageView& appLogo() { return appLogo_; }
   kestroui::SimpleButton& like() { return like_; }
   kestroui::SimpleButton& contactUs() { return contactUs_; }
   kestroui::SimpleButton& get_all_apps() { return get_all_apps_; }
@@ -53,7 +53,7 @@ class AboutOverlay : public ResponderView {
   void setHidden(bool hidden) override;
   bool canBecomeFirstResponder() const override { return takesKeyboard_; }
   bool keyPressed(const platform::KeyEvent& event) override;
-  void touchBegan(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 
@@ -69,12 +69,12 @@ class AboutOverlay : public ResponderView {
       "A big shout out to all of those who support us and help us to improve our apps "
       "continuously! Cheers! ";
   MakerAddresses addresses_;
-  platform::Layer background_;
-  platform::Layer panel_;
-  platform::Layer rule_;
-  platform::Label title_;
-  platform::Label version_;
-  platform::ImageView appLogo_;
+  toolkit::Layer background_;
+  toolkit::Layer panel_;
+  toolkit::Layer rule_;
+  toolkit::Label title_;
+  toolkit::Label version_;
+  toolkit::ImageView appLogo_;
   kestroui::SimpleButton like_;
   kestroui::SimpleButton contactUs_;
   kestroui::SimpleButton get_all_apps_;

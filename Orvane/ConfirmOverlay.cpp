@@ -4,7 +4,7 @@
 
 #include "KestroUI/Theme.h"
 #include "Orvane/OverlayStyle.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -26,10 +26,10 @@ void ConfirmOverlay::didMoveToSuperview() {
   addSubview(cancelButton_);
   addSubview(okButton_);
   for (kestroui::SimpleButton* button : {&cancelButton_, &okButton_})
-    button->addTarget<&ConfirmOverlay::handleTouchDown>(*this, platform::ControlEvent::touchDown);
+    button->addTarget<&ConfirmOverlay::handleTouchDown>(*this, toolkit::ControlEvent::touchDown);
 }
 
-void ConfirmOverlay::handleTouchDown(platform::Control& sender) {
+void ConfirmOverlay::handleTouchDown(toolkit::Control& sender) {
   if (auto* owner = delegate.get()) owner->confirmOverlayDidAnswer(*this, &sender == &okButton_);
 }
 

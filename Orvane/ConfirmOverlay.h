@@ -4,13 +4,13 @@
 
 #include "KestroUI/SimpleButton.h"
 #include "Orvane/ConfirmOverlayDelegate.h"
-#include "platform/Label.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
 /// A panel that asks a question with NO and YES. Escape answers NO. Hidden, it gives the keyboard
 /// back to whoever had it before. User-interface thread only.
-class ConfirmOverlay : public platform::View {
+class ConfirmOverlay : public toolkit::View {
  public:
   ConfirmOverlay();
 
@@ -19,12 +19,12 @@ class ConfirmOverlay : public platform::View {
   const std::string& text() const { return textLabel_.text(); }
   /// Another question than whether to delete a preset.
   void setText(std::string text) { textLabel_.setText(std::move(text)); }
-  platform::Label& textLabel() { return textLabel_; }
+  toolkit::Label& textLabel() { return textLabel_; }
   kestroui::SimpleButton& cancelButton() { return cancelButton_; }
   kestroui::SimpleButton& okButton() { return okButton_; }
 
   /// Either button: tells the delegate which.
-  void handleTouchDown(platform::Control& sender);
+  void handleTouchDown(toolkit::Control& sender);
 
   void setHidden(bool hidden) override;
   bool keyPressed(const platform::KeyEvent& event) override;
@@ -33,11 +33,11 @@ class ConfirmOverlay : public platform::View {
 
  private:
   /// The panel, in the middle of what the overlay dims.
-  platform::Layer back_;
-  platform::Label textLabel_;
+  toolkit::Layer back_;
+  toolkit::Label textLabel_;
   kestroui::SimpleButton cancelButton_{"NO"};
   kestroui::SimpleButton okButton_{"YES"};
-  platform::Weak<platform::View> keyboardBefore_;
+  platform::Weak<toolkit::View> keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/DispatchQueue.h"
+#include "foundation/DispatchQueue.h"
 
 namespace orvane {
 
@@ -23,7 +23,7 @@ struct Reading : std::enable_shared_from_this<Reading> {
         item, [self = shared_from_this(), &item](const std::optional<std::string>& path) {
           self->accessor(item, path);
           // From the queue again: a long folder would be a deep recursion otherwise.
-          platform::DispatchQueue::globalAsync([self] { self->step(); });
+          foundation::DispatchQueue::globalAsync([self] { self->step(); });
         });
   }
 };
@@ -38,7 +38,7 @@ void CoordinatedReading::start(std::shared_ptr<platform::CloudStorage> cloud,
   reading->items = std::move(items);
   reading->wants = std::move(wants);
   reading->accessor = std::move(accessor);
-  platform::DispatchQueue::globalAsync([reading] { reading->step(); });
+  foundation::DispatchQueue::globalAsync([reading] { reading->step(); });
 }
 
 }  // namespace orvane

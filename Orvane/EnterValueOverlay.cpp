@@ -5,7 +5,7 @@
 
 namespace orvane {
 
-using platform::ControlEvent;
+using toolkit::ControlEvent;
 namespace Theme = kestroui::Theme;
 
 EnterValueOverlay::EnterValueOverlay() {

@@ -17,7 +17,7 @@ class EnterValueOverlay : public TextFieldOverlay {
   /// Shown in the field while it is empty: the value that the control has now.
   void setCurrentValueText(const std::string& text);
 
-  platform::Control& outside() { return outside_; }
+  toolkit::Control& outside() { return outside_; }
   kestroui::SimpleButton& resetButton() { return resetButton_; }
 
   void handleTouchDownReset();
@@ -28,9 +28,9 @@ class EnterValueOverlay : public TextFieldOverlay {
 
  private:
   /// Behind the panel, over all of the editor.
-  platform::Control outside_;
+  toolkit::Control outside_;
   /// The panel.
-  platform::Layer back_;
+  toolkit::Layer back_;
   kestroui::SimpleButton resetButton_{"RESET"};
 };
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/UserDefaults.h"
+#include "foundation/UserDefaults.h"
 
 namespace orvane {
 
+using foundation::UserDefaults;
 using platform::PropertyList;
-using platform::UserDefaults;
 
 namespace {
 

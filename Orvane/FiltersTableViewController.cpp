@@ -8,8 +8,8 @@
 
 namespace orvane {
 
-using platform::IndexPath;
-using platform::TableView;
+using toolkit::IndexPath;
+using toolkit::TableView;
 namespace Theme = kestroui::Theme;
 
 void FiltersTableViewController::viewDidLoad() {
@@ -40,8 +40,8 @@ int FiltersTableViewController::numberOfRowsInSection(TableView&, int) {
   return static_cast<int>(filterList_.size());
 }
 
-platform::TableViewCell& FiltersTableViewController::cellForRowAt(TableView& table, IndexPath row) {
-  auto& cell = table.dequeueReusableCell<platform::TableViewCell>();
+toolkit::TableViewCell& FiltersTableViewController::cellForRowAt(TableView& table, IndexPath row) {
+  auto& cell = table.dequeueReusableCell<toolkit::TableViewCell>();
   PresetTableStyle::apply(cell);
   cell.textLabel().setFont(PresetTableStyle::font(PresetTableStyle::rowHeight(table)));
   cell.textLabel().setText(filterList_[static_cast<std::size_t>(row.row)]);

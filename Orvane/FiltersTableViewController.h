@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "Orvane/FiltersTableViewControllerDelegate.h"
-#include "platform/TableViewController.h"
+#include "toolkit/TableViewController.h"
 
 namespace orvane {
 
 /// The column of bank filters beside the preset list. User-interface thread only.
-class FiltersTableViewController : public platform::TableViewController {
+class FiltersTableViewController : public toolkit::TableViewController {
  public:
   platform::Weak<FiltersTableViewControllerDelegate> delegate;
 
@@ -23,12 +23,11 @@ class FiltersTableViewController : public platform::TableViewController {
   void reapplySelection();
 
   void viewDidLoad() override;
-  int numberOfRowsInSection(platform::TableView& table, int section) override;
-  platform::TableViewCell& cellForRowAt(platform::TableView& table,
-                                        platform::IndexPath row) override;
-  double heightForHeaderInSection(platform::TableView& table, int section) override;
-  double heightForRowsInSection(platform::TableView& table, int section) override;
-  void didSelectRowAt(platform::TableView& table, platform::IndexPath row) override;
+  int numberOfRowsInSection(toolkit::TableView& table, int section) override;
+  toolkit::TableViewCell& cellForRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
+  double heightForHeaderInSection(toolkit::TableView& table, int section) override;
+  double heightForRowsInSection(toolkit::TableView& table, int section) override;
+  void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 
  private:
   std::vector<std::string> filterList_;

@@ -3,7 +3,8 @@
 #include <utility>
 
 #include "Orvane/CoordinatedReading.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
 #include "platform/FileManager.h"
 #include "platform/FilePath.h"
 
@@ -15,7 +16,7 @@ ICloudManager::ICloudManager(std::optional<std::string> containerIdentifier)
     : identifier(std::move(containerIdentifier)) {}
 
 std::optional<std::string> ICloudManager::iCloudURL() const {
-  const auto cloud = FileManager::defaultManager().cloud();
+  const auto cloud = foundation::DefaultFileManager::current().cloud();
   const auto container = cloud ? cloud->container(identifier) : std::nullopt;
   return container ? std::optional(*container + "/Documents") : std::nullopt;
 }
@@ -23,14 +24,14 @@ std::optional<std::string> ICloudManager::iCloudURL() const {
 void ICloudManager::initialize() const {
   const auto url = iCloudURL();
   if (!url) return;
-  const auto error =
-      FileManager::defaultManager().createDirectory(*url, FileManager::Intermediates::create);
-  if (error) platform::printToConsole(error->localizedDescription);
+  const auto error = foundation::DefaultFileManager::current().createDirectory(
+      *url, FileManager::Intermediates::create);
+  if (error) foundation::printToConsole(error->localizedDescription);
 }
 
 void ICloudManager::sync(const std::optional<std::string>& url,
                          std::function<void(const std::string&)> completion) const {
-  FileManager& files = FileManager::defaultManager();
+  FileManager& files = foundation::DefaultFileManager::current();
   const auto cloud = files.cloud();
   const auto entries = url && cloud ? files.contentsOfDirectory(*url) : std::nullopt;
   if (!entries) return;

@@ -7,15 +7,16 @@
 
 #include "Orvane/CoordinatedReading.h"
 #include "Orvane/ICloudManager.h"
-#include "platform/Console.h"
-#include "platform/DispatchQueue.h"
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
+#include "foundation/DispatchQueue.h"
 #include "platform/FileManager.h"
 #include "platform/FilePath.h"
 
 namespace orvane {
 
+using foundation::printToConsole;
 using platform::FileManager;
-using platform::printToConsole;
 
 namespace {
 
@@ -39,7 +40,7 @@ void moveFile(FileManager& files, const std::string& item, const std::optional<s
 void ICloudMigrationHelper::movePresetsFromPreviousICloud(
     const std::string& previousIdentifier, const std::string& extraResourceFolderName) {
   const ICloudManager current(std::nullopt), previous(previousIdentifier);
-  FileManager& files = FileManager::defaultManager();
+  FileManager& files = foundation::DefaultFileManager::current();
   const auto from = previous.iCloudURL(), to = current.iCloudURL();
   std::vector<std::string> names{"Presets"};
   if (platform::isFileName(extraResourceFolderName)) names.push_back(extraResourceFolderName);
@@ -60,7 +61,7 @@ void ICloudMigrationHelper::movePresetsFromPreviousICloud(
   const auto again = [previousIdentifier, extraResourceFolderName,
                       isPlanned = std::make_shared<std::atomic<bool>>(false)] {
     if (isPlanned->exchange(true)) return;
-    platform::DispatchQueue::mainAsyncAfter(
+    foundation::DispatchQueue::mainAsyncAfter(
         secondsToNextRun, [previousIdentifier, extraResourceFolderName] {
           movePresetsFromPreviousICloud(previousIdentifier, extraResourceFolderName);
         });

@@ -77,13 +77,14 @@ void KestroAUViewController::tellAudioUnitOfUI(bool visible) {
 void KestroAUViewController::viewDidAppear() {
   ViewController::viewDidAppear();
   tellAudioUnitOfUI(true);
-  if (!displayLink_) displayLink_ = std::make_unique<platform::DisplayLink>([this] { updateUI(); });
-  checkTimer_ = platform::Timer(checkInterval, platform::Timer::Repeat::forever,
-                                [self = platform::Weak<KestroAUViewController>(this)] {
-                                  if (!self) return;
-                                  self->followHostFrame();
-                                  self->followPresetName();
-                                });
+  if (!displayLink_)
+    displayLink_ = std::make_unique<foundation::DisplayLink>([this] { updateUI(); });
+  checkTimer_ = foundation::Timer(checkInterval, foundation::Timer::Repeat::forever,
+                                  [self = platform::Weak<KestroAUViewController>(this)] {
+                                    if (!self) return;
+                                    self->followHostFrame();
+                                    self->followPresetName();
+                                  });
 }
 
 void KestroAUViewController::viewDidDisappear() {
@@ -209,12 +210,12 @@ platform::Presentation* KestroAUViewController::presentation() {
   return program ? program->presentation() : nullptr;
 }
 
-void KestroAUViewController::addViewController(platform::ViewController& child) {
+void KestroAUViewController::addViewController(toolkit::ViewController& child) {
   addChild(child);
   view().addSubview(child.view());
 }
 
-void KestroAUViewController::removeViewController(platform::ViewController& child) {
+void KestroAUViewController::removeViewController(toolkit::ViewController& child) {
   child.view().removeFromSuperview();
   child.removeFromParent();
 }

@@ -22,11 +22,11 @@
 #include "Orvane/ParameterConnection.h"
 #include "Orvane/PresetManager.h"
 #include "Orvane/SettingsViewController.h"
+#include "foundation/RunLoop.h"
 #include "platform/AudioUnit.h"
 #include "platform/Image.h"
 #include "platform/Presentation.h"
-#include "platform/RunLoop.h"
-#include "platform/ViewController.h"
+#include "toolkit/ViewController.h"
 
 namespace kestroui {
 class DoubleFilterView;
@@ -47,7 +47,7 @@ namespace orvane {
 /// It never owns the audio unit, which may come later than the view and go before it. Whoever
 /// shows the editor adds its view, calls appear and disappear, and destroys it at any time.
 /// User-interface thread only; the audio unit's parameters may change on any thread.
-class KestroAUViewController : public platform::ViewController,
+class KestroAUViewController : public toolkit::ViewController,
                                public kestroui::ContainerDelegate,
                                public MenuBarDelegate,
                                public EnterValueOverlayDelegate,
@@ -218,11 +218,11 @@ class KestroAUViewController : public platform::ViewController,
   /// Where pickers, share sheets and alerts appear; null where they cannot.
   platform::Presentation* presentation();
   /// Adds a child with its view on top, or removes both.
-  void addViewController(platform::ViewController& child);
-  void removeViewController(platform::ViewController& child);
+  void addViewController(toolkit::ViewController& child);
+  void removeViewController(toolkit::ViewController& child);
 
   /// Null while off screen.
-  const platform::DisplayLink* displayLink() const { return displayLink_.get(); }
+  const foundation::DisplayLink* displayLink() const { return displayLink_.get(); }
   /// The host is changing the size; noticed at most 0.1 s late.
   bool isResizing() const { return resizing_; }
   /// Frame of the content below the menu bar at the last layout.
@@ -231,7 +231,7 @@ class KestroAUViewController : public platform::ViewController,
   // Actions and callbacks
 
   /// A control has a new value: sets its parameters. Any sender but a container is ignored.
-  void handleValueChanged(platform::Control& sender);
+  void handleValueChanged(toolkit::Control& sender);
   void didDoubleTap(const std::shared_ptr<kestroui::ParamKey>& key) override;
   void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
                                   const std::optional<std::string>& text) override;
@@ -307,8 +307,8 @@ class KestroAUViewController : public platform::ViewController,
   std::unique_ptr<ParameterConnection> connection_;
   std::unique_ptr<PresetManager> presetManager_;
 
-  std::unique_ptr<platform::DisplayLink> displayLink_;
-  platform::Timer checkTimer_;
+  std::unique_ptr<foundation::DisplayLink> displayLink_;
+  foundation::Timer checkTimer_;
   platform::Rect storedRect_;
   platform::Rect mainContentFrame_;
   double labelScale_ = 1;

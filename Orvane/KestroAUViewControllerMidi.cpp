@@ -7,7 +7,7 @@
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MidiScale.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
 
 namespace orvane {
 
@@ -87,7 +87,7 @@ void KestroAUViewController::didSelectMidiMap(const Key& key, Container* contain
   lastMidiMapKey_ = key;
   lastMidiMapppedContainer_ = container;
   if (auto* several = dynamic_cast<MultipleContainer*>(container))
-    platform::printToConsole(std::to_string(several->subContainers().size()));
+    foundation::printToConsole(std::to_string(several->subContainers().size()));
   if (Container* const selected = midiMapContainer(*key)) selected->setMidiMapSelected(true);
   visitParts(*controls_, key->key(), [](Container& part) { part.setMidiMapSelected(true); });
   if (auto* host = hostDelegate.get()) host->didSelectMidiMap(key);

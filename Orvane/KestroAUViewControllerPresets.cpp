@@ -4,7 +4,7 @@
 
 #include "Orvane/FavPresetsStore.h"
 #include "Orvane/KestroAUViewController.h"
-#include "platform/DispatchQueue.h"
+#include "foundation/DispatchQueue.h"
 
 namespace orvane {
 
@@ -29,7 +29,7 @@ void KestroAUViewController::loadPresetStorage() {
 
 void KestroAUViewController::followAudioUnitWithPresets() {
   if (!presetManager_ || !audioUnit_) return;
-  platform::DispatchQueue::mainAsync([self = platform::Weak<KestroAUViewController>(this)] {
+  foundation::DispatchQueue::mainAsync([self = platform::Weak<KestroAUViewController>(this)] {
     if (!self || !self->presetManager_ || !self->audioUnit_) return;
     self->presetManager_->audioUnit = self->audioUnit_;
     self->rebuildPresetList();

@@ -120,7 +120,7 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
     container->setMidiMappingEnabled(midiMappingEnabled_);
     container->delegate = this;
     container->addTarget<&KestroAUViewController::handleValueChanged>(
-        *this, platform::ControlEvent::valueChanged);
+        *this, toolkit::ControlEvent::valueChanged);
   }
   updateAllParameters();
   if (settingsViewController_.isViewLoaded()) settingsViewController_.doLayout();
@@ -128,7 +128,7 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
 
 // From the control to the parameter
 
-void KestroAUViewController::handleValueChanged(platform::Control& sender) {
+void KestroAUViewController::handleValueChanged(toolkit::Control& sender) {
   auto* container = dynamic_cast<Container*>(&sender);
   if (!container) return;
   const bool drivesSeveral = container->paramKeys().size() > 1;

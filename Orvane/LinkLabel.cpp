@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -30,11 +30,11 @@ Rect LinkLabel::textPlace(double width) const {
 }
 
 bool LinkLabel::pointInside(platform::Point point) const {
-  const platform::Window* shownIn = window();
+  const toolkit::Window* shownIn = window();
   return shownIn && textPlace(shownIn->textWidth(text(), font())).contains(point);
 }
 
-void LinkLabel::touchBegan(const platform::Touch&) { tap(); }
+void LinkLabel::touchBegan(const toolkit::Touch&) { tap(); }
 
 bool LinkLabel::keyPressed(const platform::KeyEvent& event) {
   const bool presses = event.key == platform::Key::space || event.key == platform::Key::returnKey;

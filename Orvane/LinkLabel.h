@@ -2,13 +2,13 @@
 
 #include <functional>
 
-#include "platform/Label.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
 /// A text that is tapped like a button; Space and Return tap it while it has the keyboard. Only the
 /// text itself is hit, not all of the frame. User-interface thread only.
-class LinkLabel : public platform::Label {
+class LinkLabel : public toolkit::Label {
  public:
   LinkLabel();
 
@@ -18,7 +18,7 @@ class LinkLabel : public platform::Label {
   bool canBecomeFirstResponder() const override { return true; }
   void firstResponderChanged() override { setNeedsDisplay(); }
   bool pointInside(platform::Point point) const override;
-  void touchBegan(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   void hoverChanged(bool hovered) override;
   void paint(platform::Canvas& canvas) override;

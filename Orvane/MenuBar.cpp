@@ -8,12 +8,13 @@
 #include "KestroUI/Theme.h"
 #include "Orvane/PluginInfo.h"
 #include "Orvane/WebAddress.h"
-#include "platform/DispatchQueue.h"
-#include "platform/UnicodeText.h"
+#include "foundation/DispatchQueue.h"
+#include "foundation/SharedURLSession.h"
+#include "foundation/UnicodeText.h"
 
 namespace orvane {
 
-using platform::ControlEvent;
+using toolkit::ControlEvent;
 namespace Theme = kestroui::Theme;
 
 namespace {
@@ -24,7 +25,7 @@ constexpr const char* helpEndpoint = "/LICENSES/help_url.php?product_identifier=
 std::string helpPathOf(const platform::URLSession::Answer& answer) {
   const bool isThere = answer.error.empty() && answer.statusCode >= 200 && answer.statusCode < 300;
   std::string text(answer.data.begin(), answer.data.end());
-  return isThere && platform::isUTF8(text) ? text : std::string();
+  return isThere && foundation::isUTF8(text) ? text : std::string();
 }
 
 /// Without the line end that servers like to send.
@@ -117,11 +118,11 @@ void MenuBar::askForHelp() {
   if (helpTask_ || productId.empty() || helpHost.empty()) return;
   const std::string url = helpHost + helpEndpoint + productId;
   if (!WebAddress::isURL(url)) return;
-  helpTask_ = platform::URLSession::shared().dataTask(
+  helpTask_ = foundation::SharedURLSession::current().dataTask(
       url, [self = platform::Weak<MenuBar>(this)](const platform::URLSession::Answer& answer) {
         std::string path = helpPathOf(answer);
         if (path.empty()) return;
-        platform::DispatchQueue::mainAsync([self, path = std::move(path)]() mutable {
+        foundation::DispatchQueue::mainAsync([self, path = std::move(path)]() mutable {
           if (self) self->showHelp(std::move(path));
         });
       });
@@ -196,7 +197,7 @@ void MenuBar::onPresetButton() {
   overlays->setNeedsDisplay();
 }
 
-void MenuBar::onPresetArrow(platform::Control& sender) {
+void MenuBar::onPresetArrow(toolkit::Control& sender) {
   if (auto* overlays = overlaysView.get())
     overlays->presetViewOverlay().presetListTableViewController().selectNext(&sender ==
                                                                              &arrowLeft_);

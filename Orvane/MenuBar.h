@@ -11,9 +11,9 @@
 #include "KestroUI/SimpleButton.h"
 #include "Orvane/MenuBarDelegate.h"
 #include "Orvane/OverlaysView.h"
-#include "platform/ImageView.h"
 #include "platform/URLSession.h"
-#include "platform/View.h"
+#include "toolkit/ImageView.h"
+#include "toolkit/View.h"
 
 namespace orvane {
 
@@ -22,7 +22,7 @@ namespace orvane {
 /// if there are any, help once its address is known, and the maker's logo. The preset's name opens
 /// and closes the browser. It knows nothing of the plug-in: it shows the overlays, and asks its
 /// delegate for everything else. User-interface thread only.
-class MenuBar : public platform::View {
+class MenuBar : public toolkit::View {
  public:
   MenuBar();
 
@@ -60,13 +60,13 @@ class MenuBar : public platform::View {
   kestroui::DiceButton& randomizeButton() { return randomizeButton_; }
   /// In the bar only once the help page's address is known.
   kestroui::ImageButton& helpButton() { return helpButton_; }
-  platform::ImageView& logoView() { return logoView_; }
+  toolkit::ImageView& logoView() { return logoView_; }
   /// Null until displays are set.
   kestroui::RadioButtons* displayMode() const { return displayMode_.get(); }
 
   void onAboutButton();
   void onPresetButton();
-  void onPresetArrow(platform::Control& sender);
+  void onPresetArrow(toolkit::Control& sender);
   void onRandomize();
   void onDisplayChanged();
   void onHelpClicked();
@@ -83,7 +83,7 @@ class MenuBar : public platform::View {
 
   kestroui::ImageButton aboutButton_;
   kestroui::SimpleButton presetNameLabel_;
-  platform::ImageView logoView_;
+  toolkit::ImageView logoView_;
   kestroui::ArrowButton arrowLeft_{kestroui::ArrowButton::Direction::left};
   kestroui::ArrowButton arrowRight_{kestroui::ArrowButton::Direction::right};
   kestroui::DiceButton randomizeButton_;

@@ -10,7 +10,7 @@ void MultiSelectable::setValues(std::vector<std::string> values) {
   buttons_.clear();
   for (const std::string& value : values_) {
     auto button = std::make_unique<MultiSelectableButton>(value);
-    button->addTarget<&MultiSelectable::handleTouchDown>(*this, platform::ControlEvent::touchDown);
+    button->addTarget<&MultiSelectable::handleTouchDown>(*this, toolkit::ControlEvent::touchDown);
     addSubview(*button);
     buttons_.push_back(std::move(button));
   }
@@ -23,7 +23,7 @@ void MultiSelectable::setSelectedValues(const std::vector<std::string>& values) 
   selectionChanged();
 }
 
-void MultiSelectable::handleTouchDown(platform::Control& sender) {
+void MultiSelectable::handleTouchDown(toolkit::Control& sender) {
   const auto tapped = std::find_if(buttons_.begin(), buttons_.end(),
                                    [&](const auto& button) { return button.get() == &sender; });
   if (tapped == buttons_.end()) return;
@@ -54,7 +54,7 @@ void MultiSelectable::draw(const platform::Rect& rect) {
 
 void MultiSelectable::setNeedsDisplay() {
   Control::setNeedsDisplay();
-  for (platform::View* subview : subviews()) subview->setNeedsDisplay();
+  for (toolkit::View* subview : subviews()) subview->setNeedsDisplay();
 }
 
 }  // namespace orvane

@@ -6,13 +6,13 @@
 
 #include "Orvane/MultiSelectableButton.h"
 #include "Orvane/MultiSelectableDelegate.h"
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
 namespace orvane {
 
 /// A row of texts of which any number may be chosen at once: a tap switches one. Longer texts get
 /// more of the width. User-interface thread only.
-class MultiSelectable : public platform::Control {
+class MultiSelectable : public toolkit::Control {
  public:
   MultiSelectable() = default;
 
@@ -29,7 +29,7 @@ class MultiSelectable : public platform::Control {
   const std::vector<std::unique_ptr<MultiSelectableButton>>& buttons() const { return buttons_; }
 
   /// The action of every button: switches it. A sender that is none of them is ignored.
-  void handleTouchDown(platform::Control& sender);
+  void handleTouchDown(toolkit::Control& sender);
 
   void draw(const platform::Rect& rect) override;
   void setNeedsDisplay() override;

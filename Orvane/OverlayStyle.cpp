@@ -12,7 +12,7 @@ platform::Color backdropColor() { return Theme::background.withAlpha(0.8f); }
 
 double cornerRadius() { return Theme::cornerRadius * 3; }
 
-void applyPanel(platform::Layer& panel) {
+void applyPanel(toolkit::Layer& panel) {
   panel.setBackgroundColor(Theme::panel);
   panel.setBorderColor(Theme::line);
   panel.setBorderWidth(1);

@@ -2,7 +2,7 @@
 
 #include "platform/Color.h"
 #include "platform/Geometry.h"
-#include "platform/Layer.h"
+#include "toolkit/Layer.h"
 
 namespace orvane {
 
@@ -15,7 +15,7 @@ inline constexpr double menuBarShare = 0.104;
 /// Dims what an overlay covers.
 platform::Color backdropColor();
 double cornerRadius();
-void applyPanel(platform::Layer& panel);
+void applyPanel(toolkit::Layer& panel);
 /// Where the panel of an overlay as large as the editor stands: below the menu bar, in points.
 platform::Rect panelIn(const platform::Rect& bounds);
 

@@ -11,7 +11,7 @@ void OverlaysView::didMoveToSuperview() {
   aboutViewOverlay_.setHidden(true);
   presetViewOverlay_.setHidden(true);
   presetViewOverlay_.addTarget<&OverlaysView::handleTouchDown>(*this,
-                                                               platform::ControlEvent::touchDown);
+                                                               toolkit::ControlEvent::touchDown);
 }
 
 void OverlaysView::setPresetViewUseFilters(bool use) {

@@ -8,7 +8,7 @@ namespace orvane {
 
 /// Holds what covers the whole editor; touches go through it where nothing does. Owned by the main
 /// controller. User-interface thread only.
-class OverlaysView : public platform::View {
+class OverlaysView : public toolkit::View {
  public:
   AboutOverlay& aboutViewOverlay() { return aboutViewOverlay_; }
   PresetViewOverlay& presetViewOverlay() { return presetViewOverlay_; }

@@ -12,7 +12,7 @@ void PageNavigation::setPages(std::vector<std::string> titles) {
   for (const std::string& title : pages_) {
     auto button = std::make_unique<PageButton>();
     button->setTitle(title);
-    button->addTarget<&PageNavigation::onPageButton>(*this, platform::ControlEvent::touchDown);
+    button->addTarget<&PageNavigation::onPageButton>(*this, toolkit::ControlEvent::touchDown);
     addSubview(*button);
     pageButtons_.push_back(std::move(button));
   }
@@ -31,7 +31,7 @@ void PageNavigation::setCurrentPage(int page) {
                     std::to_string(pageButtons_.size()));
   currentPage_ = page;
   selectButton();
-  sendActions(platform::ControlEvent::valueChanged);
+  sendActions(toolkit::ControlEvent::valueChanged);
 }
 
 void PageNavigation::removePage(int page, int current) {
@@ -42,7 +42,7 @@ void PageNavigation::removePage(int page, int current) {
   setNeedsDisplay();
 }
 
-void PageNavigation::onPageButton(platform::Control& sender) {
+void PageNavigation::onPageButton(toolkit::Control& sender) {
   for (std::size_t i = 0; i < pageButtons_.size(); ++i)
     if (pageButtons_[i].get() == &sender) {
       setCurrentPage(static_cast<int>(i));

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "Orvane/PageButton.h"
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
 namespace orvane {
 
 /// The row of page tabs. Sends valueChanged whenever a page is chosen, also the one shown.
-class PageNavigation : public platform::Control {
+class PageNavigation : public toolkit::Control {
  public:
   PageNavigation() = default;
 
@@ -26,7 +26,7 @@ class PageNavigation : public platform::Control {
   void removePage(int page, int current);
 
   /// A button was pressed; any that is not one of its tabs is ignored.
-  void onPageButton(platform::Control& sender);
+  void onPageButton(toolkit::Control& sender);
 
   void draw(const platform::Rect& rect) override;
 

@@ -8,12 +8,12 @@
 #include "Orvane/ControlCollection.h"
 #include "Orvane/Page.h"
 #include "Orvane/SectionView.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace orvane {
 
 /// Shows one page: it owns the views of the page's sections and places them by their weights.
-class PageView : public platform::View {
+class PageView : public toolkit::View {
  public:
   using SectionViews = std::map<std::string, std::unique_ptr<SectionView>>;
 

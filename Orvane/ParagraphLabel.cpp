@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -29,7 +29,7 @@ std::vector<std::string_view> ParagraphLabel::lines(
 }
 
 double ParagraphLabel::heightFor(double width) const {
-  const platform::Window* shownIn = window();
+  const toolkit::Window* shownIn = window();
   if (!shownIn) return 0;
   const auto broken =
       lines(width, [&](std::string_view line) { return shownIn->textWidth(line, font()); });

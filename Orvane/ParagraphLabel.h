@@ -4,13 +4,13 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Label.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
 /// A text of as many lines as its width needs, broken between words, from the top of its frame on.
 /// User-interface thread only.
-class ParagraphLabel : public platform::Label {
+class ParagraphLabel : public toolkit::Label {
  public:
   /// Height that the text takes at a width, both in points; only in a window.
   double heightFor(double width) const;

@@ -3,8 +3,8 @@
 #include <functional>
 #include <memory>
 
+#include "foundation/RealtimePort.h"
 #include "platform/AudioUnit.h"
-#include "platform/RealtimePort.h"
 
 namespace orvane {
 
@@ -30,7 +30,7 @@ class ParameterConnection {
 
  private:
   platform::Weak<platform::AudioUnit> audioUnit_;
-  platform::RealtimePort port_;
+  foundation::RealtimePort port_;
   platform::AUParameterObserverToken parameterObserverToken_ = nullptr;
 };
 

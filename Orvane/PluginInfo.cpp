@@ -3,7 +3,7 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/Bundle.h"
+#include "foundation/Bundle.h"
 #include "platform/Fatal.h"
 
 namespace orvane {
@@ -20,7 +20,7 @@ constexpr const char* minorKey = "CFBundleVersion";
 using Entry = std::optional<std::optional<PropertyList>>;
 
 struct Values {
-  platform::Bundle::InfoDictionary bundle;
+  foundation::Bundle::InfoDictionary bundle;
   std::optional<std::string> appName;
   Entry major, minor;
 };
@@ -30,7 +30,7 @@ std::mutex mutex;
 /// Those of the present main bundle. Under the lock.
 Values& values() {
   static Values kept;
-  if (auto bundle = platform::Bundle::mainInfoDictionary(); bundle != kept.bundle)
+  if (auto bundle = foundation::Bundle::mainInfoDictionary(); bundle != kept.bundle)
     kept = {std::move(bundle), {}, {}, {}};
   return kept;
 }

@@ -8,7 +8,7 @@
 namespace orvane {
 
 /// What the main bundle says of the plug-in: its name and version, as the views show them. One for
-/// the whole process; see platform::Bundle for what the main bundle is where several plug-ins share
+/// the whole process; see foundation::Bundle for what the main bundle is where several plug-ins share
 /// one. Each value is read once, on first use, and kept as long as the main bundle is the same. Any
 /// thread.
 class PluginInfo {

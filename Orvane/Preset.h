@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "foundation/UnicodeText.h"
 #include "platform/AudioUnit.h"
 #include "platform/KestroAUPreset.h"
-#include "platform/UnicodeText.h"
 
 namespace orvane {
 
@@ -39,7 +39,7 @@ class Preset {
   /// By name and kind alone: two factory presets of one name are equal even in different banks,
   /// and so are user presets of one name in different folders.
   friend bool operator==(const Preset& a, const Preset& b) {
-    return a.isUserPreset == b.isUserPreset && platform::isSameText(a.name, b.name);
+    return a.isUserPreset == b.isUserPreset && foundation::isSameText(a.name, b.name);
   }
 };
 

@@ -16,7 +16,7 @@ PresetCell::PresetCell() {
 void PresetCell::didMoveToSuperview() {
   if (!superview()) return;
   addSubview(starButton_);
-  starButton_.addTarget<&PresetCell::handleValueChanged>(*this, platform::ControlEvent::touchDown);
+  starButton_.addTarget<&PresetCell::handleValueChanged>(*this, toolkit::ControlEvent::touchDown);
 }
 
 void PresetCell::setShowStarButton(bool show) {

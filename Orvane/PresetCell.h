@@ -4,12 +4,12 @@
 
 #include "KestroUI/StarButton.h"
 #include "Orvane/Preset.h"
-#include "platform/TableViewCell.h"
+#include "toolkit/TableViewCell.h"
 
 namespace orvane {
 
 /// A preset in the list, with the star that makes it a favourite. User-interface thread only.
-class PresetCell : public platform::TableViewCell {
+class PresetCell : public toolkit::TableViewCell {
  public:
   PresetCell();
 

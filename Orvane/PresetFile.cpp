@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace orvane {
 
@@ -74,11 +74,11 @@ bool endsAsPropertyList(std::string_view text) {
 
 std::optional<PresetFile> PresetFile::decode(std::span<const std::uint8_t> bytes,
                                              std::string& error) {
-  auto list = platform::parsePropertyList(bytes, error);
+  auto list = foundation::parsePropertyList(bytes, error);
   if (!list) return std::nullopt;
   PresetFile file;
-  if (platform::isKeyedArchive(*list)) {
-    auto root = platform::unarchive(*list, error);
+  if (foundation::isKeyedArchive(*list)) {
+    auto root = foundation::unarchive(*list, error);
     if (root && root->as<PropertyList::Dictionary>()) {
       file.form = Form::keyedArchive;
       file.content = std::move(*root);

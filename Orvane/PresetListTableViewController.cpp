@@ -11,14 +11,14 @@
 #include "Orvane/PresetCell.h"
 #include "Orvane/PresetManager.h"
 #include "Orvane/PresetTableStyle.h"
+#include "foundation/UnicodeText.h"
 #include "platform/Fatal.h"
-#include "platform/Label.h"
-#include "platform/UnicodeText.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
-using platform::IndexPath;
-using platform::TableView;
+using toolkit::IndexPath;
+using toolkit::TableView;
 using Presets = std::vector<std::shared_ptr<Preset>>;
 namespace Theme = kestroui::Theme;
 
@@ -29,7 +29,7 @@ void sortByName(Presets& presets) {
   std::vector<std::pair<std::string, std::shared_ptr<Preset>>> named;
   named.reserve(presets.size());
   for (auto& preset : presets)
-    named.emplace_back(platform::uppercased(preset->name), std::move(preset));
+    named.emplace_back(foundation::uppercased(preset->name), std::move(preset));
   // The order of UTF-8 bytes is that of code points.
   std::stable_sort(named.begin(), named.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -37,7 +37,7 @@ void sortByName(Presets& presets) {
 }
 
 /// Above the presets of one kind.
-class SectionHeader : public platform::View {
+class SectionHeader : public toolkit::View {
  public:
   explicit SectionHeader(const std::string& title) {
     setBackgroundColor(Theme::menu);
@@ -53,7 +53,7 @@ class SectionHeader : public platform::View {
   }
 
  private:
-  platform::Label label_;
+  toolkit::Label label_;
 };
 
 }  // namespace
@@ -86,7 +86,7 @@ void PresetListTableViewController::reload() {
   sortByName(presetFileList_);
   const auto standard = std::find_if(
       presetFileList_.begin(), presetFileList_.end(),
-      [](const auto& preset) { return platform::uppercased(preset->name) == "DEFAULT"; });
+      [](const auto& preset) { return foundation::uppercased(preset->name) == "DEFAULT"; });
   if (standard != presetFileList_.end())
     std::rotate(presetFileList_.begin(), standard, std::next(standard));
 
@@ -95,7 +95,7 @@ void PresetListTableViewController::reload() {
   lowerCaseNames_.clear();
   for (const auto& preset : presetFileList_) {
     if (favourites.contains(preset->uniqueName())) preset->isFavourite = true;
-    lowerCaseNames_.push_back(platform::lowercased(preset->name));
+    lowerCaseNames_.push_back(foundation::lowercased(preset->name));
   }
   filterList();
 }
@@ -107,13 +107,13 @@ bool PresetListTableViewController::passesBank(const Preset& preset,
   if (bank == "USER") return preset.isUserPreset;
   if (bank == "FAVOURITES") return preset.isFavourite;
   if (preset.isUserPreset) return false;
-  return platform::lowercased(preset.bankName) == lowerCaseBank ||
+  return foundation::lowercased(preset.bankName) == lowerCaseBank ||
          (preset.bankName.empty() && bank == defaultBank);
 }
 
 void PresetListTableViewController::filterList() {
-  const std::string bank = platform::lowercased(currentBankFilter);
-  const std::string wanted = platform::lowercased(searchText);
+  const std::string bank = foundation::lowercased(currentBankFilter);
+  const std::string wanted = foundation::lowercased(searchText);
   const auto& categories = currentCategoriesFilter;
   const auto hasAnyCategory = [&](const Preset& preset) {
     return categories.empty() ||
@@ -146,7 +146,7 @@ void PresetListTableViewController::markFavourite(const std::string& uniqueName)
 
 bool PresetListTableViewController::hasCategory(const Preset& preset, const std::string& category) {
   return std::find(preset.categories.begin(), preset.categories.end(),
-                   platform::lowercased(category)) != preset.categories.end();
+                   foundation::lowercased(category)) != preset.categories.end();
 }
 
 void PresetListTableViewController::searchFor(const std::string& text) {
@@ -211,8 +211,8 @@ int PresetListTableViewController::numberOfRowsInSection(TableView&, int section
   return static_cast<int>(presets.size());
 }
 
-platform::TableViewCell& PresetListTableViewController::cellForRowAt(TableView& table,
-                                                                     IndexPath row) {
+toolkit::TableViewCell& PresetListTableViewController::cellForRowAt(TableView& table,
+                                                                    IndexPath row) {
   auto& cell = table.dequeueReusableCell<PresetCell>();
   cell.setShowStarButton(!useHeaders);
   cell.setPreset(presetAt(row));
@@ -224,7 +224,7 @@ std::string PresetListTableViewController::titleForHeaderInSection(TableView&, i
   return section == 0 ? "USER" : "FACTORY";
 }
 
-std::unique_ptr<platform::View> PresetListTableViewController::viewForHeaderInSection(
+std::unique_ptr<toolkit::View> PresetListTableViewController::viewForHeaderInSection(
     TableView& table, int section) {
   if (!useHeaders) return TableViewController::viewForHeaderInSection(table, section);
   return std::make_unique<SectionHeader>(titleForHeaderInSection(table, section));

@@ -7,7 +7,7 @@
 
 #include "Orvane/PresetListTableViewControllerDelegate.h"
 #include "platform/KestroAUPreset.h"
-#include "platform/TableViewController.h"
+#include "toolkit/TableViewController.h"
 
 namespace orvane {
 
@@ -16,7 +16,7 @@ class PresetManager;
 /// The list of presets in the browser, and the order that the menu bar's arrows walk through. It
 /// shows what passes the bank, the categories and the search; the walk goes through all. Two
 /// presets are the same for it when they are equal. User-interface thread only.
-class PresetListTableViewController : public platform::TableViewController {
+class PresetListTableViewController : public toolkit::TableViewController {
  public:
   using PresetPtr = std::shared_ptr<Preset>;
 
@@ -59,21 +59,20 @@ class PresetListTableViewController : public platform::TableViewController {
   static bool hasCategory(const Preset& preset, const std::string& category);
 
   void viewDidLoad() override;
-  int numberOfSections(platform::TableView& table) override;
-  int numberOfRowsInSection(platform::TableView& table, int section) override;
-  platform::TableViewCell& cellForRowAt(platform::TableView& table,
-                                        platform::IndexPath row) override;
-  std::string titleForHeaderInSection(platform::TableView& table, int section) override;
-  std::unique_ptr<platform::View> viewForHeaderInSection(platform::TableView& table,
-                                                         int section) override;
-  double heightForHeaderInSection(platform::TableView& table, int section) override;
-  double heightForRowsInSection(platform::TableView& table, int section) override;
-  void didSelectRowAt(platform::TableView& table, platform::IndexPath row) override;
+  int numberOfSections(toolkit::TableView& table) override;
+  int numberOfRowsInSection(toolkit::TableView& table, int section) override;
+  toolkit::TableViewCell& cellForRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
+  std::string titleForHeaderInSection(toolkit::TableView& table, int section) override;
+  std::unique_ptr<toolkit::View> viewForHeaderInSection(toolkit::TableView& table,
+                                                        int section) override;
+  double heightForHeaderInSection(toolkit::TableView& table, int section) override;
+  double heightForRowsInSection(toolkit::TableView& table, int section) override;
+  void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 
  private:
   bool passesBank(const Preset& preset, const std::string& lowerCaseBank) const;
-  const PresetPtr& presetAt(platform::IndexPath row) const;
-  std::optional<platform::IndexPath> rowOf(const Preset& preset) const;
+  const PresetPtr& presetAt(toolkit::IndexPath row) const;
+  std::optional<toolkit::IndexPath> rowOf(const Preset& preset) const;
 
   std::vector<PresetPtr> presetFileList_;
   /// The names of presetFileList in lower case, which each key that is typed asks for.

@@ -5,11 +5,12 @@
 #include "Orvane/FavPresetsStore.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetFile.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
+#include "foundation/UnicodeText.h"
 #include "platform/FilePath.h"
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
-#include "platform/UnicodeText.h"
 
 namespace orvane {
 
@@ -26,7 +27,7 @@ constexpr const char* presetsFolder = "/Presets";
 PresetManager::PresetManager(std::string groupId, std::vector<std::string> extraResources)
     : groupBundleId(std::move(groupId)),
       extraIcloudResources(std::move(extraResources)),
-      fileManager_(FileManager::defaultManager()),
+      fileManager_(foundation::DefaultFileManager::current()),
       iCloudManager_(std::nullopt) {
   iCloudManager_.initialize();
   iCloudManager_.sync(iCloudPresetPath(), [](const std::string&) {});
@@ -57,7 +58,7 @@ std::optional<std::string> PresetManager::newPresetFolder() const {
 void PresetManager::createFolder(const std::string& path) {
   const auto error = fileManager_.createDirectory(path, FileManager::Intermediates::mustExist);
   if (error && error->code != FileError::Code::fileExists)
-    platform::printToConsole(error->localizedDescription);
+    foundation::printToConsole(error->localizedDescription);
 }
 
 void PresetManager::createPresetDirectories() {
@@ -124,16 +125,17 @@ bool PresetManager::savePreset(const std::string& url, const std::vector<std::st
   const auto* bytes = data ? data->as<PropertyList::Data>() : nullptr;
   if (!bytes) return false;
   std::string error;
-  auto state = platform::readKeyedArchive(*bytes, error);
+  auto state = foundation::readKeyedArchive(*bytes, error);
   auto* entries = state ? state->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
   PropertyList::Array lowered;
-  for (const std::string& category : categories) lowered.push_back(platform::lowercased(category));
+  for (const std::string& category : categories)
+    lowered.push_back(foundation::lowercased(category));
   (*entries)[PresetFile::categoriesKey] = std::move(lowered);
-  const std::string xml = platform::writeXmlPropertyList(*state);
+  const std::string xml = foundation::writeXmlPropertyList(*state);
   const auto* text = reinterpret_cast<const std::uint8_t*>(xml.data());
   const auto failed = fileManager_.write({text, xml.size()}, url);
-  if (failed) platform::printToConsole(failed->localizedDescription);
+  if (failed) foundation::printToConsole(failed->localizedDescription);
   return !failed;
 }
 
@@ -144,7 +146,7 @@ std::optional<std::string> PresetManager::saveNew(const std::string& name,
   if (!folder || !unit) return std::nullopt;
   const std::string fileName = name + '.' + unit->presetExtension();
   if (!platform::isFileName(fileName)) {
-    platform::printToConsole("A preset cannot be saved under a name with \"/\" in it");
+    foundation::printToConsole("A preset cannot be saved under a name with \"/\" in it");
     return std::nullopt;
   }
   std::string url = *folder + '/' + fileName;
@@ -155,7 +157,7 @@ std::optional<std::string> PresetManager::saveNew(const std::string& name,
 
 void PresetManager::deleteUserPreset(const UserPreset& preset) {
   if (const auto error = fileManager_.removeItem(preset.url))
-    platform::printToConsole(error->localizedDescription);
+    foundation::printToConsole(error->localizedDescription);
   FavPresetsStore::remove(preset.uniqueName());
 }
 

@@ -3,10 +3,10 @@
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetFile.h"
 #include "Orvane/PresetManager.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
+#include "foundation/PropertyListCoding.h"
 #include "platform/FilePath.h"
 #include "platform/Presentation.h"
-#include "platform/PropertyListCoding.h"
 
 namespace orvane {
 
@@ -42,7 +42,7 @@ void PresetManager::importPresetFile(const std::string& url) {
   fileManager_.startAccessingSecurityScopedResource(url);
   const std::string target = *folder + '/' + name;
   if (const auto error = fileManager_.copyItem(url, target))
-    platform::printToConsole("Unable to copy preset file... " + error->localizedDescription);
+    foundation::printToConsole("Unable to copy preset file... " + error->localizedDescription);
   fileManager_.stopAccessingSecurityScopedResource(url);
   // Said to be local wherever it lies; the next listing knows better.
   if (viewController)
@@ -61,7 +61,7 @@ void PresetManager::exportPreset(const std::shared_ptr<Preset>& preset) {
   if (!unit) return;
   const std::string fileName = preset->name + '.' + unit->presetExtension();
   if (!platform::isFileName(fileName)) {
-    platform::printToConsole("A preset cannot be exported under a name with \"/\" in it");
+    foundation::printToConsole("A preset cannot be exported under a name with \"/\" in it");
     return;
   }
   const std::string path = fileManager_.temporaryDirectory() + fileName;
@@ -95,13 +95,13 @@ void PresetManager::exportFile(const std::string& file, const std::string& folde
   if (!decoded) return;
   FileManager::Error error;
   if (decoded->form == PresetFile::Form::keyedArchive) {
-    const std::string xml = platform::writeXmlPropertyList(decoded->content);
+    const std::string xml = foundation::writeXmlPropertyList(decoded->content);
     error =
         fileManager_.write({reinterpret_cast<const std::uint8_t*>(xml.data()), xml.size()}, target);
   } else {
     error = fileManager_.copyItem(file, target);
   }
-  if (error) platform::printToConsole(error->localizedDescription);
+  if (error) foundation::printToConsole(error->localizedDescription);
 }
 
 void PresetManager::wantsToExportFileFrom(const std::string& path) {
@@ -148,7 +148,7 @@ void PresetManager::copyPresetsFromFolder(const std::string& folderURL) {
     const std::string file = target + '/' + entry.name;
     static_cast<void>(fileManager_.removeItem(file));
     if (const auto error = fileManager_.copyItem(folderURL + '/' + entry.name, file))
-      platform::printToConsole("Unable to move preset file... " + error->localizedDescription);
+      foundation::printToConsole("Unable to move preset file... " + error->localizedDescription);
   }
 }
 

@@ -8,11 +8,11 @@ namespace orvane {
 
 namespace Theme = kestroui::Theme;
 
-double PresetTableStyle::rowHeight(const platform::TableView& table) {
+double PresetTableStyle::rowHeight(const toolkit::TableView& table) {
   return std::max(table.frame().height / 8, Theme::cellFont.lineHeight());
 }
 
-double PresetTableStyle::headerHeight(const platform::TableView& table) {
+double PresetTableStyle::headerHeight(const toolkit::TableView& table) {
   return 0.8 * rowHeight(table);
 }
 
@@ -20,12 +20,12 @@ platform::Font PresetTableStyle::font(double rowHeight) {
   return Theme::cellFont.withSize(std::clamp(rowHeight * 0.34, 11.0, 30.0));
 }
 
-void PresetTableStyle::apply(platform::TableView& table) {
+void PresetTableStyle::apply(toolkit::TableView& table) {
   table.setBackgroundColor(Theme::panel);
   table.setBarColor(Theme::grey.withAlpha(0.5f));
 }
 
-void PresetTableStyle::apply(platform::TableViewCell& cell) {
+void PresetTableStyle::apply(toolkit::TableViewCell& cell) {
   cell.textLabel().setFont(Theme::cellFont);
   cell.textLabel().setTextColor(Theme::text);
   cell.setTextInset(14);

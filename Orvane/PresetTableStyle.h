@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Font.h"
-#include "platform/TableView.h"
+#include "toolkit/TableView.h"
 
 namespace orvane {
 
@@ -9,13 +9,13 @@ namespace orvane {
 namespace PresetTableStyle {
 
 /// In points: eight rows fill the table, but none is lower than its line of text.
-double rowHeight(const platform::TableView& table);
+double rowHeight(const toolkit::TableView& table);
 /// In points.
-double headerHeight(const platform::TableView& table);
+double headerHeight(const toolkit::TableView& table);
 /// Grows with the rows, as far as that reads well.
 platform::Font font(double rowHeight);
-void apply(platform::TableView& table);
-void apply(platform::TableViewCell& cell);
+void apply(toolkit::TableView& table);
+void apply(toolkit::TableViewCell& cell);
 
 }  // namespace PresetTableStyle
 

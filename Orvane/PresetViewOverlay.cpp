@@ -7,13 +7,13 @@
 #include "KestroUI/Theme.h"
 #include "Orvane/FavPresetsStore.h"
 #include "Orvane/OverlayStyle.h"
-#include "platform/UnicodeText.h"
+#include "foundation/UnicodeText.h"
 
 namespace orvane {
 
-using platform::ControlEvent;
 using platform::Key;
 using platform::Rect;
+using toolkit::ControlEvent;
 namespace Theme = kestroui::Theme;
 
 namespace {
@@ -142,7 +142,7 @@ void PresetViewOverlay::updateButtons() {
 
 // Actions
 
-void PresetViewOverlay::handleTouchDown(platform::Control& sender) {
+void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
   const std::shared_ptr<Preset> selected = list_.selectedPreset();
   auto* owner = delegate.get();
   if (&sender == &saveButton_) {
@@ -175,7 +175,7 @@ bool PresetViewOverlay::replacesAnother(const std::string& name) const {
   if (isEdit_ && selected && selected->isUserPreset && selected->name == name) return false;
   const auto& all = list_.presetFileList();
   return std::any_of(all.begin(), all.end(), [&](const auto& preset) {
-    return preset->isUserPreset && platform::isSameText(preset->name, name);
+    return preset->isUserPreset && foundation::isSameText(preset->name, name);
   });
 }
 
@@ -281,7 +281,7 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
   const bool dialogIsOpen = !saveNewPresetOverlay_.isHidden() || !confirmOverlay_.isHidden() ||
                             !replaceOverlay_.isHidden();
   if (dialogIsOpen || event.modifiers == platform::Modifiers::control) return false;
-  platform::TextField& field = searchBar_.textField();
+  toolkit::TextField& field = searchBar_.textField();
   if (event.key == Key::up || event.key == Key::down) {
     list_.tableView().becomeFirstResponder();
     return list_.tableView().keyPressed(event);

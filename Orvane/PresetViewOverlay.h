@@ -12,14 +12,14 @@
 #include "Orvane/PresetViewOverlayDelegate.h"
 #include "Orvane/SaveNewPresetOverlay.h"
 #include "Orvane/SearchBar.h"
-#include "platform/Label.h"
+#include "toolkit/Label.h"
 
 namespace orvane {
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and
 /// buttons that save, name, delete, import and export. Typing searches, the arrow keys move through
 /// the list, Return loads, Escape closes. Owned by the overlay host. User-interface thread only.
-class PresetViewOverlay : public platform::Control,
+class PresetViewOverlay : public toolkit::Control,
                           public PresetListTableViewControllerDelegate,
                           public FiltersTableViewControllerDelegate,
                           public SearchBarDelegate,
@@ -62,7 +62,7 @@ class PresetViewOverlay : public platform::Control,
   bool closeDialog();
 
   /// The action of every button.
-  void handleTouchDown(platform::Control& sender);
+  void handleTouchDown(toolkit::Control& sender);
 
   void presetListDidSelect(const std::shared_ptr<Preset>& preset) override;
   void presetListDidChange() override;
@@ -85,14 +85,14 @@ class PresetViewOverlay : public platform::Control,
   bool replacesAnother(const std::string& name) const;
   void layoutButtons(const platform::Rect& row);
 
-  platform::Layer background_;
+  toolkit::Layer background_;
   /// A touch on it, between its parts, is none beside the browser.
-  platform::View panel_;
-  platform::Label presetTitle_;
+  toolkit::View panel_;
+  toolkit::Label presetTitle_;
   /// How many of the presets the filters show.
-  platform::Label countLabel_;
+  toolkit::Label countLabel_;
   /// In place of an empty list.
-  platform::Label emptyLabel_;
+  toolkit::Label emptyLabel_;
   SearchBar searchBar_;
   PresetListTableViewController list_;
   FiltersTableViewController filters_;

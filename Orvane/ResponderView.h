@@ -3,13 +3,13 @@
 #include <string>
 
 #include "Orvane/ResponderViewDelegate.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace orvane {
 
 /// Base of the views that have links. They open none by themselves: a plug-in inside a host has to
 /// leave that to the program around it. User-interface thread only.
-class ResponderView : public platform::View {
+class ResponderView : public toolkit::View {
  public:
   platform::Weak<ResponderViewDelegate> delegate;
 

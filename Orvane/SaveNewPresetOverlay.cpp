@@ -22,7 +22,7 @@ void SaveNewPresetOverlay::didMoveToSuperview() {
   if (superview()) addSubview(categorySelector_);
 }
 
-void SaveNewPresetOverlay::touchBegan(const platform::Touch& touch) {
+void SaveNewPresetOverlay::touchBegan(const toolkit::Touch& touch) {
   if (!back_.frame().contains(touch.locationIn(*this))) setHidden(true);
 }
 

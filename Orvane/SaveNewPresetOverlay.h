@@ -19,13 +19,13 @@ class SaveNewPresetOverlay : public TextFieldOverlay {
   /// What the selector offers.
   void setCategories(std::vector<std::string> categories);
 
-  void touchBegan(const platform::Touch& touch) override;
+  void touchBegan(const toolkit::Touch& touch) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 
  private:
   /// The panel, in the middle of what the overlay dims.
-  platform::Layer back_;
+  toolkit::Layer back_;
   MultiSelectable categorySelector_;
 };
 

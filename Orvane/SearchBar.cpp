@@ -34,14 +34,14 @@ void SearchBar::didMoveToSuperview() {
   layer().addSublayer(magnifierLayer_);
   addSubview(textField_);
   textField_.addTarget<&SearchBar::textFieldDidChange>(*this,
-                                                       platform::ControlEvent::editingChanged);
+                                                       toolkit::ControlEvent::editingChanged);
 }
 
 void SearchBar::textFieldDidChange() {
   if (auto* owner = delegate.get()) owner->searchTextChanged(textField_.text());
 }
 
-bool SearchBar::textFieldShouldReturn(platform::TextField& field) {
+bool SearchBar::textFieldShouldReturn(toolkit::TextField& field) {
   field.resignFirstResponder();
   if (auto* owner = delegate.get()) owner->searchBarDidReturn();
   return true;

@@ -8,16 +8,16 @@
 
 #include "Orvane/ControlCollection.h"
 #include "Orvane/Section.h"
-#include "platform/Label.h"
-#include "platform/Layer.h"
-#include "platform/View.h"
+#include "toolkit/Label.h"
+#include "toolkit/Layer.h"
+#include "toolkit/View.h"
 
 namespace orvane {
 
 /// Shows one section: a panel with its title, the controls of its columns, and in the corners the
 /// control that switches it and the one that gives feedback. It places controls and adopts them as
 /// subviews while its page is shown; the collection owns them. User-interface thread only.
-class SectionView : public platform::View {
+class SectionView : public toolkit::View {
  public:
   /// `controls` may be null; one without keys counts as not filled yet, and nothing is placed.
   SectionView(std::shared_ptr<Section> section, std::shared_ptr<ControlCollection> controls);
@@ -76,8 +76,8 @@ class SectionView : public platform::View {
   platform::Color color_ = platform::Color::white();
   bool usePages_ = false;
   bool visible_ = false;
-  platform::GradientLayer gradient_;
-  platform::Label titleLabel_;
+  toolkit::GradientLayer gradient_;
+  toolkit::Label titleLabel_;
 
   /// The own control of every slot, each followed by its siblings.
   std::vector<Entry> slots_;

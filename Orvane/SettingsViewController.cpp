@@ -30,11 +30,11 @@ void SettingsViewController::viewDidLayoutSubviews() {
   ViewController::viewDidLayoutSubviews();
   doLayout();
   pageNavigation_.addTarget<&SettingsViewController::onPageChanged>(
-      *this, platform::ControlEvent::valueChanged);
+      *this, toolkit::ControlEvent::valueChanged);
 }
 
 double SettingsViewController::navigationH() {
-  platform::View& content = view();
+  toolkit::View& content = view();
   return pageViews_.size() < 2 ? 0 : content.bounds().height * pageNavigationRatio;
 }
 
@@ -52,7 +52,7 @@ void SettingsViewController::doLayout() {
   else
     pageNavigation_.setFrame({0, 0, bounds.width, navigationH()});
   if (foot_stack) layoutFoot();
-  for (platform::View* subview : view().subviews())
+  for (toolkit::View* subview : view().subviews())
     if (!subview->isHidden()) subview->setNeedsDisplay();
 }
 
@@ -97,7 +97,7 @@ void SettingsViewController::removePage(int index) {
   doLayout();
 }
 
-void SettingsViewController::onPageChanged(platform::Control&) { doLayout(); }
+void SettingsViewController::onPageChanged(toolkit::Control&) { doLayout(); }
 
 void SettingsViewController::findStateSections() {
   stateSections_.clear();

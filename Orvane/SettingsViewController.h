@@ -10,14 +10,14 @@
 #include "Orvane/ControlCollection.h"
 #include "Orvane/PageNavigation.h"
 #include "Orvane/PageView.h"
-#include "platform/ViewController.h"
+#include "toolkit/ViewController.h"
 
 namespace orvane {
 
 /// The content of the editor below the menu bar: the pages of the design, of which one is shown,
 /// the tabs that choose it, and the foot strip, which is shown with every page. The main
 /// controller owns it and sets it up before its view is loaded.
-class SettingsViewController : public platform::ViewController {
+class SettingsViewController : public toolkit::ViewController {
  public:
   /// A null entry widens the control before it.
   using FootStack = std::vector<std::shared_ptr<kestroui::ParamKey>>;
@@ -47,7 +47,7 @@ class SettingsViewController : public platform::ViewController {
   /// Takes a page away; the page shown stays, or the next one takes its place. The only page
   /// stays, since one has to be shown. A page that does not exist is fatal.
   void removePage(int index);
-  void onPageChanged(platform::Control& sender);
+  void onPageChanged(toolkit::Control& sender);
   /// The parameter of this key has changed: refreshes the sections that it switches, on all pages.
   void updateSectionStates(const std::string& stateParameter);
 

@@ -44,7 +44,7 @@ std::string SocialView::linkOf(std::size_t index) const {
   }
 }
 
-void SocialView::handleTouchDown(platform::Control& sender) {
+void SocialView::handleTouchDown(toolkit::Control& sender) {
   for (std::size_t i = 0; i < networks; ++i)
     if (&sender == &imageViews_[i]) return open(linkOf(i));
 }
@@ -53,8 +53,7 @@ void SocialView::didMoveToSuperview() {
   if (!superview()) return;
   for (std::size_t i = 0; i < networks; ++i) {
     imageViews_[i].setImage(kestroui::Icons::image(imageNames_[i]));
-    imageViews_[i].addTarget<&SocialView::handleTouchDown>(*this,
-                                                           platform::ControlEvent::touchDown);
+    imageViews_[i].addTarget<&SocialView::handleTouchDown>(*this, toolkit::ControlEvent::touchDown);
     addSubview(imageViews_[i]);
   }
 }

@@ -27,7 +27,7 @@ class SocialView : public ResponderView {
   const std::array<std::string, networks>& imageNames() const { return imageNames_; }
 
   /// The action of every button.
-  void handleTouchDown(platform::Control& sender);
+  void handleTouchDown(toolkit::Control& sender);
 
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -31,7 +31,7 @@ void TextFieldOverlay::didMoveToSuperview() {
   addSubview(okButton_);
   titleLabel_.setText(titleText());
   textField_.setAccessibilityLabel(titleText());
-  okButton_.addTarget<&TextFieldOverlay::handleTouchDown>(*this, platform::ControlEvent::touchDown);
+  okButton_.addTarget<&TextFieldOverlay::handleTouchDown>(*this, toolkit::ControlEvent::touchDown);
 }
 
 void TextFieldOverlay::setHidden(bool hidden) {
@@ -47,11 +47,11 @@ void TextFieldOverlay::setHidden(bool hidden) {
   textField_.becomeFirstResponder();
 }
 
-void TextFieldOverlay::handleTouchDown(platform::Control&) {
+void TextFieldOverlay::handleTouchDown(toolkit::Control&) {
   if (auto* owner = delegate.get()) owner->textFieldOverlayDidConfirm(*this, textField_.text());
 }
 
-bool TextFieldOverlay::textFieldShouldReturn(platform::TextField& field) {
+bool TextFieldOverlay::textFieldShouldReturn(toolkit::TextField& field) {
   field.resignFirstResponder();
   // A second Return then presses it, for those who have no hand at the mouse.
   okButton_.becomeFirstResponder();

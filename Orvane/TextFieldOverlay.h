@@ -4,8 +4,8 @@
 
 #include "KestroUI/SimpleButton.h"
 #include "Orvane/TextFieldOverlayDelegate.h"
-#include "platform/Label.h"
-#include "platform/TextField.h"
+#include "toolkit/Label.h"
+#include "toolkit/TextField.h"
 
 namespace orvane {
 
@@ -13,20 +13,20 @@ namespace orvane {
 /// empties the field and gives it the keyboard. Return leaves the field for the OK button and
 /// confirms nothing by itself; Escape hides the panel. Its owner shows it, gets the text and hides
 /// it; then whoever had the keyboard before gets it back. User-interface thread only.
-class TextFieldOverlay : public platform::View, public platform::TextFieldDelegate {
+class TextFieldOverlay : public toolkit::View, public toolkit::TextFieldDelegate {
  public:
   TextFieldOverlay();
 
   platform::Weak<TextFieldOverlayDelegate> delegate;
 
   virtual std::string titleText() const { return "Please enter a preset name : "; }
-  platform::Label& titleLabel() { return titleLabel_; }
-  platform::TextField& textField() { return textField_; }
+  toolkit::Label& titleLabel() { return titleLabel_; }
+  toolkit::TextField& textField() { return textField_; }
   kestroui::SimpleButton& okButton() { return okButton_; }
 
   /// OK: tells the delegate.
-  void handleTouchDown(platform::Control& sender);
-  bool textFieldShouldReturn(platform::TextField& field) override;
+  void handleTouchDown(toolkit::Control& sender);
+  bool textFieldShouldReturn(toolkit::TextField& field) override;
 
   void setHidden(bool hidden) override;
   bool keyPressed(const platform::KeyEvent& event) override;
@@ -38,10 +38,10 @@ class TextFieldOverlay : public platform::View, public platform::TextFieldDelega
   void layoutEntry(const platform::Rect& field, const platform::Rect& button);
 
  private:
-  platform::Label titleLabel_;
-  platform::TextField textField_;
+  toolkit::Label titleLabel_;
+  toolkit::TextField textField_;
   kestroui::SimpleButton okButton_;
-  platform::Weak<platform::View> keyboardBefore_;
+  platform::Weak<toolkit::View> keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -6,8 +6,8 @@
 
 #include "Quillon/CommonAudioUnit.h"
 #include "Quillon/FullState.h"
-#include "platform/Console.h"
-#include "platform/KeyedArchive.h"
+#include "foundation/Console.h"
+#include "foundation/KeyedArchive.h"
 
 namespace quillon {
 
@@ -23,7 +23,7 @@ bool isNumber(const PropertyList& list) {
 }  // namespace
 
 PropertyList CommonAudioUnit::fullState() const {
-  Dictionary state{{dataEntry, platform::writeKeyedArchive(stateDictionary())}};
+  Dictionary state{{dataEntry, foundation::writeKeyedArchive(stateDictionary())}};
   if (!currentPresetName_.empty()) state[presetNameEntry] = currentPresetName_;
   if (currentPreset_ >= 0) state[presetNumberEntry] = currentPreset_;
   return state;
@@ -33,7 +33,7 @@ void CommonAudioUnit::setFullState(const PropertyList& state) {
   std::string error;
   const auto dictionary = stateDictionaryOf(state, error);
   if (!dictionary) {
-    platform::printToConsole("The state cannot be read: " + error);
+    foundation::printToConsole("The state cannot be read: " + error);
     return;
   }
   // The number counts only while the preset that it named is still the same.

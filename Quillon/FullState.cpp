@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace quillon {
 
@@ -23,8 +23,8 @@ std::optional<Dictionary> stateDictionaryOf(const PropertyList& fullState, std::
     for (const char* other : {presetNameEntry, presetNumberEntry}) state.erase(other);
     return state;
   }
-  auto list = platform::parsePropertyList(*data, error);
-  if (list && platform::isKeyedArchive(*list)) list = platform::unarchive(*list, error);
+  auto list = foundation::parsePropertyList(*data, error);
+  if (list && foundation::isKeyedArchive(*list)) list = foundation::unarchive(*list, error);
   if (!list) return std::nullopt;
   if (auto* state = list->as<Dictionary>()) return std::move(*state);
   error = "its data hold no dictionary";

@@ -7,9 +7,9 @@
 namespace bench {
 namespace {
 
-void needAll(platform::View& view) {
+void needAll(toolkit::View& view) {
   view.setNeedsDisplay();
-  for (platform::View* subview : view.subviews()) needAll(*subview);
+  for (toolkit::View* subview : view.subviews()) needAll(*subview);
 }
 
 /// All that our editor can be asked for at once: every view is laid out and painted, all of it is
@@ -22,7 +22,7 @@ class OurFullRepaint {
                                            static_cast<int>(height * scale))) {}
 
   double operator()() {
-    platform::Window& window = side_.editor->component().window();
+    toolkit::Window& window = side_.editor->component().window();
     painting_.push_back(worked([&] {
       needAll(window.rootViewController()->view());
       window.prepareFrame();

@@ -12,8 +12,9 @@
 #include "Orvane/PresetManager.h"
 #include "benchmarks/Measure.h"
 #include "benchmarks/Rows.h"
+#include "foundation/DefaultFileManager.h"
 #include "foundation/LocalFileManager.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace bench {
 namespace {
@@ -41,7 +42,7 @@ std::string presetText() {
   std::string text;
   for (int i = 0; text.size() < presetSize; ++i) {
     parameters["parameter" + std::to_string(i)] = i * 0.37;
-    text = platform::writeXmlPropertyList(PropertyList::Dictionary{
+    text = foundation::writeXmlPropertyList(PropertyList::Dictionary{
         {"Categories", PropertyList::Array{"bass", "dark"}}, {"parameters", parameters}});
   }
   return text;
@@ -113,7 +114,7 @@ void addPresetRows(Report& report) {
         << text;
 
   CountingFiles files(folder.path(), foundation::LocalFileManager::Groups::oneForAll);
-  const platform::DefaultFileManager scope(files);
+  const foundation::DefaultFileManager scope(files);
   BenchAudioUnit unit(twoHundred.count());
   orvane::PresetManager manager("bench", {});
   manager.audioUnit = &unit;

@@ -10,7 +10,7 @@
 
 include(GNUInstallDirs)
 
-# Headers keep their room in an installed tree too, so that "platform/View.h" reads the same there.
+# Headers keep their room in an installed tree too, so that "toolkit/View.h" reads the same there.
 set(ORVANE_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/orvane")
 
 # JUCE's modules are compiled into the rooms that stand on it; a package of ours cannot carry them.
@@ -41,9 +41,7 @@ function(orvane_configure_target target)
 endfunction()
 
 # One room: the static library orvane_<room> and its alias orvane::<room>. DEPENDS is what the
-# room's headers include, PRIVATE_DEPENDS what only its sources do. A room that calls what platform/
-# declares and another room defines links that room, although it may not include it: the linker
-# reads static libraries in the order of these arrows.
+# room's headers include, PRIVATE_DEPENDS what only its sources do.
 function(orvane_add_room room)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERFACE" "" "SOURCES;HEADERS;DEPENDS;PRIVATE_DEPENDS")
   if(arg_UNPARSED_ARGUMENTS)
@@ -87,7 +85,7 @@ function(orvane_add_room room)
   endforeach()
 endfunction()
 
-# The property list in which a plug-in or program says what it is; see platform/Bundle.h for where it
+# The property list in which a plug-in or program says what it is; see foundation/Bundle.h for where it
 # is looked for.
 set(ORVANE_INFORMATION_TEMPLATE "${CMAKE_CURRENT_LIST_DIR}/Info.plist.in")
 function(orvane_write_information file)

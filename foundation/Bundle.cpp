@@ -1,4 +1,4 @@
-#include "platform/Bundle.h"
+#include "foundation/Bundle.h"
 
 #include <dlfcn.h>
 #include <link.h>
@@ -13,10 +13,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Console.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/Console.h"
+#include "foundation/PropertyListCoding.h"
 
-namespace platform {
+namespace foundation {
+
+using platform::PropertyList;
 
 namespace {
 
@@ -87,4 +89,4 @@ MainBundle::~MainBundle() {
   std::erase(given(), infoDictionary_);
 }
 
-}  // namespace platform
+}  // namespace foundation

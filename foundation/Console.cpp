@@ -1,10 +1,10 @@
-#include "platform/Console.h"
+#include "foundation/Console.h"
 
 #include <cstdio>
 #include <mutex>
 #include <utility>
 
-namespace platform {
+namespace foundation {
 
 namespace {
 
@@ -32,4 +32,4 @@ ConsoleListener::~ConsoleListener() {
   listener = std::move(previous_);
 }
 
-}  // namespace platform
+}  // namespace foundation

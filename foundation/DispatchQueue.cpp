@@ -1,4 +1,4 @@
-#include "platform/DispatchQueue.h"
+#include "foundation/DispatchQueue.h"
 
 #include <algorithm>
 #include <condition_variable>
@@ -10,7 +10,7 @@
 
 #include "foundation/RunLoopState.h"
 
-namespace platform {
+namespace foundation {
 
 namespace {
 
@@ -96,4 +96,4 @@ void DispatchQueue::globalAsync(Task task) { globalQueue().add(std::move(task));
 
 void DispatchQueue::waitForGlobal() { globalQueue().wait(); }
 
-}  // namespace platform
+}  // namespace foundation

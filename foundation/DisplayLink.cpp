@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "foundation/RunLoop.h"
 #include "foundation/RunLoopState.h"
-#include "platform/RunLoop.h"
 
-namespace platform {
+namespace foundation {
 
 DisplayLink::DisplayLink(std::function<void()> action) : entry_(std::make_shared<Entry>()) {
   const std::shared_ptr<RunLoop::State>& state = RunLoop::main().state_;
@@ -35,4 +35,4 @@ void RunLoop::State::remove(const DisplayLink::Entry& entry) {
   if (running) driver.scheduleChanged();
 }
 
-}  // namespace platform
+}  // namespace foundation

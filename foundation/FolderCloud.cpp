@@ -4,8 +4,8 @@
 #include <system_error>
 #include <utility>
 
+#include "foundation/DispatchQueue.h"
 #include "foundation/SafeFile.h"
-#include "platform/DispatchQueue.h"
 #include "platform/FilePath.h"
 
 namespace foundation {
@@ -58,10 +58,9 @@ void FolderCloud::coordinateReading(const std::string& path,
   std::string file = platform::pathExtension(path) == "icloud" ? realFileOf(path) : path;
   if (!downloader_ || file == path || exists(file)) {
     const bool found = exists(file);
-    platform::DispatchQueue::globalAsync(
-        [found, file = std::move(file), accessor = std::move(accessor)] {
-          accessor(found ? std::optional(file) : std::nullopt);
-        });
+    DispatchQueue::globalAsync([found, file = std::move(file), accessor = std::move(accessor)] {
+      accessor(found ? std::optional(file) : std::nullopt);
+    });
     return;
   }
   downloader_->download(file, [path, file, accessor = std::move(accessor)](bool came) {

@@ -1,4 +1,4 @@
-#include "platform/KeyedArchive.h"
+#include "foundation/KeyedArchive.h"
 
 #include <bit>
 #include <map>
@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "foundation/BinaryPropertyListWriter.h"
+#include "foundation/PropertyListCoding.h"
 #include "foundation/Utf8.h"
-#include "platform/PropertyListCoding.h"
 
-namespace platform {
+namespace foundation {
+
+using platform::PropertyList;
 
 namespace {
 
@@ -214,7 +216,7 @@ class Reader {
     if (!given.find("NS.bytes")) return member<std::string>(given, "NS.string", depth);
     const PropertyList bytes = member<PropertyList::Data>(given, "NS.bytes", depth);
     const auto& data = *bytes.as<PropertyList::Data>();
-    return foundation::xmlText({reinterpret_cast<const char*>(data.data()), data.size()});
+    return xmlText({reinterpret_cast<const char*>(data.data()), data.size()});
   }
 
   double number(const PropertyList& given, const char* name) {
@@ -366,7 +368,7 @@ std::optional<PropertyList> unarchive(const PropertyList& archive, std::string& 
 }
 
 std::vector<std::uint8_t> writeKeyedArchive(const PropertyList& root) {
-  return foundation::writeBinaryPropertyList(Writer().write(root));
+  return writeBinaryPropertyList(Writer().write(root));
 }
 
-}  // namespace platform
+}  // namespace foundation

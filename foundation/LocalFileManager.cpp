@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -15,34 +14,7 @@
 
 #include "foundation/FileErrors.h"
 #include "foundation/SafeFile.h"
-#include "platform/DispatchQueue.h"
 #include "platform/FilePath.h"
-
-namespace platform {
-
-namespace {
-
-std::atomic<FileManager*> currentManager{nullptr};
-
-}  // namespace
-
-FileManager& FileManager::defaultManager() {
-  if (FileManager* manager = currentManager.load()) return *manager;
-  // Never destroyed: threads may still use it while the program ends.
-  static auto& usersOwn =
-      *new foundation::LocalFileManager(foundation::LocalFileManager::usersDataFolder());
-  return usersOwn;
-}
-
-DefaultFileManager::DefaultFileManager(FileManager& manager)
-    : previous_(currentManager.exchange(&manager)) {}
-
-DefaultFileManager::~DefaultFileManager() {
-  DispatchQueue::waitForGlobal();
-  currentManager.store(previous_);
-}
-
-}  // namespace platform
 
 namespace foundation {
 

@@ -7,13 +7,13 @@ namespace foundation {
 
 namespace {
 
-std::atomic<platform::RunLoop::Driver*> currentDriver{nullptr};
+std::atomic<RunLoop::Driver*> currentDriver{nullptr};
 std::atomic<int> threadsInside{0};
 std::atomic<bool> wakePending{false};
 
 }  // namespace
 
-void LoopWaker::attach(platform::RunLoop::Driver& driver) {
+void LoopWaker::attach(RunLoop::Driver& driver) {
   wakePending.store(false);
   currentDriver.store(&driver);
   wake();
@@ -28,7 +28,7 @@ void LoopWaker::wake() noexcept {
   // In one total order with detach: either the driver is seen to be gone here, or this thread is
   // seen to be inside there.
   threadsInside.fetch_add(1);
-  if (platform::RunLoop::Driver* driver = currentDriver.load())
+  if (RunLoop::Driver* driver = currentDriver.load())
     if (!wakePending.exchange(true)) driver->wake();
   threadsInside.fetch_sub(1);
 }

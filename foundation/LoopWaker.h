@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace foundation {
 
@@ -10,7 +10,7 @@ namespace foundation {
 class LoopWaker {
  public:
   /// From now on `driver` is woken, once at first: messages may have been waiting for a loop.
-  static void attach(platform::RunLoop::Driver& driver);
+  static void attach(RunLoop::Driver& driver);
   /// Returns when nobody is inside the driver's wake any more, after which nobody enters it.
   static void detach();
   /// Any thread: takes no lock and allocates nothing.

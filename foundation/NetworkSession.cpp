@@ -127,11 +127,6 @@ class NetworkTask : public platform::URLSessionDataTask {
   std::thread thread_;
 };
 
-std::vector<URLSession*>& givenSessions() {
-  static std::vector<URLSession*> all;
-  return all;
-}
-
 }  // namespace
 
 std::unique_ptr<platform::URLSessionDataTask> NetworkSession::dataTask(const std::string& url,
@@ -140,19 +135,3 @@ std::unique_ptr<platform::URLSessionDataTask> NetworkSession::dataTask(const std
 }
 
 }  // namespace foundation
-
-namespace platform {
-
-URLSession& URLSession::shared() {
-  static foundation::NetworkSession real;
-  auto& given = foundation::givenSessions();
-  return given.empty() ? real : *given.back();
-}
-
-SharedURLSession::SharedURLSession(URLSession& session) : session_(session) {
-  foundation::givenSessions().push_back(&session);
-}
-
-SharedURLSession::~SharedURLSession() { std::erase(foundation::givenSessions(), &session_); }
-
-}  // namespace platform

@@ -1,4 +1,4 @@
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 #include <plist/plist.h>
 
@@ -17,7 +17,9 @@
 #include "foundation/BinaryPropertyList.h"
 #include "foundation/Utf8.h"
 
-namespace platform {
+namespace foundation {
+
+using platform::PropertyList;
 
 namespace {
 
@@ -88,7 +90,7 @@ bool xmlDepthIsWithin(std::string_view text, std::size_t limit) {
 std::string stringOf(plist_t node) {
   std::uint64_t length = 0;
   const char* text = plist_get_string_ptr(node, &length);
-  return text ? foundation::xmlText(std::string_view(text, length)) : std::string();
+  return text ? xmlText(std::string_view(text, length)) : std::string();
 }
 
 PropertyList toList(plist_t node);
@@ -113,7 +115,7 @@ PropertyList::Dictionary dictionaryOf(plist_t node) {
     char* key = nullptr;
     plist_t item = nullptr;
     plist_dict_next_item(node, iterator, &key, &item);
-    if (item && key) dictionary[foundation::xmlText(key)] = toList(item);
+    if (item && key) dictionary[xmlText(key)] = toList(item);
     std::free(key);
     if (!item) break;
   }
@@ -169,7 +171,7 @@ struct ToNode {
   }
   plist_t operator()(double value) const { return plist_new_real(value); }
   plist_t operator()(const std::string& value) const {
-    return plist_new_string(foundation::xmlText(value).c_str());
+    return plist_new_string(xmlText(value).c_str());
   }
   plist_t operator()(const PropertyList::Data& value) const {
     return plist_new_data(reinterpret_cast<const char*>(value.data()), value.size());
@@ -190,7 +192,7 @@ struct ToNode {
     plist_t dictionary = plist_new_dict();
     for (const auto& [key, item] : value)
       if (plist_t node = std::visit(*this, item.value()))
-        plist_dict_set_item(dictionary, foundation::xmlText(key).c_str(), node);
+        plist_dict_set_item(dictionary, xmlText(key).c_str(), node);
     return dictionary;
   }
 };
@@ -209,10 +211,9 @@ std::optional<PropertyList> readXml(std::string_view text, std::string& error) {
 
 std::optional<PropertyList> parsePropertyList(std::span<const std::uint8_t> bytes,
                                               std::string& error) {
-  const auto limits = foundation::PropertyListLimits::ofFile(bytes.size());
+  const auto limits = PropertyListLimits::ofFile(bytes.size());
   std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (text.substr(0, 6) == "bplist")
-    return foundation::readBinaryPropertyList(bytes, limits, error);
+  if (text.substr(0, 6) == "bplist") return readBinaryPropertyList(bytes, limits, error);
 
   if (text.substr(0, 3) == "\xef\xbb\xbf") text.remove_prefix(3);
   const std::size_t start = text.find_first_not_of(" \t\r\n");
@@ -220,7 +221,7 @@ std::optional<PropertyList> parsePropertyList(std::span<const std::uint8_t> byte
     error = "the property list is empty";
   else if (start == text.npos || text[start] != '<')
     error = "this is no property list, neither XML nor binary";
-  else if (text.size() > foundation::PropertyListLimits().size)
+  else if (text.size() > PropertyListLimits().size)
     error = "the XML property list is larger than can be read";
   else if (!xmlDepthIsWithin(text, limits.depth))
     error = "the XML property list is nested too deeply";
@@ -240,4 +241,4 @@ std::string writeXmlPropertyList(const PropertyList& list) {
   return result;
 }
 
-}  // namespace platform
+}  // namespace foundation

@@ -1,23 +1,23 @@
-#include "platform/RealtimePort.h"
+#include "foundation/RealtimePort.h"
 
 #include <utility>
 
 #include "foundation/PortQueue.h"
 
-namespace platform {
+namespace foundation {
 
-struct RealtimePort::State : foundation::PortQueue {
+struct RealtimePort::State : PortQueue {
   using PortQueue::PortQueue;
 };
 
 RealtimePort::RealtimePort(std::size_t capacity, std::function<void(std::uint64_t)> received,
                            std::function<void()> overflowed)
     : state_(std::make_shared<State>(capacity, std::move(received), std::move(overflowed))) {
-  foundation::PortQueue::open(state_);
+  PortQueue::open(state_);
 }
 
 RealtimePort::~RealtimePort() { state_->close(); }
 
 bool RealtimePort::post(std::uint64_t message) noexcept { return state_->post(message); }
 
-}  // namespace platform
+}  // namespace foundation

@@ -1,4 +1,4 @@
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 #include <algorithm>
 #include <atomic>
@@ -10,7 +10,9 @@
 #include "foundation/RunLoopState.h"
 #include "platform/Fatal.h"
 
-namespace platform {
+namespace foundation {
+
+using platform::fatal;
 
 namespace {
 
@@ -28,11 +30,11 @@ RunLoop::RunLoop(Driver& driver) : state_(std::make_shared<State>(driver)) {
     const std::lock_guard lock(mainStateMutex);
     mainState = state_;
   }
-  foundation::LoopWaker::attach(driver);
+  LoopWaker::attach(driver);
 }
 
 RunLoop::~RunLoop() {
-  foundation::LoopWaker::detach();
+  LoopWaker::detach();
   mainLoop.store(nullptr);
   // What the tasks own dies here and not under the lock: it may post.
   std::deque<std::function<void()>> dropped;
@@ -67,7 +69,7 @@ bool RunLoop::State::post(std::function<void()> task) {
     tasks.push_back(std::move(task));
     ++tasksPosted;
   }
-  foundation::LoopWaker::wake();
+  LoopWaker::wake();
   return true;
 }
 
@@ -84,14 +86,14 @@ double RunLoop::now() const { return state_->driver.now(); }
 void RunLoop::runDue() {
   // A task may destroy the loop.
   const std::shared_ptr<State> state = state_;
-  foundation::LoopWaker::drainBegins();
+  LoopWaker::drainBegins();
   std::uint64_t end = 0;
   {
     const std::lock_guard lock(state->mutex);
     end = state->tasksPosted;
   }
   // After the look at the tasks: a thread that posts a message and then a task is heard in order.
-  foundation::PortQueue::drainAll();
+  PortQueue::drainAll();
   state->runTasks(end);
   state->runTimers();
 }
@@ -130,4 +132,4 @@ void RunLoop::displayFrame() {
     if (state->running && link->valid && !link->paused) link->action();
 }
 
-}  // namespace platform
+}  // namespace foundation

@@ -8,9 +8,9 @@
 #include <mutex>
 #include <vector>
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
-namespace platform {
+namespace foundation {
 
 struct Timer::Entry {
   std::weak_ptr<RunLoop::State> loop;
@@ -63,4 +63,4 @@ struct RunLoop::State {
   std::list<Timer> delayed;
 };
 
-}  // namespace platform
+}  // namespace foundation

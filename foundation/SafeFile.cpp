@@ -10,8 +10,8 @@
 #include <random>
 #include <utility>
 
+#include "foundation/DispatchQueue.h"
 #include "foundation/FileErrors.h"
-#include "platform/DispatchQueue.h"
 
 namespace foundation {
 
@@ -52,7 +52,7 @@ std::string SafeFile::unfinishedName() {
 }
 
 void SafeFile::syncFolder(const std::string& path) {
-  platform::DispatchQueue::globalAsync([folder = folderOf(path)] {
+  DispatchQueue::globalAsync([folder = folderOf(path)] {
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
     if (descriptor < 0) return;
     ::fsync(descriptor);

@@ -2,10 +2,10 @@
 #include <cmath>
 #include <utility>
 
+#include "foundation/RunLoop.h"
 #include "foundation/RunLoopState.h"
-#include "platform/RunLoop.h"
 
-namespace platform {
+namespace foundation {
 
 namespace {
 
@@ -87,4 +87,4 @@ void RunLoop::State::runTimers() {
   }
 }
 
-}  // namespace platform
+}  // namespace foundation

@@ -1,4 +1,4 @@
-#include "platform/UnicodeText.h"
+#include "foundation/UnicodeText.h"
 
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
@@ -8,7 +8,7 @@
 
 #include "foundation/Utf8.h"
 
-namespace platform {
+namespace foundation {
 
 namespace {
 
@@ -39,7 +39,7 @@ std::string shifted(std::string_view text, char first, char last, int distance) 
 
 }  // namespace
 
-bool isUTF8(std::string_view text) { return foundation::isUtf8(text); }
+bool isUTF8(std::string_view text) { return isUtf8(text); }
 
 // Most texts are ASCII, and ICU is not quick to start.
 
@@ -61,4 +61,4 @@ bool isSameText(std::string_view a, std::string_view b) {
   return composed(unicode(a)) == composed(unicode(b));
 }
 
-}  // namespace platform
+}  // namespace foundation

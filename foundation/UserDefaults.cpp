@@ -1,4 +1,4 @@
-#include "platform/UserDefaults.h"
+#include "foundation/UserDefaults.h"
 
 #include <algorithm>
 #include <map>
@@ -6,14 +6,19 @@
 #include <set>
 #include <utility>
 
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
+#include "foundation/DispatchQueue.h"
 #include "foundation/FileLock.h"
-#include "platform/Console.h"
-#include "platform/DispatchQueue.h"
+#include "foundation/PropertyListCoding.h"
+#include "foundation/RunLoop.h"
 #include "platform/FileManager.h"
-#include "platform/PropertyListCoding.h"
-#include "platform/RunLoop.h"
 
-namespace platform {
+namespace foundation {
+
+using platform::FileError;
+using platform::FileManager;
+using platform::PropertyList;
 
 /// What this process knows of one suite; one for all who open it.
 struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
@@ -40,7 +45,7 @@ struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
   }
 
   PropertyList::Dictionary read() const {
-    FileManager& files = FileManager::defaultManager();
+    FileManager& files = DefaultFileManager::current();
     if (!files.fileExists(path())) return {};
     FileError fileError;
     std::string error;
@@ -58,13 +63,13 @@ struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
   /// Does to the file what `change` does to its dictionary, alone among all processes.
   template <class Change>
   bool update(Change change) {
-    FileManager& files = FileManager::defaultManager();
+    FileManager& files = DefaultFileManager::current();
     if (!files.isDirectory(folder))
       if (const auto error = files.createDirectory(folder, FileManager::Intermediates::create)) {
         printToConsole(error->localizedDescription);
         return false;
       }
-    const foundation::FileLock lock(path() + ".lock");
+    const FileLock lock(path() + ".lock");
     PropertyList::Dictionary values = read();
     for (const std::string& key : removed) values.erase(key);
     change(values);
@@ -109,7 +114,7 @@ PropertyList::Array merged(const PropertyList::Array& before, const PropertyList
 UserDefaults::UserDefaults(std::shared_ptr<Suite> suite) : suite_(std::move(suite)) {}
 
 std::optional<UserDefaults> UserDefaults::open(const std::string& suiteName) {
-  const auto container = FileManager::defaultManager().groupContainer(suiteName);
+  const auto container = DefaultFileManager::current().groupContainer(suiteName);
   if (!container) return std::nullopt;
   return UserDefaults(Suite::of(*container + "/Library/Preferences", suiteName));
 }
@@ -145,4 +150,4 @@ void UserDefaults::synchronize() {
   if (!RunLoop::mainIfAny()) suite_->removeFromFile();
 }
 
-}  // namespace platform
+}  // namespace foundation

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "foundation/BinaryPropertyListWriter.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 #include "platform/Fatal.h"
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
 
 namespace fuzz {
 
@@ -20,12 +20,12 @@ void require(bool isTrue, const char* what) {
 
 /// By what is written: a NaN is not equal to itself.
 bool areSame(const PropertyList& a, const PropertyList& b) {
-  return platform::writeKeyedArchive(a) == platform::writeKeyedArchive(b);
+  return foundation::writeKeyedArchive(a) == foundation::writeKeyedArchive(b);
 }
 
 std::optional<PropertyList> parse(std::span<const std::uint8_t> bytes) {
   std::string error;
-  auto list = platform::parsePropertyList(bytes, error);
+  auto list = foundation::parsePropertyList(bytes, error);
   require(list.has_value() == error.empty(), "An error without a reason, or the other way round");
   require(error.find('\n') == error.npos, "An error of several lines");
   return list;
@@ -39,10 +39,10 @@ void xmlList(std::span<const std::uint8_t> bytes) {
   if (isBinary(bytes)) return;
   const auto list = parse(bytes);
   if (!list) return;
-  const std::string once = platform::writeXmlPropertyList(*list);
+  const std::string once = foundation::writeXmlPropertyList(*list);
   const auto again = parse({reinterpret_cast<const std::uint8_t*>(once.data()), once.size()});
   require(again.has_value(), "What was written cannot be read");
-  require(platform::writeXmlPropertyList(*again) == once, "What was written reads differently");
+  require(foundation::writeXmlPropertyList(*again) == once, "What was written reads differently");
 }
 
 void binaryList(std::span<const std::uint8_t> bytes) {
@@ -57,10 +57,10 @@ void binaryList(std::span<const std::uint8_t> bytes) {
 
 void keyedArchive(std::span<const std::uint8_t> bytes) {
   std::string error;
-  const auto root = platform::readKeyedArchive(bytes, error);
+  const auto root = foundation::readKeyedArchive(bytes, error);
   require(root.has_value() || !error.empty(), "An error without a reason");
   if (!root) return;
-  const auto again = platform::readKeyedArchive(platform::writeKeyedArchive(*root), error);
+  const auto again = foundation::readKeyedArchive(foundation::writeKeyedArchive(*root), error);
   require(again.has_value() && areSame(*root, *again), "What was written reads differently");
 }
 

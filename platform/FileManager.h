@@ -41,7 +41,6 @@ struct DirectoryEntry {
 
 /// The files of this installation: the containers that plug-ins share and whatever lies in them.
 /// Nothing throws; what fails leaves everything as it was. Any thread.
-/// foundation/ has the implementation on a real file system.
 class FileManager {
  public:
   using Error = std::optional<FileError>;
@@ -49,10 +48,6 @@ class FileManager {
   static constexpr std::size_t everything = std::numeric_limits<std::size_t>::max();
 
   virtual ~FileManager() = default;
-
-  /// The process's file manager: the one of the innermost DefaultFileManager, or else one of the
-  /// user's own folders.
-  static FileManager& defaultManager();
 
   /// The folder that the plug-ins of an app group share, which exists then; none for an empty
   /// identifier and where there cannot be one.
@@ -86,21 +81,6 @@ class FileManager {
   /// Around the use of a file that the user has picked outside the containers.
   virtual void startAccessingSecurityScopedResource(const std::string& /*path*/) {}
   virtual void stopAccessingSecurityScopedResource(const std::string& /*path*/) {}
-};
-
-/// Makes a file manager the process's default one as long as it lives: a program's or a test's own
-/// containers. They end in the reverse order, each when no work on the global queue uses its manager
-/// any more. User-interface thread.
-class DefaultFileManager {
- public:
-  /// `manager` outlives it.
-  explicit DefaultFileManager(FileManager& manager);
-  ~DefaultFileManager();
-  DefaultFileManager(const DefaultFileManager&) = delete;
-  DefaultFileManager& operator=(const DefaultFileManager&) = delete;
-
- private:
-  FileManager* previous_;
 };
 
 }  // namespace platform

@@ -77,9 +77,12 @@ struct AffineTransform {
   Point apply(Point p) const { return {a * p.x + c * p.y + tx, b * p.x + d * p.y + ty}; }
   /// This one first, then `next`.
   AffineTransform followedBy(const AffineTransform& next) const {
-    return {a * next.a + b * next.c,           a * next.b + b * next.d,
-            c * next.a + d * next.c,           c * next.b + d * next.d,
-            tx * next.a + ty * next.c + next.tx, tx * next.b + ty * next.d + next.ty};
+    return {a * next.a + b * next.c,
+            a * next.b + b * next.d,
+            c * next.a + d * next.c,
+            c * next.b + d * next.d,
+            tx * next.a + ty * next.c + next.tx,
+            tx * next.b + ty * next.d + next.ty};
   }
 
   friend bool operator==(const AffineTransform&, const AffineTransform&) = default;

@@ -9,7 +9,6 @@
 namespace platform {
 
 class Presentation;
-class View;
 
 /// Bits of the modifier keys held during an event.
 enum class Modifiers : unsigned { none = 0, shift = 1, control = 2, alt = 4, command = 8 };
@@ -19,28 +18,6 @@ constexpr Modifiers operator|(Modifiers a, Modifiers b) {
 constexpr bool has(Modifiers set, Modifiers bit) {
   return (static_cast<unsigned>(set) & static_cast<unsigned>(bit)) != 0;
 }
-
-/// One finger, or the mouse with its button down, from the moment it touches to the moment it
-/// lifts. The same object goes through all its phases to the view that was hit first.
-struct Touch {
-  enum class Kind { finger, mouse };
-
-  /// Distinct among the touches that are down.
-  int id = 0;
-  Kind kind = Kind::finger;
-  /// 1 for a single tap, 2 for the second of a double tap, and so on.
-  int tapCount = 1;
-  Modifiers modifiers = Modifiers::none;
-  /// In the window's coordinates; `locationIn` converts.
-  Point location;
-  Point previousLocation;
-  Point startLocation;
-  /// Seconds on the run loop's clock.
-  double timestamp = 0;
-
-  Point locationIn(const View& view) const;
-  Point previousLocationIn(const View& view) const;
-};
 
 /// A turn of the wheel or a two-finger scroll at a place.
 struct WheelEvent {

@@ -18,7 +18,7 @@ class URLSessionDataTask {
 };
 
 /// Asks servers for data by "http" and "https". User-interface thread, but for what is said
-/// otherwise. Implemented in foundation/; a backend may give another.
+/// otherwise.
 class URLSession {
  public:
   struct Answer {
@@ -33,25 +33,8 @@ class URLSession {
 
   virtual ~URLSession() = default;
 
-  /// The process's session: that of the last SharedURLSession, or else one that asks real servers.
-  static URLSession& shared();
-
   virtual std::unique_ptr<URLSessionDataTask> dataTask(const std::string& url,
                                                        Completion completion) = 0;
-};
-
-/// Makes a session the process's shared one as long as it lives, or until a later one takes its
-/// place. User-interface thread.
-class SharedURLSession {
- public:
-  /// `session` outlives it.
-  explicit SharedURLSession(URLSession& session);
-  ~SharedURLSession();
-  SharedURLSession(const SharedURLSession&) = delete;
-  SharedURLSession& operator=(const SharedURLSession&) = delete;
-
- private:
-  URLSession& session_;
 };
 
 }  // namespace platform

@@ -44,14 +44,14 @@ class Weak {
   Weak(std::nullptr_t) {}
 
   template <class U>
-    requires std::is_convertible_v<U*, T*> && std::is_base_of_v<WeakTarget, std::remove_const_t<U>>
+  requires std::is_convertible_v<U*, T*> && std::is_base_of_v<WeakTarget, std::remove_const_t<U>>
   Weak(U* object) : object_(object) {
     if (object) life_ = static_cast<const WeakTarget*>(object)->life();
   }
 
   template <class U>
-    requires std::is_convertible_v<U*, T*>
-  Weak(const Weak<U>& other) : object_(other.object_), life_(other.life_) {}
+  requires std::is_convertible_v<U*, T*> Weak(const Weak<U>& other)
+      : object_(other.object_), life_(other.life_) {}
 
   T* get() const { return life_ && *life_ ? object_ : nullptr; }
   T* operator->() const { return get(); }

@@ -5,15 +5,15 @@
 #include <memory>
 
 #include "KestroUI/Icons.h"
-#include "platform/Bundle.h"
+#include "foundation/Bundle.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
 namespace {
 
-using platform::ControlEvent;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using toolkit::ControlEvent;
 
 const std::string reviewEnd =
     "&onlyLatestVersion=true&pageNumber=0&sortOrdering=1&type=Purple+Software";
@@ -62,7 +62,7 @@ class AboutOverlayTest : public testing::Test {
     controller.menuBar().onAboutButton();
     window.window.prepareFrame();
   }
-  static void press(platform::Control& button) { button.sendActions(ControlEvent::touchDown); }
+  static void press(toolkit::Control& button) { button.sendActions(ControlEvent::touchDown); }
 
   Program program;
   Host host;
@@ -95,9 +95,9 @@ TEST_F(AboutOverlayTest, likeAsksTheStoreWhereAHostHasOneAndOpensItsPageElsewher
 
 TEST_F(AboutOverlayTest, likeIsLeftOutWithoutAnIdentifierOrAPage) {
   {
-    const platform::MainBundle bundle({{"CFBundleDisplayName", "Foam"},
-                                       {"CFBundleShortVersionString", "1.0"},
-                                       {"CFBundleVersion", "2"}});
+    const foundation::MainBundle bundle({{"CFBundleDisplayName", "Foam"},
+                                         {"CFBundleShortVersionString", "1.0"},
+                                         {"CFBundleVersion", "2"}});
     show();
     EXPECT_TRUE(about().like().isHidden());
     press(about().like());
@@ -176,7 +176,7 @@ TEST_F(AboutOverlayTest, everyPartStaysWithinThePanelAtAnySize) {
     window.resize(size);
     const platform::Rect panel = about().panelFrame();
     double bottom = panel.y;
-    for (const platform::View* part : std::initializer_list<platform::View*>{
+    for (const toolkit::View* part : std::initializer_list<toolkit::View*>{
              &about().title(), &about().version(), &about().thanks(), &about().like(),
              &about().social(), &about().link()}) {
       const platform::Rect frame = part->frame();
@@ -193,7 +193,7 @@ TEST_F(AboutOverlayTest, everyPartStaysWithinThePanelAtAnySize) {
 
 TEST_F(AboutOverlayTest, everyButtonHasANameForWhoDoesNotSeeIt) {
   show();
-  for (platform::View* button : std::initializer_list<platform::View*>{
+  for (toolkit::View* button : std::initializer_list<toolkit::View*>{
            &about().like(), &about().contactUs(), &about().get_all_apps(), &about().link()}) {
     EXPECT_EQ(button->accessibility().role, platform::Accessibility::Role::button);
     EXPECT_NE(button->accessibility().name, "");

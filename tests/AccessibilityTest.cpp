@@ -25,8 +25,8 @@ class AccessibilityTest : public testing::Test, protected support::EditorHands {
 TEST_F(AccessibilityTest, EveryControlOfHaldenIsReachedByTabInTheOrderOfTheDesign) {
   for (int page = 0; page < pageCount(); ++page) {
     showPage(page);
-    std::vector<platform::View*> inTree;
-    visitShown(host.rootView(), [&](platform::View& view) {
+    std::vector<toolkit::View*> inTree;
+    visitShown(host.rootView(), [&](toolkit::View& view) {
       if (view.canBecomeFirstResponder() && view.isUserInteractionEnabled())
         inTree.push_back(&view);
     });
@@ -34,7 +34,7 @@ TEST_F(AccessibilityTest, EveryControlOfHaldenIsReachedByTabInTheOrderOfTheDesig
     dropFocus();
     EXPECT_EQ(walk(), inTree) << "page " << page;
     dropFocus();
-    std::vector<platform::View*> backwards = walk(platform::Modifiers::shift);
+    std::vector<toolkit::View*> backwards = walk(platform::Modifiers::shift);
     std::reverse(backwards.begin(), backwards.end());
     EXPECT_EQ(backwards, inTree) << "page " << page;
   }
@@ -45,7 +45,7 @@ TEST(Accessibility, EveryControlHasARoleANameAndAValueInItsRange) {
     support::EditorHands hands(*entry);
     for (int page = 0; page < hands.pageCount(); ++page) {
       hands.showPage(page);
-      hands.visitShown(hands.host.rootView(), [&](platform::View& view) {
+      hands.visitShown(hands.host.rootView(), [&](toolkit::View& view) {
         if (!view.canBecomeFirstResponder() || !view.isUserInteractionEnabled()) return;
         const Accessibility told = view.accessibility();
         EXPECT_NE(told.role, Accessibility::Role::none) << told.name;
@@ -67,7 +67,7 @@ TEST(Accessibility, EveryControlHasARoleANameAndAValueInItsRange) {
 TEST_F(AccessibilityTest, EveryControlOfHaldenIsMovedByKeysFromEndToEnd) {
   for (int page = 0; page < pageCount(); ++page) {
     showPage(page);
-    for (platform::View* view : walk()) {
+    for (toolkit::View* view : walk()) {
       auto* control = dynamic_cast<kestroui::KestroControl*>(view);
       if (!control || dynamic_cast<kestroui::MomentaryButton*>(view)) continue;
       const Accessibility told = control->accessibility();
@@ -90,14 +90,14 @@ TEST_F(AccessibilityTest, EveryControlOfHaldenIsMovedByKeysFromEndToEnd) {
 }
 
 TEST_F(AccessibilityTest, WhatLiesUnderAnOverlayOrIsHiddenIsNotReached) {
-  struct Overlay : platform::View {
+  struct Overlay : toolkit::View {
     bool canBecomeFirstResponder() const override { return true; }
   };
   Overlay overlay;
   host.rootView().addSubview(overlay);
   overlay.setFrame(host.rootView().bounds());
   loop.runDue();
-  EXPECT_EQ(walk(), std::vector<platform::View*>{&overlay});
+  EXPECT_EQ(walk(), std::vector<toolkit::View*>{&overlay});
   overlay.setHidden(true);
   EXPECT_GT(walk().size(), 10u);
   EXPECT_EQ(focused() == &overlay, false);

@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -59,14 +59,14 @@ TEST_F(ArchiveOracleTest, WhatItWritesIsRead) {
   };
   std::string error;
   ASSERT_TRUE(run("write '" + (folder / "a") + "'"));
-  const auto binary = platform::readKeyedArchive(bytesOf(folder / "a"), error);
+  const auto binary = foundation::readKeyedArchive(bytesOf(folder / "a"), error);
   ASSERT_TRUE(binary) << error;
-  EXPECT_EQ(platform::writeXmlPropertyList(*binary), platform::writeXmlPropertyList(expected));
+  EXPECT_EQ(foundation::writeXmlPropertyList(*binary), foundation::writeXmlPropertyList(expected));
   EXPECT_EQ(*binary, PropertyList(expected));
 
   // Its XML writes dates in whole seconds and characters beyond the first plane in a way of its own.
   ASSERT_TRUE(run("write '" + (folder / "x") + "' xml"));
-  auto xml = platform::readKeyedArchive(bytesOf(folder / "x"), error);
+  auto xml = foundation::readKeyedArchive(bytesOf(folder / "x"), error);
   ASSERT_TRUE(xml) << error;
   for (const char* key : {"date", "text"}) {
     expected.erase(key);
@@ -87,7 +87,7 @@ TEST_F(ArchiveOracleTest, ItReadsWhatIsWritten) {
       {"yes", true},
       {"z\xc3\xbc", std::string(300, 'x')},
   };
-  const auto bytes = platform::writeKeyedArchive(tree);
+  const auto bytes = foundation::writeKeyedArchive(tree);
   std::ofstream(folder / "a", std::ios::binary) << std::string(bytes.begin(), bytes.end());
   ASSERT_TRUE(run("read '" + (folder / "a") + "'", folder / "out"));
   EXPECT_EQ(support::textOf(folder / "out"),

@@ -17,16 +17,16 @@
 namespace kestroui {
 namespace {
 
-using platform::ControlEvent;
 using platform::Key;
+using toolkit::ControlEvent;
 
 struct Journal : platform::WeakTarget {
-  void onChange(platform::Control& sender) {
+  void onChange(toolkit::Control& sender) {
     const float value = static_cast<KestroControl&>(sender).value();
     events += std::to_string(static_cast<int>(value)) + " ";
   }
   void onTouchDown() { events += "down "; }
-  void listenTo(platform::Control& control) {
+  void listenTo(toolkit::Control& control) {
     control.addTarget<&Journal::onChange>(*this, ControlEvent::valueChanged);
     control.addTarget<&Journal::onTouchDown>(*this, ControlEvent::touchDown);
   }

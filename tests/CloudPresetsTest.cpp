@@ -54,7 +54,7 @@ TEST_F(CloudPresetsTest, PlaceholdersBecomeFilesWhenTheDownloadHasCome) {
   folder.write("cloud/Documents/Presets/.Lead.synth.icloud", "");
   folder.write("remote/Documents/Presets/Bass.synth", "bass");
   folder.write("remote/Documents/Presets/Lead.synth", "lead");
-  remote->setDelay(2);
+  remote->delay = 2;
   const auto manager = makeManager();
   EXPECT_THAT(namesOf(*manager), IsEmpty());
   loop.advance(1.9);
@@ -64,18 +64,18 @@ TEST_F(CloudPresetsTest, PlaceholdersBecomeFilesWhenTheDownloadHasCome) {
   loop.advance(2);
   EXPECT_EQ(namesIn(folder / "cloud/Documents/Presets"), (Names{"Bass.synth", "Lead.synth"}));
   EXPECT_EQ(textOf(folder / "cloud/Documents/Presets/Bass.synth"), "bass");
-  EXPECT_EQ(remote->count(), 2);
+  EXPECT_EQ(remote->count, 2);
 }
 
 TEST_F(CloudPresetsTest, ADownloadThatFailsIsLeftForTheNextTime) {
   folder.write("cloud/Documents/Presets/Bass.synth.icloud", "");
   folder.write("remote/Documents/Presets/Bass.synth", "bass");
   folder.write("cloud/Documents/Presets/Ghost.synth.icloud", "");
-  remote->setFailing(true);
+  remote->failing = true;
   makeManager();
   EXPECT_EQ(namesIn(folder / "cloud/Documents/Presets"),
             (Names{"Bass.synth.icloud", "Ghost.synth.icloud"}));
-  remote->setFailing(false);
+  remote->failing = false;
   EXPECT_THAT(namesOf(*makeManager()), ElementsAre("Bass"));
 }
 

@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "Quillon/FullState.h"
-#include "platform/Console.h"
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/Console.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace {
 
@@ -153,15 +153,15 @@ TEST(CommonAudioUnitTest, TheStateIsAnArchiveAndAPresetsBytesAreTakenForOne) {
   EXPECT_EQ(*full.find("presetName"), "Bright");
   std::string error;
   const auto state =
-      platform::readKeyedArchive(*full.find("data")->as<PropertyList::Data>(), error);
+      foundation::readKeyedArchive(*full.find("data")->as<PropertyList::Data>(), error);
   ASSERT_TRUE(state) << error;
   EXPECT_EQ(state->find("parameters")->find("cutoff")->number(), 500);
 
   const PropertyList preset = Dictionary{{"Categories", PropertyList::Array{"bass"}},
                                          {"parameters", Dictionary{{"cutoff", 700}}}};
-  const std::string xml = platform::writeXmlPropertyList(preset);
+  const std::string xml = foundation::writeXmlPropertyList(preset);
   for (const auto& bytes : {PropertyList::Data(xml.begin(), xml.end()),
-                            PropertyList::Data(platform::writeKeyedArchive(preset))}) {
+                            PropertyList::Data(foundation::writeKeyedArchive(preset))}) {
     Synth other;
     other.setParameter("wave", 2);
     other.setFullState(Dictionary{{"data", bytes}, {"presetName", "Mine"}});
@@ -176,14 +176,14 @@ TEST(CommonAudioUnitTest, TheStateIsAnArchiveAndAPresetsBytesAreTakenForOne) {
 
 TEST(CommonAudioUnitTest, DataThatHoldNoStateAreToldAndChangeNothing) {
   std::vector<std::string> printed;
-  const platform::ConsoleListener listener(
+  const foundation::ConsoleListener listener(
       [&](const std::string& line) { printed.push_back(line); });
-  const auto archive = platform::writeKeyedArchive(Dictionary{});
+  const auto archive = foundation::writeKeyedArchive(Dictionary{});
   Synth synth;
   synth.setCurrentPreset(5);
   for (const PropertyList::Data& bytes : {PropertyList::Data(), PropertyList::Data{1, 2},
                                           PropertyList::Data(archive.begin(), archive.end() - 40),
-                                          platform::writeKeyedArchive(PropertyList::Array{})})
+                                          foundation::writeKeyedArchive(PropertyList::Array{})})
     synth.setFullState(Dictionary{{"data", bytes}, {"presetName", "Mine"}});
   EXPECT_EQ(synth.currentPresetName(), "Bright");
   EXPECT_EQ(printed.size(), 4u);
@@ -191,7 +191,7 @@ TEST(CommonAudioUnitTest, DataThatHoldNoStateAreToldAndChangeNothing) {
 }
 
 TEST(CommonAudioUnitTest, AStateThatIsNoDictionaryChangesNothing) {
-  const platform::ConsoleListener listener([](const std::string&) {});
+  const foundation::ConsoleListener listener([](const std::string&) {});
   Synth synth;
   synth.setCurrentPreset(5);
   for (const PropertyList& state : {PropertyList(), PropertyList(1), PropertyList("x")})

@@ -122,7 +122,7 @@ struct Owner : ContainerDelegate, platform::WeakTarget {
   void didEndGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>&) override {
     events.push_back("end");
   }
-  void onChange(platform::Control& sender) {
+  void onChange(toolkit::Control& sender) {
     auto& container = static_cast<Container&>(sender);
     for (const std::shared_ptr<ParamKey>& key : container.paramKeys()) {
       const float value = container.value(key->key());
@@ -131,7 +131,7 @@ struct Owner : ContainerDelegate, platform::WeakTarget {
   }
   void listenTo(Container& container) {
     container.delegate = this;
-    container.addTarget<&Owner::onChange>(*this, platform::ControlEvent::valueChanged);
+    container.addTarget<&Owner::onChange>(*this, toolkit::ControlEvent::valueChanged);
   }
   std::vector<std::string> take() { return std::exchange(events, {}); }
 
@@ -149,7 +149,7 @@ class ContainerTest : public testing::Test {
   }
   void doubleTap(platform::Point at) {
     bench.tap(at);
-    bench.window.touchBegan(1, platform::Touch::Kind::finger, at, 2);
+    bench.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 2);
     bench.lift(at);
   }
   bool paints(const std::string& line) {
@@ -339,10 +339,10 @@ class StrictCanvas : public support::LogCanvas {
   platform::Rect bounds_;
 };
 
-void paintAll(platform::View& view) {
+void paintAll(toolkit::View& view) {
   StrictCanvas canvas(view.bounds());
   view.paint(canvas);
-  for (platform::View* subview : view.subviews()) {
+  for (toolkit::View* subview : view.subviews()) {
     if (subview->isHidden() || subview->bounds().isEmpty()) continue;
     EXPECT_TRUE(view.bounds().inset(-0.01, -0.01).contains(subview->frame()));
     paintAll(*subview);

@@ -15,9 +15,9 @@
 namespace kestroui {
 namespace {
 
-using platform::ControlEvent;
 using platform::Key;
 using platform::Modifiers;
+using toolkit::ControlEvent;
 
 struct Listener : platform::WeakTarget {
   void onBegin() { events += "["; }
@@ -26,7 +26,7 @@ struct Listener : platform::WeakTarget {
     if (then) then();
   }
   void onEnd() { events += "]"; }
-  void listenTo(platform::Control& control) {
+  void listenTo(toolkit::Control& control) {
     control.addTarget<&Listener::onBegin>(*this, ControlEvent::editingDidBegin);
     control.addTarget<&Listener::onChange>(*this, ControlEvent::valueChanged);
     control.addTarget<&Listener::onEnd>(*this, ControlEvent::editingDidEnd);
@@ -51,7 +51,7 @@ class ControlGesturesTest : public testing::Test {
     bench.window.wheelTurned({centre, 0, notches, modifiers});
   }
   void secondPress(platform::Point at) {
-    bench.window.touchBegan(1, platform::Touch::Kind::mouse, at, 2);
+    bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, at, 2);
   }
 
   support::ManualLoop loop;

@@ -1,14 +1,15 @@
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "platform/Button.h"
 #include "tests/support/WindowBench.h"
+#include "toolkit/Button.h"
 
 using namespace platform;
+using namespace toolkit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -111,7 +111,7 @@ TEST_F(ControllerLifecycleTest, TheAudioUnitMayGoFirst) {
   controller->didBeginGesture(*knob, knob->paramKeys());
   unit.reset();
   loop.advance(0.5);
-  knob->sendActions(platform::ControlEvent::valueChanged);
+  knob->sendActions(toolkit::ControlEvent::valueChanged);
   controller->didEndGesture(*knob, knob->paramKeys());
   controller->didDoubleTap(knob->key());
   controller->randomize();
@@ -262,7 +262,7 @@ TEST_F(ControllerLifecycleTest, TheMenuBarStepsThroughThePresets) {
   const auto controller = make();
   window.show(*controller);
   MenuBar& bar = controller->menuBar();
-  const auto press = [&](platform::View& button) {
+  const auto press = [&](toolkit::View& button) {
     window.tap(button.convertToRoot(button.bounds().centre()));
     return bar.presetName();
   };
@@ -288,7 +288,7 @@ TEST_F(ControllerLifecycleTest, TheMenuBarStepsThroughThePresets) {
 
 TEST_F(ControllerLifecycleTest, TheMenuBarIsLaidOutByItsHeight) {
   MenuBar bar;
-  platform::View editor;
+  toolkit::View editor;
   editor.addSubview(bar);
   bar.setFrame({0, 0, 1000, 50});
   bar.setDisplays({"Bars", "Lines"});
@@ -341,7 +341,7 @@ TEST_F(ControllerLifecycleTest, ControlsMayBeHiddenByThePlugin) {
 
 TEST_F(ControllerLifecycleTest, ChildControllersComeAndGoWithTheirViews) {
   const auto controller = make();
-  platform::ViewController child;
+  toolkit::ViewController child;
   controller->addViewController(child);
   EXPECT_EQ(child.view().superview(), &controller->view());
   EXPECT_EQ(child.parent(), controller.get());

@@ -1,6 +1,6 @@
 // Work beside the user-interface thread, and its way back.
 
-#include "platform/DispatchQueue.h"
+#include "foundation/DispatchQueue.h"
 
 #include <gtest/gtest.h>
 
@@ -8,16 +8,16 @@
 #include <memory>
 #include <thread>
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 #include "tests/support/ManualDriver.h"
 
 namespace {
 
-using platform::DispatchQueue;
+using foundation::DispatchQueue;
 
 TEST(DispatchQueueTest, WorkRunsElsewhereAndAnswersOnTheMainRunLoop) {
   support::ManualDriver driver;
-  platform::RunLoop loop(driver);
+  foundation::RunLoop loop(driver);
   const auto here = std::this_thread::get_id();
   std::atomic<bool> ranElsewhere{false};
   bool answeredHere = false;
@@ -45,7 +45,7 @@ TEST(DispatchQueueTest, AllWorkIsDoneAfterWaiting) {
 
 TEST(DispatchQueueTest, ADelayedTaskRunsOnTheClockOfTheLoop) {
   support::ManualDriver driver;
-  platform::RunLoop loop(driver);
+  foundation::RunLoop loop(driver);
   int runs = 0;
   DispatchQueue::mainAsyncAfter(1, [&] { ++runs; });
   driver.advance(0.9);
@@ -59,7 +59,7 @@ TEST(DispatchQueueTest, TasksOfALoopThatEndsAreDropped) {
   DispatchQueue::mainAsync([owned] { ++*owned; });
   {
     support::ManualDriver driver;
-    platform::RunLoop loop(driver);
+    foundation::RunLoop loop(driver);
     DispatchQueue::mainAsyncAfter(1, [owned] { ++*owned; });
     loop.runDue();
     DispatchQueue::mainAsync([owned] { ++*owned; });

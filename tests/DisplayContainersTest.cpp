@@ -147,7 +147,7 @@ class DisplayContainersTest : public testing::Test {
   }
   void doubleTap(Point at) {
     bench.tap(at);
-    bench.window.touchBegan(1, platform::Touch::Kind::finger, at, 2);
+    bench.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 2);
     bench.lift(at);
   }
 
@@ -189,7 +189,7 @@ TEST_F(DisplayContainersTest, EveryKeyIsReachedByTheKeyboard) {
   for (const Kind& kind : kinds()) {
     SCOPED_TRACE(kind.name);
     const auto container = shown(kind);
-    platform::View& face = *container->subviews()[1];
+    toolkit::View& face = *container->subviews()[1];
     ASSERT_TRUE(face.becomeFirstResponder());
     std::size_t reached = 0;
     for (std::size_t i = 0; i < kind.keys.size() + 1; ++i) {

@@ -24,7 +24,7 @@ class DropDownListTest : public testing::Test {
     page.addSubview(*list);
     list->setFrame({20, 20, 120, 24});
     list->setEntries({"Init", "Warm", "Cold", "Bright"});
-    list->addTarget<&Counter::onChange>(counter, platform::ControlEvent::valueChanged);
+    list->addTarget<&Counter::onChange>(counter, toolkit::ControlEvent::valueChanged);
     bench.frame();
   }
   void openByTap() {
@@ -41,7 +41,7 @@ class DropDownListTest : public testing::Test {
 
   support::ManualLoop loop;
   support::WindowBench bench;
-  platform::View page;
+  toolkit::View page;
   Counter counter;
   std::unique_ptr<DropDownList> list = std::make_unique<DropDownList>();
 };
@@ -145,7 +145,7 @@ TEST_F(DropDownListTest, itsOwnerMayBeDestroyedByTheChoice) {
     std::unique_ptr<DropDownList>* list;
   } owner;
   owner.list = &list;
-  list->addTarget<&Owner::onChange>(owner, platform::ControlEvent::valueChanged);
+  list->addTarget<&Owner::onChange>(owner, toolkit::ControlEvent::valueChanged);
   openByTap();
   bench.tap(row(1));
   EXPECT_EQ(list, nullptr);

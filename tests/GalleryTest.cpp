@@ -64,14 +64,14 @@ class GalleryTest : public testing::Test, protected support::EditorHands {
     EXPECT_GT(set, 100);
   }
 
-  static bool isInContainer(platform::View& view) {
-    for (platform::View* outer = &view; outer; outer = outer->superview())
+  static bool isInContainer(toolkit::View& view) {
+    for (toolkit::View* outer = &view; outer; outer = outer->superview())
       if (dynamic_cast<kestroui::Container*>(outer)) return true;
     return false;
   }
   std::vector<kestroui::Container*> shownContainers() {
     std::vector<kestroui::Container*> containers;
-    visitShown(host.rootView(), [&](platform::View& view) {
+    visitShown(host.rootView(), [&](toolkit::View& view) {
       if (auto* container = dynamic_cast<kestroui::Container*>(&view))
         containers.push_back(container);
     });
@@ -87,7 +87,7 @@ TEST_F(GalleryTest, AKeyboardAloneSetsEveryParameter) {
   for (int page = 0; page < pageCount(); ++page) {
     showPage(page);
     dropFocus();
-    for (platform::View* view : walk()) {
+    for (toolkit::View* view : walk()) {
       if (!isInContainer(*view)) continue;
       ASSERT_TRUE(view->becomeFirstResponder());
       const bool opens = dynamic_cast<kestroui::DropDownList*>(view) != nullptr;

@@ -141,7 +141,7 @@ TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
   editor.didSelectMidiMap(editor.container("cutoff")->key(), editor.container("cutoff").get());
   const auto shown = [&] {
     std::vector<kestroui::Container*> containers;
-    hands.visitShown(hands.host.rootView(), [&](platform::View& view) {
+    hands.visitShown(hands.host.rootView(), [&](toolkit::View& view) {
       auto* container = dynamic_cast<kestroui::Container*>(&view);
       if (container && container->key() && container->key()->key() == "cutoff")
         containers.push_back(container);

@@ -90,7 +90,7 @@ TEST_F(HaldenMonitorTest, TheMenuBarChoosesWhatItShows) {
     EXPECT_EQ(monitor().mode(), static_cast<MonitorMode>(index));
     // One face at a time, in the same place.
     int shown = 0;
-    for (platform::View* face : monitor().subviews())
+    for (toolkit::View* face : monitor().subviews())
       if (!face->isHidden() && face->frame().width > 0.5 * monitor().bounds().width) ++shown;
     EXPECT_EQ(shown, 1) << index;
     play(0.1, true);

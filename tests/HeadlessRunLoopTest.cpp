@@ -8,14 +8,14 @@
 #include <string>
 #include <thread>
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace headless {
 namespace {
 
-using platform::DisplayLink;
-using platform::RunLoop;
-using platform::Timer;
+using foundation::DisplayLink;
+using foundation::RunLoop;
+using foundation::Timer;
 
 TEST(HeadlessRunLoop, RunsTimersInTheOrderOfTheirDeadlines) {
   HeadlessRunLoop loop;

@@ -17,9 +17,9 @@ using platform::Key;
 using platform::Modifiers;
 
 /// Counts its life on screen; its view takes the keys that are typed as "x".
-class Probe : public platform::ViewController {
+class Probe : public toolkit::ViewController {
  public:
-  struct KeyView : platform::View {
+  struct KeyView : toolkit::View {
     bool canBecomeFirstResponder() const override { return true; }
     bool keyPressed(const platform::KeyEvent& event) override { return event.text == "x"; }
   };

@@ -5,15 +5,16 @@
 #include <filesystem>
 
 #include "backends/juce/EditorComponent.h"
+#include "foundation/DefaultFileManager.h"
 #include "foundation/LocalFileManager.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/JuceBench.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
 
-using juce_backend::AlertPanel;
 using juce_backend::EditorComponent;
+using orvane::AlertPanel;
 using platform::Key;
 using support::namesIn;
 using support::textOf;
@@ -55,7 +56,7 @@ class JucePresentationTest : public testing::Test {
   /// A preset with this value of "mix".
   std::string preset(const std::string& name, double mix) {
     return folder.write(name,
-                        platform::writeXmlPropertyList(platform::PropertyList::Dictionary{
+                        foundation::writeXmlPropertyList(platform::PropertyList::Dictionary{
                             {"parameters", platform::PropertyList::Dictionary{{"mix", mix}}}}));
   }
   double mix() { return unit.parameter("mix")->value(); }
@@ -78,7 +79,7 @@ class JucePresentationTest : public testing::Test {
   support::TemporaryFolder folder;
   foundation::LocalFileManager files{
       folder / "data", foundation::LocalFileManager::Groups::oneForAll, nullptr, folder / "tmp/"};
-  platform::DefaultFileManager scope{files};
+  foundation::DefaultFileManager scope{files};
   support::RenderLog unit;
   EditorComponent editor;
 };

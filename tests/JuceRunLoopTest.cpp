@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "platform/RealtimePort.h"
+#include "foundation/RealtimePort.h"
 
 namespace {
 
@@ -14,8 +14,8 @@ class JuceRunLoopTest : public testing::Test {
  protected:
   /// Runs JUCE's loop for so many seconds.
   void run(double seconds) {
-    platform::Timer end(seconds, platform::Timer::Repeat::once,
-                        [] { juce::MessageManager::getInstance()->stopDispatchLoop(); });
+    foundation::Timer end(seconds, foundation::Timer::Repeat::once,
+                          [] { juce::MessageManager::getInstance()->stopDispatchLoop(); });
     juce::MessageManager::getInstance()->runDispatchLoop();
   }
 
@@ -31,12 +31,12 @@ struct CountingClient : JuceRunLoop::FrameClient {
 TEST_F(JuceRunLoopTest, bringsTasksAndMessagesOfOtherThreadsInOrder) {
   std::vector<std::uint64_t> received;
   int overflows = 0;
-  platform::RealtimePort port(
+  foundation::RealtimePort port(
       1024, [&](std::uint64_t message) { received.push_back(message); }, [&] { ++overflows; });
   bool hasTaskRun = false;
   std::thread other([&] {
     for (std::uint64_t i = 0; i < 500; ++i) port.post(i);
-    platform::RunLoop::main().async([&] { hasTaskRun = true; });
+    foundation::RunLoop::main().async([&] { hasTaskRun = true; });
   });
   run(0.2);
   other.join();
@@ -48,10 +48,10 @@ TEST_F(JuceRunLoopTest, bringsTasksAndMessagesOfOtherThreadsInOrder) {
 
 TEST_F(JuceRunLoopTest, firesTimersInTheirOrder) {
   std::string order;
-  platform::Timer late(0.06, platform::Timer::Repeat::once, [&] { order += 'l'; });
-  platform::Timer early(0.02, platform::Timer::Repeat::once, [&] { order += 'e'; });
-  platform::Timer stopped(0.03, platform::Timer::Repeat::once, [&] { order += 's'; });
-  platform::Timer repeating(0.045, platform::Timer::Repeat::forever, [&] { order += 'r'; });
+  foundation::Timer late(0.06, foundation::Timer::Repeat::once, [&] { order += 'l'; });
+  foundation::Timer early(0.02, foundation::Timer::Repeat::once, [&] { order += 'e'; });
+  foundation::Timer stopped(0.03, foundation::Timer::Repeat::once, [&] { order += 's'; });
+  foundation::Timer repeating(0.045, foundation::Timer::Repeat::forever, [&] { order += 'r'; });
   stopped.invalidate();
   run(0.12);
   // How often the repeating one came by then depends on what else the machine does.
@@ -61,8 +61,8 @@ TEST_F(JuceRunLoopTest, firesTimersInTheirOrder) {
 
 TEST_F(JuceRunLoopTest, framesComeOnlyWhileTheyAreWanted) {
   int frames = 0;
-  platform::DisplayLink link([&] { ++frames; });
-  platform::Timer pause(0.3, platform::Timer::Repeat::once, [&] { link.setPaused(true); });
+  foundation::DisplayLink link([&] { ++frames; });
+  foundation::Timer pause(0.3, foundation::Timer::Repeat::once, [&] { link.setPaused(true); });
   run(0.6);
   // About eighteen; a machine with much else to do shows fewer.
   EXPECT_GE(frames, 1);

@@ -1,7 +1,7 @@
 // Keyed archives: what is written reads back, the forms that other writers use are read, and
 // nothing that bytes can hold does harm.
 
-#include "platform/KeyedArchive.h"
+#include "foundation/KeyedArchive.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "foundation/BinaryPropertyListWriter.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ PropertyList object(int classNumber, Dictionary members) {
 
 std::string errorOf(const PropertyList& list) {
   std::string error;
-  EXPECT_FALSE(platform::readKeyedArchive(foundation::writeBinaryPropertyList(list), error));
+  EXPECT_FALSE(foundation::readKeyedArchive(foundation::writeBinaryPropertyList(list), error));
   EXPECT_EQ(error.find('\n'), error.npos);
   return error;
 }
@@ -64,7 +64,7 @@ TEST(KeyedArchiveTest, EveryKindOfValueReadsBackAsItWasWritten) {
   for (const PropertyList& root : {everything, PropertyList(), PropertyList("text"),
                                    PropertyList(Array{1, 2}), PropertyList(-0.0)}) {
     std::string error;
-    const auto read = platform::readKeyedArchive(platform::writeKeyedArchive(root), error);
+    const auto read = foundation::readKeyedArchive(foundation::writeKeyedArchive(root), error);
     ASSERT_TRUE(read) << error;
     EXPECT_EQ(*read, root);
   }
@@ -72,15 +72,15 @@ TEST(KeyedArchiveTest, EveryKindOfValueReadsBackAsItWasWritten) {
 
 TEST(KeyedArchiveTest, AnArchiveHasTheKnownEntries) {
   std::string error;
-  const auto list = platform::parsePropertyList(
-      platform::writeKeyedArchive(Dictionary{{"Categories", Array{"bass"}}}), error);
+  const auto list = foundation::parsePropertyList(
+      foundation::writeKeyedArchive(Dictionary{{"Categories", Array{"bass"}}}), error);
   EXPECT_EQ(*list, archive({"$null",
                             object(6, {{"NS.keys", Array{uid(2)}}, {"NS.objects", Array{uid(3)}}}),
                             "Categories", object(5, {{"NS.objects", Array{uid(4)}}}), "bass",
                             theClass("NSArray", {"NSArray", "NSObject"}),
                             theClass("NSDictionary", {"NSDictionary", "NSObject"})}))
-      << platform::writeXmlPropertyList(*list);
-  EXPECT_TRUE(platform::isKeyedArchive(*list));
+      << foundation::writeXmlPropertyList(*list);
+  EXPECT_TRUE(foundation::isKeyedArchive(*list));
 }
 
 TEST(KeyedArchiveTest, BinaryListsReadBackWithTheirReferences) {
@@ -89,7 +89,7 @@ TEST(KeyedArchiveTest, BinaryListsReadBackWithTheirReferences) {
   list.as<Dictionary>()->erase("null");
   (*list.as<Dictionary>())["nested"] = Array{uid(3), uid(70000), Dictionary{{"CF$UID", -1}}};
   std::string error;
-  const auto read = platform::parsePropertyList(foundation::writeBinaryPropertyList(list), error);
+  const auto read = foundation::parsePropertyList(foundation::writeBinaryPropertyList(list), error);
   ASSERT_TRUE(read) << error;
   EXPECT_EQ(*read, list);
 }
@@ -133,9 +133,9 @@ TEST(KeyedArchiveTest, FormsOfOtherWritersAreRead) {
   };
   for (const auto& [what, list, expected] : cases) {
     std::string error;
-    const std::string xml = platform::writeXmlPropertyList(list);
+    const std::string xml = foundation::writeXmlPropertyList(list);
     for (const Data& bytes : {foundation::writeBinaryPropertyList(list), bytesOf(xml)}) {
-      const auto read = platform::readKeyedArchive(bytes, error);
+      const auto read = foundation::readKeyedArchive(bytes, error);
       ASSERT_TRUE(read) << what << ": " << error;
       EXPECT_EQ(*read, expected) << what;
     }
@@ -182,10 +182,10 @@ TEST(KeyedArchiveTest, BrokenArchivesAreExplained) {
        "the keyed archive has an object without NS.time"},
   };
   for (const auto& [list, error] : cases) EXPECT_EQ(errorOf(list), error);
-  const Data good = platform::writeKeyedArchive(everything);
+  const Data good = foundation::writeKeyedArchive(everything);
   std::string error;
   for (std::size_t length = 0; length < good.size(); length += length < 200 ? 1 : 997)
-    EXPECT_FALSE(platform::readKeyedArchive(std::span(good).first(length), error)) << length;
+    EXPECT_FALSE(foundation::readKeyedArchive(std::span(good).first(length), error)) << length;
 }
 
 TEST(KeyedArchiveTest, NestingAndUnfoldingAreBounded) {

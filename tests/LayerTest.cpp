@@ -1,6 +1,6 @@
 // Layers, and the recording that they and their views are painted into.
 
-#include "platform/Layer.h"
+#include "toolkit/Layer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,13 +8,14 @@
 #include <limits>
 #include <memory>
 
-#include "platform/Button.h"
-#include "platform/ImageView.h"
-#include "platform/Label.h"
 #include "tests/support/WindowBench.h"
+#include "toolkit/Button.h"
+#include "toolkit/ImageView.h"
+#include "toolkit/Label.h"
 #include "toolkit/Recorder.h"
 
 using namespace platform;
+using namespace toolkit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <map>
 
+#include "foundation/DefaultFileManager.h"
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -270,12 +271,12 @@ TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
 
 TEST(LocalFileManagerTest, TheDefaultIsThatOfTheInnermostScope) {
   LocalFileManager outer(""), inner("");
-  const platform::DefaultFileManager outerScope(outer);
+  const foundation::DefaultFileManager outerScope(outer);
   {
-    const platform::DefaultFileManager innerScope(inner);
-    EXPECT_EQ(&FileManager::defaultManager(), &inner);
+    const foundation::DefaultFileManager innerScope(inner);
+    EXPECT_EQ(&foundation::DefaultFileManager::current(), &inner);
   }
-  EXPECT_EQ(&FileManager::defaultManager(), &outer);
+  EXPECT_EQ(&foundation::DefaultFileManager::current(), &outer);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "foundation/NetworkSession.h"
+#include "foundation/SharedURLSession.h"
 #include "tests/support/HttpServer.h"
 #include "tests/support/ManualDriver.h"
 
@@ -49,9 +50,9 @@ class MenuBarTest : public testing::Test {
 
   support::ManualLoop loop;
   foundation::NetworkSession session;
-  platform::SharedURLSession shared{session};
+  foundation::SharedURLSession shared{session};
   Owner owner;
-  platform::View editor;
+  toolkit::View editor;
   std::unique_ptr<MenuBar> bar = std::make_unique<MenuBar>();
 };
 
@@ -87,7 +88,7 @@ TEST_F(MenuBarTest, helpIsShownOnceTheServerHasToldItsAddress) {
               ElementsAre("GET /LICENSES/help_url.php?product_identifier=foam HTTP/1.1"));
   bar->draw(bar->bounds());
   EXPECT_EQ(bar->helpButton().frame(), (Rect{900, 12.5, 25, 25}));
-  bar->helpButton().sendActions(platform::ControlEvent::touchDown);
+  bar->helpButton().sendActions(toolkit::ControlEvent::touchDown);
   EXPECT_THAT(owner.opened, ElementsAre("https://example.org/help?x=1"));
   bar->removeFromSuperview();
   show();
@@ -147,7 +148,7 @@ TEST_F(MenuBarTest, displaysAreReportedAndMakeRoomForHelp) {
   show();
   bar->setDisplays({"Bars", "Lines"});
   bar->displayMode()->setSelectedIndex(1);
-  bar->displayMode()->sendActions(platform::ControlEvent::valueChanged);
+  bar->displayMode()->sendActions(toolkit::ControlEvent::valueChanged);
   EXPECT_THAT(owner.displays, ElementsAre(1));
   ASSERT_TRUE(waitUntil([&] { return hasHelp(); }));
   bar->draw(bar->bounds());

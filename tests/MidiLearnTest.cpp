@@ -54,7 +54,7 @@ class MidiLearnTest : public testing::Test {
   kestroui::MultipleContainer& pair() {
     return dynamic_cast<kestroui::MultipleContainer&>(container("left"));
   }
-  void tap(platform::View& view) {
+  void tap(toolkit::View& view) {
     window.window.prepareFrame();
     window.tap(view.frameInRoot().centre());
     loop.settle();

@@ -8,6 +8,7 @@
 #include <future>
 #include <optional>
 
+#include "foundation/SharedURLSession.h"
 #include "tests/support/HttpServer.h"
 
 namespace foundation {
@@ -131,15 +132,15 @@ TEST(NetworkSession, ATaskSendsNothingBeforeItIsResumedAndOnlyOneRequestAfter) {
 }
 
 TEST(URLSession, TheLastSharedOneIsTheProcesssWhateverOrderTheyGoIn) {
-  URLSession& real = URLSession::shared();
+  URLSession& real = foundation::SharedURLSession::current();
   NetworkSession first, second;
-  auto firstScope = std::make_unique<platform::SharedURLSession>(first);
-  auto secondScope = std::make_unique<platform::SharedURLSession>(second);
-  EXPECT_EQ(&URLSession::shared(), &second);
+  auto firstScope = std::make_unique<foundation::SharedURLSession>(first);
+  auto secondScope = std::make_unique<foundation::SharedURLSession>(second);
+  EXPECT_EQ(&foundation::SharedURLSession::current(), &second);
   firstScope.reset();
-  EXPECT_EQ(&URLSession::shared(), &second);
+  EXPECT_EQ(&foundation::SharedURLSession::current(), &second);
   secondScope.reset();
-  EXPECT_EQ(&URLSession::shared(), &real);
+  EXPECT_EQ(&foundation::SharedURLSession::current(), &real);
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ class OverlayPanelsTest : public testing::Test {
   void type(const std::string& text) {
     for (char c : text) bench.key(Key::character, platform::Modifiers::none, std::string(1, c));
   }
-  void tap(platform::View& view) { bench.tap(view.convertToRoot(view.bounds().centre())); }
+  void tap(toolkit::View& view) { bench.tap(view.convertToRoot(view.bounds().centre())); }
 
   support::ManualLoop loop;
   support::WindowBench bench;
@@ -135,7 +135,7 @@ TEST_F(OverlayPanelsTest, theBankFiltersTellEachTapAndComeBackAfterARefill) {
   filters.setFilterList({"ALL", "USER", "FAVOURITES", "HARBOUR", "COAST"});
   filters.reapplySelection();
   EXPECT_EQ(owner.journal, ",COAST,COAST,COAST");
-  EXPECT_EQ(filters.tableView().indexPathForSelectedRow(), (platform::IndexPath{0, 4}));
+  EXPECT_EQ(filters.tableView().indexPathForSelectedRow(), (toolkit::IndexPath{0, 4}));
   filters.setFilterList({"ALL"});
   filters.reapplySelection();
   EXPECT_EQ(owner.journal, ",COAST,COAST,COAST");

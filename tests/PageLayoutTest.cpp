@@ -17,7 +17,7 @@ std::shared_ptr<Section> named(const std::string& name) { return support::sectio
 std::vector<Rect> framesOf(std::vector<UISection> placements) {
   for (std::size_t i = 0; i < placements.size(); ++i)
     placements[i].section = named(std::to_string(i));
-  platform::View content;
+  toolkit::View content;
   PageView view(std::make_shared<Page>(std::move(placements), "P"), nullptr);
   content.addSubview(view);
   view.setFrame({0, 0, 403, 300});
@@ -56,7 +56,7 @@ TEST(PageView, OfTwoSectionsWithOneNameTheLaterIsShown) {
   PageView view(std::make_shared<Page>(
                     std::vector<UISection>{{first, 1, 0, 1, 0}, {second, 1, 0, 1, 0}}, "P"),
                 nullptr);
-  platform::View content;
+  toolkit::View content;
   content.addSubview(view);
   view.setFrame({0, 0, 401, 100});
   view.draw(view.bounds());
@@ -139,7 +139,7 @@ TEST_F(SettingsViewControllerTest, ATabShowsItsPageAndTakesTheControlsAlong) {
   settings.view().setFrame({0, 0, 300, 600});
   navigation.onPageButton(*navigation.pageButtons()[1]);
   EXPECT_EQ(settings.pageViews()[1]->frame().width, 300);
-  platform::Control stranger;
+  toolkit::Control stranger;
   navigation.onPageButton(stranger);
   EXPECT_EQ(settings.currentPage(), 1);
   EXPECT_DEATH(settings.setCurrentPage(2), "There is no page 2");

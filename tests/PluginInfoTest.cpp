@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "KestroUI/StoreIdentifier.h"
-#include "platform/Bundle.h"
+#include "foundation/Bundle.h"
 
 namespace orvane {
 namespace {
 
-using platform::MainBundle;
+using foundation::MainBundle;
 using platform::PropertyList;
 using Entries = PropertyList::Dictionary;
 

@@ -6,7 +6,7 @@
 
 #include "Orvane/FactoryPreset.h"
 #include "Orvane/PresetFile.h"
-#include "platform/KeyedArchive.h"
+#include "foundation/KeyedArchive.h"
 #include "tests/support/PresetBench.h"
 
 namespace {
@@ -103,16 +103,16 @@ TEST_F(PresetManagerTest, LoadingWhatIsNotThereDoesNothing) {
 TEST_F(PresetManagerTest, EveryLocalFileIsListedWhateverItHolds) {
   const auto manager = makeManager();
   const std::string xml =
-      platform::writeXmlPropertyList(Dictionary{{"Categories", PropertyList::Array{"pad"}}});
+      foundation::writeXmlPropertyList(Dictionary{{"Categories", PropertyList::Array{"pad"}}});
   const auto archive =
-      platform::writeKeyedArchive(Dictionary{{"Categories", PropertyList::Array{"old"}}});
+      foundation::writeKeyedArchive(Dictionary{{"Categories", PropertyList::Array{"old"}}});
   folder.write("data/Presets/a.synth", xml);
   folder.write("data/Presets/b.other", std::string(archive.begin(), archive.end()));
   folder.write("data/Presets/c", "no preset");
   folder.write("data/Presets/d.synth", "");
   folder.write(
       "data/Presets/e.synth",
-      platform::writeXmlPropertyList(Dictionary{{"Categories", PropertyList::Array{"x", 1}}}));
+      foundation::writeXmlPropertyList(Dictionary{{"Categories", PropertyList::Array{"x", 1}}}));
   std::map<std::string, Names> found;
   for (const auto& preset : manager->getUserPresets()) found[preset->name] = preset->categories;
   EXPECT_EQ(found, (std::map<std::string, Names>{
@@ -123,7 +123,7 @@ TEST_F(PresetManagerTest, OnlyWhatHasChangedIsReadAgainAndOfLongFilesTheirEnds) 
   const auto manager = makeManager();
   Dictionary parameters;
   for (int i = 0; i < 200; ++i) parameters["parameter" + std::to_string(i)] = i * 0.1;
-  const std::string xml = platform::writeXmlPropertyList(
+  const std::string xml = foundation::writeXmlPropertyList(
       Dictionary{{"Categories", PropertyList::Array{"pad"}}, {"parameters", parameters}});
   for (int i = 0; i < 20; ++i) folder.write("data/Presets/p" + std::to_string(i) + ".synth", xml);
   EXPECT_EQ(manager->getUserPresets().size(), 20u);
@@ -140,7 +140,7 @@ TEST_F(PresetManagerTest, OnlyWhatHasChangedIsReadAgainAndOfLongFilesTheirEnds) 
 TEST_F(PresetManagerTest, AFileThatEndsTooEarlyHasNoCategories) {
   Dictionary parameters;
   for (int i = 0; i < 200; ++i) parameters["parameter" + std::to_string(i)] = i;
-  std::string xml = platform::writeXmlPropertyList(
+  std::string xml = foundation::writeXmlPropertyList(
       Dictionary{{"Categories", PropertyList::Array{"pad"}}, {"parameters", parameters}});
   folder.write("data/Presets/a.synth", xml.substr(0, xml.size() - 30));
   EXPECT_THAT(makeManager()->getUserPresets()[0]->categories, IsEmpty());
@@ -180,7 +180,7 @@ TEST_F(PresetManagerTest, APresetOfAnOtherVersionLoadsAndKeepsWhatIsUnknown) {
   const auto manager = makeManager();
   folder.write(
       "data/Presets/a.synth",
-      platform::writeXmlPropertyList(Dictionary{
+      foundation::writeXmlPropertyList(Dictionary{
           {"later", "kept"}, {"parameters", Dictionary{{"mix", 0.25}, {"shimmer", 0.75}}}}));
   unit.setParameter("cutoff", 700);
   manager->load(manager->getUserPresets()[0]);
@@ -225,7 +225,7 @@ TEST_F(PresetManagerTest, FavouritesAreOneListInOneOrder) {
   EXPECT_TRUE(FavPresetsStore::contains("/a"));
   FavPresetsStore::remove("/none");
   const std::string store = folder / "data/Library/Preferences/group.test.plist";
-  std::ofstream(store) << platform::writeXmlPropertyList(
+  std::ofstream(store) << foundation::writeXmlPropertyList(
       Dictionary{{"favpresets", PropertyList::Array{"x", 5, "y"}}});
   FavPresetsStore::load();
   EXPECT_THAT(FavPresetsStore::favouritePresets, ElementsAre("x", "y"));

@@ -40,7 +40,7 @@ class PresetMishapsTest : public support::PresetBench {
     confirm(browser().saveNewButton(), name);
   }
   /// Opens the name panel with a button, and answers it.
-  void confirm(platform::Control& button, const std::string& name) {
+  void confirm(toolkit::Control& button, const std::string& name) {
     browser().handleTouchDown(button);
     browser().saveNewPresetOverlay().textField().setText(name);
     auto& ok = browser().saveNewPresetOverlay().okButton();

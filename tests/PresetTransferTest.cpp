@@ -4,7 +4,7 @@
 
 #include "Orvane/FactoryPreset.h"
 #include "backends/headless/HeadlessApplication.h"
-#include "platform/KeyedArchive.h"
+#include "foundation/KeyedArchive.h"
 #include "tests/support/PresetBench.h"
 #include "tests/support/TestEditor.h"
 
@@ -53,7 +53,7 @@ class PresetTransferTest : public support::PresetBench {
 TEST_F(PresetTransferTest, ThePickedFileIsCopiedAndChosen) {
   const std::string picked = folder.write(
       "picked/Lead.synth",
-      platform::writeXmlPropertyList(Dictionary{{"parameters", Dictionary{{"cutoff", 440}}}}));
+      foundation::writeXmlPropertyList(Dictionary{{"parameters", Dictionary{{"cutoff", 440}}}}));
   editor.importPreset();
   const auto shown = events();
   ASSERT_THAT(shown, SizeIs(1));
@@ -114,9 +114,9 @@ TEST_F(PresetTransferTest, AllPresetsLeaveAsPropertyLists) {
   EXPECT_EQ(events()[0].members[0].second, folder / "tmp/UserPresets/");
   EXPECT_THAT(namesIn(folder / "tmp/UserPresets"), IsEmpty());
 
-  const auto archive = platform::writeKeyedArchive(Dictionary{{"a", 1}});
+  const auto archive = foundation::writeKeyedArchive(Dictionary{{"a", 1}});
   folder.write("data/Presets/old.synth", std::string(archive.begin(), archive.end()));
-  const std::string xml = platform::writeXmlPropertyList(Dictionary{{"b", 2}});
+  const std::string xml = foundation::writeXmlPropertyList(Dictionary{{"b", 2}});
   folder.write("data/Presets/plain.other", xml);
   folder.write("data/Presets/broken.synth", "x");
   editor.exportAll();

@@ -5,8 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/KeyedArchive.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/RunTool.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -23,11 +23,11 @@ using Dictionary = PropertyList::Dictionary;
 using Names = std::set<std::string>;
 
 std::string xmlPreset(const PropertyList::Array& categories) {
-  return platform::writeXmlPropertyList(
+  return foundation::writeXmlPropertyList(
       Dictionary{{"Categories", categories}, {"parameters", Dictionary{{"cutoff", 440.5}}}});
 }
 std::string archivedPreset(const PropertyList::Array& categories) {
-  const auto bytes = platform::writeKeyedArchive(
+  const auto bytes = foundation::writeKeyedArchive(
       Dictionary{{"Categories", categories}, {"parameters", Dictionary{{"cutoff", 440.5}}}});
   return {bytes.begin(), bytes.end()};
 }
@@ -112,7 +112,7 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   folder.write("data/Presets/broken.example", "x");
   const std::string store = folder.write(
       "data/Library/Preferences/group.example.plist",
-      platform::writeXmlPropertyList(Dictionary{
+      foundation::writeXmlPropertyList(Dictionary{
           {"favpresets",
            PropertyList::Array{presets + "A.example", presets + "gone.example", "BANK A/Init"}}}));
   const auto kinds = [](const json& list) {

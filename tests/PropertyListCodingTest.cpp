@@ -1,7 +1,7 @@
 // Property lists as files hold them: what is written reads back, both forms are read, and broken or
 // hostile bytes get one line of explanation.
 
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@
 
 namespace {
 
-using platform::parsePropertyList;
+using foundation::parsePropertyList;
+using foundation::writeXmlPropertyList;
 using platform::PropertyList;
-using platform::writeXmlPropertyList;
 
 std::vector<std::uint8_t> bytesOf(const std::string& text) { return {text.begin(), text.end()}; }
 

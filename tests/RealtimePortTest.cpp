@@ -1,7 +1,7 @@
 // The road from the audio thread: nothing lost, merged or reordered up to the capacity, and a clear
 // word when it was exceeded.
 
-#include "platform/RealtimePort.h"
+#include "foundation/RealtimePort.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 
 namespace {
 
-using platform::RealtimePort;
+using foundation::RealtimePort;
 
 class RealtimePortTest : public testing::Test {
  protected:

@@ -1,7 +1,7 @@
 // The main run loop as its users see it: what runs when, in which order, and what happens when a
 // callback destroys what is calling it.
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,9 @@
 
 namespace {
 
-using platform::DisplayLink;
-using platform::RunLoop;
-using platform::Timer;
+using foundation::DisplayLink;
+using foundation::RunLoop;
+using foundation::Timer;
 
 class RunLoopTest : public testing::Test {
  protected:

@@ -41,7 +41,7 @@ class SectionViewTest : public testing::Test {
 
   std::shared_ptr<ControlCollection> controls = std::make_shared<ControlCollection>();
   std::shared_ptr<Section> section = support::section("OSC", {});
-  platform::View page;
+  toolkit::View page;
   SectionView view{section, controls};
 };
 
@@ -85,7 +85,7 @@ TEST_F(SectionViewTest, TheTitleBandIsAShareOfThePage) {
   EXPECT_EQ(control("state").frame(), (Rect{0, 0, 44, 44}));
   EXPECT_EQ(control("feedback").frame(), (Rect{200 - 0.6 * 44, 0, 0.6 * 44, 0.6 * 44}));
   EXPECT_EQ(control("state").superview(), &view);
-  const auto& label = dynamic_cast<const platform::Label&>(*view.subviews()[0]);
+  const auto& label = dynamic_cast<const toolkit::Label&>(*view.subviews()[0]);
   EXPECT_EQ(label.frame(), (Rect{0, 2, 200, 44}));
   EXPECT_EQ(label.text(), "OSC");
   EXPECT_EQ(label.font(), kestroui::Theme::titleFont);

@@ -89,7 +89,7 @@ class ShapeKindsTest : public testing::Test {
     bench.root().addSubview(container);
     container.setFrame(frame);
     container.delegate = &owner;
-    container.addTarget<&Owner::onChange>(owner, platform::ControlEvent::valueChanged);
+    container.addTarget<&Owner::onChange>(owner, toolkit::ControlEvent::valueChanged);
     bench.frame();
   }
   static Point place(const Container& container, const std::string& key) {
@@ -101,7 +101,7 @@ class ShapeKindsTest : public testing::Test {
     bench.lift({from.x + way.x, from.y + way.y}, id);
   }
   void doubleTap(Point at) {
-    bench.window.touchBegan(1, platform::Touch::Kind::mouse, at, 2);
+    bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, at, 2);
     bench.lift(at);
   }
   static std::vector<float> values(const Container& container) {

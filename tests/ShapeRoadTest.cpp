@@ -127,7 +127,7 @@ TEST_P(ShapeRoadTest, WhatTheHostSetsIsShownAndNotSentBack) {
     settle();
     EXPECT_NE(container().value(key), before);
     // Nothing that the user has not moved is sent.
-    container().sendActions(platform::ControlEvent::valueChanged);
+    container().sendActions(toolkit::ControlEvent::valueChanged);
     auto expected = others;
     expected[key] = target;
     EXPECT_EQ(parameters(), expected);
@@ -146,7 +146,7 @@ TEST_P(ShapeRoadTest, AHandleMovesItsOwnParametersAndNoOther) {
       if (began) held.push_back(address);
     });
     const platform::Point at = place(key);
-    editor.window.touchBegan(1, platform::Touch::Kind::finger, at, 1);
+    editor.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 1);
     editor.window.touchMoved(1, {at.x + 9, at.y - 7});
     editor.window.touchEnded(1, {at.x + 9, at.y - 7});
     settle();
@@ -159,7 +159,7 @@ TEST_P(ShapeRoadTest, AHandleMovesItsOwnParametersAndNoOther) {
     }
     // The echo has put the control where the parameter is.
     const auto after = parameters();
-    container().sendActions(platform::ControlEvent::valueChanged);
+    container().sendActions(toolkit::ControlEvent::valueChanged);
     EXPECT_EQ(parameters(), after);
   }
 }

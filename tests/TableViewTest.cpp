@@ -1,33 +1,33 @@
-#include "platform/TableView.h"
+#include "toolkit/TableView.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include "platform/Control.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
+#include "toolkit/Control.h"
 
 namespace {
 
-using platform::IndexPath;
 using platform::Key;
-using platform::TableView;
-using ScrollPosition = platform::TableView::ScrollPosition;
+using toolkit::IndexPath;
+using toolkit::TableView;
+using ScrollPosition = toolkit::TableView::ScrollPosition;
 
-class StarCell : public platform::TableViewCell {
+class StarCell : public toolkit::TableViewCell {
  public:
   StarCell() { addSubview(star); }
   void draw(const platform::Rect& rect) override {
     TableViewCell::draw(rect);
     star.setFrame({bounds().width - 40, 0, 20, bounds().height});
   }
-  platform::Control star;
+  toolkit::Control star;
 };
 
 // Two sections in a table of 200 x 240 points: rows of 30, headers of 24.
 class TableViewTest : public testing::Test,
-                      public platform::TableViewSource,
+                      public toolkit::TableViewSource,
                       public platform::WeakTarget {
  protected:
   TableViewTest() {
@@ -41,7 +41,7 @@ class TableViewTest : public testing::Test,
   int numberOfRowsInSection(TableView&, int section) override {
     return rows[static_cast<std::size_t>(section)];
   }
-  platform::TableViewCell& cellForRowAt(TableView& asking, IndexPath row) override {
+  toolkit::TableViewCell& cellForRowAt(TableView& asking, IndexPath row) override {
     auto& cell = asking.dequeueReusableCell<StarCell>();
     cell.textLabel().setText(std::to_string(row.section) + "/" + std::to_string(row.row));
     ++filled;
@@ -160,7 +160,7 @@ TEST_F(TableViewTest, controlsInACellGetTheirOwnTouches) {
     int taps = 0;
   } counter;
   auto* cell = static_cast<StarCell*>(table.cellForRow({0, 1}));
-  cell->star.addTarget<&Counter::count>(counter, platform::ControlEvent::touchDown);
+  cell->star.addTarget<&Counter::count>(counter, toolkit::ControlEvent::touchDown);
   bench.tap({170, 24 + 45});
   EXPECT_EQ(counter.taps, 1);
   EXPECT_EQ(journal, "");

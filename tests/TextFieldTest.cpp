@@ -1,4 +1,4 @@
-#include "platform/TextField.h"
+#include "toolkit/TextField.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +26,7 @@ class TextFieldTest : public testing::Test, public platform::WeakTarget {
   };
 
   TextFieldTest() {
-    using Event = platform::ControlEvent;
+    using Event = toolkit::ControlEvent;
     field.setFrame({0, 0, 200, 30});
     bench.root().addSubview(field);
     field.addTarget<&TextFieldTest::onBegin>(*this, Event::editingDidBegin);
@@ -44,7 +44,7 @@ class TextFieldTest : public testing::Test, public platform::WeakTarget {
 
   support::ManualLoop loop;
   Bench bench;
-  platform::TextField field;
+  toolkit::TextField field;
   std::string journal;
 };
 
@@ -92,7 +92,7 @@ TEST_F(TextFieldTest, aSelectionIsReplacedCopiedAndBroughtBack) {
 
 TEST_F(TextFieldTest, doubleTapSelectsAWordAndDraggingSelectsLetters) {
   field.setText("Low Tide");
-  bench.window.touchBegan(1, platform::Touch::Kind::mouse, {60, 15}, 2);
+  bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {60, 15}, 2);
   bench.lift({60, 15});
   EXPECT_EQ(field.selectedText(), "Tide");
   bench.press({3, 15});
@@ -115,8 +115,8 @@ TEST_F(TextFieldTest, theClearButtonEmptiesAndTellsOnce) {
 }
 
 TEST_F(TextFieldTest, leavesEscapeTabAndUnwantedReturnToItsSurroundings) {
-  struct Delegate : platform::TextFieldDelegate, platform::WeakTarget {
-    bool textFieldShouldReturn(platform::TextField& asked) override {
+  struct Delegate : toolkit::TextFieldDelegate, platform::WeakTarget {
+    bool textFieldShouldReturn(toolkit::TextField& asked) override {
       asked.resignFirstResponder();
       return true;
     }

@@ -5,10 +5,11 @@
 
 #include <memory>
 
-#include "platform/Button.h"
 #include "tests/support/WindowBench.h"
+#include "toolkit/Button.h"
 
 using namespace platform;
+using namespace toolkit;
 using support::only;
 using support::ProbeView;
 using testing::ElementsAre;

@@ -1,8 +1,8 @@
-#include "platform/UnicodeText.h"
+#include "foundation/UnicodeText.h"
 
 #include <gtest/gtest.h>
 
-namespace platform {
+namespace foundation {
 namespace {
 
 TEST(UnicodeTextTest, TextsThatReadTheSameAreTheSameHoweverTheirAccentsAreWritten) {
@@ -18,4 +18,4 @@ TEST(UnicodeTextTest, TextsThatReadTheSameAreTheSameHoweverTheirAccentsAreWritte
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace foundation

@@ -1,23 +1,24 @@
 // The key-value store that the processes of an app group share.
 
-#include "platform/UserDefaults.h"
+#include "foundation/UserDefaults.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
 #include "foundation/LocalFileManager.h"
-#include "platform/Console.h"
-#include "platform/PropertyListCoding.h"
-#include "platform/RunLoop.h"
+#include "foundation/PropertyListCoding.h"
+#include "foundation/RunLoop.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
 
+using foundation::UserDefaults;
 using platform::PropertyList;
-using platform::UserDefaults;
 using Array = PropertyList::Array;
 
 class UserDefaultsTest : public testing::Test {
@@ -26,7 +27,7 @@ class UserDefaultsTest : public testing::Test {
   std::optional<PropertyList> stored(const std::string& key) const {
     const std::string text = support::textOf(file());
     std::string error;
-    const auto list = platform::parsePropertyList(
+    const auto list = foundation::parsePropertyList(
         {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
     const PropertyList* value = list ? list->find(key) : nullptr;
     return value ? std::optional(*value) : std::nullopt;
@@ -34,15 +35,16 @@ class UserDefaultsTest : public testing::Test {
   /// As another process would.
   void storeElsewhere(const PropertyList::Dictionary& values) const {
     std::filesystem::create_directories(std::filesystem::path(file()).parent_path());
-    std::ofstream(file(), std::ios::binary) << platform::writeXmlPropertyList(values);
+    std::ofstream(file(), std::ios::binary) << foundation::writeXmlPropertyList(values);
   }
   UserDefaults open() const { return *UserDefaults::open("group.test"); }
 
   support::TemporaryFolder folder;
   foundation::LocalFileManager files{folder.path()};
-  platform::DefaultFileManager scope{files};
+  foundation::DefaultFileManager scope{files};
   std::vector<std::string> printed;
-  platform::ConsoleListener listener{[this](const std::string& line) { printed.push_back(line); }};
+  foundation::ConsoleListener listener{
+      [this](const std::string& line) { printed.push_back(line); }};
 };
 
 TEST_F(UserDefaultsTest, ValuesAreStoredWholeBesideWhatElseIsThere) {
@@ -63,7 +65,7 @@ TEST_F(UserDefaultsTest, ASuiteWithoutAContainerDoesNotOpen) {
 
 TEST_F(UserDefaultsTest, AValueThatIsRemovedAndSetAgainIsNeverSeenMissing) {
   support::ManualDriver driver;
-  platform::RunLoop loop(driver);
+  foundation::RunLoop loop(driver);
   open().setObject("list", {"a"});
   open().removeObject("list");
   open().synchronize();

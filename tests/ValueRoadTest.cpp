@@ -16,8 +16,8 @@ namespace {
 
 using kestroui::ControlType;
 using platform::AudioUnitParameterUnit;
-using platform::ControlEvent;
 using support::paramKey;
+using toolkit::ControlEvent;
 
 class ValueRoadTest : public testing::Test {
  protected:
@@ -181,7 +181,7 @@ TEST_F(ValueRoadTest, ChangesOfAnyThreadArriveAndTheLastOneStays) {
 TEST_F(ValueRoadTest, WhatIsNobodysIsIgnored) {
   connect({paramKey("unknown", ControlType::knob)});
   move("unknown", 0.5f);
-  platform::Control stranger;
+  toolkit::Control stranger;
   controller.handleValueChanged(stranger);
   controller.updateParameter(999);
 }

@@ -1,6 +1,6 @@
 // The view tree by itself: links, lives, places and hit testing.
 
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +8,13 @@
 #include <limits>
 #include <memory>
 
-#include "platform/Button.h"
-#include "platform/ImageView.h"
-#include "platform/Label.h"
 #include "tests/support/WindowBench.h"
+#include "toolkit/Button.h"
+#include "toolkit/ImageView.h"
+#include "toolkit/Label.h"
 
 using namespace platform;
+using namespace toolkit;
 
 TEST(ViewTest, LeavesTheTreeOnBothSidesInAnyOrderOfDestruction) {
   int order[] = {0, 1, 2, 3};

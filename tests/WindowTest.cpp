@@ -1,17 +1,18 @@
 // The frames of a window: who is laid out, drawn and painted when, and what has to be composited.
 
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "platform/Label.h"
 #include "tests/support/WindowBench.h"
 #include "toolkit/DamageList.h"
+#include "toolkit/Label.h"
 
 using namespace platform;
+using namespace toolkit;
 using support::only;
 using support::ProbeView;
 using testing::ElementsAre;
@@ -407,11 +408,11 @@ TEST_F(WindowTest, OutlivesOrIsOutlivedByItsController) {
   survivor.view().setNeedsDisplay();
 }
 
-TEST_F(WindowTest, MeasuresTextWithItsClientWhileViewsPaint) {
+TEST_F(WindowTest, MeasuresTextWithItsHostWhileViewsPaint) {
   struct Measured : View {
     using View::View;
     double width = 0;
-    void paint(Canvas& canvas) override { width = canvas.textWidth("m\xc3\xbc", {{}, 20, false}); }
+    void paint(Canvas& canvas) override { width = canvas.textWidth("mu", {{}, 20, false}); }
   } view({0, 0, 10, 10});
   bench.root().addSubview(view);
   bench.frame();

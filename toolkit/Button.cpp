@@ -1,9 +1,21 @@
-#include "platform/Button.h"
+#include "toolkit/Button.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace toolkit {
+
+using platform::Accessibility;
+using platform::Canvas;
+using platform::Color;
+using platform::Font;
+using platform::Image;
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
+using platform::Rect;
+using platform::TextAlignment;
+using platform::Weak;
 
 void Button::setTitle(std::string title) {
   if (title == title_) return;
@@ -62,4 +74,4 @@ void Button::paint(Canvas& canvas) {
   if (!title_.empty()) canvas.drawText(title_, font_, place, TextAlignment::centre, color);
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,8 +1,11 @@
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
 #include <algorithm>
 
-namespace platform {
+namespace toolkit {
+
+using platform::Weak;
+using platform::WeakTarget;
 
 void Control::addRegistration(WeakTarget* target, const void* action, Call call,
                               ControlEvent events) {
@@ -102,4 +105,4 @@ void Control::hoverChanged(bool hovered) {
   setNeedsDisplay();
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -68,8 +68,8 @@ class DisplayList {
     std::size_t used_ = 0;
   };
   struct PooledPaint : platform::Paint {
-    PooledPaint() : Paint(platform::Color::clear()) {}
-    using Paint::operator=;
+    PooledPaint() : platform::Paint(platform::Color::clear()) {}
+    using platform::Paint::operator=;
   };
 
   std::vector<Command> commands_;

@@ -1,8 +1,12 @@
-#include "platform/ImageView.h"
+#include "toolkit/ImageView.h"
 
 #include <utility>
 
-namespace platform {
+namespace toolkit {
+
+using platform::Canvas;
+using platform::Color;
+using platform::Image;
 
 ImageView::ImageView() { setUserInteractionEnabled(false); }
 
@@ -20,4 +24,4 @@ void ImageView::setTintColor(Color color) {
 
 void ImageView::paint(Canvas& canvas) { image_.draw(canvas, bounds(), tintColor_); }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,8 +1,13 @@
-#include "platform/Label.h"
+#include "toolkit/Label.h"
 
 #include <utility>
 
-namespace platform {
+namespace toolkit {
+
+using platform::Canvas;
+using platform::Color;
+using platform::Font;
+using platform::TextAlignment;
 
 Label::Label() { setUserInteractionEnabled(false); }
 
@@ -34,4 +39,4 @@ void Label::paint(Canvas& canvas) {
   if (!text_.empty()) canvas.drawText(text_, font_, bounds(), alignment_, textColor_);
 }
 
-}  // namespace platform
+}  // namespace toolkit

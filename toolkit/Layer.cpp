@@ -1,12 +1,22 @@
-#include "platform/Layer.h"
+#include "toolkit/Layer.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/Fatal.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::AffineTransform;
+using platform::Canvas;
+using platform::Color;
+using platform::fatal;
+using platform::Paint;
+using platform::Path;
+using platform::Point;
+using platform::Rect;
+using platform::StrokeStyle;
 
 Layer::~Layer() {
   removeFromSuperlayer();
@@ -148,4 +158,4 @@ void ShapeLayer::renderContent(Canvas& canvas) const {
     canvas.strokePath(path_, {lineWidth_, StrokeStyle::Cap::round}, strokeColor_);
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,11 +1,23 @@
-#include "platform/ScrollView.h"
+#include "toolkit/ScrollView.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Control.h"
+#include "toolkit/Control.h"
 
-namespace platform {
+namespace toolkit {
+
+using foundation::DisplayLink;
+using foundation::RunLoop;
+using platform::Canvas;
+using platform::Color;
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
+using platform::Point;
+using platform::Rect;
+using platform::Weak;
+using platform::WheelEvent;
 
 namespace {
 
@@ -218,4 +230,4 @@ bool ScrollView::keyPressed(const KeyEvent& event) {
   }
 }
 
-}  // namespace platform
+}  // namespace toolkit

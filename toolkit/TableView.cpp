@@ -1,10 +1,19 @@
-#include "platform/TableView.h"
+#include "toolkit/TableView.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-namespace platform {
+namespace toolkit {
+
+using platform::Color;
+using platform::Font;
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
+using platform::Point;
+using platform::Rect;
+using platform::Weak;
 
 TableView::TableView() {
   content().addSubview(rowViews_);
@@ -324,4 +333,4 @@ void TableView::setHeaderStyle(Color background, Color text, const Font& font) {
   setNeedsDisplay();
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,6 +1,10 @@
-#include "platform/TableViewCell.h"
+#include "toolkit/TableViewCell.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::Canvas;
+using platform::Color;
+using platform::Rect;
 
 TableViewCell::TableViewCell() {
   contentView_.setUserInteractionEnabled(false);
@@ -46,4 +50,4 @@ void TableViewCell::paint(Canvas& canvas) {
   if (focused_) canvas.strokeRoundedRect(bounds().inset(1, 1), 2, 1, colors_.focused);
 }
 
-}  // namespace platform
+}  // namespace toolkit

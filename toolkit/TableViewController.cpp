@@ -1,6 +1,6 @@
-#include "platform/TableViewController.h"
+#include "toolkit/TableViewController.h"
 
-namespace platform {
+namespace toolkit {
 
 void TableViewController::viewDidLoad() {
   ViewController::viewDidLoad();
@@ -13,4 +13,4 @@ void TableViewController::viewDidLayoutSubviews() {
   tableView_.setFrame(view().bounds());
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,18 +1,29 @@
-#include "platform/TextField.h"
+#include "toolkit/TextField.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "platform/Path.h"
-#include "platform/Window.h"
 #include "toolkit/TextBuffer.h"
+#include "toolkit/Window.h"
 
-namespace platform {
+namespace toolkit {
+
+using foundation::Timer;
+using platform::Canvas;
+using platform::Color;
+using platform::Font;
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
+using platform::Path;
+using platform::Point;
+using platform::Rect;
+using platform::TextAlignment;
+using platform::Weak;
 
 namespace {
-
-using toolkit::TextBuffer;
 
 constexpr double blinkInterval = 0.53;
 constexpr double caretWidth = 1.5;
@@ -325,4 +336,4 @@ void TextField::paint(Canvas& canvas) {
   canvas.strokePath(cross, {1.5}, textColor_);
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,13 +1,19 @@
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "platform/Fatal.h"
-#include "platform/ViewController.h"
-#include "platform/Window.h"
+#include "toolkit/ViewController.h"
+#include "toolkit/Window.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::fatal;
+using platform::Point;
+using platform::Rect;
+using platform::Responder;
+using platform::Weak;
 
 View::View(const Rect& frame) : View() { setFrame(frame); }
 
@@ -189,4 +195,4 @@ bool View::isFirstResponder() const {
   return shownIn && shownIn->firstResponder() == this;
 }
 
-}  // namespace platform
+}  // namespace toolkit

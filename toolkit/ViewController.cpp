@@ -1,11 +1,15 @@
-#include "platform/ViewController.h"
+#include "toolkit/ViewController.h"
 
 #include <algorithm>
 
 #include "platform/Fatal.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::fatal;
+using platform::Responder;
+using platform::Weak;
 
 ViewController::ViewController() { view_.controller_ = this; }
 
@@ -72,4 +76,4 @@ void ViewController::disappear() {
       [](ViewController& c) { c.disappear(); });
 }
 
-}  // namespace platform
+}  // namespace toolkit

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/View.h"
 #include "toolkit/DisplayList.h"
+#include "toolkit/View.h"
 
-namespace platform {
+namespace toolkit {
 
 struct View::Recording {
-  toolkit::DisplayList list;
+  DisplayList list;
 };
 
-}  // namespace platform
+}  // namespace toolkit

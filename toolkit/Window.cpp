@@ -1,31 +1,24 @@
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 #include "platform/Fatal.h"
 #include "toolkit/WindowFrameState.h"
 
-namespace platform {
+namespace toolkit {
 
-double Window::Client::textWidth(std::string_view text, const Font& font) {
-  const auto startsCodePoint = [](char c) {
-    return (static_cast<unsigned char>(c) & 0xc0) != 0x80;
-  };
-  return 0.55 * font.pointSize *
-         static_cast<double>(std::count_if(text.begin(), text.end(), startsCodePoint));
-}
+using platform::fatal;
+using platform::Font;
+using platform::Rect;
+using platform::Responder;
+using platform::Size;
+using platform::WindowHost;
 
-double Window::Client::now() const {
-  const auto time = std::chrono::steady_clock::now().time_since_epoch();
-  return std::chrono::duration<double>(time).count();
-}
-
-Window::Window(Client& client) : client_(client), frame_(std::make_unique<FrameState>(client)) {}
+Window::Window(WindowHost& host) : host_(host), frame_(std::make_unique<FrameState>(host)) {}
 
 Window::~Window() {
-  // So that the client is not asked for a frame of a window that dies.
+  // So that the host is not asked for a frame of a window that dies.
   needsFrame_ = true;
   setRootViewController(nullptr);
 }
@@ -70,12 +63,12 @@ void Window::setSize(const Size& size) {
   if (rootView_) rootView_->setFrame({0, 0, next.width, next.height});
 }
 
-Responder* Window::nextResponder() const { return client_.application(); }
+Responder* Window::nextResponder() const { return host_.application(); }
 
 void Window::wantFrame() {
   if (needsFrame_) return;
   needsFrame_ = true;
-  client_.frameWanted();
+  host_.frameWanted();
 }
 
 void Window::damage(const Rect& area) {
@@ -85,4 +78,4 @@ void Window::damage(const Rect& area) {
   wantFrame();
 }
 
-}  // namespace platform
+}  // namespace toolkit

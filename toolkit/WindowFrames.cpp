@@ -1,10 +1,17 @@
 #include <utility>
 
-#include "platform/Window.h"
 #include "toolkit/ViewRecording.h"
+#include "toolkit/Window.h"
 #include "toolkit/WindowFrameState.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::AffineTransform;
+using platform::Canvas;
+using platform::Point;
+using platform::Rect;
+using platform::Size;
+using platform::Weak;
 
 namespace {
 
@@ -97,7 +104,7 @@ void Window::displayPass(View& view) {
 
 void Window::record(View& view) {
   view.needs_ &= ~static_cast<unsigned>(View::Need::paint);
-  toolkit::Recorder& recorder = frame_->recorder;
+  Recorder& recorder = frame_->recorder;
   recorder.begin(view.frame_.size());
   if (!view.bounds().isEmpty()) {
     const Weak<View> self = &view;
@@ -106,7 +113,7 @@ void Window::record(View& view) {
     view.paint(recorder);
     if (!self) return;
   }
-  const toolkit::DisplayList& list = recorder.finish();
+  const DisplayList& list = recorder.finish();
   if (!view.recording_) {
     if (list.isEmpty()) return;
     view.recording_ = std::make_shared<View::Recording>();
@@ -191,7 +198,7 @@ void Window::compositeView(View& view, Canvas& canvas, const Rect& area) {
     if (c.alpha < 1) canvas.multiplyAlpha(c.alpha);
   }
   if (c.area.intersects(area) && canvas.intersectsClip(c.area)) {
-    const toolkit::DisplayList& list = view.recording_->list;
+    const DisplayList& list = view.recording_->list;
     canvas.save();
     if (list.exceedsSize() && !c.clips) canvas.clip(c.clip);
     if (c.origin != Point{}) canvas.concat(AffineTransform::translation(c.origin.x, c.origin.y));
@@ -202,4 +209,4 @@ void Window::compositeView(View& view, Canvas& canvas, const Rect& area) {
   if (grouped) canvas.restore();
 }
 
-}  // namespace platform
+}  // namespace toolkit

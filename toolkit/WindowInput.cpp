@@ -1,10 +1,19 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Control.h"
-#include "platform/Window.h"
+#include "toolkit/Control.h"
+#include "toolkit/Window.h"
 
-namespace platform {
+namespace toolkit {
+
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
+using platform::Point;
+using platform::Rect;
+using platform::Responder;
+using platform::Weak;
+using platform::WheelEvent;
 
 namespace {
 
@@ -106,7 +115,7 @@ void Window::touchBegan(int id, Touch::Kind kind, Point location, int tapCount,
   touch.tapCount = tapCount;
   touch.modifiers = modifiers;
   touch.location = touch.previousLocation = touch.startLocation = location;
-  touch.timestamp = client_.now();
+  touch.timestamp = host_.now();
   touches_.push_back({touch, hit});
 
   for (View* view = hit.get(); view; view = view->superview()) {
@@ -127,7 +136,7 @@ void Window::touchMoved(int id, Point location, Modifiers modifiers) {
   active->touch.previousLocation = active->touch.location;
   active->touch.location = location;
   active->touch.modifiers = modifiers;
-  active->touch.timestamp = client_.now();
+  active->touch.timestamp = host_.now();
   const ActiveTouch moved = *active;
   if (moved.view) moved.view->touchMoved(moved.touch);
 }
@@ -142,7 +151,7 @@ void Window::touchEnded(int id, Point location, Modifiers modifiers) {
   ended.touch.previousLocation = ended.touch.location;
   ended.touch.location = location;
   ended.touch.modifiers = modifiers;
-  ended.touch.timestamp = client_.now();
+  ended.touch.timestamp = host_.now();
   if (mouse_ && ended.touch.kind == Touch::Kind::mouse) mouse_ = location;
   if (ended.view) ended.view->touchEnded(ended.touch);
 }
@@ -241,4 +250,4 @@ bool Window::giveKeyboard(View* view) {
   return self && next && firstResponder_ == next;
 }
 
-}  // namespace platform
+}  // namespace toolkit

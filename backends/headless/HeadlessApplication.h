@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "backends/headless/HeadlessSession.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
+#include "foundation/SharedURLSession.h"
 #include "platform/Presentation.h"
 #include "platform/Responder.h"
 
@@ -53,11 +54,11 @@ class HeadlessApplication : public platform::Application, private platform::Pres
   std::mutex mutex_;
   std::vector<Event> events_;
   std::optional<platform::DocumentPicker> picker_;
-  platform::ConsoleListener console_{[this](const std::string& line) {
+  foundation::ConsoleListener console_{[this](const std::string& line) {
     add({"console", {{"line", line}}});
   }};
   HeadlessSession session_{[this](const std::string& url) { add({"http", {{"url", url}}}); }};
-  platform::SharedURLSession shared_{session_};
+  foundation::SharedURLSession shared_{session_};
 };
 
 }  // namespace headless

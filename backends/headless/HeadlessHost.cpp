@@ -73,7 +73,7 @@ void HeadlessHost::receiveMidi(std::span<const std::uint8_t> message) {
 }
 
 void HeadlessHost::tapOnce(Point place, int count) {
-  window_.touchBegan(finger, platform::Touch::Kind::finger, place, count);
+  window_.touchBegan(finger, toolkit::Touch::Kind::finger, place, count);
   loop_.runDue();
   window_.touchEnded(finger, place);
   loop_.runDue();
@@ -87,7 +87,7 @@ void HeadlessHost::doubleTap(Point place) {
 }
 
 void HeadlessHost::drag(Point place, Point distance) {
-  window_.touchBegan(finger, platform::Touch::Kind::finger, place, 1);
+  window_.touchBegan(finger, toolkit::Touch::Kind::finger, place, 1);
   loop_.runDue();
   Point at = place;
   for (int move = 1; move <= movesOfADrag; ++move) {

@@ -11,9 +11,9 @@
 #include "Orvane/PluginEntry.h"
 #include "backends/headless/HeadlessApplication.h"
 #include "backends/headless/HeadlessRunLoop.h"
+#include "foundation/Bundle.h"
 #include "platform/AudioUnit.h"
-#include "platform/Bundle.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace headless {
 
@@ -36,7 +36,7 @@ struct FrameCount {
 ///     HeadlessHost host(loop, entry);
 ///     host.appear();
 ///     host.tap({200, 300});
-class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::Screen {
+class HeadlessHost : private platform::WindowHost, private HeadlessRunLoop::Screen {
  public:
   /// The editor at its preferred size, not yet on screen. `loop` outlives the host.
   HeadlessHost(HeadlessRunLoop& loop, const orvane::PluginEntry& entry);
@@ -48,9 +48,9 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   orvane::KestroAUViewController& editor() { return *editor_; }
   /// The editor's host delegate, which keeps the MIDI bindings.
   orvane::MidiLearn& midiLearn() { return midiLearn_; }
-  platform::Window& window() { return window_; }
+  toolkit::Window& window() { return window_; }
   /// Holds the editor's view, and above it whatever covers the whole editor.
-  platform::View& rootView() { return root_.view(); }
+  toolkit::View& rootView() { return root_.view(); }
   HeadlessApplication* application() override { return &application_; }
   HeadlessRunLoop& loop() { return loop_; }
 
@@ -93,11 +93,11 @@ class HeadlessHost : private platform::Window::Client, private HeadlessRunLoop::
   void tapOnce(platform::Point place, int count);
 
   HeadlessRunLoop& loop_;
-  platform::MainBundle bundle_;
+  foundation::MainBundle bundle_;
   HeadlessApplication application_;
   // The editor goes before its audio unit, and both before the window.
-  platform::Window window_{*this};
-  platform::ViewController root_;
+  toolkit::Window window_{*this};
+  toolkit::ViewController root_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
   orvane::MidiLearn midiLearn_;
   std::unique_ptr<orvane::KestroAUViewController> editor_;

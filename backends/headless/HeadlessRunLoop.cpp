@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/DispatchQueue.h"
+#include "foundation/DispatchQueue.h"
 
 namespace headless {
 
@@ -21,7 +21,7 @@ bool HeadlessRunLoop::runDue() {
     clock_.takeWake();
     loop_.runDue();
     // What was handed to other threads counts as due as well.
-    platform::DispatchQueue::waitForGlobal();
+    foundation::DispatchQueue::waitForGlobal();
     for (Screen* screen : screens_) screen->refresh();
     // Laying out a frame may have queued something again.
     if (!clock_.takeWake() && loop_.nextDeadline() > clock_.now()) return true;

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "backends/headless/VirtualClock.h"
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace headless {
 
@@ -47,7 +47,7 @@ class HeadlessRunLoop {
 
  private:
   VirtualClock clock_;
-  platform::RunLoop loop_{clock_};
+  foundation::RunLoop loop_{clock_};
   std::vector<Screen*> screens_;
   std::uint64_t displayFrames_ = 0;
   /// Ticks of the display since the loop was made, shown or not; a whole number in a type that

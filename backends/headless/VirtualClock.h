@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <atomic>
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace headless {
 
 /// The driver of a run loop whose time stands still until it is moved. Only `wake` may be called
 /// on another thread.
-class VirtualClock : public platform::RunLoop::Driver {
+class VirtualClock : public foundation::RunLoop::Driver {
  public:
   double now() const override { return now_; }
   void wake() override { woken_.store(true, std::memory_order_release); }

@@ -5,7 +5,7 @@
 namespace juce_backend {
 namespace {
 
-void collect(platform::View& view, std::vector<platform::View*>& found) {
+void collect(toolkit::View& view, std::vector<toolkit::View*>& found) {
   if (view.isHidden() || view.alpha() <= 0) return;
   const platform::Accessibility told = view.accessibility();
   if (told.role != platform::Accessibility::Role::none && !told.name.empty() &&
@@ -13,12 +13,12 @@ void collect(platform::View& view, std::vector<platform::View*>& found) {
     found.push_back(&view);
   // A row's texts are its own name.
   if (told.role == platform::Accessibility::Role::row) return;
-  for (platform::View* subview : view.subviews()) collect(*subview, found);
+  for (toolkit::View* subview : view.subviews()) collect(*subview, found);
 }
 
 }  // namespace
 
-AccessibleEditor::AccessibleEditor(juce::Component& component, platform::View& root)
+AccessibleEditor::AccessibleEditor(juce::Component& component, toolkit::View& root)
     : component_(component), root_(root) {
   // Not at once: whoever asks for the component's handler must have it before it has children.
   look();
@@ -30,14 +30,14 @@ void AccessibleEditor::timerCallback() {
 }
 
 void AccessibleEditor::update() {
-  std::vector<platform::View*> views;
+  std::vector<toolkit::View*> views;
   collect(root_, views);
   const bool same = std::equal(
       views.begin(), views.end(), elements_.begin(), elements_.end(),
-      [](const platform::View* view, const auto& element) { return element->view() == view; });
+      [](const toolkit::View* view, const auto& element) { return element->view() == view; });
   if (!same) {
     elements_.clear();
-    for (platform::View* view : views) {
+    for (toolkit::View* view : views) {
       elements_.push_back(std::make_unique<AccessibleElement>(*view));
       component_.addAndMakeVisible(*elements_.back());
       elements_.back()->setExplicitFocusOrder(static_cast<int>(elements_.size()));

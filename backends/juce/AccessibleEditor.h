@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "backends/juce/AccessibleElement.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace juce_backend {
 
@@ -16,7 +16,7 @@ namespace juce_backend {
 class AccessibleEditor : private juce::Timer {
  public:
   /// Both outlive it.
-  AccessibleEditor(juce::Component& component, platform::View& root);
+  AccessibleEditor(juce::Component& component, toolkit::View& root);
 
   const std::vector<std::unique_ptr<AccessibleElement>>& elements() const { return elements_; }
   /// Something may have changed.
@@ -33,7 +33,7 @@ class AccessibleEditor : private juce::Timer {
   void timerCallback() override;
 
   juce::Component& component_;
-  platform::View& root_;
+  toolkit::View& root_;
   std::vector<std::unique_ptr<AccessibleElement>> elements_;
 };
 

@@ -4,7 +4,7 @@ namespace juce_backend {
 namespace {
 
 using platform::Accessibility;
-using ViewPointer = platform::Weak<platform::View>;
+using ViewPointer = platform::Weak<toolkit::View>;
 
 juce::String text(const std::string& utf8) { return juce::String::fromUTF8(utf8.c_str()); }
 
@@ -116,7 +116,7 @@ class ViewHandler : public juce::AccessibilityHandler {
 
 }  // namespace
 
-AccessibleElement::AccessibleElement(platform::View& view)
+AccessibleElement::AccessibleElement(toolkit::View& view)
     : view_(&view), announced_(text(view.accessibility().value)) {
   setInterceptsMouseClicks(false, false);
   setWantsKeyboardFocus(false);

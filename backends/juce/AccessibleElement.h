@@ -2,7 +2,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace juce_backend {
 
@@ -11,17 +11,17 @@ namespace juce_backend {
 /// whenever it is asked. Message thread only.
 class AccessibleElement : public juce::Component {
  public:
-  explicit AccessibleElement(platform::View& view);
+  explicit AccessibleElement(toolkit::View& view);
 
   /// Null once it has gone.
-  platform::View* view() const { return view_.get(); }
+  toolkit::View* view() const { return view_.get(); }
   /// Tells assistive technology when the value is another than at the last call.
   void announceChanges();
 
   std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
  private:
-  platform::Weak<platform::View> view_;
+  platform::Weak<toolkit::View> view_;
   juce::String announced_;
 };
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "backends/juce/AudioUnitEditor.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace juce_backend {
 namespace {
@@ -214,14 +214,14 @@ void AudioUnitProcessor::getStateInformation(juce::MemoryBlock& state) {
   platform::PropertyList whole = audioUnit_->fullState();
   auto* entries = whole.as<platform::PropertyList::Dictionary>();
   if (entries && !midiLearn_.bindings().empty()) (*entries)[midiMapEntry] = midiLearn_.state();
-  const std::string xml = platform::writeXmlPropertyList(whole);
+  const std::string xml = foundation::writeXmlPropertyList(whole);
   state.replaceAll(xml.data(), xml.size());
 }
 
 void AudioUnitProcessor::setStateInformation(const void* data, int size) {
   if (!data || size <= 0) return;
   std::string error;
-  auto state = platform::parsePropertyList(
+  auto state = foundation::parsePropertyList(
       {static_cast<const std::uint8_t*>(data), static_cast<std::size_t>(size)}, error);
   if (!state) {
     std::fprintf(stderr, "%s: the host's state cannot be read: %s\n", entry_.name.c_str(),

@@ -23,7 +23,7 @@ juce::String wildcardFor(const std::vector<std::string>& types) {
 
 }  // namespace
 
-DesktopPresentation::DesktopPresentation(juce::Component& component, platform::View& root)
+DesktopPresentation::DesktopPresentation(juce::Component& component, toolkit::View& root)
     : component_(component),
       alerts_(root),
       folder_(juce::File::getSpecialLocation(juce::File::userDocumentsDirectory)) {

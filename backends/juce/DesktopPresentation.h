@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "backends/juce/AlertPanel.h"
+#include "Orvane/AlertPanel.h"
 #include "backends/juce/FileExport.h"
 #include "backends/juce/FilePanel.h"
 #include "platform/Presentation.h"
@@ -21,7 +21,7 @@ namespace juce_backend {
 class DesktopPresentation : public platform::Presentation, private juce::AsyncUpdater {
  public:
   /// Both outlive it: the component that the editor is in, and its root view.
-  DesktopPresentation(juce::Component& component, platform::View& root);
+  DesktopPresentation(juce::Component& component, toolkit::View& root);
   ~DesktopPresentation() override;
 
   Idiom userInterfaceIdiom() const override { return Idiom::desktop; }
@@ -29,7 +29,7 @@ class DesktopPresentation : public platform::Presentation, private juce::AsyncUp
   void present(const platform::ActivitySheet& sheet) override;
   void present(const platform::Alert& alert) override;
 
-  AlertPanel& alertPanel() { return alerts_; }
+  orvane::AlertPanel& alertPanel() { return alerts_; }
   /// The chooser inside the editor while it is open, else null.
   FilePanel* filePanel() const { return filePanel_.get(); }
   /// Off: choosers are always the ones inside the editor.
@@ -48,7 +48,7 @@ class DesktopPresentation : public platform::Presentation, private juce::AsyncUp
   void handleAsyncUpdate() override { closedPanel_.reset(); }
 
   juce::Component& component_;
-  AlertPanel alerts_;
+  orvane::AlertPanel alerts_;
   std::unique_ptr<juce::FileChooser> systemChooser_;
   std::unique_ptr<FilePanel> filePanel_;
   /// Until its buttons, one of which may have closed it, have done all they do.

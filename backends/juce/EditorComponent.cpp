@@ -184,7 +184,7 @@ void EditorComponent::mouseDown(const juce::MouseEvent& event) {
   const int id = touchId(event.source);
   if (!touches_.insert(id).second) return;
   window_.touchBegan(
-      id, event.source.isTouch() ? platform::Touch::Kind::finger : platform::Touch::Kind::mouse,
+      id, event.source.isTouch() ? toolkit::Touch::Kind::finger : toolkit::Touch::Kind::mouse,
       toPoint(event.position), event.getNumberOfClicks(), toModifiers(event.mods));
 }
 

@@ -8,13 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "Orvane/DropHint.h"
 #include "Orvane/PluginEntry.h"
 #include "backends/juce/AccessibleEditor.h"
 #include "backends/juce/DesktopPresentation.h"
-#include "backends/juce/DropHint.h"
 #include "backends/juce/FontBook.h"
 #include "backends/juce/JuceRunLoop.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace juce_backend {
 
@@ -32,10 +32,10 @@ namespace juce_backend {
 /// Message thread only; on Linux only after a look at DISPLAY.
 class EditorComponent : public juce::Component,
                         public juce::FileDragAndDropTarget,
-                        private platform::Window::Client,
+                        private platform::WindowHost,
                         private JuceRunLoop::FrameClient {
  public:
-  using ControllerFactory = std::function<std::unique_ptr<platform::ViewController>()>;
+  using ControllerFactory = std::function<std::unique_ptr<toolkit::ViewController>()>;
 
   /// Calls `makeController` when the run loop that controllers need is there.
   explicit EditorComponent(const ControllerFactory& makeController);
@@ -43,10 +43,10 @@ class EditorComponent : public juce::Component,
   EditorComponent(const orvane::PluginEntry& entry, platform::AudioUnit& audioUnit);
   ~EditorComponent() override;
 
-  platform::ViewController& controller() { return *controller_; }
-  platform::Window& window() { return window_; }
+  toolkit::ViewController& controller() { return *controller_; }
+  toolkit::Window& window() { return window_; }
   DesktopPresentation& presentation() { return presentation_; }
-  const DropHint& dropHint() const { return dropHint_; }
+  const orvane::DropHint& dropHint() const { return dropHint_; }
   /// Makes the menu of the right mouse button; without it there is none.
   std::function<juce::PopupMenu()> menu;
 
@@ -101,7 +101,7 @@ class EditorComponent : public juce::Component,
   }
   std::string clipboardText() override;
   void setClipboardText(const std::string& text) override;
-  double now() const override { return platform::RunLoop::main().now(); }
+  double now() const override { return foundation::RunLoop::main().now(); }
   void displayFrame() override;
   void updateShowing();
   /// What of these files the editor would import.
@@ -118,13 +118,13 @@ class EditorComponent : public juce::Component,
   juce::SharedResourcePointer<FontBook> fonts_;
   /// On menus and choosers inside the editor.
   juce::SharedResourcePointer<EditorLook> look_;
-  platform::Window window_{*this};
+  toolkit::Window window_{*this};
   /// Plays the host's controller, whose child the editor's is.
-  platform::ViewController host_;
+  toolkit::ViewController host_;
   DesktopPresentation presentation_{*this, host_.view()};
-  DropHint dropHint_;
+  orvane::DropHint dropHint_;
   Program program_{presentation_};
-  std::unique_ptr<platform::ViewController> controller_;
+  std::unique_ptr<toolkit::ViewController> controller_;
   bool hasAppeared_ = false;
   /// What is on screen, in device pixels: whatever the desktop uncovers is only copied.
   juce::Image picture_;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "foundation/DefaultFileManager.h"
 #include "platform/FileManager.h"
 #include "platform/FilePath.h"
 
@@ -38,7 +39,7 @@ std::size_t FileExport::replacedBy(const std::vector<Copy>& copies) {
 }
 
 std::optional<std::string> FileExport::run(const std::vector<Copy>& copies) {
-  FileManager& files = FileManager::defaultManager();
+  FileManager& files = foundation::DefaultFileManager::current();
   std::optional<std::string> first;
   std::size_t failures = 0;
   for (const Copy& copy : copies) {

@@ -5,15 +5,15 @@
 #include <functional>
 #include <vector>
 
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace juce_backend {
 
-/// The process's platform::RunLoop, driven from JUCE's message loop, be that the stand-alone's own
+/// The process's foundation::RunLoop, driven from JUCE's message loop, be that the stand-alone's own
 /// or a host's. All editors of a process share one through a juce::SharedResourcePointer. Display
 /// frames come about 60 times a second, and only while somebody wants them. Made, used and
 /// destroyed on the message thread.
-class JuceRunLoop : private platform::RunLoop::Driver {
+class JuceRunLoop : private foundation::RunLoop::Driver {
  public:
   /// Who paints in display frames.
   class FrameClient {
@@ -28,7 +28,7 @@ class JuceRunLoop : private platform::RunLoop::Driver {
   JuceRunLoop(const JuceRunLoop&) = delete;
   JuceRunLoop& operator=(const JuceRunLoop&) = delete;
 
-  platform::RunLoop& loop() { return loop_; }
+  foundation::RunLoop& loop() { return loop_; }
 
   /// One call of `client.displayFrame` at the next display frame, however often it is asked for.
   void requestFrame(FrameClient& client);
@@ -60,7 +60,7 @@ class JuceRunLoop : private platform::RunLoop::Driver {
   /// Those of the frame under way that have not been called yet; null when taken back.
   std::vector<FrameClient*> calledClients_;
   double lastFrame_ = 0;
-  platform::RunLoop loop_;
+  foundation::RunLoop loop_;
 };
 
 }  // namespace juce_backend

@@ -5,25 +5,33 @@
 #include <cmath>
 
 #include "Orvane/KestroAUViewController.h"
+#include "backends/juce/FontBook.h"
 #include "backends/juce/JuceCanvas.h"
 #include "backends/juce/PluginBundle.h"
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace juce_backend {
 namespace {
 
 // Nothing comes from outside: whoever paints runs what is due.
-class StillRunLoop : public platform::RunLoop::Driver {
+class StillRunLoop : public foundation::RunLoop::Driver {
  public:
   double now() const override { return juce::Time::getMillisecondCounterHiRes() * 0.001; }
   void wake() override {}
   void scheduleChanged() override {}
 };
 
-class StillWindow : public platform::Window::Client {
+class StillWindow : public platform::WindowHost {
  public:
   void frameWanted() override {}
   platform::Application* application() override { return nullptr; }
+  double textWidth(std::string_view text, const platform::Font& font) override {
+    return fonts_->textWidth(text, font);
+  }
+  double now() const override { return foundation::RunLoop::main().now(); }
+
+ private:
+  juce::SharedResourcePointer<FontBook> fonts_;
 };
 
 juce::File fileAt(const std::string& path) {
@@ -31,7 +39,7 @@ juce::File fileAt(const std::string& path) {
       juce::String::fromUTF8(path.c_str()));
 }
 
-juce::Image picture(platform::Window& window, double scale) {
+juce::Image picture(toolkit::Window& window, double scale) {
   const platform::Size size = window.size();
   juce::Image image = makePicture(static_cast<int>(std::lround(size.width * scale)),
                                   static_cast<int>(std::lround(size.height * scale)));
@@ -43,7 +51,7 @@ juce::Image picture(platform::Window& window, double scale) {
 
 }  // namespace
 
-bool writeSnapshot(platform::Window& window, double scale, const std::string& path,
+bool writeSnapshot(toolkit::Window& window, double scale, const std::string& path,
                    std::string& error) {
   const juce::Image image = picture(window, scale);
   const juce::File file = fileAt(path);
@@ -67,10 +75,10 @@ std::vector<std::string> writePages(const orvane::PluginEntry& entry, const plat
                                     double scale, const std::string& folder, std::string& error) {
   ensureMainBundle(entry);
   StillRunLoop driver;
-  platform::RunLoop loop(driver);
+  foundation::RunLoop loop(driver);
   StillWindow client;
-  platform::Window window(client);
-  platform::ViewController host;
+  toolkit::Window window(client);
+  toolkit::ViewController host;
   const std::unique_ptr<platform::AudioUnit> audioUnit = entry.makeAudioUnit();
   const std::unique_ptr<orvane::KestroAUViewController> editor = entry.makeViewController();
   editor->setAudioUnit(audioUnit.get());

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "Orvane/PluginEntry.h"
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace juce_backend {
 
@@ -12,7 +12,7 @@ namespace juce_backend {
 
 /// Paints `window` as it is into a PNG file, `scale` pixels a point. False when the file cannot be
 /// written: `error` then says why in one line.
-bool writeSnapshot(platform::Window& window, double scale, const std::string& path,
+bool writeSnapshot(toolkit::Window& window, double scale, const std::string& path,
                    std::string& error);
 
 /// Makes the plug-in's editor and paints each of its pages into `folder`, which is made when it is

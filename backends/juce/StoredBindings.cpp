@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace juce_backend {
 namespace {
@@ -24,7 +24,7 @@ void StoredBindings::load() {
   const std::string text = settings_.getValue(bindingsKey).toStdString();
   if (text.empty()) return;
   std::string error;
-  const auto state = platform::parsePropertyList(
+  const auto state = foundation::parsePropertyList(
       {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
   if (state)
     learn_.setState(&*state);
@@ -38,7 +38,7 @@ void StoredBindings::store() {
     settings_.removeValue(bindingsKey);
   else
     settings_.setValue(bindingsKey, juce::String::fromUTF8(
-                                        platform::writeXmlPropertyList(learn_.state()).c_str()));
+                                        foundation::writeXmlPropertyList(learn_.state()).c_str()));
   if (!settings_.save())
     std::fprintf(stderr, "%s cannot be written\n",
                  settings_.getFile().getFullPathName().toRawUTF8());

@@ -7,8 +7,8 @@
 
 #include "Orvane/PluginEntry.h"
 #include "backends/lv2/BundleTurtle.h"
-#include "platform/PropertyListCoding.h"
-#include "platform/RunLoop.h"
+#include "foundation/PropertyListCoding.h"
+#include "foundation/RunLoop.h"
 
 // Writes the files that describe a plug-in into its bundle. Linked with the plug-in and run by its
 // build.
@@ -18,7 +18,7 @@ const orvane::PluginEntry& orvanePluginEntry();
 namespace {
 
 /// Editors ask for a loop; this one never turns.
-class StillDriver : public platform::RunLoop::Driver {
+class StillDriver : public foundation::RunLoop::Driver {
  public:
   double now() const override { return 0; }
   void wake() override {}
@@ -43,7 +43,7 @@ int main(int count, char** arguments) {
   try {
     const std::filesystem::path bundle = arguments[1];
     StillDriver driver;
-    platform::RunLoop loop(driver);
+    foundation::RunLoop loop(driver);
     lv2_backend::BundleFiles files;
     files.pluginFile = arguments[2];
     files.license = arguments[3];
@@ -53,7 +53,7 @@ int main(int count, char** arguments) {
     write(bundle / "manifest.ttl", turtle.manifest());
     write(bundle / files.pluginFile, turtle.plugin());
     write(bundle / "Info.plist",
-          platform::writeXmlPropertyList(orvanePluginEntry().infoDictionary()));
+          foundation::writeXmlPropertyList(orvanePluginEntry().infoDictionary()));
     const std::filesystem::path presets = bundle / lv2_backend::BundleTurtle::presetsFile;
     if (const std::string text = turtle.presets(); !text.empty()) {
       write(presets, text);

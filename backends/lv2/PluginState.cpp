@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "Quillon/FullState.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 
 namespace lv2_backend {
 namespace {
@@ -20,7 +20,7 @@ constexpr const char* midiMapEntry = "midiMap";
 
 std::optional<PropertyList> parse(std::string_view text) {
   std::string error;
-  auto list = platform::parsePropertyList(
+  auto list = foundation::parsePropertyList(
       {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
   if (!list) std::fprintf(stderr, "The stored state cannot be read: %s\n", error.c_str());
   return list;
@@ -36,14 +36,14 @@ PropertyList wholeState(const platform::AudioUnit& audioUnit, const orvane::Midi
 }  // namespace
 
 std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi) {
-  return platform::writeXmlPropertyList(wholeState(audioUnit, midi));
+  return foundation::writeXmlPropertyList(wholeState(audioUnit, midi));
 }
 
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
                                   const orvane::MidiLearn& midi) {
   PropertyList state = wholeState(audioUnit, midi);
   if (auto* entries = state.as<PropertyList::Dictionary>()) entries->erase(parametersEntry);
-  return platform::writeXmlPropertyList(state);
+  return foundation::writeXmlPropertyList(state);
 }
 
 bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text) {

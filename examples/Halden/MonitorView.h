@@ -6,7 +6,7 @@
 #include "examples/Halden/Spectrum.h"
 #include "platform/Color.h"
 #include "platform/LiveBuffer.h"
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace halden {
 
@@ -15,7 +15,7 @@ enum class MonitorMode { scope, spectrum, loudness };
 
 /// The spectrum of a sound, or its loudness over the last seconds. Owned by its MonitorContainer;
 /// repaints only what has changed.
-class MonitorView : public platform::View {
+class MonitorView : public toolkit::View {
  public:
   /// `loudness` holds the loudest sample of each hundredth of a second. Both must live until the next
   /// call, or until `read` is called no more; either may be null.

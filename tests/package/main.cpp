@@ -1,8 +1,8 @@
-#include "platform/RunLoop.h"
+#include "foundation/RunLoop.h"
 
 namespace {
 
-class StoppedClock : public platform::RunLoop::Driver {
+class StoppedClock : public foundation::RunLoop::Driver {
  public:
   double now() const override { return 0; }
   void wake() override {}
@@ -13,7 +13,7 @@ class StoppedClock : public platform::RunLoop::Driver {
 
 int main() {
   StoppedClock clock;
-  platform::RunLoop loop(clock);
+  foundation::RunLoop loop(clock);
   bool ran = false;
   loop.async([&ran] { ran = true; });
   loop.runDue();

@@ -14,7 +14,7 @@ struct EditorHands {
   bool press(platform::Key key, platform::Modifiers modifiers = platform::Modifiers::none) {
     return host.pressKey({key, modifiers, ""});
   }
-  platform::View* focused() { return host.window().firstResponder(); }
+  toolkit::View* focused() { return host.window().firstResponder(); }
   void dropFocus() {
     if (focused()) focused()->resignFirstResponder();
   }
@@ -27,18 +27,18 @@ struct EditorHands {
     loop.advance(0.2);
   }
   /// Everything that Tab reaches, once round.
-  std::vector<platform::View*> walk(platform::Modifiers modifiers = platform::Modifiers::none) {
-    std::vector<platform::View*> views;
-    std::set<platform::View*> known;
+  std::vector<toolkit::View*> walk(platform::Modifiers modifiers = platform::Modifiers::none) {
+    std::vector<toolkit::View*> views;
+    std::set<toolkit::View*> known;
     while (press(platform::Key::tab, modifiers) && known.insert(focused()).second)
       views.push_back(focused());
     return views;
   }
   template <class Visit>
-  static void visitShown(platform::View& view, const Visit& visit) {
+  static void visitShown(toolkit::View& view, const Visit& visit) {
     if (view.isHidden()) return;
     visit(view);
-    for (platform::View* subview : view.subviews()) visitShown(*subview, visit);
+    for (toolkit::View* subview : view.subviews()) visitShown(*subview, visit);
   }
 
   headless::HeadlessRunLoop loop;

@@ -4,8 +4,8 @@
 #include <atomic>
 #include <cmath>
 
+#include "foundation/RunLoop.h"
 #include "platform/Fatal.h"
-#include "platform/RunLoop.h"
 
 namespace support {
 
@@ -15,7 +15,7 @@ namespace support {
 ///     support::ManualLoop loop;      // the driver and the process's run loop
 ///     controller.start();
 ///     loop.advance(0.25);            // two ticks of a 0.1 s timer, 15 frames of a display link
-class ManualDriver : public platform::RunLoop::Driver {
+class ManualDriver : public foundation::RunLoop::Driver {
  public:
   static constexpr double framesPerSecond = 60;
 
@@ -32,7 +32,7 @@ class ManualDriver : public platform::RunLoop::Driver {
 
   /// Runs what is queued, and what that queues in turn, without moving the clock.
   void settle() {
-    platform::RunLoop& loop = platform::RunLoop::main();
+    foundation::RunLoop& loop = foundation::RunLoop::main();
     awake_.store(true, std::memory_order_relaxed);
     for (int turn = 0; awake_.exchange(false, std::memory_order_acq_rel); ++turn) {
       if (turn > 100000) platform::fatal("The run loop's queue never empties");
@@ -45,7 +45,7 @@ class ManualDriver : public platform::RunLoop::Driver {
     const double end = now_ + seconds;
     settle();
     for (;;) {
-      const double timer = platform::RunLoop::main().nextDeadline();
+      const double timer = foundation::RunLoop::main().nextDeadline();
       const double frame = (frames_ + 1) / framesPerSecond;
       const double next = std::min(timer, frame);
       // Deadlines are sums of fractions: one that is due at `end` may come out a hair later.
@@ -54,8 +54,8 @@ class ManualDriver : public platform::RunLoop::Driver {
       settle();
       if (frame <= next) {
         frames_ += 1;
-        if (platform::RunLoop::main().wantsDisplayFrames())
-          platform::RunLoop::main().displayFrame();
+        if (foundation::RunLoop::main().wantsDisplayFrames())
+          foundation::RunLoop::main().displayFrame();
         settle();
       }
     }
@@ -83,7 +83,7 @@ class ManualLoop {
   void settle() { driver.settle(); }
 
   ManualDriver driver;
-  platform::RunLoop loop{driver};
+  foundation::RunLoop loop{driver};
 };
 
 }  // namespace support

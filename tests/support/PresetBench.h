@@ -12,12 +12,13 @@
 #include "Orvane/PresetManager.h"
 #include "Quillon/CommonAudioUnit.h"
 #include "backends/headless/HeadlessRunLoop.h"
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
 #include "foundation/FolderCloud.h"
-#include "foundation/FolderDownloader.h"
 #include "foundation/LocalFileManager.h"
-#include "platform/Console.h"
-#include "platform/PropertyListCoding.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TroubledDownloader.h"
 
 namespace support {
 
@@ -57,7 +58,7 @@ class CountingFiles : public foundation::LocalFileManager {
 class PresetBench : public testing::Test {
  protected:
   explicit PresetBench(bool hasCloud = false)
-      : remote(std::make_shared<foundation::FolderDownloader>(folder / "remote", folder / "cloud")),
+      : remote(std::make_shared<TroubledDownloader>(folder / "remote", folder / "cloud")),
         cloud(std::make_shared<foundation::FolderCloud>(
             hasCloud ? folder / "cloud" : "", remote,
             std::map<std::string, std::string>{{"old", folder / "old"}})),
@@ -86,20 +87,21 @@ class PresetBench : public testing::Test {
   static platform::PropertyList listAt(const std::string& path) {
     const std::string text = textOf(path);
     std::string error;
-    auto list = platform::parsePropertyList(
+    auto list = foundation::parsePropertyList(
         {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, error);
     return list ? *list : platform::PropertyList();
   }
 
   const TemporaryFolder folder;
-  const std::shared_ptr<foundation::FolderDownloader> remote;
+  const std::shared_ptr<TroubledDownloader> remote;
   const std::shared_ptr<foundation::FolderCloud> cloud;
   CountingFiles files;
-  platform::DefaultFileManager scope;
+  foundation::DefaultFileManager scope;
   headless::HeadlessRunLoop loop;
   std::vector<std::string> extraResources;
   std::vector<std::string> printed;
-  platform::ConsoleListener listener{[this](const std::string& line) { printed.push_back(line); }};
+  foundation::ConsoleListener listener{
+      [this](const std::string& line) { printed.push_back(line); }};
   PresetUnit unit;
 };
 

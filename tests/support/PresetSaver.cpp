@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 
+#include "foundation/DefaultFileManager.h"
 #include "tests/support/PresetBench.h"
 
 namespace {
@@ -30,7 +31,7 @@ int main(int argc, char** argv) {
   if (argc < 3) return 2;
   const std::string container = argv[1], name = argv[2];
   foundation::LocalFileManager files(container, foundation::LocalFileManager::Groups::oneForAll);
-  const platform::DefaultFileManager scope(files);
+  const foundation::DefaultFileManager scope(files);
   headless::HeadlessRunLoop loop;
   support::PresetUnit unit;
   orvane::PresetManager manager("group.test", {});

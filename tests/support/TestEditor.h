@@ -8,8 +8,8 @@
 
 #include "Orvane/KestroAUViewController.h"
 #include "Quillon/CommonAudioUnit.h"
-#include "platform/Window.h"
 #include "tests/support/ManualDriver.h"
+#include "toolkit/Window.h"
 
 namespace support {
 
@@ -78,7 +78,7 @@ class TestController : public orvane::KestroAUViewController {
 };
 
 /// The host's side: a window with the editor filling it.
-class EditorWindow : private platform::Window::Client {
+class EditorWindow : private platform::WindowHost {
  public:
   /// `application`, if any, ends the responder chain.
   explicit EditorWindow(platform::Size size, platform::Application* application = nullptr)
@@ -95,24 +95,28 @@ class EditorWindow : private platform::Window::Client {
   }
   void resize(platform::Size size) {
     window.setSize(size);
-    for (platform::ViewController* child : host.children())
+    for (toolkit::ViewController* child : host.children())
       child->view().setFrame({0, 0, size.width, size.height});
     window.prepareFrame();
   }
   void tap(platform::Point place, int tapCount = 1) {
-    window.touchBegan(1, platform::Touch::Kind::finger, place, tapCount);
+    window.touchBegan(1, toolkit::Touch::Kind::finger, place, tapCount);
     window.touchEnded(1, place);
   }
 
  private:
   void frameWanted() override {}
   platform::Application* application() override { return application_; }
+  double textWidth(std::string_view text, const platform::Font& font) override {
+    return 0.55 * font.pointSize * static_cast<double>(text.size());
+  }
+  double now() const override { return foundation::RunLoop::main().now(); }
 
   platform::Application* application_;
 
  public:
-  platform::ViewController host;
-  platform::Window window;
+  toolkit::ViewController host;
+  toolkit::Window window;
 };
 
 }  // namespace support

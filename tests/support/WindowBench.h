@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Window.h"
+#include "toolkit/Window.h"
 
 namespace support {
 
@@ -74,7 +74,7 @@ class LogCanvas : public platform::Canvas {
 ///     bench.root().addSubview(view);
 ///     bench.frame();
 ///     bench.tap({10, 10});
-class WindowBench : public platform::Window::Client {
+class WindowBench : public platform::WindowHost {
  public:
   WindowBench() {
     window.setSize({400, 300});
@@ -83,11 +83,14 @@ class WindowBench : public platform::Window::Client {
 
   void frameWanted() override { ++framesWanted; }
   platform::Application* application() override { return programme; }
+  double textWidth(std::string_view text, const platform::Font& font) override {
+    return 0.55 * font.pointSize * static_cast<double>(text.size());
+  }
   double now() const override { return seconds; }
   std::string clipboardText() override { return clipboard; }
   void setClipboardText(const std::string& text) override { clipboard = text; }
 
-  platform::View& root() { return controller.view(); }
+  toolkit::View& root() { return controller.view(); }
   std::vector<platform::Rect> frame() { return window.prepareFrame(); }
   /// Paints whatever meets `area` and returns it, saves and restores left out.
   std::vector<std::string> painted(const platform::Rect& area = {0, 0, 400, 300}) {
@@ -96,7 +99,7 @@ class WindowBench : public platform::Window::Client {
     return canvas.painted();
   }
   void press(platform::Point at, int id = 1) {
-    window.touchBegan(id, platform::Touch::Kind::finger, at, 1);
+    window.touchBegan(id, toolkit::Touch::Kind::finger, at, 1);
   }
   void drag(platform::Point to, int id = 1) { window.touchMoved(id, to); }
   void lift(platform::Point at, int id = 1) { window.touchEnded(id, at); }
@@ -114,12 +117,12 @@ class WindowBench : public platform::Window::Client {
   double seconds = 1;
   std::string clipboard;
   platform::Application* programme = nullptr;
-  platform::ViewController controller;
-  platform::Window window{*this};
+  toolkit::ViewController controller;
+  toolkit::Window window{*this};
 };
 
 /// Fills itself, writes what happens to it into a shared journal, and does what a test wants.
-class ProbeView : public platform::View {
+class ProbeView : public toolkit::View {
  public:
   ProbeView(std::string name, std::vector<std::string>& journal, const platform::Rect& frame)
       : View(frame), name_(std::move(name)), journal_(journal) {}
@@ -135,10 +138,10 @@ class ProbeView : public platform::View {
     canvas.fillRect(bounds(), platform::Color::white());
     note("paint", {});
   }
-  void touchBegan(const platform::Touch&) override { note("began", onTouchBegan); }
-  void touchMoved(const platform::Touch&) override { note("moved", {}); }
-  void touchEnded(const platform::Touch&) override { note("ended", {}); }
-  void touchCancelled(const platform::Touch&) override { note("cancelled", onTouchCancelled); }
+  void touchBegan(const toolkit::Touch&) override { note("began", onTouchBegan); }
+  void touchMoved(const toolkit::Touch&) override { note("moved", {}); }
+  void touchEnded(const toolkit::Touch&) override { note("ended", {}); }
+  void touchCancelled(const toolkit::Touch&) override { note("cancelled", onTouchCancelled); }
   void hoverChanged(bool hovered) override { note(hovered ? "entered" : "left", onHover); }
   void firstResponderChanged() override {
     note(isFirstResponder() ? "got keyboard" : "lost keyboard", {});

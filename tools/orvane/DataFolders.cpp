@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "backends/headless/FolderDownloader.h"
 #include "foundation/FolderCloud.h"
-#include "foundation/FolderDownloader.h"
 #include "tools/orvane/ToolError.h"
 
 namespace tool {
@@ -44,7 +44,7 @@ DataFolders::DataFolders(const ArgumentParser& arguments, WithoutData without) {
   if (const auto given = arguments.text("--cloud")) {
     cloud_ = madeFolder(*given);
     cloud = std::make_shared<foundation::FolderCloud>(
-        *cloud_, std::make_shared<foundation::FolderDownloader>(*cloud_ + remoteFolder, *cloud_));
+        *cloud_, std::make_shared<headless::FolderDownloader>(*cloud_ + remoteFolder, *cloud_));
   }
   if (!data_ && without == WithoutData::temporary) temporary_ = newTemporaryFolder();
   const bool isUsersOwn = !data_ && temporary_.empty();

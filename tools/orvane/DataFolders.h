@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "foundation/DefaultFileManager.h"
 #include "foundation/LocalFileManager.h"
 #include "platform/FileManager.h"
 #include "tools/orvane/ArgumentParser.h"
@@ -32,7 +33,7 @@ class DataFolders {
   std::optional<std::string> data_, cloud_;
   std::string temporary_;
   std::unique_ptr<foundation::LocalFileManager> files_;
-  std::optional<platform::DefaultFileManager> scope_;
+  std::optional<foundation::DefaultFileManager> scope_;
 };
 
 }  // namespace tool

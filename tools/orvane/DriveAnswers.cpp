@@ -2,7 +2,7 @@
 
 #include "KestroUI/MultipleContainer.h"
 #include "Orvane/ParameterMapping.h"
-#include "platform/Button.h"
+#include "toolkit/Button.h"
 #include "tools/orvane/DescribedAudioUnit.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Picture.h"
@@ -99,10 +99,10 @@ void DriveSession::state(const Words&, Json& answer) {
   const platform::Size size = host_.window().size();
   answer["size"] = {tidy(size.width), tidy(size.height)};
   Json overlays = Json::array(), buttons = Json::array();
-  visitShown(host_.rootView(), [&](platform::View& view) {
+  visitShown(host_.rootView(), [&](toolkit::View& view) {
     const std::string name = className(view);
     if (name.ends_with("Overlay")) overlays.push_back(name);
-    if (const auto* button = dynamic_cast<platform::Button*>(&view))
+    if (const auto* button = dynamic_cast<toolkit::Button*>(&view))
       buttons.push_back(
           {{"class", name}, {"text", button->title()}, {"enabled", button->isEnabled()}});
   });

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "foundation/SafeFile.h"
+#include "foundation/UnicodeText.h"
+#include "foundation/UserDefaults.h"
 #include "platform/FilePath.h"
-#include "platform/UnicodeText.h"
-#include "platform/UserDefaults.h"
 #include "tools/orvane/Text.h"
 
 namespace tool {
@@ -86,7 +86,7 @@ void PresetDoctor::findUnreadable() {
 void PresetDoctor::findDuplicates() {
   std::map<std::string, std::string> firstOf;
   for (PresetEntry& preset : presets_) {
-    const auto [first, isNew] = firstOf.emplace(platform::lowercased(preset.name), preset.path);
+    const auto [first, isNew] = firstOf.emplace(foundation::lowercased(preset.name), preset.path);
     if (isNew) continue;
     const std::string text =
         "has the name of " + inQuotes(platform::lastPathComponent(first->second));
@@ -96,11 +96,11 @@ void PresetDoctor::findDuplicates() {
         const std::string name = preset.name + ' ' + std::to_string(number);
         const std::string path =
             folder_.presets + '/' + name + (extension.empty() ? "" : '.' + extension);
-        if (firstOf.count(platform::lowercased(name)) || files_.fileExists(path)) continue;
+        if (firstOf.count(foundation::lowercased(name)) || files_.fileExists(path)) continue;
         const std::string whyNot = move(preset.path, path);
         if (whyNot.empty()) {
           preset.path = path;
-          firstOf.emplace(platform::lowercased(name), path);
+          firstOf.emplace(foundation::lowercased(name), path);
         }
         return whyNot;
       }
@@ -113,7 +113,7 @@ void PresetDoctor::findCategories() {
     PropertyList::Array lowered;
     std::string upper;
     for (const std::string& category : preset.file.categories()) {
-      lowered.push_back(platform::lowercased(category));
+      lowered.push_back(foundation::lowercased(category));
       if (upper.empty() && lowered.back() != PropertyList(category)) upper = category;
     }
     if (upper.empty()) continue;
@@ -136,7 +136,7 @@ void PresetDoctor::findMissingFavourites() {
     for (const std::string& name : favourites.names) {
       if (!isMissing(name)) continue;
       found(Kind::missingFavourite, name, "is a favourite, but there is no such file", [&] {
-        auto defaults = platform::UserDefaults::open(favourites.suite);
+        auto defaults = foundation::UserDefaults::open(favourites.suite);
         auto list = defaults ? defaults->array("favpresets") : std::nullopt;
         if (!list) return std::string("the favourites cannot be read");
         const auto place = std::find(list->begin(), list->end(), PropertyList(name));

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "foundation/DefaultFileManager.h"
+#include "foundation/PropertyListCoding.h"
 #include "platform/FilePath.h"
-#include "platform/PropertyListCoding.h"
 
 namespace tool {
 
@@ -20,7 +21,7 @@ constexpr const char* preferencesName = "/Library/Preferences";
 }  // namespace
 
 PresetFolder PresetFolder::at(const std::string& path) {
-  FileManager& files = FileManager::defaultManager();
+  FileManager& files = foundation::DefaultFileManager::current();
   std::string folder = path;
   while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
   if (files.isDirectory(folder + presetsName)) return {folder + presetsName, folder};
@@ -59,7 +60,7 @@ std::vector<PresetEntry> presetsIn(FileManager& files, const std::string& folder
 }
 
 std::string writePreset(FileManager& files, const PresetEntry& entry) {
-  const std::string xml = platform::writeXmlPropertyList(entry.file.content);
+  const std::string xml = foundation::writeXmlPropertyList(entry.file.content);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(xml.data());
   const auto error = files.write({bytes, xml.size()}, entry.path);
   return error ? error->localizedDescription : std::string();
@@ -75,7 +76,7 @@ std::vector<Favourites> favouritesIn(FileManager& files, const std::string& cont
     FileError fileError;
     std::string error;
     const auto bytes = files.contents(folder + '/' + entry.name, fileError);
-    const auto list = bytes ? platform::parsePropertyList(*bytes, error) : std::nullopt;
+    const auto list = bytes ? foundation::parsePropertyList(*bytes, error) : std::nullopt;
     const PropertyList* stored = list ? list->find("favpresets") : nullptr;
     const auto* array = stored ? stored->as<PropertyList::Array>() : nullptr;
     if (!array) continue;

@@ -7,7 +7,8 @@
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetManager.h"
 #include "backends/headless/HeadlessRunLoop.h"
-#include "platform/Console.h"
+#include "foundation/Console.h"
+#include "foundation/DefaultFileManager.h"
 #include "platform/FilePath.h"
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
@@ -175,7 +176,7 @@ int installPack(const Words& words, Streams streams) {
   if (!folders.files().isDirectory(folder)) throw Failure(folder + ": there is no such folder");
 
   std::vector<std::string> printed;
-  const platform::ConsoleListener listener(
+  const foundation::ConsoleListener listener(
       [&](const std::string& line) { printed.push_back(line); });
   // With --data all groups have the same container.
   orvane::PresetManager manager(plugin ? groupOf(*plugin) : "presets", {});
@@ -199,7 +200,7 @@ int examineFolder(const Words& words, Streams streams) {
   arguments.finish();
   foundation::LocalFileManager files(PresetFolder::at(path).container,
                                      foundation::LocalFileManager::Groups::oneForAll);
-  const platform::DefaultFileManager scope(files);
+  const foundation::DefaultFileManager scope(files);
   const PresetFolder folder = PresetFolder::at(path);
   if (!files.isDirectory(folder.presets)) throw Failure(path + ": there is no such folder");
   const auto mode = arguments.flag("--fix") ? PresetDoctor::Mode::fix : PresetDoctor::Mode::report;

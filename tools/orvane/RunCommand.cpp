@@ -1,4 +1,4 @@
-#include "platform/Bundle.h"
+#include "foundation/Bundle.h"
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
 #include "tools/orvane/DataFolders.h"
@@ -30,7 +30,7 @@ int runCommand(const Words& words, Streams) {
   arguments.finish();
   const DataFolders folders(arguments, DataFolders::WithoutData::usersOwn);
   const Plugin plugin = loadPlugin(name);
-  const platform::MainBundle bundle(plugin.entry.infoDictionary());
+  const foundation::MainBundle bundle(plugin.entry.infoDictionary());
   return show(plugin);
 }
 

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "backends/headless/RecordingCanvas.h"
-#include "platform/Button.h"
-#include "platform/Label.h"
+#include "toolkit/Button.h"
+#include "toolkit/Label.h"
 #include "tools/orvane/Text.h"
 #include "tools/orvane/ToolError.h"
 #include "tools/orvane/ViewTree.h"
@@ -15,7 +15,7 @@ namespace tool {
 using headless::HeadlessHost;
 using headless::RecordingCanvas;
 using platform::Point;
-using platform::View;
+using toolkit::View;
 
 namespace {
 
@@ -32,7 +32,7 @@ Point placeOfText(HeadlessHost& host, const std::string& text) {
   View* label = nullptr;
   visitShown(host.rootView(), [&](View& view) {
     if (textOf(view) != text) return;
-    View*& found = dynamic_cast<platform::Control*>(&view) ? button : label;
+    View*& found = dynamic_cast<toolkit::Control*>(&view) ? button : label;
     if (!found) found = &view;
   });
   if (button) return button->frameInRoot().centre();
@@ -100,7 +100,7 @@ View& valuePart(kestroui::Container& container) {
   double area = 0;
   for (View* child : container.subviews()) {
     const platform::Rect& frame = child->frame();
-    if (child->isHidden() || !dynamic_cast<platform::Control*>(child)) continue;
+    if (child->isHidden() || !dynamic_cast<toolkit::Control*>(child)) continue;
     if (frame.width * frame.height <= area) continue;
     area = frame.width * frame.height;
     largest = child;

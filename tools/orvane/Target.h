@@ -18,7 +18,7 @@ struct Word {
 kestroui::Container* shownContainer(headless::HeadlessHost& host, const std::string& key);
 
 /// The part of a container that shows its values, and where a finger changes them.
-platform::View& valuePart(kestroui::Container& container);
+toolkit::View& valuePart(kestroui::Container& container);
 
 /// The place in root coordinates that a script means: `key:KEY` (the part of the parameter's
 /// container that holds its value), `CLASS`, `CLASS#2`, `"TEXT"` or `at:X,Y`. Throws a Failure when

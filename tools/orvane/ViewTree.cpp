@@ -13,15 +13,15 @@
 #include "KestroUI/SimpleLabel.h"
 #include "Orvane/PageView.h"
 #include "Orvane/SectionView.h"
-#include "platform/Button.h"
-#include "platform/Label.h"
-#include "platform/TextField.h"
+#include "toolkit/Button.h"
+#include "toolkit/Label.h"
+#include "toolkit/TextField.h"
 #include "tools/orvane/Text.h"
 
 namespace tool {
 
 using nlohmann::ordered_json;
-using platform::View;
+using toolkit::View;
 
 std::string className(const View& view) {
   int status = 0;
@@ -34,11 +34,11 @@ std::string className(const View& view) {
 }
 
 std::optional<std::string> textOf(const View& view) {
-  if (const auto* label = dynamic_cast<const platform::Label*>(&view)) return label->text();
+  if (const auto* label = dynamic_cast<const toolkit::Label*>(&view)) return label->text();
   if (const auto* label = dynamic_cast<const kestroui::SimpleLabel*>(&view)) return label->text();
-  if (const auto* field = dynamic_cast<const platform::TextField*>(&view)) return field->text();
+  if (const auto* field = dynamic_cast<const toolkit::TextField*>(&view)) return field->text();
   std::string title;
-  if (const auto* button = dynamic_cast<const platform::Button*>(&view))
+  if (const auto* button = dynamic_cast<const toolkit::Button*>(&view))
     title = button->title();
   else if (const auto* momentary = dynamic_cast<const kestroui::MomentaryButton*>(&view))
     title = momentary->title();
@@ -61,7 +61,7 @@ ordered_json viewTree(const View& view) {
   const platform::Rect& frame = view.frame();
   node["frame"] = {tidy(frame.x), tidy(frame.y), tidy(frame.width), tidy(frame.height)};
   node["hidden"] = view.isHidden();
-  if (const auto* control = dynamic_cast<const platform::Control*>(&view)) {
+  if (const auto* control = dynamic_cast<const toolkit::Control*>(&view)) {
     node["enabled"] = control->isEnabled();
     const auto* onOff = dynamic_cast<const kestroui::OnOffButton*>(control);
     node["selected"] = control->isSelected() || (onOff && onOff->isOn());

@@ -6,19 +6,19 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/View.h"
+#include "toolkit/View.h"
 
 namespace tool {
 
 /// The view's class without its namespace.
-std::string className(const platform::View& view);
+std::string className(const toolkit::View& view);
 /// What a label, button or text field shows; none for any other view, or for a button without a
 /// title.
-std::optional<std::string> textOf(const platform::View& view);
+std::optional<std::string> textOf(const toolkit::View& view);
 /// The view and everything below it, hidden views included.
-nlohmann::ordered_json viewTree(const platform::View& view);
+nlohmann::ordered_json viewTree(const toolkit::View& view);
 /// Calls `visit` for every view that is shown, in drawing order.
-void visitShown(platform::View& view, const std::function<void(platform::View&)>& visit);
+void visitShown(toolkit::View& view, const std::function<void(toolkit::View&)>& visit);
 
 enum class Layout { oneLine, indented };
 
