@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace kestroui {
 
@@ -20,7 +20,7 @@ void BitFlagsGroup::setTitles(std::vector<std::string> titles) {
   titles_ = std::move(titles);
   longestTitle_ = 1;
   for (const std::string& title : titles_)
-    longestTitle_ = std::max(longestTitle_, utf8Length(title));
+    longestTitle_ = std::max(longestTitle_, foundation::countCodePoints(title));
   setNeedsDisplay();
 }
 

@@ -7,7 +7,7 @@
 #include "KestroUI/Icons.h"
 #include "KestroUI/MidiMapBadge.h"
 #include "KestroUI/TextScale.h"
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace kestroui {
 
@@ -225,8 +225,8 @@ void Container::updateTitleLabel() {
   const bool showsIcon = !showsValue && !iconPath_.isEmpty();
   const platform::Font& font = showsValue ? Theme::valueFont : Theme::labelFont;
   const std::string& text = showsValue ? value : title_;
-  const double fitting =
-      (bounds().width - 2) / (letterWidth * static_cast<double>(utf8Length(text) + 1));
+  const double fitting = (bounds().width - 2) /
+                         (letterWidth * static_cast<double>(foundation::countCodePoints(text) + 1));
   titleLabel_.setFont(font.withSize(
       std::min(titleHeight() * titleFontShare, std::max(smallestTitleFont, fitting))));
   titleLabel_.setText(showsIcon ? std::string() : text);

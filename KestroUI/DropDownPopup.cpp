@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace kestroui {
 
@@ -41,7 +41,8 @@ bool DropDownPopup::isStillRight() const {
 void DropDownPopup::place() {
   rowHeight_ = std::clamp(ownerFrame_.height * 0.9, 20.0, 28 * std::max(1.0, owner_.faceScale()));
   std::size_t longest = 0;
-  for (const std::string& entry : owner_.entries()) longest = std::max(longest, utf8Length(entry));
+  for (const std::string& entry : owner_.entries())
+    longest = std::max(longest, foundation::countCodePoints(entry));
   const double fontSize = rowHeight_ * fontShare;
   const double wanted = static_cast<double>(longest) * fontSize * 0.6 + 36;
   const double width =

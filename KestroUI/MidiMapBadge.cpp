@@ -6,7 +6,7 @@
 #include "KestroUI/Icons.h"
 #include "KestroUI/MidiMapText.h"
 #include "KestroUI/Theme.h"
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace kestroui {
 
@@ -25,7 +25,7 @@ constexpr double fingerSide = 36;
 constexpr const char* waitingText = "Waiting";
 
 double widthOf(const std::string& text, double pointSize) {
-  return (static_cast<double>(utf8Length(text)) + 1.6) * letterWidth * pointSize;
+  return (static_cast<double>(foundation::countCodePoints(text)) + 1.6) * letterWidth * pointSize;
 }
 
 }  // namespace

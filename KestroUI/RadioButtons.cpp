@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "KestroUI/Icons.h"
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace kestroui {
 
@@ -31,7 +31,7 @@ void RadioButtons::setTitles(std::vector<std::string> titles) {
     if (waveform)
       icons_[i] = Icons::waveform(*waveform);
     else
-      longestTitle_ = std::max(longestTitle_, utf8Length(titles_[i]));
+      longestTitle_ = std::max(longestTitle_, foundation::countCodePoints(titles_[i]));
   }
   setNeedsDisplay();
 }

@@ -25,7 +25,7 @@ constexpr const char* helpEndpoint = "/LICENSES/help_url.php?product_identifier=
 std::string helpPathOf(const platform::URLSession::Answer& answer) {
   const bool isThere = answer.error.empty() && answer.statusCode >= 200 && answer.statusCode < 300;
   std::string text(answer.data.begin(), answer.data.end());
-  return isThere && foundation::isUTF8(text) ? text : std::string();
+  return isThere && foundation::isUtf8(text) ? text : std::string();
 }
 
 /// Without the line end that servers like to send.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "KestroUI/Theme.h"
-#include "KestroUI/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace orvane {
 
@@ -19,7 +19,7 @@ constexpr std::size_t longText = 6;
 }  // namespace
 
 MultiSelectableButton::MultiSelectableButton(std::string text) : OnOffButton({std::move(text)}) {
-  const std::size_t length = kestroui::utf8Length(this->text());
+  const std::size_t length = foundation::countCodePoints(this->text());
   weight = length > longText ? 1.4f : length < shortText ? 0.7f : 1.0f;
   setSwitching(Switching::byOwner);
   setBackgroundColor(platform::Color::clear());
@@ -43,7 +43,7 @@ void MultiSelectableButton::paint(platform::Canvas& canvas) {
   canvas.strokeRoundedRect(
       place.inset(0.5, 0.5), radius, 1,
       isFirstResponder() ? Theme::accent : Theme::line.withAlpha(isOn() ? 0.0f : 0.8f));
-  const double perLetter = 0.58 * static_cast<double>(kestroui::utf8Length(text()) + 1);
+  const double perLetter = 0.58 * static_cast<double>(foundation::countCodePoints(text()) + 1);
   const double size =
       std::min({std::max(Theme::smallTitleFont.pointSize * 1.2, place.height * 0.32),
                 place.height * 0.52, std::max(7.0, place.width / perLetter)});

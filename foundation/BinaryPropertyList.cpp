@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace foundation {
 

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace foundation {
 

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 #include "platform/FilePath.h"
 
 namespace foundation {

@@ -8,7 +8,7 @@
 
 #include "foundation/BinaryPropertyListWriter.h"
 #include "foundation/PropertyListCoding.h"
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace foundation {
 

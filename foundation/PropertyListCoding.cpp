@@ -15,7 +15,7 @@
 #endif
 
 #include "foundation/BinaryPropertyList.h"
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace foundation {
 

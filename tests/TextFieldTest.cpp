@@ -4,7 +4,6 @@
 
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
-#include "toolkit/TextBuffer.h"
 
 namespace {
 
@@ -152,27 +151,14 @@ TEST_F(TextFieldTest, aLongTextScrollsSoThatTheCaretShowsAndNothingBlinksWithout
   EXPECT_EQ(bench.window.paintedViews(), painted);
 }
 
-TEST(TextBuffer, movesByWhatAReaderTakesForCharacters) {
-  // A letter with a decomposed accent, a family of three, a flag, a thumb with a skin tone, and a
-  // byte that is no UTF-8.
-  const std::string parts[] = {"e\xCC\x81",
-                               "\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7",
-                               "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA",
-                               "\xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD",
-                               "\xFF",
-                               "z"};
-  std::string text;
-  for (const std::string& part : parts) text += part;
-  toolkit::TextBuffer buffer;
-  buffer.setText(text);
-  std::size_t place = 0;
-  for (const std::string& part : parts) {
-    EXPECT_EQ(buffer.next(place), place + part.size()) << part;
-    EXPECT_EQ(buffer.previous(place + part.size()), place) << part;
-    place += part.size();
+TEST_F(TextFieldTest, theCaretGoesByWhatAReaderTakesForCharacters) {
+  field.setText("a\u1100\u1161\u0b95\u0bbfe\u0301");
+  field.becomeFirstResponder();
+  bench.key(Key::end);
+  for (const char* left : {"a\u1100\u1161\u0b95\u0bbf", "a\u1100\u1161", "a", ""}) {
+    bench.key(Key::backspace);
+    EXPECT_EQ(field.text(), left);
   }
-  EXPECT_EQ(buffer.next(place), place);
-  EXPECT_EQ(buffer.previous(0), 0u);
 }
 
 }  // namespace

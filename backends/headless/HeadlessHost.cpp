@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "backends/headless/RecordingCanvas.h"
+#include "foundation/UnicodeText.h"
 
 namespace headless {
 
@@ -117,9 +118,7 @@ bool HeadlessHost::pressKey(const platform::KeyEvent& event) {
 
 void HeadlessHost::type(std::string_view text) {
   while (!text.empty()) {
-    std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
-      ++length;
+    const std::size_t length = foundation::codePointAt(text, 0).length;
     platform::KeyEvent event;
     event.key = text[0] == ' ' ? platform::Key::space : platform::Key::character;
     event.text = std::string(text.substr(0, length));

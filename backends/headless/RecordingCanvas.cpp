@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "foundation/UnicodeText.h"
+
 namespace headless {
 
 using platform::Color;
@@ -92,10 +94,7 @@ void RecordingCanvas::drawText(std::string_view text, const platform::Font&, con
 }
 
 double RecordingCanvas::widthOfText(std::string_view text, const platform::Font& font) {
-  const auto characters = std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-  });
-  return static_cast<double>(characters) * font.pointSize * 0.5;
+  return static_cast<double>(foundation::countCodePoints(text)) * font.pointSize * 0.5;
 }
 
 Rect RecordingCanvas::onCanvas(const Rect& rect) const {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "foundation/UnicodeText.h"
+
 namespace juce_backend {
 namespace {
 
@@ -27,9 +29,11 @@ bool isDigit(char32_t character) { return character >= U'0' && character <= U'9'
 std::vector<char32_t> decode(std::string_view text) {
   std::vector<char32_t> result;
   result.reserve(text.size());
-  const auto string = juce::String::fromUTF8(text.data(), static_cast<int>(text.size()));
-  for (auto at = string.getCharPointer(); !at.isEmpty();)
-    result.push_back(static_cast<char32_t>(at.getAndAdvance()));
+  for (std::size_t at = 0; at < text.size();) {
+    const foundation::CodePoint point = foundation::codePointAt(text, at);
+    result.push_back(point.value);
+    at += point.length;
+  }
   return result;
 }
 

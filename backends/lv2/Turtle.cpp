@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "foundation/Utf8.h"
+#include "foundation/UnicodeText.h"
 
 namespace lv2_backend {
 namespace {

@@ -1,6 +1,7 @@
 #include "tools/orvane/DescribedViewController.h"
 
 #include "KestroUI/Theme.h"
+#include "foundation/UnicodeText.h"
 #include "tools/orvane/DescribedAudioUnit.h"
 
 namespace tool {
@@ -11,11 +12,10 @@ std::unique_ptr<platform::AudioUnit> DescribedViewController::createAudioUnit(
 }
 
 platform::Image DescribedViewController::appLogo() {
-  std::size_t length = 1;
   const std::string& name = plugin_->name;
-  while (length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0) == 0x80)
-    ++length;
-  return {{24, 24}, [letter = name.substr(0, length)](platform::Canvas& canvas, platform::Color) {
+  return {{24, 24},
+          [letter = name.substr(0, foundation::nextCharacter(name, 0))](platform::Canvas& canvas,
+                                                                        platform::Color) {
             canvas.fillRoundedRect({1, 1, 22, 22}, 5, kestroui::Theme::surfaceRaised);
             canvas.drawText(letter, {platform::FontWeight::semiBold, 13, false}, {3, 3, 18, 18},
                             platform::TextAlignment::centre, kestroui::Theme::accent);

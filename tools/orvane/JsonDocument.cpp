@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "foundation/UnicodeText.h"
 #include "tools/orvane/Text.h"
 
 namespace tool {
@@ -23,9 +24,7 @@ std::string placeOf(std::string_view text, std::size_t offset) {
   const std::string_view before = text.substr(0, offset);
   const auto line = 1 + std::count(before.begin(), before.end(), '\n');
   const std::size_t lineStart = before.rfind('\n') + 1;
-  const auto column =
-      1 + std::count_if(before.begin() + static_cast<std::ptrdiff_t>(lineStart), before.end(),
-                        [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; });
+  const std::size_t column = 1 + foundation::countCodePoints(before.substr(lineStart));
   return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 

@@ -4,40 +4,27 @@
 #include <cmath>
 #include <cstddef>
 
+#include "foundation/UnicodeText.h"
+
 namespace tool {
 
 namespace {
 
 constexpr double largestSide = 16384;
 
-/// Length of the UTF-8 character that `text` begins with, or 0 when it begins with none.
-std::size_t characterLength(std::string_view text) {
-  const auto first = static_cast<unsigned char>(text[0]);
-  const std::size_t length = first < 0x80                    ? 1
-                             : first >= 0xC2 && first < 0xE0 ? 2
-                             : first >= 0xE0 && first < 0xF0 ? 3
-                             : first >= 0xF0 && first < 0xF5 ? 4
-                                                             : 0;
-  if (length == 0 || length > text.size()) return 0;
-  for (std::size_t i = 1; i < length; ++i)
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
-  return length;
-}
-
 }  // namespace
 
 std::string oneLine(std::string_view text) {
   std::string line;
   while (!text.empty()) {
-    const std::size_t length = characterLength(text);
-    const auto first = static_cast<unsigned char>(text[0]);
-    if (length == 0)
+    const foundation::CodePoint point = foundation::codePointAt(text, 0);
+    if (!point.isWellFormed)
       line += '?';
-    else if (first < 0x20 || first == 0x7F)
+    else if (point.value < 0x20 || point.value == 0x7F)
       line += ' ';
     else
-      line += text.substr(0, length);
-    text.remove_prefix(length == 0 ? 1 : length);
+      line += text.substr(0, point.length);
+    text.remove_prefix(point.length);
   }
   return line;
 }
@@ -48,7 +35,7 @@ std::string inQuotes(std::string_view text) {
   const std::string line = oneLine(text.substr(0, most * 4));
   std::size_t end = 0;
   for (std::size_t count = 0; end < line.size() && count < most; ++count)
-    end += characterLength(std::string_view(line).substr(end));
+    end += foundation::codePointAt(line, end).length;
   const bool whole = end == line.size() && text.size() <= most * 4;
   return '"' + line.substr(0, end) + (whole ? "\"" : "...\"");
 }

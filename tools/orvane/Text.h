@@ -9,7 +9,7 @@
 
 namespace tool {
 
-/// `text` on one line: control characters become blanks, bytes that are no UTF-8 question marks.
+/// `text` on one line: control characters become blanks, what is no UTF-8 question marks.
 std::string oneLine(std::string_view text);
 /// In double quotes, on one line, cut after sixty characters.
 std::string inQuotes(std::string_view text);
