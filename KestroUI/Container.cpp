@@ -308,7 +308,16 @@ void Container::setFace(GestureControl& face) {
   face.doubleTapped = [this] { doubleTap(); };
 }
 
-void Container::handleValueChanged(toolkit::Control&) { sendActions(ControlEvent::valueChanged); }
+void Container::handleValueChanged(toolkit::Control& sender) { sendMoved(movedIn(sender)); }
+
+std::vector<std::size_t> Container::movedIn(toolkit::Control&) { return {0}; }
+
+void Container::sendMoved(std::vector<std::size_t> indices) {
+  const platform::Weak<Container> alive = this;
+  moved_ = std::move(indices);
+  sendActions(ControlEvent::valueChanged);
+  if (alive) moved_.clear();
+}
 
 void Container::doubleTap() { tellDoubleTap(key()); }
 

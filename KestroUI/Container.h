@@ -70,6 +70,10 @@ class Container : public toolkit::Control {
   /// Those of any of its keys; the base knows the own ones only.
   virtual void setKeyStringValues(std::size_t index, const std::vector<std::string>& values);
 
+  /// The places among its keys of the values that the user has just moved, for whoever is told
+  /// valueChanged; empty when somebody else told it.
+  const std::vector<std::size_t>& movedIndices() const { return moved_; }
+
   /// The control that holds the value, or null for kinds that have none or several values.
   KestroControl* control() const { return control_; }
 
@@ -165,7 +169,7 @@ class Container : public toolkit::Control {
 
   // Actions
 
-  /// The control's valueChanged: passes it on as this container's own.
+  /// The control's valueChanged: passes it on as this container's own. May destroy the container.
   void handleValueChanged(toolkit::Control& sender);
   /// The second tap of a double tap: tells the delegate of the own key.
   void doubleTap();
@@ -185,6 +189,11 @@ class Container : public toolkit::Control {
   void setControl(KestroControl& control);
   /// The same for a control of several values, which the kind itself tells apart by key.
   void setFace(GestureControl& face);
+  /// The places of the values that the user has moved in `sender`, one of its controls; the own one
+  /// in the base class.
+  virtual std::vector<std::size_t> movedIn(toolkit::Control& sender);
+  /// Sends valueChanged for values that the user has moved; may destroy the container.
+  void sendMoved(std::vector<std::size_t> indices);
   /// The place that is left for the control, between margins and title.
   virtual platform::Rect controlFrame() const;
   /// Whether the title has room in the current size.
@@ -224,6 +233,7 @@ class Container : public toolkit::Control {
   };
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;
+  std::vector<std::size_t> moved_;
   std::vector<LiveKey> liveKeys_;
   KestroControl* control_ = nullptr;
   /// The control, of one value or several: what is laid out and coloured.

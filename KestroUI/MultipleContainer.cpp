@@ -110,6 +110,13 @@ void MultipleContainer::updateMidiMappingVisibility() {
   for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->updateMidiMappingVisibility();
 }
 
+std::vector<std::size_t> MultipleContainer::movedIn(toolkit::Control& sender) {
+  std::vector<std::size_t> moved;
+  for (std::size_t i = 0; i < knobs_.size(); ++i)
+    if (knobs_[i].get() == &sender) moved.push_back(i);
+  return moved;
+}
+
 void MultipleContainer::styleKnobs() {
   for (const std::unique_ptr<KnobContainer>& knob : knobs_) {
     knob->setControlColor(accent());

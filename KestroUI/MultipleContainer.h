@@ -47,6 +47,9 @@ class MultipleContainer : public Container, public ContainerDelegate {
   void didSelectMidiMap(const std::shared_ptr<ParamKey>& key, Container* container) override;
   void wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& key) override;
 
+ protected:
+  std::vector<std::size_t> movedIn(toolkit::Control& sender) override;
+
  private:
   void styleKnobs();
 

@@ -59,7 +59,7 @@ void MutableContainer::style() {
 
 void MutableContainer::onMuted() {
   style();
-  sendActions(ControlEvent::valueChanged);
+  sendMoved({1});
 }
 
 void MutableContainer::onMuteHeld() { tellGesture(Hold::begins, {paramKeys()[1]}); }

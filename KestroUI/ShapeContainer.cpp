@@ -100,6 +100,8 @@ void ShapeContainer::draw(const platform::Rect& rect) {
 
 std::string ShapeContainer::movingText() const { return shape_->activeText(); }
 
+std::vector<std::size_t> ShapeContainer::movedIn(toolkit::Control&) { return shape_->takeMoved(); }
+
 // Holds are told key by key.
 void ShapeContainer::onEditingDidBegin() { updateTitleLabel(); }
 

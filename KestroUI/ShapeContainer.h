@@ -36,6 +36,7 @@ class ShapeContainer : public Container {
   virtual bool isReversed(std::size_t index) const;
   bool isInverted() const { return inverted_; }
   std::string movingText() const override;
+  std::vector<std::size_t> movedIn(toolkit::Control& sender) override;
   void onEditingDidBegin() override;
   void onEditingDidEnd() override;
 

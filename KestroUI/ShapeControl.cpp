@@ -143,26 +143,30 @@ bool ShapeControl::moveTo(std::size_t index, double share, bool withAll) {
     return static_cast<float>(of.minimum + at * (of.maximum - of.minimum));
   };
   const std::vector<std::size_t> moved = movedWith(index, withAll);
-  const float before = target->value;
   if (moved.size() == 1) {
-    setValue(index, limited(index, valueAt(*target, share)));
-    return target->value != before;
+    return change(index, limited(index, valueAt(*target, share)));
   }
   // All by the same share, as far as each of them can go.
-  double by = share - rangeShare(before, target->minimum, target->maximum);
+  double by = share - rangeShare(target->value, target->minimum, target->maximum);
   for (const std::size_t i : moved) {
     const double from = rangeShare(values_[i].value, values_[i].minimum, values_[i].maximum);
     by = std::clamp(by, -from, 1 - from);
   }
   bool changed = false;
   for (const std::size_t i : moved) {
-    Value& value = values_[i];
-    const float old = value.value;
-    const double from = rangeShare(old, value.minimum, value.maximum);
-    setValue(i, valueAt(value, from + by));
-    changed = changed || value.value != old;
+    const Value& value = values_[i];
+    const double from = rangeShare(value.value, value.minimum, value.maximum);
+    changed = change(i, valueAt(value, from + by)) || changed;
   }
   return changed;
+}
+
+bool ShapeControl::change(std::size_t index, float value) {
+  const float before = values_[index].value;
+  setValue(index, value);
+  if (values_[index].value == before) return false;
+  if (std::find(moved_.begin(), moved_.end(), index) == moved_.end()) moved_.push_back(index);
+  return true;
 }
 
 // Handles

@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "KestroUI/GestureControl.h"
@@ -49,6 +50,8 @@ class ShapeControl : public GestureControl {
   const std::string& text(std::size_t index) const;
   /// Which values take all others along when the user moves them.
   void setLinks(std::vector<bool> links) { links_ = std::move(links); }
+  /// The values that the user has moved since this was asked last.
+  std::vector<std::size_t> takeMoved() { return std::exchange(moved_, {}); }
   /// The live value that is shown beside the value, or none; in the value's own range. Nothing is
   /// repainted when it does not change.
   void setLive(std::size_t index, std::optional<float> value);
@@ -162,6 +165,8 @@ class ShapeControl : public GestureControl {
     std::vector<std::size_t> held;
   };
 
+  /// A change by the user; false when the value stays as it is.
+  bool change(std::size_t index, float value);
   Value* at(std::size_t index) { return index < values_.size() ? &values_[index] : nullptr; }
   const Value* at(std::size_t index) const {
     return index < values_.size() ? &values_[index] : nullptr;
@@ -185,6 +190,7 @@ class ShapeControl : public GestureControl {
   void nudge(std::size_t index, double shareBy, bool all = false);
 
   std::vector<Value> values_;
+  std::vector<std::size_t> moved_;
   std::vector<bool> links_;
   std::vector<Grip> grips_;
   std::vector<std::size_t> holds_;

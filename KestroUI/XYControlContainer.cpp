@@ -24,15 +24,15 @@ void XYControlContainer::connect(Switch& part) {
 
 void XYControlContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
   ShapeContainer::setParamKeys(std::move(keys));
-  on_.index.reset();
-  hold_.index.reset();
+  on_.indices.clear();
+  hold_.indices.clear();
   std::vector<std::size_t> axes;
   for (std::size_t i = 0; i < paramKeys().size(); ++i) {
     const std::string& key = paramKeys()[i]->key();
     if (key.find("OnOff") != std::string::npos)
-      on_.index = on_.index.value_or(i);
+      on_.indices.push_back(i);
     else if (key.find("Hold") != std::string::npos)
-      hold_.index = hold_.index.value_or(i);
+      hold_.indices.push_back(i);
     else
       axes.push_back(i);
   }
@@ -45,57 +45,63 @@ void XYControlContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> key
 
 float XYControlContainer::value(const std::string& key) const {
   const std::optional<std::size_t> index = indexOf(key);
-  if (index && index == on_.index) return on_.button.value();
-  if (index && index == hold_.index) return hold_.button.value();
+  if (on_.drives(index)) return on_.button.value();
+  if (hold_.drives(index)) return hold_.button.value();
   return ShapeContainer::value(key);
 }
 
 std::optional<platform::Point> XYControlContainer::handlePlace(const std::string& key) const {
   const std::optional<std::size_t> index = indexOf(key);
-  if (index && index == on_.index) return on_.button.frame().centre();
-  if (index && index == hold_.index) return hold_.button.frame().centre();
+  if (on_.drives(index)) return on_.button.frame().centre();
+  if (hold_.drives(index)) return hold_.button.frame().centre();
   return ShapeContainer::handlePlace(key);
 }
 
 void XYControlContainer::showValue(const std::string& key, float value, const std::string& text) {
   const std::optional<std::size_t> index = indexOf(key);
-  if (index && index == on_.index) {
+  if (on_.drives(index)) {
     on_.button.setValue(value);
     pad_.setLit(on_.button.isOn());
-  } else if (index && index == hold_.index) {
+  } else if (hold_.drives(index)) {
     hold_.button.setValue(value);
   }
   ShapeContainer::showValue(key, value, text);
 }
 
 void XYControlContainer::switchOn(bool on) {
-  if (!on_.index || on_.button.isOn() == on) return;
+  if (!on_.isUsed() || on_.button.isOn() == on) return;
   const platform::Weak<XYControlContainer> alive = this;
-  const std::vector<std::shared_ptr<ParamKey>> keys{paramKeys()[*on_.index]};
-  tellGesture(Hold::begins, keys);
+  tellSwitch(Hold::begins, on_);
   if (!alive) return;
   on_.button.setOn(on);
   pad_.setLit(on);
-  sendActions(ControlEvent::valueChanged);
-  if (alive) tellGesture(Hold::ends, keys);
+  sendMoved(on_.indices);
+  if (alive) tellSwitch(Hold::ends, on_);
 }
 
 void XYControlContainer::onSwitched(toolkit::Control& sender) {
   const platform::Weak<XYControlContainer> alive = this;
   pad_.setLit(on_.button.isOn());
-  sendActions(ControlEvent::valueChanged);
+  sendMoved(switchOf(sender).indices);
   if (alive && &sender == &hold_.button) holdSwitched();
 }
 
 void XYControlContainer::onSwitchHeld(toolkit::Control& sender) {
-  tellSwitch(Hold::begins, sender);
+  tellSwitch(Hold::begins, switchOf(sender));
 }
 
-void XYControlContainer::onSwitchLetGo(toolkit::Control& sender) { tellSwitch(Hold::ends, sender); }
+void XYControlContainer::onSwitchLetGo(toolkit::Control& sender) {
+  tellSwitch(Hold::ends, switchOf(sender));
+}
 
-void XYControlContainer::tellSwitch(Hold hold, const toolkit::Control& sender) {
-  const std::optional<std::size_t> index = &sender == &on_.button ? on_.index : hold_.index;
-  if (index && *index < paramKeys().size()) tellGesture(hold, {paramKeys()[*index]});
+void XYControlContainer::tellSwitch(Hold hold, const Switch& part) {
+  std::vector<std::shared_ptr<ParamKey>> keys;
+  for (const std::size_t index : part.indices) keys.push_back(paramKeys()[index]);
+  tellGesture(hold, keys);
+}
+
+bool XYControlContainer::Switch::drives(std::optional<std::size_t> index) const {
+  return index && std::find(indices.begin(), indices.end(), *index) != indices.end();
 }
 
 void XYControlContainer::setControlColor(platform::Color color) {
@@ -155,8 +161,8 @@ void XYControlContainer::draw(const Rect& rect) {
   const double count = std::max(1, switchCount());
   int place = 0;
   for (Switch* const part : {&on_, &hold_}) {
-    part->button.setHidden(!part->index || taken.isEmpty());
-    if (!part->index) continue;
+    part->button.setHidden(!part->isUsed() || taken.isEmpty());
+    if (!part->isUsed()) continue;
     const double width = isColumn ? taken.width : (taken.width - 4 * (count - 1)) / count;
     const double height = isColumn ? (taken.height - 4 * (count - 1)) / count : taken.height;
     part->button.setFrame({taken.x + (isColumn ? 0 : place * (width + 4)),

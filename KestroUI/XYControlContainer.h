@@ -6,17 +6,17 @@
 
 namespace kestroui {
 
-/// A pad with its switches. A key that contains "OnOff" is the on/off state, one that contains
-/// "Hold" the hold state; of the others the first moves sideways and the second upwards. There is
-/// a switch beside the pad for each state that has a key.
+/// A pad with its switches. Every key that contains "OnOff" is the on/off state, every one that
+/// contains "Hold" the hold state; of the others the first moves sideways and the second upwards.
+/// There is a switch beside the pad for each state that has a key.
 class XYControlContainer : public ShapeContainer {
  public:
   XYControlContainer();
 
   XYControl& xyControl() { return pad_; }
   /// Null without a key for it.
-  OnOffButton* onOffSwitch() { return on_.index ? &on_.button : nullptr; }
-  OnOffButton* holdSwitch() { return hold_.index ? &hold_.button : nullptr; }
+  OnOffButton* onOffSwitch() { return on_.isUsed() ? &on_.button : nullptr; }
+  OnOffButton* holdSwitch() { return hold_.isUsed() ? &hold_.button : nullptr; }
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
@@ -40,8 +40,12 @@ class XYControlContainer : public ShapeContainer {
  private:
   struct Switch {
     explicit Switch(std::string title) : button({std::move(title)}) {}
+    bool isUsed() const { return !indices.empty(); }
+    bool drives(std::optional<std::size_t> index) const;
+
     OnOffButton button;
-    std::optional<std::size_t> index;
+    /// The places of its keys.
+    std::vector<std::size_t> indices;
   };
 
   void connect(Switch& part);
@@ -49,10 +53,11 @@ class XYControlContainer : public ShapeContainer {
   void onSwitched(toolkit::Control& sender);
   void onSwitchHeld(toolkit::Control& sender);
   void onSwitchLetGo(toolkit::Control& sender);
-  void tellSwitch(Hold hold, const toolkit::Control& sender);
+  Switch& switchOf(const toolkit::Control& sender) { return &sender == &on_.button ? on_ : hold_; }
+  void tellSwitch(Hold hold, const Switch& part);
   /// What the switches take of `frame`; empty without any, or without room for them.
   platform::Rect switchFrame(const platform::Rect& frame) const;
-  int switchCount() const { return (on_.index ? 1 : 0) + (hold_.index ? 1 : 0); }
+  int switchCount() const { return (on_.isUsed() ? 1 : 0) + (hold_.isUsed() ? 1 : 0); }
 
   XYControl pad_;
   Switch on_{"ON"};

@@ -1,6 +1,7 @@
 #include "Orvane/HeldParameters.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvane {
 
@@ -23,16 +24,13 @@ void HeldParameters::release(platform::AUParameter& parameter) {
 }
 
 void HeldParameters::releaseAll() {
-  if (!audioUnit_) {
-    // Its parameters went with it.
-    held_.clear();
-    return;
-  }
-  while (!held_.empty()) {
-    platform::AUParameter& parameter = *held_.back();
-    held_.erase(std::remove(held_.begin(), held_.end(), &parameter), held_.end());
-    parameter.endGesture();
-  }
+  // Whoever observes the end of a gesture may let go of others, or destroy this.
+  std::vector<platform::AUParameter*> held = std::exchange(held_, {});
+  const platform::Weak<platform::AudioUnit> unit = audioUnit_;
+  std::sort(held.begin(), held.end());
+  held.erase(std::unique(held.begin(), held.end()), held.end());
+  for (platform::AUParameter* parameter : held)
+    if (unit) parameter->endGesture();
 }
 
 }  // namespace orvane

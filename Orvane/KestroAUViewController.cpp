@@ -6,6 +6,7 @@
 #include "KestroUI/Theme.h"
 #include "Orvane/OverlayStyle.h"
 #include "platform/Fatal.h"
+#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -19,9 +20,18 @@ constexpr double maximumLabelScale = 2.0;
 }  // namespace
 
 KestroAUViewController::KestroAUViewController()
-    : controls_(std::make_shared<ControlCollection>()) {}
+    : controls_(std::make_shared<ControlCollection>()),
+      bindings_(std::make_shared<ControlBindings>()) {}
 
-KestroAUViewController::~KestroAUViewController() { tellAudioUnitOfUI(false); }
+KestroAUViewController::~KestroAUViewController() {
+  letGo();
+  tellAudioUnitOfUI(false);
+}
+
+void KestroAUViewController::letGo() {
+  if (!isViewLoaded()) return;
+  if (toolkit::Window* const window = view().window()) window->cancelTouches();
+}
 
 std::shared_ptr<AUDesign> KestroAUViewController::design() {
   platform::fatal("Must override this");
@@ -89,6 +99,7 @@ void KestroAUViewController::viewDidAppear() {
 
 void KestroAUViewController::viewDidDisappear() {
   ViewController::viewDidDisappear();
+  letGo();
   tellAudioUnitOfUI(false);
   displayLink_.reset();
   checkTimer_.invalidate();

@@ -10,8 +10,8 @@
 
 #include "KestroUI/ContainerDelegate.h"
 #include "Orvane/AUDesign.h"
+#include "Orvane/ControlBindings.h"
 #include "Orvane/ControlCollection.h"
-#include "Orvane/ControlParameterObserver.h"
 #include "Orvane/DSPParameters.h"
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/HeldParameters.h"
@@ -30,7 +30,6 @@
 
 namespace kestroui {
 class DoubleFilterView;
-class DoubleFilterViewContainer;
 }  // namespace kestroui
 
 namespace orvane {
@@ -272,8 +271,16 @@ class KestroAUViewController : public toolkit::ViewController,
   /// The key of the parameter that was double-tapped last, which some kinds call otherwise.
   const std::string& doubleTappedParameter() const;
   void updateAllParameters();
-  void updateDoubleFilters(const std::string& parameterKey);
+  void updateDoubleFilters(platform::AUParameterAddress address);
+  /// What those of a container's keys drive.
+  std::vector<platform::AUParameter*> parametersOf(
+      const kestroui::Container& container,
+      const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) const;
+  /// One change by the user with a gesture around it; false when the editor is gone after it.
+  bool setInGesture(platform::AUParameter& parameter, float value);
   void applyLabelScale();
+  /// Whatever a finger holds is let go: no button stays pressed when nobody can lift the finger.
+  void letGo();
   void followHostFrame();
   void followPresetName();
   void setUpOverlays();
@@ -291,16 +298,16 @@ class KestroAUViewController : public toolkit::ViewController,
   DSPParameters parameters_;
   std::unordered_map<platform::AUParameterAddress, std::string> parameterKeyMap_;
   std::shared_ptr<ControlCollection> controls_;
-  /// By parameter key.
-  std::unordered_map<std::string, std::shared_ptr<ControlParameterObserver>> controlObservers_;
-  /// Those among the controls, whose curve depends on several parameters at once.
-  std::vector<std::shared_ptr<kestroui::DoubleFilterViewContainer>> doubleFilters_;
+  /// Shared with the registry, which tells it of changes.
+  std::shared_ptr<ControlBindings> bindings_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
   OverlaysView overlaysView_;
   EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   bool midiMappingEnabled_ = false;
+  /// The bindings that controls show, also those that are made later.
+  MidiMap midiMap_;
   std::shared_ptr<kestroui::ParamKey> lastMidiMapKey_;
   platform::Weak<kestroui::Container> lastMidiMapppedContainer_;
   HeldParameters heldParameters_;

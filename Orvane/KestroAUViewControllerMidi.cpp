@@ -49,15 +49,21 @@ Container* KestroAUViewController::midiMapContainer(const kestroui::ParamKey& ke
 
 void KestroAUViewController::setMap(const std::optional<MidiMessage>& map, const Key& key) {
   if (!key) return;
+  if (map)
+    midiMap_[key] = *map;
+  else
+    midiMap_.erase(key);
   if (Container* const container = midiMapContainer(*key)) container->setMidiMapMessage(map);
   visitParts(*controls_, key->key(), [&](Container& part) { part.setMidiMapMessage(map); });
 }
 
 void KestroAUViewController::update(const MidiMap& map) {
-  for (const auto& [key, message] : map) setMap(message, key);
+  // A copy: it may be the one that is kept.
+  for (const auto& [key, message] : MidiMap(map)) setMap(message, key);
 }
 
 void KestroAUViewController::removeAllMap() {
+  midiMap_.clear();
   for (const auto& [key, container] : controls_->controls()) {
     container->setMidiMapMessage(std::nullopt);
     if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <set>
 #include <utility>
 
 #include "KestroUI/DoubleFilterViewContainer.h"
+#include "Orvane/ControlBindings.h"
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MathUtils.h"
@@ -35,19 +37,6 @@ void visitKeys(const Page& page, Visit visit) {
   }
 }
 
-/// What `parameter` takes for what the control shows for `key`.
-float parameterValue(const Container& container, const std::string& key,
-                     const platform::AUParameter& parameter) {
-  return ParameterMapping(parameter, container.valueForm(key)).valueAt(container.value(key));
-}
-
-/// Whether the control shows for `key` just what the parameter has.
-bool showsValueOf(const platform::AUParameter& parameter, const Container& container,
-                  const std::string& key) {
-  return container.value(key) ==
-         ControlParameterObserver::shownValue(container, key, parameter, parameter.value());
-}
-
 }  // namespace
 
 // Connecting
@@ -56,6 +45,7 @@ void KestroAUViewController::connectViewWithAU() {
   platform::AudioUnit* const unit = audioUnit();
   // A view that is loaded later connects by itself.
   if (!unit || !isViewLoaded()) return;
+  letGo();
   connection_.reset();
   heldParameters_.setAudioUnit(unit);
   if (displayLink_) tellAudioUnitOfUI(true);
@@ -71,11 +61,9 @@ void KestroAUViewController::connectViewWithAU() {
       [this] { updateAllParameters(); });
 
   doubleTappedKey_.reset();
-  controlObservers_.clear();
+  bindings_->setAudioUnit(unit);
   controls_->clear();
-  doubleFilters_.clear();
   setupControls(keysToShow());
-  applyLabelScale();
   updateVisibility();
 
   rebuildPresetList();
@@ -108,20 +96,17 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
     const std::shared_ptr<Container> container = builder.build(key);
     controls_->set(key, container);
     if (!container) continue;
-    if (auto filters = std::dynamic_pointer_cast<kestroui::DoubleFilterViewContainer>(container))
-      doubleFilters_.push_back(std::move(filters));
-    for (const Key& driven : container->paramKeys()) {
-      const std::string& name = ControlBuilder::parameterKey(*container, driven->key());
-      auto& observer = controlObservers_[name];
-      if (!observer) observer = std::make_shared<ControlParameterObserver>();
-      observer->add(*container, driven->key());
-      parameters_.setObserver(observer, name);
-    }
+    bindings_->bind(*container, parameters_);
+    for (std::size_t i = 0; i < container->paramKeys().size(); ++i)
+      if (const auto* parameter = bindings_->parameter(*container, i))
+        parameters_.setObserver(bindings_, parameter->key());
     container->setMidiMappingEnabled(midiMappingEnabled_);
     container->delegate = this;
     container->addTarget<&KestroAUViewController::handleValueChanged>(
         *this, toolkit::ControlEvent::valueChanged);
   }
+  update(midiMap_);
+  applyLabelScale();
   updateAllParameters();
   if (settingsViewController_.isViewLoaded()) settingsViewController_.doLayout();
 }
@@ -131,26 +116,42 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
 void KestroAUViewController::handleValueChanged(toolkit::Control& sender) {
   auto* container = dynamic_cast<Container*>(&sender);
   if (!container) return;
-  const bool drivesSeveral = container->paramKeys().size() > 1;
-  for (const Key& key : container->paramKeys()) {
-    auto* parameter = parameters_[ControlBuilder::parameterKey(*container, key->key())];
-    if (!parameter) continue;
-    // The way to a position and back may round: a parameter that was not moved keeps its value.
-    if (drivesSeveral && showsValueOf(*parameter, *container, key->key())) continue;
-    parameter->setValue(parameterValue(*container, key->key(), *parameter));
-  }
+  const platform::Weak<KestroAUViewController> alive = this;
+  const platform::Weak<Container> aliveContainer = container;
+  // Whoever observes a parameter may destroy the container, or this.
+  for (const std::size_t index : bindings_->moved(*container))
+    if (alive && aliveContainer) bindings_->write(*container, index);
+}
+
+std::vector<platform::AUParameter*> KestroAUViewController::parametersOf(
+    const Container& container, const std::vector<Key>& keys) const {
+  std::vector<platform::AUParameter*> result;
+  for (std::size_t i = 0; i < container.paramKeys().size(); ++i)
+    if (std::find(keys.begin(), keys.end(), container.paramKeys()[i]) != keys.end())
+      if (platform::AUParameter* parameter = bindings_->parameter(container, i))
+        result.push_back(parameter);
+  return result;
 }
 
 void KestroAUViewController::didBeginGesture(Container& container, const std::vector<Key>& keys) {
-  for (const Key& key : keys)
-    if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
-      heldParameters_.hold(*parameter);
+  const platform::Weak<KestroAUViewController> alive = this;
+  for (platform::AUParameter* parameter : parametersOf(container, keys))
+    if (alive && audioUnit()) heldParameters_.hold(*parameter);
 }
 
 void KestroAUViewController::didEndGesture(Container& container, const std::vector<Key>& keys) {
-  for (const Key& key : keys)
-    if (auto* parameter = parameters_[ControlBuilder::parameterKey(container, key->key())])
-      heldParameters_.release(*parameter);
+  const platform::Weak<KestroAUViewController> alive = this;
+  for (platform::AUParameter* parameter : parametersOf(container, keys))
+    if (alive && audioUnit()) heldParameters_.release(*parameter);
+}
+
+bool KestroAUViewController::setInGesture(platform::AUParameter& parameter, float value) {
+  const platform::Weak<KestroAUViewController> alive = this;
+  const platform::Weak<platform::AudioUnit> unit = audioUnit();
+  heldParameters_.hold(parameter);
+  if (unit) parameter.setValue(value);
+  if (alive && unit) heldParameters_.release(parameter);
+  return static_cast<bool>(alive);
 }
 
 void KestroAUViewController::didDoubleTap(const Key& key) {
@@ -176,13 +177,12 @@ const std::string& KestroAUViewController::doubleTappedParameter() const {
 
 void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                         const std::optional<std::string>& text) {
-  auto* unit = audioUnit();
-  if (text && !text->empty() && unit && doubleTappedKey_) {
-    const std::string& key = doubleTappedParameter();
-    auto* parameter = parameters_[key];
-    if (parameter) heldParameters_.hold(*parameter);
-    unit->setParameter(key, MathUtils::floatValue(*text));
-    if (parameter) heldParameters_.release(*parameter);
+  if (text && !text->empty() && audioUnit() && doubleTappedKey_) {
+    if (auto* parameter = parameters_[doubleTappedParameter()]) {
+      const float value = MathUtils::floatValue(*text);
+      if (!setInGesture(*parameter, takesWholeValues(*parameter) ? std::round(value) : value))
+        return;
+    }
   }
   enterValueOverlay_.setHidden(true);
 }
@@ -190,11 +190,8 @@ void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
 void KestroAUViewController::reset() {
   if (auto* unit = audioUnit(); unit && doubleTappedKey_) {
     const std::string& key = doubleTappedParameter();
-    if (auto* parameter = parameters_[key]) {
-      heldParameters_.hold(*parameter);
-      parameter->setValue(unit->defaultValueForKey(key));
-      heldParameters_.release(*parameter);
-    }
+    auto* parameter = parameters_[key];
+    if (parameter && !setInGesture(*parameter, unit->defaultValueForKey(key))) return;
     const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
     if (container && container->control()) container->control()->setModulatedValue(0);
   }
@@ -204,18 +201,21 @@ void KestroAUViewController::reset() {
 // From the parameter to the control
 
 void KestroAUViewController::updateParameter(platform::AUParameterAddress address) {
-  const std::string* key = parameters_.key(address);
-  if (!key) return;
-  parameters_.notify(*key);
-  updateDoubleFilters(*key);
-  // An observer may have connected another audio unit.
-  key = parameters_.key(address);
-  if (key) settingsViewController_.updateSectionStates(*key);
+  const std::string* const known = parameters_.key(address);
+  if (!known) return;
+  // An observer may connect another audio unit, or close the editor.
+  const platform::Weak<KestroAUViewController> alive = this;
+  const std::string key = *known;
+  parameters_.notify(key);
+  if (!alive) return;
+  updateDoubleFilters(address);
+  settingsViewController_.updateSectionStates(key);
 }
 
-void KestroAUViewController::updateDoubleFilters(const std::string& parameterKey) {
-  for (const auto& container : doubleFilters_) {
-    if (!container->indexOf(parameterKey)) continue;
+void KestroAUViewController::updateDoubleFilters(platform::AUParameterAddress address) {
+  for (Container* const shown : bindings_->containers(address)) {
+    auto* const container = dynamic_cast<kestroui::DoubleFilterViewContainer*>(shown);
+    if (!container) continue;
     std::array<std::string, 6> keys;
     for (std::size_t i = 0; i < std::min(keys.size(), container->paramKeys().size()); ++i)
       keys[i] = container->paramKeys()[i]->key();

@@ -7,7 +7,15 @@ namespace orvane {
 ParameterConnection::ParameterConnection(platform::AudioUnit& audioUnit,
                                          std::function<void(platform::AUParameterAddress)> changed,
                                          std::function<void()> overflowed)
-    : audioUnit_(&audioUnit), port_(capacity, std::move(changed), std::move(overflowed)) {
+    : audioUnit_(&audioUnit),
+      port_(
+          capacity,
+          [this, changed = std::move(changed)](platform::AUParameterAddress address) {
+            if (audioUnit_) changed(address);
+          },
+          [this, overflowed = std::move(overflowed)] {
+            if (audioUnit_) overflowed();
+          }) {
   parameterObserverToken_ = audioUnit.parameterTree().tokenByAddingParameterObserver(
       [port = &port_](platform::AUParameterAddress address, float) { port->post(address); });
 }

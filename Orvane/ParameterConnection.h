@@ -17,7 +17,8 @@ class ParameterConnection {
   static constexpr std::size_t capacity = 8192;
 
   /// `changed` is called once for every change, in order; after more changes than fit, `overflowed`
-  /// is called once in place of those that were lost.
+  /// is called once in place of those that were lost. Changes of an audio unit that is gone when
+  /// they arrive are dropped. Both may destroy the connection.
   ParameterConnection(platform::AudioUnit& audioUnit,
                       std::function<void(platform::AUParameterAddress)> changed,
                       std::function<void()> overflowed);

@@ -14,6 +14,11 @@ constexpr float lowestFrequency = 20, highestFrequency = 20000;
 
 }  // namespace
 
+bool takesWholeValues(const platform::AUParameter& parameter) {
+  return parameter.unit() == platform::AudioUnitParameterUnit::indexed ||
+         parameter.unit() == platform::AudioUnitParameterUnit::boolean;
+}
+
 ParameterMapping::ParameterMapping(float minimum, float maximum, Scale scale)
     : minimum_(minimum), maximum_(maximum), scale_(scale) {}
 
@@ -21,7 +26,9 @@ ParameterMapping::ParameterMapping(const platform::AUParameter& parameter)
     : ParameterMapping(parameter.minValue(), parameter.maxValue(),
                        parameter.unit() == platform::AudioUnitParameterUnit::hertz
                            ? Scale::pitch
-                           : Scale::linear) {}
+                           : Scale::linear) {
+  isWhole_ = takesWholeValues(parameter);
+}
 
 ParameterMapping::ParameterMapping(const platform::AUParameter& parameter,
                                    kestroui::Container::ValueForm form)
@@ -48,11 +55,14 @@ float ParameterMapping::positionOf(float value) const {
 }
 
 float ParameterMapping::valueAt(float position) const {
-  if (scale_ == Scale::same) return position;
+  if (scale_ == Scale::same) return isWhole_ ? std::round(position) : position;
   // The pitch scale would miss the ends by a rounding.
   if (position == 0) return minimum_;
   if (position == 1) return maximum_;
-  if (scale_ == Scale::linear) return position * (maximum_ - minimum_) + minimum_;
+  if (scale_ == Scale::linear) {
+    const float value = position * (maximum_ - minimum_) + minimum_;
+    return isWhole_ ? std::round(value) : value;
+  }
   const float low = MathUtils::toMidi(minimum_), high = MathUtils::toMidi(maximum_);
   return MathUtils::toFreq(position * (high - low) + low);
 }

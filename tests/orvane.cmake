@@ -16,6 +16,7 @@ orvane_add_tests(orvane
     PluginInfoTest.cpp
     SectionViewTest.cpp
     ShapeRoadTest.cpp
+    ValueConflictTest.cpp
     ValueRoadTest.cpp
     WebAddressTest.cpp
   DEPENDS orvane::orvane orvane::quillon orvane::toolkit orvane::foundation Threads::Threads)
