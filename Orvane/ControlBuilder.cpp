@@ -13,6 +13,7 @@
 #include "KestroUI/OscilloscopeContainer.h"
 #include "KestroUI/RadioContainer.h"
 #include "KestroUI/SampleViewContainer.h"
+#include "KestroUI/ShapeContainer.h"
 #include "KestroUI/ThreeBandCompressorContainer.h"
 #include "KestroUI/WaveformKnobContainer.h"
 #include "Orvane/AUFilterViewContainer.h"
@@ -150,11 +151,12 @@ void ControlBuilder::applyParameters(Container& container) const {
       container.setKeyRange(i, parameter->minValue(), parameter->maxValue());
     }
     std::vector<std::string> values = stringValues(key);
-    // A knob of a switch has two places.
+    // A knob or a handle of a switch has two places.
     if (values.empty() && parameter &&
         parameter->unit() == platform::AudioUnitParameterUnit::boolean &&
         (dynamic_cast<kestroui::DragControl*>(container.control()) ||
-         dynamic_cast<kestroui::MultipleContainer*>(&container)))
+         dynamic_cast<kestroui::MultipleContainer*>(&container) ||
+         dynamic_cast<kestroui::ShapeContainer*>(&container)))
       values = {"Off", "On"};
     if (!values.empty()) container.setKeyStringValues(i, values);
   }
