@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "KestroUI/ContainerDelegate.h"
 #include "KestroUI/KestroControl.h"
 #include "KestroUI/ParamKey.h"
 #include "KestroUI/Theme.h"
@@ -17,6 +16,31 @@
 #include "toolkit/Layer.h"
 
 namespace kestroui {
+
+class Container;
+class ParamKey;
+
+/// What a container tells its owner beside the value-changed event. Held weakly; any callback may
+/// destroy the container. User-interface thread only.
+class ContainerDelegate {
+ public:
+  virtual ~ContainerDelegate() = default;
+
+  /// A double tap on the control of `key`; null when the container has no key.
+  virtual void didDoubleTap(const std::shared_ptr<ParamKey>& key) = 0;
+  /// The user takes hold of what moves `keys`, and lets go of them again. Kinds with several
+  /// handles tell of each on its own.
+  virtual void didBeginGesture(Container& container,
+                               const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
+  virtual void didEndGesture(Container& container,
+                             const std::vector<std::shared_ptr<ParamKey>>& keys) = 0;
+  /// In learn mode the user selects the control of `key`, which `container` holds, to be bound to
+  /// the next MIDI message.
+  virtual void didSelectMidiMap(const std::shared_ptr<ParamKey>& /*key*/,
+                                Container* /*container*/) {}
+  /// The user wants the binding of `key` gone.
+  virtual void wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& /*key*/) {}
+};
 
 class MidiMapBadge;
 
@@ -149,6 +173,8 @@ class Container : public toolkit::Control {
   toolkit::Label& titleLabel() { return titleLabel_; }
   platform::Color bgColor() const { return backgroundColor(); }
   void setBgColor(platform::Color color) { setBackgroundColor(color); }
+  // Icon and margins are for controls that the plug-in makes itself; a design's settings name none.
+
   /// An outline in the unit square, shown in place of the title.
   const platform::Path& iconPath() const { return iconPath_; }
   void setIconPath(platform::Path path);

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "KestroUI/DragControl.h"
+#include "KestroUI/Icons.h"
 #include "platform/Path.h"
 
 namespace kestroui {
@@ -32,6 +35,23 @@ class Knob : public DragControl {
                        double lineWidth);
 
   platform::Path path_;
+};
+
+/// A knob that shows the waveform that its value stands for.
+class WaveformKnob : public Knob {
+ public:
+  WaveformKnob() = default;
+
+  /// The names of the values from the minimum up. A name that is no waveform's is shown as text;
+  /// with no names the range runs through the basic waveforms.
+  void setValueNames(const std::vector<std::string>& names);
+
+ protected:
+  void paintCentre(platform::Canvas& canvas, const platform::Rect& body) override;
+  double pointerStart() const override { return 0.74; }
+
+ private:
+  std::vector<std::string> names_;
 };
 
 }  // namespace kestroui

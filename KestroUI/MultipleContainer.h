@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "KestroUI/Container.h"
-#include "KestroUI/KnobContainer.h"
+#include "KestroUI/ValueContainers.h"
 
 namespace kestroui {
 

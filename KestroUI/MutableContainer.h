@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KestroUI/KnobContainer.h"
-#include "KestroUI/OnOffButton.h"
+#include "KestroUI/Switches.h"
+#include "KestroUI/ValueContainers.h"
 
 namespace kestroui {
 
@@ -10,9 +10,6 @@ namespace kestroui {
 class MutableContainer : public KnobContainer {
  public:
   MutableContainer();
-
-  /// Hidden without a second key.
-  OnOffButton& muteButton() { return muteButton_; }
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
@@ -38,6 +35,7 @@ class MutableContainer : public KnobContainer {
   /// What the switch takes of `frame`; empty without one, or without room for it.
   platform::Rect muteFrame(const platform::Rect& frame) const;
 
+  /// Hidden without a second key.
   OnOffButton muteButton_{{"M"}};
 };
 

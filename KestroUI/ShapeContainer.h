@@ -1,11 +1,14 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "KestroUI/Container.h"
 #include "KestroUI/ShapeControl.h"
+#include "platform/LiveBuffer.h"
 
 namespace kestroui {
 
@@ -54,6 +57,30 @@ class ShapeContainer : public Container {
   ShapeControl* shape_ = nullptr;
   std::vector<KeyRange> ranges_;
   bool inverted_ = false;
+};
+
+/// Mixed into the kinds that show the audio unit's sample data: a recording, the waves of a table.
+class SampleDataDisplay {
+ public:
+  using DataSource = std::function<std::shared_ptr<const platform::SampleData>()>;
+
+  virtual ~SampleDataDisplay() = default;
+  /// Asked now and at each display frame for what is to be shown; may be empty.
+  void setDataSource(DataSource source) {
+    source_ = std::move(source);
+    showData(source_ ? source_() : nullptr);
+  }
+
+ protected:
+  bool hasDataSource() const { return static_cast<bool>(source_); }
+  /// Once per display frame.
+  void readData() {
+    if (source_) showData(source_());
+  }
+  virtual void showData(std::shared_ptr<const platform::SampleData> data) = 0;
+
+ private:
+  DataSource source_;
 };
 
 }  // namespace kestroui

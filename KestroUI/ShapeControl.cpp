@@ -189,10 +189,15 @@ Point ShapeControl::placeOf(std::size_t index) const {
 
 std::optional<std::size_t> ShapeControl::handleAt(Point location) const {
   const std::vector<Handle> all = handles();
+  return nearestOf(all, all.size(), location);
+}
+
+std::optional<std::size_t> ShapeControl::nearestOf(const std::vector<Handle>& handles,
+                                                   std::size_t count, Point location) {
   std::optional<std::size_t> nearest;
   double least = 0;
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const Point way = all[i].place - location;
+  for (std::size_t i = 0; i < count; ++i) {
+    const Point way = handles[i].place - location;
     const double distance = std::hypot(way.x, way.y);
     // Of several in one place the last is on top.
     if (nearest && distance > least) continue;

@@ -99,6 +99,9 @@ class ShapeControl : public GestureControl {
 
   /// From the values and the size alone, in the order in which keys choose them.
   virtual std::vector<Handle> handles() const = 0;
+  /// Of the first `count` of `handles`; none of none.
+  static std::optional<std::size_t> nearestOf(const std::vector<Handle>& handles, std::size_t count,
+                                              platform::Point location);
   /// The handle that a touch or wheel at `location` means; the nearest in the base class.
   virtual std::optional<std::size_t> handleAt(platform::Point location) const;
   /// A touch off the handle brings it there at once.

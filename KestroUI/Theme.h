@@ -3,6 +3,10 @@
 #include "platform/Color.h"
 #include "platform/Font.h"
 
+namespace toolkit {
+class View;
+}  // namespace toolkit
+
 namespace kestroui {
 
 /// Colours, fonts and measures that the whole family of plug-ins shares. Constant.
@@ -57,5 +61,9 @@ inline constexpr platform::Font labelFont{platform::FontWeight::regular, 11, fal
 inline constexpr platform::Font valueFont{platform::FontWeight::medium, 11, true};
 
 }  // namespace Theme
+
+/// How much larger texts are in the tree of `view` than on an editor of ordinary size: 1 up to
+/// there, and on a large screen less than the editor itself is larger.
+double textScaleIn(const toolkit::View& view);
 
 }  // namespace kestroui

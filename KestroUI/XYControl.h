@@ -12,7 +12,6 @@ class XYControl : public ShapeControl {
   /// Which of its values the point moves; an axis may have none.
   void setAxes(std::optional<std::size_t> x, std::optional<std::size_t> y);
   /// Shown as switched on: the pad glows. Off at first.
-  bool isLit() const { return lit_; }
   void setLit(bool lit);
 
   /// The first finger is on the pad (true), or the last has left it.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KestroUI/OnOffButton.h"
 #include "KestroUI/ShapeContainer.h"
+#include "KestroUI/Switches.h"
 #include "KestroUI/XYControl.h"
 
 namespace kestroui {
@@ -13,7 +13,6 @@ class XYControlContainer : public ShapeContainer {
  public:
   XYControlContainer();
 
-  XYControl& xyControl() { return pad_; }
   /// Null without a key for it.
   OnOffButton* onOffSwitch() { return on_.isUsed() ? &on_.button : nullptr; }
   OnOffButton* holdSwitch() { return hold_.isUsed() ? &hold_.button : nullptr; }
@@ -62,6 +61,21 @@ class XYControlContainer : public ShapeContainer {
   XYControl pad_;
   Switch on_{"ON"};
   Switch hold_{"HOLD"};
+};
+
+/// The pad of an effect that stops time: it is on while the pad is touched, and stays on while the
+/// hold switch is.
+class TimeStopXYContainer : public XYControlContainer {
+ protected:
+  void padTouched(bool touched) override;
+  void holdSwitched() override;
+
+ private:
+  bool isHolding() { return holdSwitch() && holdSwitch()->isOn(); }
+
+  bool touched_ = false;
+  /// It was the pad that switched it on.
+  bool startedByTouch_ = false;
 };
 
 }  // namespace kestroui

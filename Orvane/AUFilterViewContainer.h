@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "KestroUI/FilterViewContainer.h"
+#include "KestroUI/ShapeContainers.h"
 #include "platform/AudioUnit.h"
 
 namespace orvane {

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "KestroUI/Icons.h"
-#include "KestroUI/StoreIdentifier.h"
 #include "KestroUI/Theme.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/OverlayStyle.h"
@@ -80,7 +79,7 @@ bool AboutOverlay::asksForReview() const {
 }
 
 std::string AboutOverlay::reviewPage() const {
-  const auto identifier = kestroui::storeIdentifier();
+  const auto identifier = PluginInfo::storeIdentifier();
   if (!identifier || addresses_.reviewPage.empty()) return {};
   return addresses_.reviewPage + *identifier +
          "&onlyLatestVersion=true&pageNumber=0&sortOrdering=1&type=Purple+Software";

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "KestroUI/SimpleButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/AboutOverlayDelegate.h"
 #include "Orvane/LinkLabel.h"
 #include "Orvane/MakerAddresses.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "KestroUI/SimpleButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/ConfirmOverlayDelegate.h"
 #include "toolkit/Label.h"
 

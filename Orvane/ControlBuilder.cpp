@@ -4,20 +4,14 @@
 #include <optional>
 #include <utility>
 
-#include "KestroUI/BitFlagsGroupContainer.h"
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/DisplayContainers.h"
 #include "KestroUI/DragControl.h"
-#include "KestroUI/DropDownListContainer.h"
-#include "KestroUI/GranulizerViewContainer.h"
 #include "KestroUI/MultipleContainer.h"
-#include "KestroUI/OnOffContainer.h"
-#include "KestroUI/OscilloscopeContainer.h"
-#include "KestroUI/RadioContainer.h"
-#include "KestroUI/SampleViewContainer.h"
 #include "KestroUI/ShapeContainer.h"
-#include "KestroUI/ThreeBandCompressorContainer.h"
-#include "KestroUI/WaveformKnobContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/AUFilterViewContainer.h"
-#include "Orvane/AUWaveformKnobContainer.h"
+#include "Orvane/AUValueContainers.h"
 #include "Orvane/ControlFactory.h"
 #include "Orvane/ParameterMapping.h"
 
@@ -181,10 +175,8 @@ void ControlBuilder::applyDisplay(Container& container) const {
                        key = container.key()->key()] {
     return unit ? unit->sampleData(key) : nullptr;
   };
-  if (auto* sample = dynamic_cast<kestroui::SampleViewContainer*>(&container))
-    sample->setDataSource(source);
-  if (auto* grains = dynamic_cast<kestroui::GranulizerViewContainer*>(&container))
-    grains->setDataSource(source);
+  if (auto* display = dynamic_cast<kestroui::SampleDataDisplay*>(&container))
+    display->setDataSource(source);
 }
 
 void ControlBuilder::watch(Container& container) const {

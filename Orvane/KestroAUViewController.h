@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "KestroUI/ContainerDelegate.h"
+#include "KestroUI/Container.h"
 #include "Orvane/AUDesign.h"
 #include "Orvane/ControlBindings.h"
 #include "Orvane/ControlCollection.h"

@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "KestroUI/DoubleFilterViewContainer.h"
+#include "KestroUI/ShapeContainers.h"
 #include "Orvane/ControlBindings.h"
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"

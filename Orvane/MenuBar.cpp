@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "KestroUI/Icons.h"
-#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 #include "Orvane/PluginInfo.h"
 #include "Orvane/WebAddress.h"

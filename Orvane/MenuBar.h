@@ -4,11 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "KestroUI/ArrowButton.h"
-#include "KestroUI/DiceButton.h"
-#include "KestroUI/ImageButton.h"
-#include "KestroUI/RadioButtons.h"
-#include "KestroUI/SimpleButton.h"
+#include "KestroUI/ButtonGroups.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/MenuBarDelegate.h"
 #include "Orvane/OverlaysView.h"
 #include "platform/URLSession.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "KestroUI/OnOffButton.h"
+#include "KestroUI/Switches.h"
 
 namespace orvane {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 
 namespace orvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KestroUI/SelectableButton.h"
+#include "KestroUI/KestroButtons.h"
 
 namespace orvane {
 

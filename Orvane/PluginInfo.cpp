@@ -15,6 +15,7 @@ namespace {
 constexpr const char* nameKey = "CFBundleDisplayName";
 constexpr const char* majorKey = "CFBundleShortVersionString";
 constexpr const char* minorKey = "CFBundleVersion";
+constexpr const char* storeKey = "StoreIdentifier";
 
 /// A value that is read once; none when the bundle does not have it.
 using Entry = std::optional<std::optional<PropertyList>>;
@@ -88,6 +89,13 @@ std::string PluginInfo::completeVersion() {
     platform::fatal(
         "The main bundle's Info.plist has no CFBundleShortVersionString or CFBundleVersion");
   return *version + "." + *build;
+}
+
+std::optional<std::string> PluginInfo::storeIdentifier() {
+  const std::lock_guard lock(mutex);
+  const std::optional<PropertyList> entry = read(values(), storeKey);
+  const auto* text = entry ? entry->as<std::string>() : nullptr;
+  return text && !text->empty() ? std::optional(*text) : std::nullopt;
 }
 
 }  // namespace orvane

@@ -26,6 +26,8 @@ class PluginInfo {
   static std::optional<platform::PropertyList> minor();
   /// Both, joined by a dot: "1.4.2.37". Fatal unless both are texts.
   static std::string completeVersion();
+  /// "StoreIdentifier", what the app store calls the plug-in. None for a plug-in that is in no store.
+  static std::optional<std::string> storeIdentifier();
 };
 
 }  // namespace orvane

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "KestroUI/StarButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/Preset.h"
 #include "toolkit/TableViewCell.h"
 

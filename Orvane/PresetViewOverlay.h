@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "KestroUI/SimpleButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/ConfirmOverlay.h"
 #include "Orvane/FiltersTableViewController.h"
 #include "Orvane/MultiSelectable.h"

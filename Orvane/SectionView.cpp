@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "KestroUI/TextScale.h"
 #include "KestroUI/Theme.h"
 
 namespace orvane {

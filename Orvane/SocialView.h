@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "KestroUI/ImageButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/ResponderView.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "KestroUI/SimpleButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "Orvane/TextFieldOverlayDelegate.h"
 #include "toolkit/Label.h"
 #include "toolkit/TextField.h"

@@ -104,7 +104,8 @@ class AudioUnit : public WeakTarget {
   /// The sounds that a display of this parameter shows, each channel one; none for most. They live
   /// as long as the audio unit.
   virtual std::vector<const LiveBuffer*> liveBuffers(std::string_view /*key*/) const { return {}; }
-  /// The recording that a display of this parameter shows now, or null.
+  /// The recording that a display of this parameter shows now, or null; of a wavetable one period of
+  /// each wave in turn, each a channel.
   virtual std::shared_ptr<const SampleData> sampleData(std::string_view /*key*/) const {
     return nullptr;
   }

@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "KestroUI/MomentaryButton.h"
+#include "KestroUI/Switches.h"
 #include "examples/Gallery/GalleryPlugin.h"
 #include "examples/Halden/HaldenPlugin.h"
 #include "tests/support/EditorHands.h"

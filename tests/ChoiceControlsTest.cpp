@@ -6,11 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "KestroUI/BitFlagsGroup.h"
-#include "KestroUI/MomentaryButton.h"
-#include "KestroUI/OnOffButton.h"
-#include "KestroUI/RadioButtons.h"
+#include "KestroUI/ButtonGroups.h"
 #include "KestroUI/Stepper.h"
+#include "KestroUI/Switches.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 

@@ -12,41 +12,13 @@
 #include <utility>
 #include <vector>
 
-#include "KestroUI/ADSRContainer.h"
-#include "KestroUI/BandCompressorContainer.h"
-#include "KestroUI/BitFlagsGroupContainer.h"
-#include "KestroUI/CompressorViewContainer.h"
-#include "KestroUI/CurveSequencerContainer.h"
-#include "KestroUI/DoubleCompressorViewContainer.h"
-#include "KestroUI/DoubleFilterViewContainer.h"
-#include "KestroUI/DoubleSliderContainer.h"
-#include "KestroUI/DropDownListContainer.h"
-#include "KestroUI/FilterViewContainer.h"
-#include "KestroUI/GranulizerViewContainer.h"
-#include "KestroUI/KnobContainer.h"
-#include "KestroUI/LEDViewContainer.h"
-#include "KestroUI/MultiOscilloscopeContainer.h"
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/DisplayContainers.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
-#include "KestroUI/OnOffContainer.h"
-#include "KestroUI/OscilloscopeContainer.h"
-#include "KestroUI/PhaserViewContainer.h"
-#include "KestroUI/RadioContainer.h"
-#include "KestroUI/RecContainer.h"
-#include "KestroUI/SampleViewContainer.h"
-#include "KestroUI/SimpleButtonContainer.h"
-#include "KestroUI/SimpleCurveContainer.h"
-#include "KestroUI/SimpleLabelContainer.h"
-#include "KestroUI/SliderContainer.h"
-#include "KestroUI/StepSequencerContainer.h"
-#include "KestroUI/StepperContainer.h"
-#include "KestroUI/TableWaveshaperContainer.h"
-#include "KestroUI/ThreeBandCompressorContainer.h"
-#include "KestroUI/TimeStopXYContainer.h"
-#include "KestroUI/WaveformKnobContainer.h"
-#include "KestroUI/WaveshaperViewContainer.h"
-#include "KestroUI/WavetableContainer.h"
-#include "KestroUI/ZorvaViewContainer.h"
+#include "KestroUI/ShapeContainers.h"
+#include "KestroUI/ValueContainers.h"
+#include "KestroUI/XYControlContainer.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -275,7 +247,7 @@ TEST_F(ContainerTest, theKnobsOfAMultipleContainerKeepTheirOwnKeys) {
 TEST_F(ContainerTest, aFilterViewPlacesItsFrequencyInPitchAndKeepsItsResonance) {
   FilterViewContainer filter;
   filter.setParamKeys(keys({"frequency", "resonance"}));
-  filter.filterView().setResonanceRange(-20, 20);
+  filter.setKeyRange(1, -20, 20);
   filter.showValue("frequency", 0.5f, "");
   EXPECT_NEAR(filter.filterView().frequency(), 632.46f, 0.1f);
   filter.filterView().setFrequency(1000);

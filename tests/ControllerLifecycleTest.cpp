@@ -5,7 +5,7 @@
 
 #include <stdexcept>
 
-#include "KestroUI/KnobContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "KestroUI/DoubleFilterViewContainer.h"
-#include "KestroUI/MultiOscilloscopeContainer.h"
-#include "KestroUI/SampleViewContainer.h"
-#include "KestroUI/ThreeBandCompressorContainer.h"
+#include "KestroUI/DisplayContainers.h"
+#include "KestroUI/ShapeContainers.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {

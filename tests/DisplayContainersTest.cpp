@@ -8,19 +8,9 @@
 #include <cmath>
 #include <limits>
 
-#include "KestroUI/BandCompressorContainer.h"
-#include "KestroUI/CompressorViewContainer.h"
-#include "KestroUI/DoubleCompressorViewContainer.h"
-#include "KestroUI/GranulizerViewContainer.h"
-#include "KestroUI/MultiOscilloscopeContainer.h"
-#include "KestroUI/OscilloscopeContainer.h"
-#include "KestroUI/PhaserViewContainer.h"
-#include "KestroUI/RecContainer.h"
-#include "KestroUI/SampleViewContainer.h"
-#include "KestroUI/TableWaveshaperContainer.h"
-#include "KestroUI/ThreeBandCompressorContainer.h"
-#include "KestroUI/WaveshaperViewContainer.h"
-#include "KestroUI/ZorvaViewContainer.h"
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/DisplayContainers.h"
+#include "KestroUI/ShapeContainers.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 

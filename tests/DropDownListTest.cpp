@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "KestroUI/DropDownListContainer.h"
+#include "KestroUI/ChoiceContainers.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 

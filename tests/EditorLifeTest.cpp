@@ -6,7 +6,7 @@
 #include <atomic>
 #include <thread>
 
-#include "KestroUI/KnobContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "KestroUI/KnobContainer.h"
 #include "KestroUI/MidiMapBadge.h"
 #include "KestroUI/MultipleContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/MidiScale.h"
 #include "tests/support/TestEditor.h"
 

@@ -1,4 +1,4 @@
-#include "KestroUI/MidiMapText.h"
+#include "KestroUI/MidiMapBadge.h"
 
 #include <gtest/gtest.h>
 

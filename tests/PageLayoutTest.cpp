@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "KestroUI/KnobContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/SettingsViewController.h"
 #include "tests/support/TestEditor.h"
 

@@ -5,7 +5,6 @@
 #include <thread>
 #include <vector>
 
-#include "KestroUI/StoreIdentifier.h"
 #include "foundation/Bundle.h"
 
 namespace orvane {
@@ -42,7 +41,7 @@ TEST(PluginInfo, IsWhatTheMainBundleSays) {
 TEST(PluginInfo, AProgramCarriesItsOwn) {
   EXPECT_EQ(PluginInfo::appName(), "Test");
   EXPECT_EQ(PluginInfo::completeVersion(), "1.2.3.45");
-  EXPECT_EQ(kestroui::storeIdentifier(), "6789");
+  EXPECT_EQ(PluginInfo::storeIdentifier(), "6789");
 }
 
 TEST(PluginInfo, ANameThatIsAssignedStaysUntilAnotherBundleIsTheMainOne) {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "KestroUI/KnobContainer.h"
 #include "KestroUI/Theme.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/SectionView.h"
 #include "tests/support/TestEditor.h"
 

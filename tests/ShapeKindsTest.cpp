@@ -11,17 +11,10 @@
 #include <utility>
 #include <vector>
 
-#include "KestroUI/ADSRContainer.h"
-#include "KestroUI/CurveSequencerContainer.h"
-#include "KestroUI/DoubleFilterViewContainer.h"
-#include "KestroUI/DoubleSliderContainer.h"
-#include "KestroUI/FilterViewContainer.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
-#include "KestroUI/SimpleCurveContainer.h"
-#include "KestroUI/StepSequencerContainer.h"
-#include "KestroUI/TimeStopXYContainer.h"
-#include "KestroUI/WavetableContainer.h"
+#include "KestroUI/ShapeContainers.h"
+#include "KestroUI/XYControlContainer.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 

@@ -5,10 +5,10 @@
 
 #include <thread>
 
-#include "KestroUI/KnobContainer.h"
-#include "KestroUI/OnOffContainer.h"
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/AUFilterViewContainer.h"
-#include "Orvane/AUKnobContainer.h"
+#include "Orvane/AUValueContainers.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -120,10 +120,10 @@ TEST_F(ValueRoadTest, TheSideChainsKeysStandForOtherParameters) {
   connect({paramKey("LowPassFilterFreq", ControlType::filter, {"LowPassFilterRes"})});
   auto& container = *controller.control<AUFilterViewContainer>("LowPassFilterFreq");
   EXPECT_EQ(container.audioUnit, static_cast<platform::AudioUnit*>(&unit));
-  EXPECT_EQ(container.filterView().minimumResonance(), -20);
+  EXPECT_EQ(container.filterView().minimum(1), -20);
   for (const auto& [hertz, value] : {std::pair{20.0f, 0.0f}, {20000.0f, 1.0f}, {1000.0f, 0.566f}}) {
     container.filterView().setFrequency(hertz);
-    container.filterView().setResonance(12);
+    container.filterView().setValue(1, 12);
     container.sendActions(ControlEvent::valueChanged);
     EXPECT_NEAR(parameter("SidechainLowPassFrequency"), value, 0.001);
     EXPECT_EQ(parameter("SidechainLowPassResonance"), 12);

@@ -3,11 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "KestroUI/ADSRContainer.h"
-#include "KestroUI/CurveSequencerContainer.h"
-#include "KestroUI/SimpleCurveContainer.h"
-#include "KestroUI/StepSequencerContainer.h"
-#include "KestroUI/WaveshaperViewContainer.h"
+#include "KestroUI/DisplayContainers.h"
+#include "KestroUI/ShapeContainers.h"
 #include "KestroUI/XYControlContainer.h"
 #include "Orvane/AUFilterViewContainer.h"
 #include "examples/Halden/HaldenColors.h"

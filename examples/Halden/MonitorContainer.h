@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "KestroUI/OscilloscopeContainer.h"
+#include "KestroUI/DisplayContainers.h"
 #include "examples/Halden/MonitorView.h"
 
 namespace halden {

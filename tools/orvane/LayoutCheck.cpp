@@ -6,8 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "KestroUI/LEDViewContainer.h"
-#include "KestroUI/SimpleLabelContainer.h"
+#include "KestroUI/ValueContainers.h"
 #include "Orvane/ControlBuilder.h"
 #include "tools/orvane/ObjectReader.h"
 #include "tools/orvane/Target.h"

@@ -8,9 +8,8 @@
 #include <typeinfo>
 
 #include "KestroUI/Container.h"
-#include "KestroUI/MomentaryButton.h"
-#include "KestroUI/OnOffButton.h"
-#include "KestroUI/SimpleLabel.h"
+#include "KestroUI/Indicators.h"
+#include "KestroUI/Switches.h"
 #include "Orvane/PageView.h"
 #include "Orvane/SectionView.h"
 #include "toolkit/Button.h"

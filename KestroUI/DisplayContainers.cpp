@@ -1,0 +1,78 @@
+#include "KestroUI/DisplayContainers.h"
+
+#include <utility>
+
+namespace kestroui {
+
+void DisplayContainer::setDisplay(DisplayView& display) {
+  display_ = &display;
+  setShape(display);
+}
+
+void DisplayContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
+  // First the display, which has to know the values that the base configures.
+  display_->setKeys(keys);
+  ShapeContainer::setParamKeys(std::move(keys));
+}
+
+void DisplayContainer::showValue(const std::string& key, float value, const std::string& text) {
+  // The strips show texts all the time, other shapes only that of the handle in use.
+  const std::optional<std::size_t> index = indexOf(key);
+  if (index && display_->text(*index) != text) display_->setNeedsDisplay();
+  ShapeContainer::showValue(key, value, text);
+}
+
+void DisplayContainer::setKeyRange(std::size_t index, float minimum, float maximum) {
+  display_->setParameterRange(index, minimum, maximum);
+  ShapeContainer::setKeyRange(index, minimum, maximum);
+}
+
+void DisplayContainer::setKeyStringValues(std::size_t index,
+                                          const std::vector<std::string>& values) {
+  display_->setValueNames(index, values);
+  ShapeContainer::setKeyStringValues(index, values);
+}
+
+void DisplayContainer::setColors(const std::vector<platform::Color>& colors) {
+  ShapeContainer::setColors(colors);
+  display_->setColors(colors);
+}
+
+void DisplayContainer::updateModulation() {
+  ShapeContainer::updateModulation();
+  for (std::size_t i = 0; i < paramKeys().size(); ++i) display_->setOutput(i, liveOutput(i));
+}
+
+const std::vector<std::string>& ThreeBandCompressorContainer::bandKeys() {
+  static const std::vector<std::string> keys = {
+      "LowThreshold",  "LowRatio",        "LowReduction",    "MidThreshold",
+      "MidRatio",      "MidReduction",    "HighThreshold",   "HighRatio",
+      "HighReduction", "LowMidFrequency", "MidHighFrequency"};
+  return keys;
+}
+
+void OscilloscopeContainer::setBuffers(std::vector<const platform::LiveBuffer*> buffers) {
+  if (buffers.size() > 1) buffers.erase(buffers.begin() + 1, buffers.end());
+  view_.setBuffers(std::move(buffers));
+}
+
+void OscilloscopeContainer::updateModulation() {
+  DisplayContainer::updateModulation();
+  if (allowModulation) view_.read();
+}
+
+void RecordingContainer::setRecording(RecordingView& recording) {
+  recording_ = &recording;
+  setDisplay(recording);
+}
+
+void RecordingContainer::showData(std::shared_ptr<const platform::SampleData> data) {
+  recording_->setData(std::move(data));
+}
+
+void RecordingContainer::updateModulation() {
+  DisplayContainer::updateModulation();
+  readData();
+}
+
+}  // namespace kestroui

@@ -1,0 +1,372 @@
+// The part of ShapeControl that answers fingers, the mouse, the wheel and the keys.
+
+#include "KestroUI/ShapeControl.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace kestroui {
+
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+// A second tap that moves further than this, in points, is a drag after all.
+constexpr double tapSlop = 4;
+// A finger this near to a handle, in points, holds it.
+constexpr double reach = 22;
+
+/// In the direction of `travel`.
+double atLeastAPoint(double travel) {
+  return std::copysign(std::max(1.0, std::fabs(travel)), travel);
+}
+
+}  // namespace
+
+// Holds
+
+bool ShapeControl::isHeld(std::size_t index) const {
+  return std::find(holds_.begin(), holds_.end(), index) != holds_.end();
+}
+
+void ShapeControl::hold(std::size_t index) {
+  const platform::Weak<ShapeControl> alive = this;
+  if (!isInGesture()) beginGesture();
+  if (!alive) return;
+  holds_.push_back(index);
+  // A copy, since the action may destroy the control and with it the original.
+  if (const auto action = holdChanged) action(index, true);
+}
+
+void ShapeControl::release(std::size_t index) {
+  const auto entry = std::find(holds_.begin(), holds_.end(), index);
+  if (entry == holds_.end()) return;
+  const platform::Weak<ShapeControl> alive = this;
+  holds_.erase(entry);
+  if (const auto action = holdChanged) action(index, false);
+  if (alive && holds_.empty()) endGesture();
+}
+
+void ShapeControl::endGesture() {
+  const platform::Weak<ShapeControl> alive = this;
+  grips_.clear();
+  const std::vector<std::size_t> held = std::exchange(holds_, {});
+  for (const std::size_t index : held) {
+    if (!alive) return;
+    if (const auto action = holdChanged) action(index, false);
+  }
+  if (!alive) return;
+  GestureControl::endGesture();
+  if (alive) noteActive();
+}
+
+void ShapeControl::tellDoubleTap(std::size_t index) {
+  if (const auto action = valueDoubleTapped) action(index);
+}
+
+std::vector<std::size_t> ShapeControl::movedBy(const Handle& handle) const {
+  std::vector<std::size_t> result;
+  for (const std::optional<std::size_t>& own : {handle.x, handle.y})
+    if (own)
+      for (const std::size_t index : movedWith(*own, handle.movesAll))
+        if (std::find(result.begin(), result.end(), index) == result.end()) result.push_back(index);
+  return result;
+}
+
+std::size_t ShapeControl::meant(const Handle& handle) const {
+  if (handle.x == chosen_ || handle.y == chosen_) return chosen_;
+  return handle.x ? *handle.x : handle.y.value_or(0);
+}
+
+// Touches
+
+ShapeControl::Grip* ShapeControl::gripOf(int touchId) {
+  const auto found = std::find_if(grips_.begin(), grips_.end(),
+                                  [touchId](const Grip& grip) { return grip.touchId == touchId; });
+  return found == grips_.end() ? nullptr : &*found;
+}
+
+bool ShapeControl::startDrag(int touchId, const Handle& handle) {
+  const platform::Weak<ShapeControl> alive = this;
+  const std::vector<std::size_t> held = movedBy(handle);
+  if (Grip* const grip = gripOf(touchId)) {
+    grip->secondTap = false;
+    grip->x = handle.x ? share(*handle.x) : 0;
+    grip->y = handle.y ? share(*handle.y) : 0;
+    // A stroke takes hold of what it passes.
+    if (!isDrawn()) grip->held = held;
+  }
+  choose(meant(handle));
+  if (isDrawn()) return true;
+  for (const std::size_t index : held) {
+    hold(index);
+    if (!alive) return false;
+  }
+  noteActive();
+  return static_cast<bool>(alive);
+}
+
+void ShapeControl::touchBegan(const toolkit::Touch& touch) {
+  if (!isEnabled() || gripOf(touch.id)) return;
+  const Point location = touch.locationIn(*this);
+  const std::optional<std::size_t> found = handleAt(location);
+  const platform::Weak<ShapeControl> alive = this;
+  GestureControl::touchBegan(touch);
+  if (!alive || !found) return;
+  // One finger for each handle.
+  for (const Grip& grip : grips_)
+    if (grip.handle == *found) return;
+  // A burst of the wheel or of keys is over.
+  if (grips_.empty()) endGesture();
+  const std::vector<Handle> all = alive ? handles() : std::vector<Handle>();
+  if (*found >= all.size()) return;
+  const Handle& handle = all[*found];
+  const bool secondTap = touch.tapCount == 2 && valueDoubleTapped;
+  grips_.push_back({touch.id, *found, secondTap, 0, 0, {}});
+  if (secondTap || !startDrag(touch.id, handle)) return;
+  if (isDrawn()) return drawTo(touch.id, location, location);
+  const Point way = location - handle.place;
+  Grip* const grip = gripOf(touch.id);
+  if (grip && jumpsToTouch() && std::hypot(way.x, way.y) > reach) dragBy(*grip, handle, way);
+}
+
+void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
+  if (!std::isfinite(way.x) || !std::isfinite(way.y)) return;
+  bool changed = false;
+  if (handle.x && way.x != 0) {
+    grip.x = std::clamp(grip.x + way.x / atLeastAPoint(handle.travel.width), 0.0, 1.0);
+    changed = moveTo(*handle.x, grip.x, handle.movesAll);
+  }
+  if (handle.y && way.y != 0) {
+    grip.y = std::clamp(grip.y - way.y / atLeastAPoint(handle.travel.height), 0.0, 1.0);
+    changed = moveTo(*handle.y, grip.y, handle.movesAll) || changed;
+  }
+  if (handle.x && handle.y && way.x != way.y)
+    choose(std::fabs(way.x) > std::fabs(way.y) ? *handle.x : *handle.y);
+  noteActive();
+  if (changed) sendActions(toolkit::ControlEvent::valueChanged);
+}
+
+void ShapeControl::drawTo(int touchId, Point from, Point to) {
+  const std::vector<Handle> all = handles();
+  const auto first = handleAt(from), last = handleAt(to);
+  if (!first || !last || *first >= all.size() || *last >= all.size()) return;
+  const platform::Weak<ShapeControl> alive = this;
+  const Rect area = plot();
+  bool changed = false;
+  for (std::size_t i = *first;; i = i < *last ? i + 1 : i - 1) {
+    Grip* const grip = gripOf(touchId);
+    if (!grip) return;
+    grip->handle = i;
+    const double way = to.x != from.x ? (all[i].place.x - from.x) / (to.x - from.x) : 1;
+    const double y = i == *last ? to.y : from.y + (to.y - from.y) * std::clamp(way, 0.0, 1.0);
+    const std::optional<std::size_t> index = all[i].y;
+    const bool isOwn =
+        index && std::find(grip->held.begin(), grip->held.end(), *index) != grip->held.end();
+    if (index && !isOwn && !isHeld(*index)) {
+      grip->held.push_back(*index);
+      hold(*index);
+      if (!alive) return;
+    }
+    // What another finger holds stays with that.
+    const Grip* const own = gripOf(touchId);
+    if (index && own && std::find(own->held.begin(), own->held.end(), *index) != own->held.end()) {
+      choose(*index);
+      changed = moveTo(*index, (area.maxY() - y) / std::max(1.0, area.height)) || changed;
+    }
+    if (i == *last) break;
+  }
+  noteActive();
+  if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
+}
+
+void ShapeControl::touchMoved(const toolkit::Touch& touch) {
+  if (!gripOf(touch.id)) return;
+  const platform::Weak<ShapeControl> alive = this;
+  GestureControl::touchMoved(touch);
+  Grip* grip = alive ? gripOf(touch.id) : nullptr;
+  if (!grip) return;
+  const std::vector<Handle> all = handles();
+  if (grip->handle >= all.size()) return;
+  const Handle& handle = all[grip->handle];
+  if (grip->secondTap) {
+    const Point way = touch.location - touch.startLocation;
+    if (std::hypot(way.x, way.y) > tapSlop) startDrag(touch.id, handle);
+    return;
+  }
+  const bool isFine = has(touch.modifiers, platform::Modifiers::shift);
+  if (isDrawn() && !isFine)
+    return drawTo(touch.id, touch.previousLocationIn(*this), touch.locationIn(*this));
+  const Point way = touch.location - touch.previousLocation;
+  const double speed = isFine ? 0.1 : 1.0;
+  if (isDrawn()) grip->y = handle.y ? share(*handle.y) : 0;
+  dragBy(*grip, handle, {way.x * speed, way.y * speed});
+}
+
+void ShapeControl::touchEnded(const toolkit::Touch& touch) {
+  const Grip* const found = gripOf(touch.id);
+  const platform::Weak<ShapeControl> alive = this;
+  if (!found) return GestureControl::touchEnded(touch);
+  const Grip grip = *found;
+  std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touch.id; });
+  GestureControl::touchEnded(touch);
+  for (const std::size_t index : grip.held)
+    if (alive) release(index);
+  if (!alive) return;
+  noteActive();
+  if (!alive || !grip.secondTap) return;
+  const std::vector<Handle> all = handles();
+  if (grip.handle < all.size()) tellDoubleTap(meant(all[grip.handle]));
+}
+
+void ShapeControl::touchCancelled(const toolkit::Touch& touch) {
+  const Grip* const found = gripOf(touch.id);
+  const platform::Weak<ShapeControl> alive = this;
+  const std::vector<std::size_t> held = found ? found->held : std::vector<std::size_t>();
+  std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touch.id; });
+  GestureControl::touchCancelled(touch);
+  for (const std::size_t index : held)
+    if (alive) release(index);
+  if (alive) noteActive();
+}
+
+// Mouse and focus
+
+void ShapeControl::hoverMoved(Point location) {
+  const std::optional<std::size_t> found = handleAt(location);
+  if (found == hoveredHandle_) return;
+  hoveredHandle_ = found;
+  setNeedsDisplay();
+  noteActive();
+}
+
+void ShapeControl::hoverChanged(bool hovered) {
+  const platform::Weak<ShapeControl> alive = this;
+  if (!hovered) hoveredHandle_.reset();
+  GestureControl::hoverChanged(hovered);
+  if (alive) noteActive();
+}
+
+void ShapeControl::firstResponderChanged() {
+  const platform::Weak<ShapeControl> alive = this;
+  GestureControl::firstResponderChanged();
+  if (alive) noteActive();
+}
+
+// Wheel and keys
+
+void ShapeControl::nudge(std::size_t index, double shareBy, bool all) {
+  choose(index);
+  setNeedsDisplay();
+  const double target = share(index) + shareBy;
+  changeOnce([this, index, target, all] {
+    const platform::Weak<ShapeControl> alive = this;
+    for (const std::size_t moved : movedWith(index, all))
+      if (alive && !isHeld(moved)) hold(moved);
+    if (!alive) return;
+    const bool changed = moveTo(index, target, all);
+    noteActive();
+    if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
+  });
+}
+
+bool ShapeControl::wheelTurned(const platform::WheelEvent& event) {
+  // Some systems turn a wheel sideways while Shift is held.
+  double turned = event.deltaY != 0 ? event.deltaY : event.deltaX;
+  if (!isEnabled() || turned == 0) return false;
+  const std::optional<std::size_t> found = handleAt(convertFromRoot(event.location));
+  const std::vector<Handle> all = handles();
+  if (!found || *found >= all.size()) return false;
+  const Handle& handle = all[*found];
+  const std::optional<std::size_t> index = handle.y ? handle.y : handle.x;
+  if (!index) return false;
+  if (at(*index) && at(*index)->stepCount > 0) {
+    wheelRest_ += turned;
+    turned = std::trunc(wheelRest_);
+    wheelRest_ -= turned;
+  } else if (has(event.modifiers, platform::Modifiers::shift)) {
+    turned *= 0.1;
+  }
+  if (turned != 0) nudge(*index, turned * stepShare(*index), handle.movesAll);
+  return true;
+}
+
+std::vector<std::size_t> ShapeControl::keyOrder(const std::vector<Handle>& handles) const {
+  std::vector<std::size_t> order;
+  for (const Handle& handle : handles)
+    for (const std::optional<std::size_t>& index : {handle.x, handle.y})
+      if (index && std::find(order.begin(), order.end(), *index) == order.end())
+        order.push_back(*index);
+  return order;
+}
+
+bool ShapeControl::keyPressed(const platform::KeyEvent& event) {
+  using platform::Key;
+  using platform::Modifiers;
+  const auto foreign = Modifiers::control | Modifiers::alt | Modifiers::command;
+  if (!isEnabled() || has(event.modifiers, foreign)) return false;
+  const std::vector<Handle> all = handles();
+  const std::vector<std::size_t> order = keyOrder(all);
+  if (order.empty()) return false;
+  auto chosen = std::find(order.begin(), order.end(), chosen_);
+  if (chosen == order.end()) chosen = order.begin();
+  if (event.key == Key::returnKey) {
+    if (!valueDoubleTapped) return false;
+    tellDoubleTap(*chosen);
+    return true;
+  }
+
+  // What goes sideways: the next value, or the value itself where there is nothing to choose.
+  const bool isPad = all.size() == 1 && all[0].x && all[0].y;
+  const std::size_t upwards = isPad ? *all[0].y : *chosen;
+  const std::size_t sideways = isPad ? *all[0].x : *chosen;
+  const bool chooses = !isPad && order.size() > 1;
+  const bool isFine = has(event.modifiers, Modifiers::shift);
+  const auto one = [&](std::size_t index) {
+    const bool stepped = at(index) && at(index)->stepCount > 0;
+    return stepShare(index) * (isFine && !stepped ? 0.1 : 1.0);
+  };
+  const auto goTo = [&](std::vector<std::size_t>::const_iterator next) {
+    choose(*next);
+    setNeedsDisplay();
+    noteActive();
+  };
+  switch (event.key) {
+    case Key::left:
+      if (chooses)
+        goTo(chosen == order.begin() ? chosen : chosen - 1);
+      else
+        nudge(sideways, -one(sideways));
+      return true;
+    case Key::right:
+      if (chooses)
+        goTo(chosen + 1 == order.end() ? chosen : chosen + 1);
+      else
+        nudge(sideways, one(sideways));
+      return true;
+    case Key::up:
+      nudge(upwards, one(upwards));
+      return true;
+    case Key::down:
+      nudge(upwards, -one(upwards));
+      return true;
+    case Key::pageUp:
+      nudge(upwards, 10 * one(upwards));
+      return true;
+    case Key::pageDown:
+      nudge(upwards, -10 * one(upwards));
+      return true;
+    case Key::home:
+      nudge(upwards, -1);
+      return true;
+    case Key::end:
+      nudge(upwards, 1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace kestroui
