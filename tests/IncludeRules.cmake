@@ -1,4 +1,5 @@
-# Fails when a room includes what its place in the house does not allow.
+# Fails when a room includes what its place in the house does not allow. The rooms and what each
+# may include are the table of docs/architecture.md, which is read here: it cannot differ.
 #
 #   cmake -DROOT=<repository> -P tests/IncludeRules.cmake
 #
@@ -6,26 +7,53 @@
 
 cmake_minimum_required(VERSION 3.22)
 
-set(library platform foundation toolkit KestroUI Quillon Orvane)
-set(backends backends/headless backends/juce backends/lv2)
-set(rooms ${library} ${backends} tools/orvane examples tests fuzz benchmarks)
+# A row is | `room/` ... | its job | what it may include |. The rooms before the first that lies in
+# another folder are the library. A room may always include itself; the arrows are not transitive.
+set(rooms)
+set(library)
+file(STRINGS "${ROOT}/docs/architecture.md" rows REGEX "^\\| *`[A-Za-z0-9/]+/`")
+foreach(row IN LISTS rows)
+  if(NOT row MATCHES "^\\|([^|]+)\\|[^|]+\\|([^|]+)\\|$")
+    message(FATAL_ERROR "docs/architecture.md: a row has three cells: ${row}")
+  endif()
+  set(names "${CMAKE_MATCH_1}")
+  set(may "${CMAKE_MATCH_2}")
+  string(REGEX MATCHALL "[A-Za-z0-9/]+[A-Za-z0-9]" names "${names}")
+  set(above ${rooms})
+  list(APPEND rooms ${names})
+  if(NOT rooms MATCHES "/")
+    set(library ${rooms})
+  endif()
+  string(REGEX MATCHALL "`[A-Za-z0-9/]+`" arrows "${may}")
+  string(REPLACE "`" "" arrows "${arrows}")
+  foreach(arrow IN LISTS arrows)
+    if(NOT arrow IN_LIST above)
+      message(FATAL_ERROR "docs/architecture.md: no room ${arrow} is above ${names}")
+    endif()
+  endforeach()
+  string(REGEX REPLACE "`[A-Za-z0-9/]+`" "" may "${may}")
+  string(REGEX REPLACE "[, ]+" " " may "${may}")
+  string(STRIP "${may}" may)
+  if(may STREQUAL "the library")
+    list(APPEND arrows ${library})
+  elseif(may STREQUAL "everything above")
+    list(APPEND arrows ${above} ${names})
+  elseif(may AND NOT may STREQUAL "the standard library")
+    message(FATAL_ERROR "docs/architecture.md: what do ${names} include by '${may}'?")
+  endif()
+  foreach(room IN LISTS names)
+    set(arrows_${room} ${arrows})
+  endforeach()
+endforeach()
 
-# A room may always include itself. The arrows are not transitive.
-set(arrows_platform)
-set(arrows_foundation platform)
-set(arrows_toolkit platform foundation)
-set(arrows_KestroUI platform foundation toolkit)
-set(arrows_Quillon platform foundation)
-set(arrows_Orvane platform foundation toolkit KestroUI)
-set(arrows_backends/headless ${library})
-set(arrows_backends/juce ${library})
-set(arrows_backends/lv2 ${library} backends/juce)
-set(arrows_tools/orvane ${library} ${backends} examples)
-# The entry point of a plug-in names the format it is built for.
-set(arrows_examples Orvane Quillon KestroUI toolkit foundation platform backends/juce backends/lv2)
-set(arrows_tests ${rooms})
-set(arrows_fuzz ${rooms})
-set(arrows_benchmarks ${rooms})
+file(GLOB built RELATIVE "${ROOT}" "${ROOT}/*/CMakeLists.txt" "${ROOT}/backends/*/CMakeLists.txt"
+  "${ROOT}/tools/*/CMakeLists.txt")
+list(TRANSFORM built REPLACE "/CMakeLists.txt$" "")
+foreach(room IN LISTS built rooms)
+  if(NOT room IN_LIST rooms OR NOT room IN_LIST built)
+    message(FATAL_ERROR "${room} is in the table of docs/architecture.md or in the tree, not in both")
+  endif()
+endforeach()
 
 # These stand on the standard library alone: whatever else they need of the world comes through
 # platform/.
