@@ -133,6 +133,17 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   EXPECT_EQ(runTool({"presets", "doctor", data}).out, data + ": no problems\n");
 }
 
+TEST_F(PresetsCommandTest, TheDoctorPutsAsideAsManyBrokenFilesOfOneNameAsThereAre) {
+  for (const char* text : {"first", "second", "third"}) {
+    folder.write("data/Presets/broken.example", text);
+    EXPECT_EQ(run({"doctor", data, "--fix"})[0]["fixed"], true);
+  }
+  EXPECT_EQ(namesIn(data + "/Presets"), Names{});
+  EXPECT_EQ(textOf(data + "/Unreadable Presets/broken.example"), "first");
+  EXPECT_EQ(textOf(data + "/Unreadable Presets/broken 2.example"), "second");
+  EXPECT_EQ(textOf(data + "/Unreadable Presets/broken 3.example"), "third");
+}
+
 TEST_F(PresetsCommandTest, WrongWordsAreUsageErrors) {
   for (const std::vector<std::string>& words :
        std::vector<std::vector<std::string>>{{},

@@ -22,6 +22,11 @@ namespace {
 /// A file that is still being written is not touched.
 constexpr std::chrono::minutes unfinishedAge{10};
 
+/// "a 2.example"
+std::string numbered(const std::string& stem, int number, const std::string& extension) {
+  return stem + ' ' + std::to_string(number) + (extension.empty() ? "" : '.' + extension);
+}
+
 }  // namespace
 
 std::string kindName(Kind kind) {
@@ -77,7 +82,12 @@ void PresetDoctor::findUnreadable() {
     found(Kind::unreadable, preset.path, preset.error, [&] {
       static_cast<void>(
           files_.createDirectory(aside, platform::FileManager::Intermediates::mustExist));
-      return move(preset.path, aside + '/' + platform::lastPathComponent(preset.path));
+      // An earlier mending may have put a file of this name there.
+      std::string name = platform::lastPathComponent(preset.path);
+      for (int number = 2; files_.fileExists(aside + '/' + name); ++number)
+        name =
+            numbered(platform::fileStem(preset.path), number, platform::pathExtension(preset.path));
+      return move(preset.path, aside + '/' + name);
     });
   }
   std::erase_if(presets_, [](const PresetEntry& preset) { return !preset.error.empty(); });
@@ -93,9 +103,8 @@ void PresetDoctor::findDuplicates() {
     found(Kind::duplicateName, preset.path, text, [&] {
       const std::string extension = platform::pathExtension(preset.path);
       for (int number = 2;; ++number) {
+        const std::string path = folder_.presets + '/' + numbered(preset.name, number, extension);
         const std::string name = preset.name + ' ' + std::to_string(number);
-        const std::string path =
-            folder_.presets + '/' + name + (extension.empty() ? "" : '.' + extension);
         if (firstOf.count(foundation::lowercased(name)) || files_.fileExists(path)) continue;
         const std::string whyNot = move(preset.path, path);
         if (whyNot.empty()) {
