@@ -10,7 +10,7 @@ orvane_add_lv2(odd_plugin
   SOURCES support/OddPluginEntry.cpp
   LIBRARIES orvane::odd_plugin)
 
-set(odd_bundle "${CMAKE_BINARY_DIR}/lv2/Odd Plugin.lv2")
+set(odd_bundle "${CMAKE_CURRENT_BINARY_DIR}/Odd Plugin.lv2")
 set(lv2_sources Lv2EditorTest.cpp Lv2SoundTest.cpp support/AllocationCounter.cpp)
 set(lv2_depends orvane::lv2 orvane::odd_plugin Threads::Threads)
 if(TARGET PkgConfig::lilv)

@@ -2,12 +2,12 @@
 #
 #   orvane_add_lv2(<target>
 #     NAME <name>             the bundle is <name>.lv2
-#     [NO_INSTALL]            for a plug-in that nobody is to have
+#     [NO_INSTALL]            for a plug-in that nobody is to have; it stays in its own build folder
 #     [LICENSE <address>]     of the binaries; GPL 3 unless told, since the editor contains JUCE
 #     [SOURCES <sources>]     one of them, or of the libraries, defines
 #     [LIBRARIES <targets>])  const orvane::PluginEntry& orvanePluginEntry()
 #
-# The target <target>_LV2 makes <build>/lv2/<name>.lv2 with the sound, the editor (where JUCE is
+# The target <target>_LV2 makes <build>/plugins/<name>.lv2 with the sound, the editor (where JUCE is
 # there) and the files that describe them, which a small program linked with the plug-in writes.
 # What else callers say of a plug-in, the plug-in's own entry says too.
 
@@ -23,7 +23,11 @@ function(orvane_add_lv2 target)
   if(NOT arg_LICENSE)
     set(arg_LICENSE "http://www.gnu.org/licenses/gpl-3.0.html")
   endif()
-  set(bundle "${CMAKE_BINARY_DIR}/lv2/${arg_NAME}.lv2")
+  set(folder "${CMAKE_BINARY_DIR}/plugins")
+  if(arg_NO_INSTALL)
+    set(folder "${CMAKE_CURRENT_BINARY_DIR}")
+  endif()
+  set(bundle "${folder}/${arg_NAME}.lv2")
   set(libraries ${target}_LV2_Sound)
   set(sound "${arg_NAME}${CMAKE_SHARED_MODULE_SUFFIX}")
   set(editor "")

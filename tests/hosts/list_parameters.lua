@@ -1,6 +1,6 @@
 -- Lists what Ardour makes of a plug-in's parameters, without a display or a sound card:
 --
---   LV2_PATH=<build>/lv2 ardour7-lua tests/hosts/list_parameters.lua LV2 urn:orvane:org.orvane.halden
+--   LV2_PATH=<build>/plugins ardour7-lua tests/hosts/list_parameters.lua LV2 urn:orvane:org.orvane.halden
 --
 -- Of a VST3, Ardour knows what its scanner has seen; the scanner prints the identifier as "uid":
 --
