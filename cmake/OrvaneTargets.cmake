@@ -73,7 +73,7 @@ function(orvane_add_room room)
     set_target_properties(${target} PROPERTIES OUTPUT_NAME Orvane)
   endif()
 
-  if(room IN_LIST ORVANE_ROOMS_NOT_INSTALLED)
+  if(NOT ORVANE_INSTALL OR room IN_LIST ORVANE_ROOMS_NOT_INSTALLED)
     return()
   endif()
   install(TARGETS ${target} EXPORT OrvaneTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -87,7 +87,6 @@ endfunction()
 
 # The property list in which a plug-in or program says what it is; see foundation/Bundle.h for where it
 # is looked for.
-set(ORVANE_INFORMATION_TEMPLATE "${CMAKE_CURRENT_LIST_DIR}/Info.plist.in")
 function(orvane_write_information file)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;IDENTIFIER;VERSION;BUILD;STORE_IDENTIFIER" "")
   if(arg_UNPARSED_ARGUMENTS OR NOT arg_NAME OR NOT arg_VERSION)
@@ -101,7 +100,7 @@ function(orvane_write_information file)
     string(REPLACE "&" "&amp;" arg_${text} "${arg_${text}}")
     string(REPLACE "<" "&lt;" arg_${text} "${arg_${text}}")
   endforeach()
-  configure_file("${ORVANE_INFORMATION_TEMPLATE}" "${file}" @ONLY)
+  configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Info.plist.in" "${file}" @ONLY)
 endfunction()
 
 # A program that lands in <build>/bin.
