@@ -71,9 +71,9 @@ set(standard_headers
 # The compiler's own intrinsics: a DSP has to switch denormals off.
 set(also_allowed_Quillon xmmintrin.h pmmintrin.h)
 
-# The benchmarks measure against a stock JUCE editor, an example may configure JUCE's own wrapper,
-# and the tests of the desktop backend look at what it did to JUCE.
-set(juce_allowed "^(backends/juce|examples|benchmarks|tests/Juce)")
+# The benchmarks measure against a stock JUCE editor, and the tests of the desktop backend look at
+# what it did to JUCE.
+set(juce_allowed "^(backends/juce|benchmarks|tests/Juce)")
 
 # Sets <result> to the room that the path from the top lies in, or to the empty string.
 function(find_room path result)
