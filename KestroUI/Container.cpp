@@ -8,6 +8,7 @@
 #include "KestroUI/MidiMapBadge.h"
 #include "KestroUI/Theme.h"
 #include "foundation/UnicodeText.h"
+#include "toolkit/Window.h"
 
 namespace kestroui {
 
@@ -384,12 +385,20 @@ void Container::updateMidiMappingVisibility() {
     badge_->deleteButton().addTarget<&Container::wantsToDeleteMap>(*this,
                                                                    ControlEvent::touchUpInside);
   }
+  toolkit::View* const focused = window() ? window()->firstResponder() : nullptr;
+  const bool hasKeyboard = focused && focused->isDescendantOf(*this);
   if (shown) {
     // On top, also of what was added since.
     addSubview(*badge_);
     placeBadge();
   }
   badge_->setHidden(!shown);
+  if (!hasKeyboard) return;
+  // What the badge covers is not moved by keys either.
+  if (shown)
+    badge_->becomeFirstResponder();
+  else if (focused == badge_.get() && control_)
+    control_->becomeFirstResponder();
 }
 
 void Container::placeBadge() {

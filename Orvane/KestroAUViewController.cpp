@@ -213,7 +213,11 @@ void KestroAUViewController::aboutOverlayRequestReview() {
 }
 
 bool KestroAUViewController::keyPressed(const platform::KeyEvent& event) {
-  return event.key == platform::Key::escape && overlaysView_.closeUppermost();
+  if (event.key != platform::Key::escape) return false;
+  if (overlaysView_.closeUppermost()) return true;
+  if (!midiMappingEnabled_) return false;
+  setMidiMappingEnabled(false);
+  return true;
 }
 
 platform::Presentation* KestroAUViewController::presentation() {

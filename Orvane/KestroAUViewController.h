@@ -257,7 +257,7 @@ class KestroAUViewController : public toolkit::ViewController,
   void aboutOverlayRequestReview() override;
   bool aboutOverlayCanRequestReview() override;
   void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }
-  /// Escape closes an overlay, wherever the keyboard is.
+  /// Escape closes an overlay, else it ends learn mode.
   bool keyPressed(const platform::KeyEvent& event) override;
 
   void viewDidLoad() override;
@@ -293,6 +293,8 @@ class KestroAUViewController : public toolkit::ViewController,
   platform::Application* application();
   /// The control that shows the key's binding: its own, or the part of one that holds several.
   kestroui::Container* midiMapContainer(const kestroui::ParamKey& key) const;
+  /// In every place that shows the key's parameter.
+  void markMidiMap(const kestroui::ParamKey& key, bool selected);
 
   platform::Weak<platform::AudioUnit> audioUnit_;
   DSPParameters parameters_;

@@ -20,6 +20,8 @@ class KestroAUViewControllerDelegate {
   /// The user wants the binding of `key`, never null, deleted. The host forgets it and answers with
   /// the controller's removeMap or update.
   virtual void deleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) = 0;
+  /// Learn mode has begun or ended, whoever did it.
+  virtual void midiMappingDidChange() {}
 };
 
 }  // namespace orvane

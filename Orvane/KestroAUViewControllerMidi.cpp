@@ -28,9 +28,19 @@ void visitParts(const ControlCollection& controls, const std::string& key, const
 }  // namespace
 
 void KestroAUViewController::setMidiMappingEnabled(bool enabled) {
+  if (enabled == midiMappingEnabled_) return;
   midiMappingEnabled_ = enabled;
+  // Nothing waits any more; who waited last is still told by lastMidiMapKey.
+  if (!enabled && lastMidiMapKey_) markMidiMap(*lastMidiMapKey_, false);
   for (const auto& [key, container] : controls_->controls())
     container->setMidiMappingEnabled(enabled);
+  if (auto* host = hostDelegate.get()) host->midiMappingDidChange();
+}
+
+void KestroAUViewController::markMidiMap(const kestroui::ParamKey& key, bool selected) {
+  if (Container* const own = midiMapContainer(key)) own->setMidiMapSelected(selected);
+  visitParts(*controls_, key.key(),
+             [selected](Container& part) { part.setMidiMapSelected(selected); });
 }
 
 Container* KestroAUViewController::midiMapContainer(const kestroui::ParamKey& key) const {
@@ -87,15 +97,12 @@ void KestroAUViewController::setMidiValue(std::uint8_t midiValue, const Key& key
 void KestroAUViewController::didSelectMidiMap(const Key& key, Container* container) {
   if (!key) return;
   if (auto* before = lastMidiMapppedContainer_.get()) before->setMidiMapSelected(false);
-  if (lastMidiMapKey_)
-    visitParts(*controls_, lastMidiMapKey_->key(),
-               [](Container& part) { part.setMidiMapSelected(false); });
+  if (lastMidiMapKey_) markMidiMap(*lastMidiMapKey_, false);
   lastMidiMapKey_ = key;
   lastMidiMapppedContainer_ = container;
   if (auto* several = dynamic_cast<MultipleContainer*>(container))
     foundation::printToConsole(std::to_string(several->subContainers().size()));
-  if (Container* const selected = midiMapContainer(*key)) selected->setMidiMapSelected(true);
-  visitParts(*controls_, key->key(), [](Container& part) { part.setMidiMapSelected(true); });
+  markMidiMap(*key, true);
   if (auto* host = hostDelegate.get()) host->didSelectMidiMap(key);
 }
 

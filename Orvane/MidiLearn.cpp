@@ -16,6 +16,10 @@ constexpr std::uint8_t noteOff = 0x80, noteOn = 0x90, keyPressure = 0xa0, contro
                        channelPressure = 0xd0, pitchBend = 0xe0;
 /// From here on controllers are commands to the channel.
 constexpr std::uint8_t firstModeMessage = 120;
+/// Control changes from here to the double of it are the fine halves of those below it.
+constexpr std::uint32_t firstFineControl = 32;
+/// Data increment and decrement, and the numbers of registered and other parameters.
+constexpr std::uint32_t firstParameterNumber = 96, lastParameterNumber = 101;
 
 Key keyNamed(const std::string& key) { return std::make_shared<kestroui::ParamKey>(key); }
 
@@ -39,35 +43,36 @@ MidiLearn::MidiLearn(platform::AudioUnit& audioUnit)
 void MidiLearn::setEditor(KestroAUViewController* editor) {
   if (editor_ == editor) return;
   setLearning(false);
+  setWaiting(nullptr);
   editor_ = editor;
-  if (editor) {
-    editor->hostDelegate = this;
-    for (const auto& [key, message] : bindings_) show(key, message);
-  }
-  updateCapture();
+  if (!editor) return;
+  editor->hostDelegate = this;
+  for (const auto& [key, message] : bindings_) show(key, message);
 }
 
 bool MidiLearn::isLearning() const { return editor_ && editor_->midiMappingEnabled(); }
 
 void MidiLearn::setLearning(bool learning) {
-  if (!editor_ || learning == isLearning()) return;
-  editor_->setMidiMappingEnabled(learning);
-  updateCapture();
-  if (learningChanged) learningChanged();
+  if (editor_) editor_->setMidiMappingEnabled(learning);
 }
 
-void MidiLearn::updateCapture() {
-  const bool waits = isLearning() && editor_->lastMidiMapKey();
-  if (!waits) captured_.store(0);
+void MidiLearn::midiMappingDidChange() {
+  setWaiting(nullptr);
+  if (const auto tell = learningChanged) tell();
+}
+
+void MidiLearn::setWaiting(Key key) {
+  // What was heard before was not meant for this one.
+  captured_.store(0);
+  waiting_ = std::move(key);
+  const bool waits = waiting_ != nullptr;
   if (capturing_.exchange(waits) == waits) return;
   // A copy: what it does may replace it.
   if (const auto tell = waitingChanged) tell();
 }
 
-void MidiLearn::didSelectMidiMap(const Key&) {
-  // What was heard before was not meant for this one.
-  captured_.store(0);
-  updateCapture();
+void MidiLearn::didSelectMidiMap(const Key& key) {
+  if (isLearning()) setWaiting(key);
 }
 
 void MidiLearn::deleteMidiMap(const Key& key) { remove(key->key()); }
@@ -87,11 +92,22 @@ bool MidiLearn::bind(const std::string& key, const Message& message) {
   const std::optional<Heard> heard = hear(message);
   Target* const bound = target(key);
   if (!heard || !bound) return false;
+  removeAliases(key, *bound);
   bound->code.store(heard->code);
-  bindings_[key] = message;
+  Message& before = bindings_[key];
+  const bool isNew = before != message;
+  before = message;
   show(key, message);
-  changed();
+  if (isNew) changed();
   return true;
+}
+
+void MidiLearn::removeAliases(const std::string& key, const Target& bound) {
+  std::erase_if(bindings_, [&](const auto& other) {
+    if (other.first == key || target(other.first) != &bound) return false;
+    show(other.first, std::nullopt);
+    return true;
+  });
 }
 
 void MidiLearn::remove(const std::string& key) {
@@ -178,7 +194,7 @@ bool MidiLearn::receive(std::span<const std::uint8_t> message) {
   if (capturing_.load(std::memory_order_acquire)) {
     const bool isControl = (message[0] & 0xf0) == controlChange;
     const bool isKept = isControl || heard->isNoteOn;
-    if (isKept) captured_.store(heard->code, std::memory_order_release);
+    if (isKept) capture(heard->code);
     return isKept;
   }
   bool hasMoved = false;
@@ -194,11 +210,27 @@ bool MidiLearn::receive(std::span<const std::uint8_t> message) {
   return hasMoved;
 }
 
+void MidiLearn::capture(Code code) {
+  const bool isControl = (code >> 8 & 0xf0) == controlChange;
+  const Code number = code & 0x7f;
+  // These name the parameter whose value follows.
+  if (isControl && number >= firstParameterNumber && number <= lastParameterNumber) return;
+  Code kept = captured_.load(std::memory_order_relaxed);
+  do {
+    // The first counts, unless it was the fine half of this one.
+    const bool isCoarse = isControl && number < firstFineControl && kept == code + firstFineControl;
+    if (kept != 0 && !isCoarse) return;
+  } while (!captured_.compare_exchange_weak(kept, code, std::memory_order_acq_rel));
+}
+
 void MidiLearn::poll() {
+  // The editor may have gone without a word.
+  if (waiting_ && !isLearning()) setWaiting(nullptr);
   const Code code = captured_.exchange(0, std::memory_order_acq_rel);
-  if (code == 0 || !isLearning()) return;
-  if (const Key key = editor_->lastMidiMapKey())
-    bind(key->key(), {static_cast<std::uint8_t>(code >> 8), static_cast<std::uint8_t>(code)});
+  if (code == 0 || !waiting_) return;
+  const Key key = waiting_;
+  setWaiting(nullptr);
+  bind(key->key(), {static_cast<std::uint8_t>(code >> 8), static_cast<std::uint8_t>(code)});
 }
 
 }  // namespace orvane

@@ -44,7 +44,7 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   void setLearning(bool learning);
   /// Called after learn mode has begun or ended.
   std::function<void()> learningChanged;
-  /// A control waits for the next message.
+  /// A control waits for the next message: it was selected, and nothing has come since.
   bool isWaiting() const { return capturing_.load(); }
   /// Called after that has changed.
   std::function<void()> waitingChanged;
@@ -66,6 +66,8 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   void setState(const platform::PropertyList* state);
 
   /// A message that has arrived: moves what is bound to it, or keeps it for the control that waits.
+  /// Of a control that sends several messages at once (14 bits in two control changes, a numbered
+  /// parameter) it keeps the coarse value.
   /// False for one that does neither. Any thread; takes no lock and allocates nothing.
   bool receive(std::span<const std::uint8_t> message);
   /// Binds the control that waits to what `receive` has kept.
@@ -73,6 +75,7 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
 
   void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
   void deleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void midiMappingDidChange() override;
 
  private:
   /// What tells bound messages apart: the status byte and the number, never 0.
@@ -88,8 +91,12 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   };
 
   static std::optional<Heard> hear(std::span<const std::uint8_t> message);
+  /// Keeps the first message that a control may be bound to.
+  void capture(Code code);
   Target* target(const std::string& key);
-  void updateCapture();
+  void setWaiting(std::shared_ptr<kestroui::ParamKey> key);
+  /// The bindings of other keys of the same parameter go.
+  void removeAliases(const std::string& key, const Target& target);
   void show(const std::string& key, const std::optional<Message>& message);
   void changed();
 
@@ -99,9 +106,11 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   std::map<std::string, Target*> targetOfKey_;
   Bindings bindings_;
   platform::Weak<KestroAUViewController> editor_;
-  /// A control waits.
+  /// The key that waits for a message, or null.
+  std::shared_ptr<kestroui::ParamKey> waiting_;
+  /// The same for `receive`.
   std::atomic<bool> capturing_{false};
-  /// The last message that it may be bound to, or 0.
+  /// The message that it is to be bound to, or 0.
   std::atomic<Code> captured_{0};
 };
 

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+#include <vector>
+
 #include "KestroUI/MidiMapBadge.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/ValueContainers.h"
@@ -59,6 +63,7 @@ class MidiLearnTest : public testing::Test {
     window.tap(view.frameInRoot().centre());
     loop.settle();
   }
+  void press(platform::Key key) { window.window.keyPressed({key, platform::Modifiers::none, ""}); }
   void send(Message message) {
     learn.receive(message);
     learn.poll();
@@ -123,7 +128,7 @@ TEST_F(MidiLearnTest, ATapInLearnModeSelectsAndTheNextMessageBinds) {
   send({0x91, 36, 5});
   learn.setLearning(false);
   EXPECT_EQ(waiting(), "on");
-  EXPECT_EQ(waits, "+-");
+  EXPECT_EQ(waits, "+-+-");
 
   send({0xb0, 74, 127});
   send({0x91, 36, 5});
@@ -235,6 +240,116 @@ TEST_F(MidiLearnTest, AnEditorThatOpensLaterShowsTheBindingsAndOneThatClosesEnds
   second.view();
   learn.setEditor(&second);
   EXPECT_EQ(second.container("mode")->midiMapMessage(), Message{0xe0});
+}
+
+TEST_F(MidiLearnTest, OneControlWaitsAtATimeInWhateverOrderTheyAreTapped) {
+  const auto selected = [&] {
+    std::string names;
+    for (const auto& [key, shown] : controller.controls().controls())
+      if (shown->midiMapSelected()) names += key->key() + ' ';
+    for (const auto& part : pair().subContainers())
+      if (part->midiMapSelected()) names += '/' + part->key()->key() + ' ';
+    return names;
+  };
+  learn.setLearning(true);
+  tap(*pair().subContainer("right"));
+  EXPECT_EQ(selected(), "/right ");
+  tap(container("cutoff"));
+  EXPECT_EQ(selected(), "cutoff ");
+  tap(*pair().subContainer("left"));
+  EXPECT_EQ(selected(), "/left ");
+  learn.setLearning(false);
+  EXPECT_EQ(selected(), "");
+  EXPECT_EQ(waiting(), "left") << "who waited last is still known";
+}
+
+TEST_F(MidiLearnTest, TheFirstMessageBindsAndOfSeveralThatBelongTogetherTheCoarseOne) {
+  const struct {
+    std::vector<Message> sent;
+    Message bound;
+  } rows[] = {
+      {{{0xb0, 1, 5}, {0xb0, 2, 5}}, {0xb0, 1}},
+      {{{0xb0, 1, 5}, {0xb0, 33, 99}}, {0xb0, 1}},
+      {{{0xb0, 33, 99}, {0xb0, 1, 5}}, {0xb0, 1}},
+      {{{0xb0, 33, 99}, {0xb1, 1, 5}}, {0xb0, 33}},
+      {{{0xb0, 33, 99}}, {0xb0, 33}},
+      {{{0xb0, 99, 1}, {0xb0, 98, 7}, {0xb0, 6, 64}, {0xb0, 38, 12}}, {0xb0, 6}},
+      {{{0x90, 60, 100}, {0x80, 60, 0}, {0x90, 62, 100}}, {0x90, 60}},
+  };
+  learn.setLearning(true);
+  for (const auto& row : rows) {
+    learn.removeAll();
+    tap(container("cutoff"));
+    for (const Message& message : row.sent) learn.receive(message);
+    learn.poll();
+    EXPECT_EQ(learn.bindings(), (MidiLearn::Bindings{{"cutoff", row.bound}}));
+    // It has what it waited for: what comes now moves it.
+    EXPECT_FALSE(learn.isWaiting());
+  }
+}
+
+TEST_F(MidiLearnTest, LearningAgainBindsNothingUntilAControlIsChosen) {
+  learn.setLearning(true);
+  tap(container("cutoff"));
+  send({0xb0, 74, 0});
+  learn.setLearning(false);
+  learn.setLearning(true);
+  EXPECT_FALSE(learn.isWaiting());
+  send({0xb0, 64, 127});
+  EXPECT_EQ(learn.bindings(), (MidiLearn::Bindings{{"cutoff", {0xb0, 74}}}));
+}
+
+TEST_F(MidiLearnTest, MidiGoesOnHoweverLearnModeEnds) {
+  const std::vector<std::function<void()>> ways{[&] { controller.setMidiMappingEnabled(false); },
+                                                [&] { press(platform::Key::escape); },
+                                                [&] { learn.setLearning(false); }};
+  learn.bind("on", {0xb0, 20});
+  int told = 0;
+  learn.learningChanged = [&] { ++told; };
+  for (const auto& leave : ways) {
+    unit.setParameter("on", 0);
+    learn.setLearning(true);
+    tap(container("cutoff"));
+    leave();
+    EXPECT_FALSE(learn.isLearning());
+    EXPECT_FALSE(learn.isWaiting());
+    send({0xb0, 20, 127});
+    EXPECT_EQ(parameter("on"), 1);
+  }
+  EXPECT_EQ(told, 6);
+}
+
+TEST_F(MidiLearnTest, AnEditorThatGoesWithoutAWordDoesNotKeepTheMessages) {
+  auto second = std::make_unique<support::TestController>(design);
+  second->setAudioUnit(&unit);
+  second->view();
+  learn.setEditor(second.get());
+  learn.bind("on", {0xb0, 20});
+  learn.setLearning(true);
+  second->didSelectMidiMap(second->container("cutoff")->key(), second->container("cutoff").get());
+  second.reset();
+  send({0xb0, 20, 127});
+  send({0xb0, 20, 127});
+  EXPECT_EQ(parameter("on"), 1);
+}
+
+TEST_F(MidiLearnTest, WhatIsBoundAlreadyIsNotToldAgain) {
+  int changes = 0;
+  learn.bindingsChanged = [&] { ++changes; };
+  for (int i = 0; i < 3; ++i) learn.bind("cutoff", {0xb0, 74});
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(MidiLearnTest, KeysMoveNothingBelowTheBadges) {
+  container("cutoff").control()->becomeFirstResponder();
+  learn.setLearning(true);
+  for (const auto key : {platform::Key::up, platform::Key::pageUp, platform::Key::end}) press(key);
+  loop.settle();
+  EXPECT_EQ(parameter("cutoff"), 20);
+  learn.setLearning(false);
+  press(platform::Key::end);
+  loop.settle();
+  EXPECT_EQ(parameter("cutoff"), 20000) << "the control has the keyboard back";
 }
 
 }  // namespace

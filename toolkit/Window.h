@@ -66,7 +66,8 @@ class Window : public platform::Responder {
   void hoverEnded();
   /// False when nobody used it.
   bool wheelTurned(const platform::WheelEvent& event) override;
-  /// To the first responder and on along its chain, else to the root; Tab that nobody used moves
+  /// To the first responder and on along its chain; without one, to the controllers from the
+  /// uppermost child to the root. Tab that nobody used moves
   /// the keyboard to the next control in tree order (with Shift the previous one). False when
   /// nobody used it: the host gets it back.
   bool keyPressed(const platform::KeyEvent& event) override;

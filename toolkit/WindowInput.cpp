@@ -212,12 +212,27 @@ bool Window::wheelTurned(const WheelEvent& event) {
                [&](Responder& responder) { return responder.wheelTurned(event); });
 }
 
+namespace {
+
+/// To the controllers below one, the uppermost first, as for a key that no view of theirs has.
+bool offerToChildren(ViewController& controller, const KeyEvent& event) {
+  std::vector<Weak<ViewController>> children;
+  for (ViewController* child : controller.children()) children.emplace_back(child);
+  for (auto child = children.rbegin(); child != children.rend(); ++child)
+    if (*child && (offerToChildren(**child, event) || (*child && (*child)->keyPressed(event))))
+      return true;
+  return false;
+}
+
+}  // namespace
+
 bool Window::keyPressed(const KeyEvent& event) {
   const Weak<Window> self = this;
   releaseLost();
   if (!self) return false;
   View* const first = firstResponder_ ? firstResponder_.get() : rootView_;
-  const bool used = offer(first, this, [&](Responder& r) { return r.keyPressed(event); });
+  bool used = !firstResponder_ && root_ && offerToChildren(*root_, event);
+  if (!used && self) used = offer(first, this, [&](Responder& r) { return r.keyPressed(event); });
   if (used || !self || event.key != Key::tab) return used;
   if (event.modifiers == Modifiers::none) return moveKeyboard(1);
   if (event.modifiers == Modifiers::shift) return moveKeyboard(-1);
