@@ -1,7 +1,5 @@
 #include "foundation/FolderWatch.h"
 
-#if defined(__linux__)
-
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
@@ -60,15 +58,3 @@ bool FolderWatch::mayHaveChanged() {
 }
 
 }  // namespace foundation
-
-#else
-
-namespace foundation {
-
-FolderWatch::FolderWatch(const std::string& path) : path_(path) {}
-FolderWatch::~FolderWatch() = default;
-bool FolderWatch::mayHaveChanged() { return true; }
-
-}  // namespace foundation
-
-#endif

@@ -44,15 +44,8 @@ std::int64_t nanoseconds(const timespec& time) {
 }
 
 platform::FileStamp stampOf(const struct stat& status) {
-#if defined(__APPLE__)
-  const timespec& modified = status.st_mtimespec;
-  const timespec& changed = status.st_ctimespec;
-#else
-  const timespec& modified = status.st_mtim;
-  const timespec& changed = status.st_ctim;
-#endif
-  return {static_cast<std::uint64_t>(status.st_ino), nanoseconds(modified), nanoseconds(changed),
-          static_cast<std::uint64_t>(status.st_size)};
+  return {static_cast<std::uint64_t>(status.st_ino), nanoseconds(status.st_mtim),
+          nanoseconds(status.st_ctim), static_cast<std::uint64_t>(status.st_size)};
 }
 
 /// A folder that only this user can enter, so that nobody prepares traps in it.

@@ -10,10 +10,6 @@
 #include <string_view>
 #include <utility>
 
-#if defined(__APPLE__)
-#include <xlocale.h>
-#endif
-
 #include "foundation/BinaryPropertyList.h"
 #include "foundation/UnicodeText.h"
 
@@ -31,20 +27,6 @@ using Node = std::unique_ptr<void, FreeNode>;
 /// libplist reads and writes reals in the current locale; a host may have set one with commas.
 class PlainNumbers {
  public:
-#if defined(_WIN32)
-  PlainNumbers() : mode_(_configthreadlocale(_ENABLE_PER_THREAD_LOCALE)) {
-    saved_ = std::setlocale(LC_NUMERIC, nullptr);
-    std::setlocale(LC_NUMERIC, "C");
-  }
-  ~PlainNumbers() {
-    std::setlocale(LC_NUMERIC, saved_.c_str());
-    _configthreadlocale(mode_);
-  }
-
- private:
-  int mode_;
-  std::string saved_;
-#else
   PlainNumbers() : plain_(newlocale(LC_NUMERIC_MASK, "C", nullptr)), saved_(uselocale(plain_)) {}
   ~PlainNumbers() {
     uselocale(saved_);
@@ -54,7 +36,6 @@ class PlainNumbers {
  private:
   locale_t plain_;
   locale_t saved_;
-#endif
 };
 
 /// Whether the elements of an XML text stay within `limit` levels. Comments and verbatim text are
