@@ -61,15 +61,13 @@ class Canvas {
  public:
   virtual ~Canvas() = default;
 
-  /// Remembers transform and clip; every save has one restore.
+  /// Remembers placement and clip; every save has one restore.
   virtual void save() = 0;
   virtual void restore() = 0;
-  /// Applies `transform` before the current one.
-  virtual void concat(const AffineTransform& transform) = 0;
+  /// What follows is painted in coordinates that lie so in the current ones.
+  virtual void place(const Placement& placement) = 0;
   /// Nothing outside `rect` is painted until the matching restore.
   virtual void clip(const Rect& rect) = 0;
-  /// Multiplies the alpha of all that follows until the matching restore; 0 to 1.
-  virtual void multiplyAlpha(float alpha) = 0;
 
   virtual void fillRect(const Rect& rect, const Paint& paint) = 0;
   virtual void fillRoundedRect(const Rect& rect, double radius, const Paint& paint) = 0;

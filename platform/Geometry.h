@@ -67,25 +67,24 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-/// x' = a x + c y + tx, y' = b x + d y + ty.
-struct AffineTransform {
-  double a = 1, b = 0, c = 0, d = 1, tx = 0, ty = 0;
+/// Where the coordinates of a part lie in those of its whole. Nothing in an editor is turned.
+struct Placement {
+  /// Of the part's (0, 0).
+  Point origin;
+  /// Points of the whole to one of the part; above 0.
+  double scale = 1;
 
-  static AffineTransform translation(double x, double y) { return {1, 0, 0, 1, x, y}; }
-  static AffineTransform scale(double sx, double sy) { return {sx, 0, 0, sy, 0, 0}; }
-
-  Point apply(Point p) const { return {a * p.x + c * p.y + tx, b * p.x + d * p.y + ty}; }
-  /// This one first, then `next`.
-  AffineTransform followedBy(const AffineTransform& next) const {
-    return {a * next.a + b * next.c,
-            a * next.b + b * next.d,
-            c * next.a + d * next.c,
-            c * next.b + d * next.d,
-            tx * next.a + ty * next.c + next.tx,
-            tx * next.b + ty * next.d + next.ty};
+  Point apply(Point p) const { return {scale * p.x + origin.x, scale * p.y + origin.y}; }
+  Rect apply(const Rect& r) const {
+    const Point first = apply(r.origin()), last = apply(Point{r.maxX(), r.maxY()});
+    return {first.x, first.y, last.x - first.x, last.y - first.y};
+  }
+  /// Where this lies in that in which `whole` lies.
+  Placement within(const Placement& whole) const {
+    return {whole.apply(origin), whole.scale * scale};
   }
 
-  friend bool operator==(const AffineTransform&, const AffineTransform&) = default;
+  friend bool operator==(const Placement&, const Placement&) = default;
 };
 
 }  // namespace platform

@@ -28,8 +28,8 @@ class Image {
     if (!drawing_ || rect.isEmpty() || size_.width <= 0 || size_.height <= 0) return;
     const double scale = std::min(rect.width / size_.width, rect.height / size_.height);
     canvas.save();
-    canvas.concat({scale, 0, 0, scale, rect.midX() - size_.width * scale / 2,
-                   rect.midY() - size_.height * scale / 2});
+    canvas.place(
+        {{rect.midX() - size_.width * scale / 2, rect.midY() - size_.height * scale / 2}, scale});
     (*drawing_)(canvas, tint);
     canvas.restore();
   }

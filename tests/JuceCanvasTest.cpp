@@ -193,19 +193,18 @@ TEST(JuceCanvas, aKeptRunPaintsLikeAFreshText) {
   }
 }
 
-TEST(JuceCanvas, restoreBringsBackTransformClipAndAlpha) {
+TEST(JuceCanvas, restoreBringsBackPlacementAndClip) {
   const juce::Image image = paint(2, {30, 10}, [](JuceCanvas& c) {
     c.save();
-    c.concat(platform::AffineTransform::translation(10, 0));
+    c.place({{10, 0}});
     c.clip({0, 0, 5, 10});
-    c.multiplyAlpha(0.5f);
     c.save();
-    c.clip({0, 0, 5, 5});
-    c.multiplyAlpha(0.5f);
-    c.fillRect({0, 0, 30, 10}, Color::white());
-    EXPECT_FALSE(c.intersectsClip({8, 0, 5, 5}));
+    c.place({{0, 0}, 0.5});
+    c.clip({0, 0, 10, 10});
+    c.fillRect({0, 0, 60, 20}, Color::white().withAlpha(0.25f));
+    EXPECT_FALSE(c.intersectsClip({16, 0, 10, 10}));
     c.restore();
-    c.fillRect({0, 5, 30, 10}, Color::white());
+    c.fillRect({0, 5, 30, 10}, Color::white().withAlpha(0.5f));
     c.restore();
     EXPECT_TRUE(c.intersectsClip({18, 0, 5, 5}));
     c.fillRect({20, 0, 10, 10}, Color::white());

@@ -107,9 +107,8 @@ TEST(RecorderTest, PlaysBackWhatWasPainted) {
   toolkit::Recorder canvas = recorder();
   canvas.begin({100, 100});
   canvas.save();
-  canvas.concat(AffineTransform::translation(10, 10));
+  canvas.place({{10, 10}});
   canvas.clip({0, 0, 50, 50});
-  canvas.multiplyAlpha(0.5f);
   canvas.fillEllipse({0, 0, 10, 10}, Color::white());
   canvas.strokePath(square(), {3, StrokeStyle::Cap::butt}, Color::white());
   canvas.restore();
@@ -117,7 +116,7 @@ TEST(RecorderTest, PlaysBackWhatWasPainted) {
   canvas.drawText("label", {}, {0, 80, 90, 10}, TextAlignment::left, Color::white());
   const auto& list = canvas.finish();
   EXPECT_THAT(replayed(list),
-              ElementsAre("save", "move 10 10", "clip 0 0 50 50", "alpha 0.5", "ellipse 0 0 10 10",
+              ElementsAre("save", "move 10 10", "clip 0 0 50 50", "ellipse 0 0 10 10",
                           "stroke 1 1 2 2 3", "restore", "border 10 10 20 20 2 1", "text label"));
   EXPECT_EQ(list.bounds(), (Rect{0, 9.5, 90, 80.5}));
   EXPECT_FALSE(list.exceedsSize());

@@ -7,17 +7,16 @@
 namespace headless {
 namespace {
 
-using platform::AffineTransform;
 using platform::Color;
 using platform::Paint;
 using platform::Rect;
 using Operation = RecordingCanvas::Operation;
 
-TEST(RecordingCanvas, PlacesWhatIsPaintedThroughTransforms) {
+TEST(RecordingCanvas, PlacesWhatIsPaintedInAPartOfAPart) {
   RecordingCanvas canvas;
   canvas.save();
-  canvas.concat(AffineTransform::translation(100, 50));
-  canvas.concat(AffineTransform::scale(2, 2));
+  canvas.place({{90, 40}});
+  canvas.place({{10, 10}, 2});
   canvas.fillRect({1, 2, 10, 20}, Color::white());
   canvas.restore();
   canvas.fillRect({1, 2, 3, 4}, Color::white());

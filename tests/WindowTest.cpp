@@ -84,7 +84,6 @@ TEST_F(WindowTest, IdleWindowWantsNoFrameAndPaintsNothing) {
   const int wanted = bench.framesWanted;
   view.setFrame({0, 0, 10, 10});
   view.setHidden(false);
-  view.setAlpha(1);
   view.setBackgroundColor(Color::clear());
   EXPECT_FALSE(bench.window.needsFrame());
   EXPECT_THAT(bench.frame(), IsEmpty());
@@ -168,10 +167,6 @@ TEST_F(WindowTest, DamagesWhereAViewWasAndWhereItIs) {
          leaf.setFrame({0, 35, 10, 10});
        },
        {{30, 130, 10, 10}, {0, 135, 10, 5}}},
-      {"translucent", [&] { panel.setAlpha(0.5f); }, {{0, 100, 40, 40}}},
-      {"clear", [&] { panel.setAlpha(0); }, {{0, 100, 40, 40}}},
-      {"repainted while clear", [&] { panel.setBackgroundColor(Color::black()); }, {}},
-      {"opaque", [&] { panel.setAlpha(1); }, {{0, 100, 40, 40}}},
       {"hidden", [&] { panel.setHidden(true); }, {{0, 100, 40, 40}}},
       {"changed while hidden",
        [&] {
@@ -320,19 +315,18 @@ TEST_F(WindowTest, ControllersWrapTheLayoutOfTheirViews) {
   EXPECT_TRUE(leaf.isShown());
 }
 
-TEST_F(WindowTest, CompositesBackToFrontWithClipsAndAlphaAndOnlyWhatMeetsTheArea) {
+TEST_F(WindowTest, CompositesBackToFrontWithClipsAndOnlyWhatMeetsTheArea) {
   ProbeView& panel = add(bench.root(), "panel", {10, 10, 40, 40});
   panel.setClipsToBounds(true);
-  panel.setAlpha(0.5f);
   add(panel, "leaf", {20, 20, 40, 40});
   add(bench.root(), "other", {200, 10, 10, 10});
   bench.frame();
   EXPECT_THAT(bench.painted(),
-              ElementsAre("clip 10 10 40 40", "alpha 0.5", "move 10 10", "rect 0 0 40 40",
-                          "move 30 30", "rect 0 0 40 40", "move 200 10", "rect 0 0 10 10"));
+              ElementsAre("clip 10 10 40 40", "move 10 10", "rect 0 0 40 40", "move 30 30",
+                          "rect 0 0 40 40", "move 200 10", "rect 0 0 10 10"));
   EXPECT_THAT(bench.painted({195, 0, 10, 300}), ElementsAre("move 200 10", "rect 0 0 10 10"));
   EXPECT_THAT(bench.painted({11, 11, 5, 5}),
-              ElementsAre("clip 10 10 40 40", "alpha 0.5", "move 10 10", "rect 0 0 40 40"));
+              ElementsAre("clip 10 10 40 40", "move 10 10", "rect 0 0 40 40"));
 }
 
 TEST_F(WindowTest, CompositesTheSameUntilTheNextFrame) {

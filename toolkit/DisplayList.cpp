@@ -23,10 +23,10 @@ class Values {
     next_ += 4;
     return r;
   }
-  platform::AffineTransform transform() {
-    const platform::AffineTransform t{next_[0], next_[1], next_[2], next_[3], next_[4], next_[5]};
-    next_ += 6;
-    return t;
+  platform::Placement placement() {
+    const platform::Placement p{{next_[0], next_[1]}, next_[2]};
+    next_ += 3;
+    return p;
   }
 
  private:
@@ -45,14 +45,11 @@ void DisplayList::replay(platform::Canvas& canvas) const {
       case Op::restore:
         canvas.restore();
         break;
-      case Op::concat:
-        canvas.concat(values.transform());
+      case Op::place:
+        canvas.place(values.placement());
         break;
       case Op::clip:
         canvas.clip(values.rect());
-        break;
-      case Op::multiplyAlpha:
-        canvas.multiplyAlpha(static_cast<float>(values.number()));
         break;
       case Op::fillRect:
         canvas.fillRect(values.rect(), paints_[c.paint]);

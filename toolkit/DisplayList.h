@@ -32,9 +32,8 @@ class DisplayList {
   enum class Op : unsigned char {
     save,
     restore,
-    concat,
+    place,
     clip,
-    multiplyAlpha,
     fillRect,
     fillRoundedRect,
     strokeRoundedRect,

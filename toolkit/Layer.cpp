@@ -8,13 +8,11 @@
 
 namespace toolkit {
 
-using platform::AffineTransform;
 using platform::Canvas;
 using platform::Color;
 using platform::fatal;
 using platform::Paint;
 using platform::Path;
-using platform::Point;
 using platform::Rect;
 using platform::StrokeStyle;
 
@@ -91,7 +89,7 @@ void Layer::render(Canvas& canvas) const {
   for (const Layer* sublayer : sublayers_) {
     if (sublayer->hidden_) continue;
     canvas.save();
-    canvas.concat(AffineTransform::translation(sublayer->frame_.x, sublayer->frame_.y));
+    canvas.place({sublayer->frame_.origin()});
     sublayer->render(canvas);
     canvas.restore();
   }
@@ -108,13 +106,6 @@ void GradientLayer::setColors(std::vector<Color> colors) {
   changed();
 }
 
-void GradientLayer::setPoints(Point start, Point end) {
-  if (start == start_ && end == end_) return;
-  start_ = start;
-  end_ = end;
-  changed();
-}
-
 void GradientLayer::renderContent(Canvas& canvas) const {
   const Rect bounds{0, 0, frame().width, frame().height};
   if (colors_.size() < 2 || bounds.isEmpty()) return;
@@ -122,9 +113,9 @@ void GradientLayer::renderContent(Canvas& canvas) const {
   stops.reserve(colors_.size());
   for (std::size_t i = 0; i < colors_.size(); ++i)
     stops.push_back({static_cast<double>(i) / static_cast<double>(colors_.size() - 1), colors_[i]});
+  const double x = bounds.midX();
   canvas.fillRoundedRect(bounds, cornerRadius(),
-                         Paint({start_.x * bounds.width, start_.y * bounds.height},
-                               {end_.x * bounds.width, end_.y * bounds.height}, std::move(stops)));
+                         Paint({x, 0}, {x, bounds.height}, std::move(stops)));
 }
 
 void ShapeLayer::setPath(Path path) {

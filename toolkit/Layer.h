@@ -61,22 +61,18 @@ class Layer {
   bool hidden_ = false;
 };
 
-/// A linear gradient from top to bottom, or between two points of the unit square.
+/// A linear gradient from top to bottom.
 class GradientLayer : public Layer {
  public:
-  /// At least two colours, spread evenly from start to end; fewer paint nothing.
+  /// At least two colours, spread evenly; fewer paint nothing.
   void setColors(std::vector<platform::Color> colors);
   const std::vector<platform::Color>& colors() const { return colors_; }
-  /// In units of the frame: (0.5, 0) and (0.5, 1) at first.
-  void setPoints(platform::Point start, platform::Point end);
 
  protected:
   void renderContent(platform::Canvas& canvas) const override;
 
  private:
   std::vector<platform::Color> colors_;
-  platform::Point start_{0.5, 0};
-  platform::Point end_{0.5, 1};
 };
 
 /// An outline that is filled, stroked or both.

@@ -5,11 +5,11 @@
 
 namespace toolkit {
 
-using platform::AffineTransform;
 using platform::Color;
 using platform::Font;
 using platform::Paint;
 using platform::Path;
+using platform::Placement;
 using platform::Point;
 using platform::Rect;
 
@@ -33,17 +33,6 @@ bool isVisible(const Paint& paint) {
   if (paint.stops.empty()) return paint.color.alpha > 0;
   return std::any_of(paint.stops.begin(), paint.stops.end(),
                      [](const Paint::Stop& stop) { return stop.color.alpha > 0; });
-}
-
-Rect boxOf(const Rect& r, const AffineTransform& t) {
-  const Point corners[] = {t.apply({r.x, r.y}), t.apply({r.maxX(), r.y}), t.apply({r.x, r.maxY()}),
-                           t.apply({r.maxX(), r.maxY()})};
-  Point low = corners[0], high = corners[0];
-  for (Point p : corners) {
-    low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-    high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-  }
-  return {low.x, low.y, high.x - low.x, high.y - low.y};
 }
 
 }  // namespace
@@ -77,23 +66,18 @@ void Recorder::restore() {
     add(Op::restore);
 }
 
-void Recorder::concat(const AffineTransform& transform) {
-  state_.transform = transform.followedBy(state_.transform);
-  add(Op::concat);
-  const AffineTransform& t = transform;
-  list_.values_.insert(list_.values_.end(), {t.a, t.b, t.c, t.d, t.tx, t.ty});
+void Recorder::place(const Placement& placement) {
+  state_.placement = placement.within(state_.placement);
+  add(Op::place);
+  list_.values_.insert(list_.values_.end(),
+                       {placement.origin.x, placement.origin.y, placement.scale});
 }
 
 void Recorder::clip(const Rect& rect) {
   const Rect area = rect.isEmpty() || !isFinite(rect) ? Rect{} : rect;
-  state_.clip = state_.clip.intersection(boxOf(area, state_.transform));
+  state_.clip = state_.clip.intersection(state_.placement.apply(area));
   add(Op::clip);
   addRect(area);
-}
-
-void Recorder::multiplyAlpha(float alpha) {
-  add(Op::multiplyAlpha);
-  list_.values_.push_back(alpha > 0 ? std::min(alpha, 1.0f) : 0.0f);
 }
 
 void Recorder::fillRect(const Rect& rect, const Paint& paint) {
@@ -161,11 +145,11 @@ double Recorder::textWidth(std::string_view text, const Font& font) {
 }
 
 bool Recorder::intersectsClip(const Rect& rect) const {
-  return state_.clip.intersection(bounds_).intersects(boxOf(rect, state_.transform));
+  return state_.clip.intersection(bounds_).intersects(state_.placement.apply(rect));
 }
 
 bool Recorder::cover(const Rect& area) {
-  const Rect box = boxOf(area, state_.transform);
+  const Rect box = state_.placement.apply(area);
   if (!isFinite(box)) return false;
   const Rect shown = box.intersection(state_.clip);
   const Rect inside = shown.intersection(bounds_);

@@ -25,9 +25,8 @@ class Recorder final : public platform::Canvas {
 
   void save() override;
   void restore() override;
-  void concat(const platform::AffineTransform& transform) override;
+  void place(const platform::Placement& placement) override;
   void clip(const platform::Rect& rect) override;
-  void multiplyAlpha(float alpha) override;
   void fillRect(const platform::Rect& rect, const platform::Paint& paint) override;
   void fillRoundedRect(const platform::Rect& rect, double radius,
                        const platform::Paint& paint) override;
@@ -46,7 +45,7 @@ class Recorder final : public platform::Canvas {
  private:
   using Op = DisplayList::Op;
   struct State {
-    platform::AffineTransform transform;
+    platform::Placement placement;
     /// In the view's coordinates.
     platform::Rect clip;
   };

@@ -155,13 +155,6 @@ bool View::isShown() const {
   return !v->hidden_ && v->rootOf_;
 }
 
-void View::setAlpha(float alpha) {
-  const float next = std::clamp(alpha, 0.0f, 1.0f);
-  if (std::isnan(alpha) || next == alpha_) return;
-  alpha_ = next;
-  markNeeds(Need::place);
-}
-
 void View::setClipsToBounds(bool clips) {
   if (clips == clipsToBounds_) return;
   clipsToBounds_ = clips;
@@ -171,7 +164,7 @@ void View::setClipsToBounds(bool clips) {
 // Touches
 
 View* View::hitTest(Point point) {
-  if (hidden_ || !userInteractionEnabled_ || alpha_ <= 0) return nullptr;
+  if (hidden_ || !userInteractionEnabled_) return nullptr;
   if (clipsToBounds_ && !bounds().contains(point)) return nullptr;
   for (auto i = subviews_.rbegin(); i != subviews_.rend(); ++i)
     if (View* hit = (*i)->hitTest(point - (*i)->frame_.origin())) return hit;

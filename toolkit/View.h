@@ -69,8 +69,6 @@ class View : public platform::Responder {
   virtual void setHidden(bool hidden);
   /// Not hidden, nor any superview, and in a window.
   bool isShown() const;
-  float alpha() const { return alpha_; }
-  void setAlpha(float alpha);
   /// Nothing below is painted or hit outside the bounds. Off at first.
   bool clipsToBounds() const { return clipsToBounds_; }
   void setClipsToBounds(bool clips);
@@ -147,7 +145,7 @@ class View : public platform::Responder {
       paint = 4,
       /// The recording has changed.
       content = 8,
-      /// Frame, visibility, alpha or place among its siblings have changed.
+      /// Frame, visibility or place among its siblings have changed.
       place = 16,
       /// A view below needs something.
       below = 32,
@@ -163,7 +161,6 @@ class View : public platform::Responder {
     platform::Rect tree;
     /// The bounds, when they clip.
     platform::Rect clip;
-    float alpha = 1;
     bool clips = false;
   };
 
@@ -179,7 +176,6 @@ class View : public platform::Responder {
   Window* rootOf_ = nullptr;
   Layer layer_;
   platform::Rect frame_;
-  float alpha_ = 1;
   bool hidden_ = false;
   bool clipsToBounds_ = false;
   bool userInteractionEnabled_ = true;

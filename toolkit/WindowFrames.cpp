@@ -6,7 +6,6 @@
 
 namespace toolkit {
 
-using platform::AffineTransform;
 using platform::Canvas;
 using platform::Point;
 using platform::Rect;
@@ -138,8 +137,7 @@ void Window::damagePass(View& view, Point origin, const Rect& clip) {
   View::Composited& c = view.composited_;
   if (view.needs_ & Need::content) {
     const Rect& covered = view.recording_->list.bounds();
-    const Rect area =
-        covered.translated(c.origin.x, c.origin.y).intersection(c.alpha > 0 ? clip : Rect{});
+    const Rect area = covered.translated(c.origin.x, c.origin.y).intersection(clip);
     damage(c.area);
     damage(area);
     c.area = area;
@@ -149,8 +147,7 @@ void Window::damagePass(View& view, Point origin, const Rect& clip) {
     bool below = false;
     c.tree = c.area;
     for (View* subview : view.subviews_) {
-      if (subview->concernsFrame())
-        damagePass(*subview, c.origin, c.alpha > 0 ? clipBelow : Rect{});
+      if (subview->concernsFrame()) damagePass(*subview, c.origin, clipBelow);
       below = below || subview->concernsFrame();
       c.tree = c.tree.unionWith(subview->composited_.tree);
     }
@@ -163,7 +160,6 @@ void Window::placeAgain(View& view, Point origin, const Rect& clip) {
   using Need = View::Need;
   view.needs_ &= ~static_cast<unsigned>(Need::place);
   View::Composited& c = view.composited_;
-  c.alpha = view.alpha_;
   c.clips = view.clipsToBounds_;
   c.origin = origin + view.frame_.origin();
   c.clip = view.bounds().translated(c.origin.x, c.origin.y);
@@ -171,11 +167,10 @@ void Window::placeAgain(View& view, Point origin, const Rect& clip) {
   if (view.hidden_) return;
 
   view.needs_ &= ~static_cast<unsigned>(Need::content | Need::below);
-  const Rect seen = c.alpha > 0 ? clip : Rect{};
   if (view.recording_)
-    c.area = view.recording_->list.bounds().translated(c.origin.x, c.origin.y).intersection(seen);
+    c.area = view.recording_->list.bounds().translated(c.origin.x, c.origin.y).intersection(clip);
   c.tree = c.area;
-  const Rect clipBelow = c.clips ? seen.intersection(c.clip) : seen;
+  const Rect clipBelow = c.clips ? clip.intersection(c.clip) : clip;
   for (View* subview : view.subviews_) {
     placeAgain(*subview, c.origin, clipBelow);
     if (subview->concernsFrame()) view.needs_ |= Need::below;
@@ -191,22 +186,20 @@ void Window::compositeView(View& view, Canvas& canvas, const Rect& area) {
   const View::Composited& c = view.composited_;
   if (!c.tree.intersects(area) || !canvas.intersectsClip(c.tree)) return;
 
-  const bool grouped = c.clips || c.alpha < 1;
-  if (grouped) {
+  if (c.clips) {
     canvas.save();
-    if (c.clips) canvas.clip(c.clip);
-    if (c.alpha < 1) canvas.multiplyAlpha(c.alpha);
+    canvas.clip(c.clip);
   }
   if (c.area.intersects(area) && canvas.intersectsClip(c.area)) {
     const DisplayList& list = view.recording_->list;
     canvas.save();
     if (list.exceedsSize() && !c.clips) canvas.clip(c.clip);
-    if (c.origin != Point{}) canvas.concat(AffineTransform::translation(c.origin.x, c.origin.y));
+    if (c.origin != Point{}) canvas.place({c.origin});
     list.replay(canvas);
     canvas.restore();
   }
   for (View* subview : view.subviews_) compositeView(*subview, canvas, area);
-  if (grouped) canvas.restore();
+  if (c.clips) canvas.restore();
 }
 
 }  // namespace toolkit

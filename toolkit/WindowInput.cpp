@@ -42,7 +42,7 @@ bool isCovered(View& root, const View& view) {
 }
 
 void collectKeyboardViews(View& view, std::vector<View*>& found) {
-  if (view.isHidden() || !view.isUserInteractionEnabled() || view.alpha() <= 0) return;
+  if (view.isHidden() || !view.isUserInteractionEnabled()) return;
   const auto* control = dynamic_cast<const Control*>(&view);
   if ((!control || control->isEnabled()) && view.canBecomeFirstResponder()) found.push_back(&view);
   for (View* subview : view.subviews()) collectKeyboardViews(*subview, found);

@@ -8,7 +8,6 @@ namespace headless {
 
 using platform::Color;
 using platform::Paint;
-using platform::Point;
 using platform::Rect;
 
 namespace {
@@ -47,19 +46,15 @@ void RecordingCanvas::restore() {
   saved_.pop_back();
 }
 
-void RecordingCanvas::concat(const platform::AffineTransform& transform) {
-  calls_.push_back({Operation::concat, {}, {}, {}});
-  state_.transform = transform.followedBy(state_.transform);
+void RecordingCanvas::place(const platform::Placement& placement) {
+  calls_.push_back({Operation::place, {}, {}, {}});
+  state_.placement = placement.within(state_.placement);
 }
 
 void RecordingCanvas::clip(const Rect& rect) {
-  const Rect area = onCanvas(rect);
+  const Rect area = state_.placement.apply(rect);
   calls_.push_back({Operation::clip, area, {}, {}});
   state_.clip = state_.clip.intersection(area);
-}
-
-void RecordingCanvas::multiplyAlpha(float alpha) {
-  calls_.push_back({Operation::multiplyAlpha, {}, Color::black().withAlpha(alpha), {}});
 }
 
 void RecordingCanvas::fillRect(const Rect& rect, const Paint& paint) {
@@ -97,22 +92,9 @@ double RecordingCanvas::widthOfText(std::string_view text, const platform::Font&
   return static_cast<double>(foundation::countCodePoints(text)) * font.pointSize * 0.5;
 }
 
-Rect RecordingCanvas::onCanvas(const Rect& rect) const {
-  const Point corners[] = {state_.transform.apply({rect.x, rect.y}),
-                           state_.transform.apply({rect.maxX(), rect.y}),
-                           state_.transform.apply({rect.x, rect.maxY()}),
-                           state_.transform.apply({rect.maxX(), rect.maxY()})};
-  Point low = corners[0], high = corners[0];
-  for (const Point& corner : corners) {
-    low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
-    high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
-  }
-  return {low.x, low.y, high.x - low.x, high.y - low.y};
-}
-
 void RecordingCanvas::painted(Operation operation, const Rect& rect, Color color,
                               std::string_view text) {
-  const Rect area = onCanvas(rect);
+  const Rect area = state_.placement.apply(rect);
   calls_.push_back({operation, area, color, std::string(text)});
   paintedBounds_ = paintedBounds_.unionWith(area.intersection(state_.clip));
 }

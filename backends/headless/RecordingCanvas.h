@@ -16,9 +16,8 @@ class RecordingCanvas : public platform::Canvas {
   enum class Operation {
     save,
     restore,
-    concat,
+    place,
     clip,
-    multiplyAlpha,
     fillRect,
     fillRoundedRect,
     strokeRoundedRect,
@@ -30,8 +29,8 @@ class RecordingCanvas : public platform::Canvas {
 
   struct Call {
     Operation operation;
-    /// The rectangle given, or the bounds of the path given, on the canvas: transforms applied, not
-    /// clipped. Empty for save, restore, concat and multiplyAlpha.
+    /// The rectangle given, or the bounds of the path given, on the canvas: placed, not clipped.
+    /// Empty for save, restore and place.
     platform::Rect area;
     /// Flat colour, or the first of the gradient.
     platform::Color color;
@@ -51,9 +50,8 @@ class RecordingCanvas : public platform::Canvas {
 
   void save() override;
   void restore() override;
-  void concat(const platform::AffineTransform& transform) override;
+  void place(const platform::Placement& placement) override;
   void clip(const platform::Rect& rect) override;
-  void multiplyAlpha(float alpha) override;
   void fillRect(const platform::Rect& rect, const platform::Paint& paint) override;
   void fillRoundedRect(const platform::Rect& rect, double radius,
                        const platform::Paint& paint) override;
@@ -74,11 +72,10 @@ class RecordingCanvas : public platform::Canvas {
 
  private:
   struct State {
-    platform::AffineTransform transform;
+    platform::Placement placement;
     platform::Rect clip{-1e9, -1e9, 2e9, 2e9};
   };
 
-  platform::Rect onCanvas(const platform::Rect& rect) const;
   void painted(Operation operation, const platform::Rect& rect, platform::Color color,
                std::string_view text = {});
 

@@ -6,7 +6,7 @@ namespace juce_backend {
 namespace {
 
 void collect(toolkit::View& view, std::vector<toolkit::View*>& found) {
-  if (view.isHidden() || view.alpha() <= 0) return;
+  if (view.isHidden()) return;
   const platform::Accessibility told = view.accessibility();
   if (told.role != platform::Accessibility::Role::none && !told.name.empty() &&
       !view.bounds().isEmpty())

@@ -39,13 +39,6 @@ std::vector<char32_t> decode(std::string_view text) {
 
 }  // namespace
 
-juce::Path GlyphLine::path() const {
-  juce::Path all;
-  for (const Glyph& glyph : glyphs)
-    all.addPath(*glyph.outline, juce::AffineTransform::scale(glyph.height).translated(glyph.x, 0));
-  return all;
-}
-
 /// One typeface. Lengths are in units of the em square.
 struct FontBook::Face {
   juce::Typeface::Ptr typeface;

@@ -24,9 +24,6 @@ struct GlyphLine {
     float height = 0;
   };
 
-  /// All glyphs as one path.
-  juce::Path path() const;
-
   std::vector<Glyph> glyphs;
   float width = 0;
   float ascent = 0;

@@ -11,9 +11,7 @@ float toFloat(double value) { return static_cast<float>(value); }
 
 int toInt(double value) { return static_cast<int>(std::lround(value)); }
 
-juce::Colour toColour(platform::Color color, float alpha) {
-  return juce::Colour(color.withAlpha(color.alpha * alpha).argb());
-}
+juce::Colour toColour(platform::Color color) { return juce::Colour(color.argb()); }
 
 }  // namespace
 
@@ -22,7 +20,7 @@ JuceCanvas::JuceCanvas(juce::Image& picture, double scale)
 
 JuceCanvas::JuceCanvas(juce::Image& picture, double scale, juce::Rectangle<int> clip)
     : painter_(picture) {
-  state_.transform = platform::AffineTransform::scale(scale, scale);
+  state_.placement.scale = scale;
   state_.clip = clip.getIntersection(picture.getBounds());
 }
 
@@ -34,41 +32,22 @@ void JuceCanvas::restore() {
   saved_.pop_back();
 }
 
-void JuceCanvas::concat(const platform::AffineTransform& transform) {
-  state_.transform = transform.followedBy(state_.transform);
+void JuceCanvas::place(const platform::Placement& placement) {
+  state_.placement = placement.within(state_.placement);
 }
 
 void JuceCanvas::clip(const platform::Rect& rect) {
-  // A clip under a rotation is the box around it, which is all that views ask for.
   const juce::Rectangle<float> exact = toPixels(rect);
   const auto area = juce::Rectangle<int>::leftTopRightBottom(
       toInt(exact.getX()), toInt(exact.getY()), toInt(exact.getRight()), toInt(exact.getBottom()));
   state_.clip = state_.clip.getIntersection(area);
 }
 
-void JuceCanvas::multiplyAlpha(float alpha) { state_.alpha *= alpha; }
-
-bool JuceCanvas::isUpright() const {
-  const platform::AffineTransform& t = state_.transform;
-  return t.b == 0 && t.c == 0;
-}
-
-double JuceCanvas::pixelsPerPoint() const {
-  const platform::AffineTransform& t = state_.transform;
-  return std::sqrt(std::fabs(t.a * t.d - t.b * t.c));
-}
-
 juce::Rectangle<float> JuceCanvas::toPixels(const platform::Rect& rect) const {
-  const platform::AffineTransform& t = state_.transform;
-  const platform::Point first = t.apply({rect.minX(), rect.minY()});
-  const platform::Point last = t.apply({rect.maxX(), rect.maxY()});
-  const juce::Rectangle<float> area(juce::Point<float>(toFloat(first.x), toFloat(first.y)),
-                                    juce::Point<float>(toFloat(last.x), toFloat(last.y)));
-  if (isUpright()) return area;
-  const platform::Point right = t.apply({rect.maxX(), rect.minY()});
-  const platform::Point left = t.apply({rect.minX(), rect.maxY()});
-  return area.getUnion({juce::Point<float>(toFloat(right.x), toFloat(right.y)),
-                        juce::Point<float>(toFloat(left.x), toFloat(left.y))});
+  const platform::Point first = state_.placement.apply(rect.origin());
+  const platform::Point last = state_.placement.apply(platform::Point{rect.maxX(), rect.maxY()});
+  return juce::Rectangle<float>::leftTopRightBottom(toFloat(first.x), toFloat(first.y),
+                                                    toFloat(last.x), toFloat(last.y));
 }
 
 juce::Rectangle<int> JuceCanvas::toWholePixels(const platform::Rect& rect) const {
@@ -88,12 +67,12 @@ bool JuceCanvas::intersectsClip(const platform::Rect& rect) const {
 }
 
 PixelSource JuceCanvas::source(const platform::Paint& paint) const {
-  if (paint.stops.empty()) return PixelSource(toColour(paint.color, state_.alpha));
-  const platform::Point from = state_.transform.apply(paint.from);
-  const platform::Point to = state_.transform.apply(paint.to);
+  if (paint.stops.empty()) return PixelSource(toColour(paint.color));
+  const platform::Point from = state_.placement.apply(paint.from);
+  const platform::Point to = state_.placement.apply(paint.to);
   std::vector<std::pair<float, juce::Colour>> stops;
   for (const platform::Paint::Stop& stop : paint.stops)
-    stops.emplace_back(toFloat(stop.position), toColour(stop.color, state_.alpha));
+    stops.emplace_back(toFloat(stop.position), toColour(stop.color));
   return PixelSource({toFloat(from.x), toFloat(from.y)}, {toFloat(to.x), toFloat(to.y)}, stops);
 }
 
@@ -104,12 +83,6 @@ void JuceCanvas::fill(const juce::Path& path, const platform::Paint& paint) {
 
 void JuceCanvas::fillRect(const platform::Rect& rect, const platform::Paint& paint) {
   if (rect.isEmpty() || !intersectsClip(rect)) return;
-  if (!isUpright()) {
-    platform::Path path;
-    path.addRect(rect);
-    fill(outline_.filled(path, state_.transform), paint);
-    return;
-  }
   PixelSource pixels = source(paint);
   painter_.fillRect(toWholePixels(rect), state_.clip, pixels);
 }
@@ -117,12 +90,6 @@ void JuceCanvas::fillRect(const platform::Rect& rect, const platform::Paint& pai
 void JuceCanvas::fillRoundedRect(const platform::Rect& rect, double radius,
                                  const platform::Paint& paint) {
   if (rect.isEmpty() || !intersectsClip(rect)) return;
-  if (!isUpright()) {
-    platform::Path path;
-    path.addRoundedRect(rect, radius);
-    fill(outline_.filled(path, state_.transform), paint);
-    return;
-  }
   const double pixelRadius = radius * pixelsPerPoint();
   if (pixelRadius < 0.5)
     fillRect(rect, paint);
@@ -134,12 +101,6 @@ void JuceCanvas::strokeRoundedRect(const platform::Rect& rect, double radius, do
                                    const platform::Paint& paint) {
   const platform::Rect outside = rect.inset(-width / 2, -width / 2);
   if (outside.isEmpty() || width <= 0 || !intersectsClip(outside)) return;
-  if (!isUpright()) {
-    platform::Path path;
-    path.addRoundedRect(rect, radius);
-    strokePath(path, {width}, paint);
-    return;
-  }
   // Whole pixels keep all four sides equally thick.
   const int thickness = toWholePixels(width);
   const double pixelRadius = radius > 0 ? radius * pixelsPerPoint() + thickness / 2.0 : 0;
@@ -148,18 +109,12 @@ void JuceCanvas::strokeRoundedRect(const platform::Rect& rect, double radius, do
 
 void JuceCanvas::fillEllipse(const platform::Rect& rect, const platform::Paint& paint) {
   if (rect.isEmpty() || !intersectsClip(rect)) return;
-  if (!isUpright()) {
-    platform::Path path;
-    path.addEllipse(rect);
-    fill(outline_.filled(path, state_.transform), paint);
-    return;
-  }
   fill(outline_.ellipse(toPixels(rect)), paint);
 }
 
 void JuceCanvas::fillPath(const platform::Path& path, const platform::Paint& paint) {
   if (path.isEmpty() || !intersectsClip(path.bounds())) return;
-  fill(outline_.filled(path, state_.transform), paint);
+  fill(outline_.filled(path, state_.placement), paint);
 }
 
 bool JuceCanvas::strokeStraightLine(const platform::Path& path, double width,
@@ -169,7 +124,7 @@ bool JuceCanvas::strokeStraightLine(const platform::Path& path, double width,
     return false;
   const platform::Rect bounds = path.bounds();
   const bool isLevel = bounds.height == 0;
-  if (!isUpright() || isLevel == (bounds.width == 0)) return false;
+  if (isLevel == (bounds.width == 0)) return false;
   const int thickness = toWholePixels(width);
   const juce::Rectangle<float> line = toPixels(bounds);
   const int left = toInt(isLevel ? line.getX() : line.getX() - thickness / 2.0);
@@ -191,7 +146,7 @@ void JuceCanvas::strokePath(const platform::Path& path, const platform::StrokeSt
   if ((pixelWidth < 2.5 || style.cap == platform::StrokeStyle::Cap::butt) &&
       strokeStraightLine(path, style.width, paint))
     return;
-  fill(outline_.stroked(path, state_.transform, pixelWidth, style.cap), paint);
+  fill(outline_.stroked(path, state_.placement, pixelWidth, style.cap), paint);
 }
 
 }  // namespace juce_backend

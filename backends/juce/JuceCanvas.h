@@ -30,9 +30,8 @@ class JuceCanvas : public platform::Canvas {
 
   void save() override;
   void restore() override;
-  void concat(const platform::AffineTransform& transform) override;
+  void place(const platform::Placement& placement) override;
   void clip(const platform::Rect& rect) override;
-  void multiplyAlpha(float alpha) override;
 
   void fillRect(const platform::Rect& rect, const platform::Paint& paint) override;
   void fillRoundedRect(const platform::Rect& rect, double radius,
@@ -53,15 +52,13 @@ class JuceCanvas : public platform::Canvas {
 
  private:
   struct State {
-    platform::AffineTransform transform;
+    /// In pixels.
+    platform::Placement placement;
     /// In pixels.
     juce::Rectangle<int> clip;
-    float alpha = 1;
   };
 
-  bool isUpright() const;
-  /// How many pixels a point takes under the current transform.
-  double pixelsPerPoint() const;
+  double pixelsPerPoint() const { return state_.placement.scale; }
   juce::Rectangle<float> toPixels(const platform::Rect& rect) const;
   juce::Rectangle<int> toWholePixels(const platform::Rect& rect) const;
   int toWholePixels(double width) const;
@@ -69,7 +66,6 @@ class JuceCanvas : public platform::Canvas {
   void fill(const juce::Path& path, const platform::Paint& paint);
   bool strokeStraightLine(const platform::Path& path, double width, const platform::Paint& paint);
   GlyphLine fitText(const platform::TextRun& run);
-  void drawTurnedText(const platform::TextRun& run);
   juce::Rectangle<int> textClip(const platform::Rect& rect) const;
 
   PixelPainter painter_;

@@ -79,14 +79,8 @@ void JuceCanvas::drawTextRun(const platform::TextRun& run) {
   if (run.text.empty() || run.rect.isEmpty() || run.font.pointSize <= 0 ||
       !intersectsClip(run.rect))
     return;
-  const platform::AffineTransform& t = state_.transform;
-  if (!isUpright() || t.a != t.d || t.a <= 0) {
-    drawTurnedText(run);
-    return;
-  }
-
-  const double scale = t.a;
-  const platform::Point corner = t.apply(run.rect.origin());
+  const double scale = pixelsPerPoint();
+  const platform::Point corner = state_.placement.apply(run.rect.origin());
   const double left = std::floor(corner.x);
   const double fraction = std::floor((corner.x - left) * placesPerPixel) / placesPerPixel;
   auto cached = std::static_pointer_cast<CachedText>(run.cache);
@@ -122,23 +116,6 @@ void JuceCanvas::drawTextRun(const platform::TextRun& run) {
 juce::Rectangle<int> JuceCanvas::textClip(const platform::Rect& rect) const {
   // The blank beside the first and last letter's shape takes less than a pixel.
   return toPixels(rect).getSmallestIntegerContainer().expanded(1, 0).getIntersection(state_.clip);
-}
-
-void JuceCanvas::drawTurnedText(const platform::TextRun& run) {
-  const platform::AffineTransform& t = state_.transform;
-  const double scale = pixelsPerPoint();
-  const GlyphLine line = fitText(run);
-  const juce::Point<double> start =
-      startOf(line, run.rect.width * scale, run.rect.height * scale, run.alignment);
-  const platform::Point corner = t.apply(run.rect.origin());
-  juce::Path path = line.path();
-  path.applyTransform(
-      juce::AffineTransform::translation(static_cast<float>(start.x), static_cast<float>(start.y))
-          .followedBy({static_cast<float>(t.a / scale), static_cast<float>(t.c / scale),
-                       static_cast<float>(corner.x), static_cast<float>(t.b / scale),
-                       static_cast<float>(t.d / scale), static_cast<float>(corner.y)}));
-  PixelSource pixels = source(run.color);
-  painter_.fillPath(path, textClip(run.rect), pixels);
 }
 
 double JuceCanvas::textWidth(std::string_view text, const platform::Font& font) {

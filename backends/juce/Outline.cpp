@@ -67,12 +67,12 @@ void Outline::endRun(bool isClosed) {
   runs_.push_back({first, count, isClosed && count > 1});
 }
 
-void Outline::flatten(const platform::Path& path, const platform::AffineTransform& transform) {
+void Outline::flatten(const platform::Path& path, const platform::Placement& placement) {
   using Verb = platform::Path::Verb;
   points_.clear();
   runs_.clear();
   const Point* next = path.points().data();
-  const auto take = [&] { return transform.apply(*next++); };
+  const auto take = [&] { return placement.apply(*next++); };
   Point start, at;
   for (const Verb verb : path.verbs()) {
     switch (verb) {
@@ -133,8 +133,8 @@ void Outline::emit(const std::vector<Point>& points, bool isReversed) {
 }
 
 const juce::Path& Outline::filled(const platform::Path& path,
-                                  const platform::AffineTransform& transform) {
-  flatten(path, transform);
+                                  const platform::Placement& placement) {
+  flatten(path, placement);
   result_.clear();
   for (const Run& run : runs_) {
     left_.assign(points_.begin() + static_cast<std::ptrdiff_t>(run.first),
@@ -144,10 +144,9 @@ const juce::Path& Outline::filled(const platform::Path& path,
   return result_;
 }
 
-const juce::Path& Outline::stroked(const platform::Path& path,
-                                   const platform::AffineTransform& transform, double width,
-                                   platform::StrokeStyle::Cap cap) {
-  flatten(path, transform);
+const juce::Path& Outline::stroked(const platform::Path& path, const platform::Placement& placement,
+                                   double width, platform::StrokeStyle::Cap cap) {
+  flatten(path, placement);
   result_.clear();
   for (const Run& run : runs_) strokeRun(run, width / 2, cap);
   return result_;

@@ -13,10 +13,10 @@ namespace juce_backend {
 /// until the following one.
 class Outline {
  public:
-  /// The inside of `path` under `transform`.
-  const juce::Path& filled(const platform::Path& path, const platform::AffineTransform& transform);
-  /// The line of `width` pixels along `path` under `transform`, with round joins.
-  const juce::Path& stroked(const platform::Path& path, const platform::AffineTransform& transform,
+  /// The inside of `path`, placed so.
+  const juce::Path& filled(const platform::Path& path, const platform::Placement& placement);
+  /// The line of `width` pixels along `path`, placed so, with round joins.
+  const juce::Path& stroked(const platform::Path& path, const platform::Placement& placement,
                             double width, platform::StrokeStyle::Cap cap);
   const juce::Path& ellipse(juce::Rectangle<float> area);
   /// The corner radius is limited to half of the shorter side.
@@ -30,7 +30,7 @@ class Outline {
     bool isClosed;
   };
 
-  void flatten(const platform::Path& path, const platform::AffineTransform& transform);
+  void flatten(const platform::Path& path, const platform::Placement& placement);
   void addPoint(platform::Point point);
   void endRun(bool isClosed);
   void strokeRun(const Run& run, double half, platform::StrokeStyle::Cap cap);

@@ -16,9 +16,8 @@ class LogCanvas : public platform::Canvas {
 
   void save() override { lines.push_back("save"); }
   void restore() override { lines.push_back("restore"); }
-  void concat(const platform::AffineTransform& t) override { add("move", {t.tx, t.ty}); }
+  void place(const platform::Placement& p) override { add("move", {p.origin.x, p.origin.y}); }
   void clip(const platform::Rect& r) override { addRect("clip", r); }
-  void multiplyAlpha(float alpha) override { add("alpha", {alpha}); }
   void fillRect(const platform::Rect& r, const platform::Paint&) override { addRect("rect", r); }
   void fillRoundedRect(const platform::Rect& r, double radius,
                        const platform::Paint& paint) override {
