@@ -3,11 +3,9 @@
 #include <dlfcn.h>
 #include <link.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <mutex>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -59,34 +57,17 @@ Bundle::InfoDictionary readOwn() {
   return nullptr;
 }
 
-std::mutex mutex;
-
-/// The last is the one that counts.
-std::vector<Bundle::InfoDictionary>& given() {
-  static std::vector<Bundle::InfoDictionary> all;
-  return all;
-}
-
 }  // namespace
 
 Bundle::InfoDictionary Bundle::mainInfoDictionary() {
-  {
-    const std::lock_guard lock(mutex);
-    if (!given().empty()) return given().back();
-  }
+  if (auto given = Override<InfoDictionary>::with(
+          [](const InfoDictionary* info) { return info ? *info : nullptr; }))
+    return given;
   static const InfoDictionary own = readOwn();
   return own;
 }
 
 MainBundle::MainBundle(PropertyList::Dictionary infoDictionary)
-    : infoDictionary_(std::make_shared<const PropertyList::Dictionary>(std::move(infoDictionary))) {
-  const std::lock_guard lock(mutex);
-  given().push_back(infoDictionary_);
-}
-
-MainBundle::~MainBundle() {
-  const std::lock_guard lock(mutex);
-  std::erase(given(), infoDictionary_);
-}
+    : given_(std::make_shared<const PropertyList::Dictionary>(std::move(infoDictionary))) {}
 
 }  // namespace foundation

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "foundation/Override.h"
 #include "platform/PropertyList.h"
 
 namespace foundation {
@@ -25,12 +26,9 @@ class Bundle {
 class MainBundle {
  public:
   explicit MainBundle(platform::PropertyList::Dictionary infoDictionary);
-  ~MainBundle();
-  MainBundle(const MainBundle&) = delete;
-  MainBundle& operator=(const MainBundle&) = delete;
 
  private:
-  Bundle::InfoDictionary infoDictionary_;
+  Override<Bundle::InfoDictionary> given_;
 };
 
 }  // namespace foundation

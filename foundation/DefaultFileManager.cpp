@@ -1,7 +1,5 @@
 #include "foundation/DefaultFileManager.h"
 
-#include <atomic>
-
 #include "foundation/DispatchQueue.h"
 #include "foundation/LocalFileManager.h"
 
@@ -9,22 +7,12 @@ namespace foundation {
 
 using platform::FileManager;
 
-namespace {
-
-std::atomic<FileManager*> currentManager{nullptr};
-
-}  // namespace
-
-DefaultFileManager::DefaultFileManager(FileManager& manager)
-    : previous_(currentManager.exchange(&manager)) {}
-
-DefaultFileManager::~DefaultFileManager() {
-  DispatchQueue::waitForGlobal();
-  currentManager.store(previous_);
-}
+DefaultFileManager::~DefaultFileManager() { DispatchQueue::waitForGlobal(); }
 
 FileManager& DefaultFileManager::current() {
-  if (FileManager* manager = currentManager.load()) return *manager;
+  FileManager* const given = Override<FileManager*>::with(
+      [](FileManager* const* manager) { return manager ? *manager : nullptr; });
+  if (given) return *given;
   // Never destroyed: threads may still use it while the program ends.
   static auto& usersOwn = *new LocalFileManager(LocalFileManager::usersDataFolder());
   return usersOwn;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Override.h"
 #include "platform/URLSession.h"
 
 namespace foundation {
@@ -9,16 +10,13 @@ namespace foundation {
 class SharedURLSession {
  public:
   /// `session` outlives it.
-  explicit SharedURLSession(platform::URLSession& session);
-  ~SharedURLSession();
-  SharedURLSession(const SharedURLSession&) = delete;
-  SharedURLSession& operator=(const SharedURLSession&) = delete;
+  explicit SharedURLSession(platform::URLSession& session) : given_(&session) {}
 
   /// The process's session: that of the last SharedURLSession, or else one that asks real servers.
   static platform::URLSession& current();
 
  private:
-  platform::URLSession& session_;
+  Override<platform::URLSession*> given_;
 };
 
 }  // namespace foundation
