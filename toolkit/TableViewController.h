@@ -11,8 +11,15 @@ class TableViewController : public ViewController, public TableViewSource {
  public:
   TableView& tableView() { return tableView_; }
 
-  void viewDidLoad() override;
-  void viewDidLayoutSubviews() override;
+  void viewDidLoad() override {
+    ViewController::viewDidLoad();
+    tableView_.setSource(this);
+    view().addSubview(tableView_);
+  }
+  void viewDidLayoutSubviews() override {
+    ViewController::viewDidLayoutSubviews();
+    tableView_.setFrame(view().bounds());
+  }
 
  private:
   TableView tableView_;

@@ -171,6 +171,12 @@ View* View::hitTest(Point point) {
   return pointInside(point) ? this : nullptr;
 }
 
+Point Touch::locationIn(const View& view) const { return view.convertFromRoot(location); }
+
+Point Touch::previousLocationIn(const View& view) const {
+  return view.convertFromRoot(previousLocation);
+}
+
 // Keyboard
 
 bool View::becomeFirstResponder() {

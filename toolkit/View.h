@@ -12,15 +12,24 @@
 
 namespace toolkit {
 
+class DisplayList;
 class ViewController;
 class Window;
 
-/// A rectangle of the editor. It places its subviews in `draw` (the layout pass), paints itself in
-/// `paint` and answers touches. The tree only links: whoever owns a view destroys it, and a view
-/// that is destroyed leaves the tree on both sides. User-interface thread only.
+/// A rectangle of the editor. It places its subviews, paints itself and answers touches. The tree
+/// only links: whoever owns a view destroys it, and a view that is destroyed leaves the tree on
+/// both sides. User-interface thread only.
 ///
-/// One frame: every visible view that asked with setNeedsDisplay gets one `draw`, parents before
-/// children, then one `paint`, which is recorded; then the window composites what changed.
+/// One frame, for every visible view that asked, parents before children:
+///
+///     layoutSubviews   asked for by setNeedsLayout, a new size or a new subview: places subviews
+///                      whose places follow from the size alone
+///     draw             asked for by setNeedsDisplay or a new size: places whatever follows from
+///                      what the view shows as well, subviews and layers alike
+///     paint            after each draw and when a layer changed: paints, and places nothing
+///
+/// What was painted is recorded, and the window composites what changed. All layout that is asked
+/// for has been done before the first draw, but for views that a draw is about to place.
 class View : public platform::Responder {
  public:
   View() { layer_.view_ = this; }
@@ -122,10 +131,13 @@ class View : public platform::Responder {
 
   /// Has another superview now, or none.
   virtual void didMoveToSuperview() {}
+
+  // The passes of a frame, as told above.
+
   virtual void layoutSubviews() {}
-  /// The layout pass: sets the frames of subviews and layers from the current size.
+  /// `rect` is the bounds.
   virtual void draw(const platform::Rect& /*rect*/) {}
-  /// Paints the view's own content, over its layers and below its subviews, in its coordinates.
+  /// Over its layers and below its subviews, in its own coordinates.
   virtual void paint(platform::Canvas&) {}
   /// This view has become, or is no longer, the first responder.
   virtual void firstResponderChanged() {}
@@ -134,7 +146,6 @@ class View : public platform::Responder {
   friend class Window;
   friend class ViewController;
   friend class Layer;
-  struct Recording;
 
   /// Bits of what has to be done for the next frame.
   struct Need {
@@ -185,7 +196,7 @@ class View : public platform::Responder {
   std::uint32_t laidOutIn_ = 0;
   std::uint32_t displayedIn_ = 0;
   /// What `paint` recorded last.
-  std::shared_ptr<Recording> recording_;
+  std::shared_ptr<DisplayList> recording_;
   Composited composited_;
 };
 

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "platform/Fatal.h"
-#include "toolkit/WindowFrameState.h"
 
 namespace toolkit {
 
@@ -15,7 +14,10 @@ using platform::Responder;
 using platform::Size;
 using platform::WindowHost;
 
-Window::Window(WindowHost& host) : host_(host), frame_(std::make_unique<FrameState>(host)) {}
+Window::Window(WindowHost& host)
+    : host_(host), recorder_([&host](std::string_view text, const Font& font) {
+        return host.textWidth(text, font);
+      }) {}
 
 Window::~Window() {
   // So that the host is not asked for a frame of a window that dies.
@@ -74,7 +76,7 @@ void Window::wantFrame() {
 void Window::damage(const Rect& area) {
   const Rect shown = area.intersection({0, 0, size_.width, size_.height});
   if (shown.isEmpty()) return;
-  frame_->damage.add(shown);
+  damage_.add(shown);
   wantFrame();
 }
 

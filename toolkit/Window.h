@@ -1,13 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/WindowHost.h"
+#include "toolkit/DamageList.h"
+#include "toolkit/Recorder.h"
 #include "toolkit/ViewController.h"
 
 namespace toolkit {
@@ -79,7 +80,6 @@ class Window : public platform::Responder {
     Touch touch;
     platform::Weak<View> view;
   };
-  struct FrameState;
 
   void wantFrame();
   void damage(const platform::Rect& area);
@@ -114,9 +114,16 @@ class Window : public platform::Responder {
   platform::Weak<ViewController> root_;
   View* rootView_ = nullptr;
   platform::Size size_;
+
+  Recorder recorder_;
+  /// What has to be composited with the next frame.
+  DamageList damage_;
+  /// Counts frames; views remember in which one they were laid out and displayed.
+  std::uint32_t frameNumber_ = 0;
   bool needsFrame_ = false;
+  bool preparing_ = false;
   std::uint64_t paintedViews_ = 0;
-  std::unique_ptr<FrameState> frame_;
+
   std::vector<ActiveTouch> touches_;
   std::vector<platform::Weak<View>> hoverChain_;
   /// Where the mouse rests, while it is over the window.

@@ -1,8 +1,6 @@
 #include <utility>
 
-#include "toolkit/ViewRecording.h"
 #include "toolkit/Window.h"
-#include "toolkit/WindowFrameState.h"
 
 namespace toolkit {
 
@@ -29,30 +27,30 @@ void visitSubviews(View& view, Visit visit) {
 }  // namespace
 
 std::vector<Rect> Window::prepareFrame() {
-  if (frame_->preparing) return {};
+  if (preparing_) return {};
   const Weak<Window> self = this;
   releaseLost();
   if (!self || !needsFrame_) return {};
 
-  frame_->preparing = true;
-  ++frame_->number;
+  preparing_ = true;
+  ++frameNumber_;
   if (rootView_) layoutPass(*rootView_);
   if (rootView_) displayPass(*rootView_);
   if (rootView_ && rootView_->needs_) damagePass(*rootView_, {}, rootView_->bounds());
-  frame_->preparing = false;
+  preparing_ = false;
 
   // What was asked for during the passes, too late for this frame.
   needsFrame_ = false;
   if (rootView_ && rootView_->concernsFrame()) wantFrame();
-  std::vector<Rect> damage = frame_->damage.take();
+  std::vector<Rect> damage = damage_.take();
   // Whoever is touched keeps the mouse's attention until it is released.
   if (!damage.empty() && touches_.empty()) refreshHover();
   return damage;
 }
 
 void Window::layoutIfNeeded(View& view) {
-  if (!(view.needs_ & View::Need::layout) || view.laidOutIn_ == frame_->number) return;
-  view.laidOutIn_ = frame_->number;
+  if (!(view.needs_ & View::Need::layout) || view.laidOutIn_ == frameNumber_) return;
+  view.laidOutIn_ = frameNumber_;
   view.needs_ &= ~static_cast<unsigned>(View::Need::layout);
   const Weak<View> self = &view;
   const Weak<ViewController> controller = view.controller_;
@@ -80,8 +78,8 @@ void Window::displayPass(View& view) {
   if (!self || !shows(view)) return;
 
   using Need = View::Need;
-  if ((view.needs_ & (Need::display | Need::paint)) && view.displayedIn_ != frame_->number) {
-    view.displayedIn_ = frame_->number;
+  if ((view.needs_ & (Need::display | Need::paint)) && view.displayedIn_ != frameNumber_) {
+    view.displayedIn_ = frameNumber_;
     if (view.needs_ & Need::display) {
       view.needs_ = (view.needs_ & ~static_cast<unsigned>(Need::display)) | Need::paint;
       const Size size = view.frame_.size();
@@ -103,23 +101,22 @@ void Window::displayPass(View& view) {
 
 void Window::record(View& view) {
   view.needs_ &= ~static_cast<unsigned>(View::Need::paint);
-  Recorder& recorder = frame_->recorder;
-  recorder.begin(view.frame_.size());
+  recorder_.begin(view.frame_.size());
   if (!view.bounds().isEmpty()) {
     const Weak<View> self = &view;
     ++paintedViews_;
-    view.layer_.render(recorder);
-    view.paint(recorder);
+    view.layer_.render(recorder_);
+    view.paint(recorder_);
     if (!self) return;
   }
-  const DisplayList& list = recorder.finish();
+  const DisplayList& list = recorder_.finish();
   if (!view.recording_) {
     if (list.isEmpty()) return;
-    view.recording_ = std::make_shared<View::Recording>();
-  } else if (view.recording_->list == list) {
+    view.recording_ = std::make_shared<DisplayList>();
+  } else if (*view.recording_ == list) {
     return;
   }
-  view.recording_->list.assign(list);
+  view.recording_->assign(list);
   view.markNeeds(View::Need::content);
 }
 
@@ -136,7 +133,7 @@ void Window::damagePass(View& view, Point origin, const Rect& clip) {
 
   View::Composited& c = view.composited_;
   if (view.needs_ & Need::content) {
-    const Rect& covered = view.recording_->list.bounds();
+    const Rect& covered = view.recording_->bounds();
     const Rect area = covered.translated(c.origin.x, c.origin.y).intersection(clip);
     damage(c.area);
     damage(area);
@@ -168,7 +165,7 @@ void Window::placeAgain(View& view, Point origin, const Rect& clip) {
 
   view.needs_ &= ~static_cast<unsigned>(Need::content | Need::below);
   if (view.recording_)
-    c.area = view.recording_->list.bounds().translated(c.origin.x, c.origin.y).intersection(clip);
+    c.area = view.recording_->bounds().translated(c.origin.x, c.origin.y).intersection(clip);
   c.tree = c.area;
   const Rect clipBelow = c.clips ? clip.intersection(c.clip) : clip;
   for (View* subview : view.subviews_) {
@@ -191,7 +188,7 @@ void Window::compositeView(View& view, Canvas& canvas, const Rect& area) {
     canvas.clip(c.clip);
   }
   if (c.area.intersects(area) && canvas.intersectsClip(c.area)) {
-    const DisplayList& list = view.recording_->list;
+    const DisplayList& list = *view.recording_;
     canvas.save();
     if (list.exceedsSize() && !c.clips) canvas.clip(c.clip);
     if (c.origin != Point{}) canvas.place({c.origin});
