@@ -12,7 +12,6 @@
 #include <system_error>
 #include <utility>
 
-#include "foundation/FileErrors.h"
 #include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
 
@@ -31,8 +30,6 @@ constexpr std::uint64_t largestFile = std::uint64_t{256} << 20;
 /// Folders that are worth keeping a listing of, and how many of them.
 constexpr std::size_t fewestKept = 200, mostListings = 4;
 constexpr std::size_t blockSize = std::size_t{1} << 18;
-
-bool hasNul(const std::string& path) { return path.find('\0') != path.npos; }
 
 std::string environment(const char* name) {
   const char* value = std::getenv(name);

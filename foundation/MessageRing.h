@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -15,7 +17,11 @@ namespace foundation {
 class MessageRing {
  public:
   /// `capacity` is rounded up to a power of two, at least 2.
-  explicit MessageRing(std::size_t capacity);
+  explicit MessageRing(std::size_t capacity)
+      : cells_(std::make_unique<Cell[]>(std::bit_ceil(std::max<std::size_t>(capacity, 2)))),
+        mask_(std::bit_ceil(std::max<std::size_t>(capacity, 2)) - 1) {
+    for (std::size_t i = 0; i <= mask_; ++i) cells_[i].sequence.store(i, std::memory_order_relaxed);
+  }
 
   std::size_t capacity() const { return mask_ + 1; }
 

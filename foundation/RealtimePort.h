@@ -31,6 +31,10 @@ class RealtimePort {
  private:
   friend class RunLoop;
   struct State;
+
+  /// Delivers what had been posted to any port of the process when this was called.
+  static void drainAll();
+
   std::shared_ptr<State> state_;
 };
 

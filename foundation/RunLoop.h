@@ -37,9 +37,6 @@ class RunLoop {
   /// The process's loop, or null.
   static RunLoop* mainIfAny();
 
-  /// Runs `task` once on the user-interface thread, after all tasks posted before it. Any thread
-  /// but the audio thread: it locks and allocates.
-  void async(std::function<void()> task);
   /// Seconds on the driver's clock.
   double now() const;
 

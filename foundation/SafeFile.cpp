@@ -8,13 +8,16 @@
 #include <cerrno>
 #include <cstdio>
 #include <random>
+#include <system_error>
 #include <utility>
 
 #include "foundation/DispatchQueue.h"
-#include "foundation/FileErrors.h"
+#include "foundation/UnicodeText.h"
+#include "platform/FilePath.h"
 
 namespace foundation {
 
+using platform::FileError;
 using Error = platform::FileManager::Error;
 
 namespace {
@@ -22,14 +25,30 @@ namespace {
 constexpr std::string_view unfinishedPrefix = ".orvane-unfinished-";
 constexpr int mostNames = 100;
 
-bool hasNul(const std::string& path) { return path.find('\0') != path.npos; }
-
 }  // namespace
 
 std::string folderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == path.npos) return ".";
   return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool hasNul(std::string_view path) { return path.find('\0') != path.npos; }
+
+FileError fileError(std::string_view path, std::string_view verb, std::string_view why) {
+  std::string name = xmlText(platform::lastPathComponent(path));
+  for (char& c : name)
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = ' ';
+  return {FileError::Code::other,
+          '"' + name + "\" could not be " + std::string(verb) + ": " + std::string(why)};
+}
+
+FileError fileError(std::string_view path, std::string_view verb, int errorNumber) {
+  FileError error = fileError(path, verb, std::generic_category().message(errorNumber));
+  if (errorNumber == EEXIST || errorNumber == ENOTEMPTY) error.code = FileError::Code::fileExists;
+  if (errorNumber == ENAMETOOLONG || errorNumber == EINVAL || errorNumber == EILSEQ)
+    error.code = FileError::Code::invalidName;
+  return error;
 }
 
 SafeFile::SafeFile(std::string path, std::string verb)

@@ -47,5 +47,11 @@ class SafeFile {
 
 /// The folder of a path: everything before its last "/".
 std::string folderOf(const std::string& path);
+/// A path that the system would cut off.
+bool hasNul(std::string_view path);
+
+/// `verb` is what could not be done to the file: "saved".
+platform::FileError fileError(std::string_view path, std::string_view verb, int errorNumber);
+platform::FileError fileError(std::string_view path, std::string_view verb, std::string_view why);
 
 }  // namespace foundation

@@ -8,11 +8,13 @@
 #include <string>
 #include <thread>
 
+#include "foundation/DispatchQueue.h"
 #include "foundation/RunLoop.h"
 
 namespace headless {
 namespace {
 
+using foundation::DispatchQueue;
 using foundation::DisplayLink;
 using foundation::RunLoop;
 using foundation::Timer;
@@ -68,9 +70,9 @@ TEST(HeadlessRunLoop, RunsTasksPostedByTasksAndByOtherThreads) {
   HeadlessRunLoop loop;
   int ran = 0;
   std::thread([&] {
-    RunLoop::main().async([&] {
+    DispatchQueue::mainAsync([&] {
       ++ran;
-      RunLoop::main().async([&] { ++ran; });
+      DispatchQueue::mainAsync([&] { ++ran; });
     });
   }).join();
   EXPECT_EQ(ran, 0);
@@ -80,7 +82,7 @@ TEST(HeadlessRunLoop, RunsTasksPostedByTasksAndByOtherThreads) {
 
 TEST(HeadlessRunLoop, GivesUpOnATaskThatPostsItselfForEver) {
   HeadlessRunLoop loop;
-  std::function<void()> again = [&] { RunLoop::main().async(again); };
+  std::function<void()> again = [&] { DispatchQueue::mainAsync(again); };
   again();
   EXPECT_FALSE(loop.runDue());
 }

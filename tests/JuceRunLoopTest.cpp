@@ -4,6 +4,7 @@
 
 #include <thread>
 
+#include "foundation/DispatchQueue.h"
 #include "foundation/RealtimePort.h"
 
 namespace {
@@ -36,7 +37,7 @@ TEST_F(JuceRunLoopTest, bringsTasksAndMessagesOfOtherThreadsInOrder) {
   bool hasTaskRun = false;
   std::thread other([&] {
     for (std::uint64_t i = 0; i < 500; ++i) port.post(i);
-    foundation::RunLoop::main().async([&] { hasTaskRun = true; });
+    foundation::DispatchQueue::mainAsync([&] { hasTaskRun = true; });
   });
   run(0.2);
   other.join();

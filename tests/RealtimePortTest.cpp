@@ -11,11 +11,13 @@
 #include <thread>
 #include <vector>
 
+#include "foundation/DispatchQueue.h"
 #include "tests/support/AllocationCounter.h"
 #include "tests/support/ManualDriver.h"
 
 namespace {
 
+using foundation::DispatchQueue;
 using foundation::RealtimePort;
 
 class RealtimePortTest : public testing::Test {
@@ -86,9 +88,9 @@ TEST_F(RealtimePortTest, MessagesOfADrainPostedMeanwhileWaitForTheNext) {
 TEST_F(RealtimePortTest, AMessageIsHeardBeforeATaskThatWasPostedAfterIt) {
   support::ManualLoop loop;
   const auto port = makePort(8);
-  loop.loop.async([&] {
+  DispatchQueue::mainAsync([&] {
     port->post(1);
-    loop.loop.async([&] { received_.push_back(2); });
+    DispatchQueue::mainAsync([&] { received_.push_back(2); });
   });
   loop.settle();
   EXPECT_EQ(received_, (std::vector<std::uint64_t>{1, 2}));

@@ -12,10 +12,12 @@
 #include <thread>
 #include <vector>
 
+#include "foundation/DispatchQueue.h"
 #include "tests/support/ManualDriver.h"
 
 namespace {
 
+using foundation::DispatchQueue;
 using foundation::DisplayLink;
 using foundation::RunLoop;
 using foundation::Timer;
@@ -30,7 +32,7 @@ class RunLoopTest : public testing::Test {
 };
 
 TEST_F(RunLoopTest, TasksRunInTheOrderInWhichTheyWerePosted) {
-  for (int i = 0; i < 5; ++i) loop_.loop.async(logs(i));
+  for (int i = 0; i < 5; ++i) DispatchQueue::mainAsync(logs(i));
   EXPECT_TRUE(log_.empty());
   loop_.settle();
   EXPECT_EQ(log_, (std::vector<int>{0, 1, 2, 3, 4}));
@@ -39,10 +41,10 @@ TEST_F(RunLoopTest, TasksRunInTheOrderInWhichTheyWerePosted) {
 TEST_F(RunLoopTest, ATaskThatPostsItselfForEverLeavesTheTurnToTheOthers) {
   std::function<void()> again = [&] {
     log_.push_back(0);
-    loop_.loop.async(again);
+    DispatchQueue::mainAsync(again);
   };
-  loop_.loop.async(again);
-  loop_.loop.async(logs(1));
+  DispatchQueue::mainAsync(again);
+  DispatchQueue::mainAsync(logs(1));
   Timer timer(0.1, Timer::Repeat::once, logs(2));
   loop_.driver.stall(0.2);
   loop_.loop.runDue();
@@ -52,14 +54,14 @@ TEST_F(RunLoopTest, ATaskThatPostsItselfForEverLeavesTheTurnToTheOthers) {
 }
 
 TEST_F(RunLoopTest, ATaskThatRunsTheLoopAnewKeepsTheOrder) {
-  loop_.loop.async([&] {
+  DispatchQueue::mainAsync([&] {
     log_.push_back(0);
-    loop_.loop.async(logs(3));
+    DispatchQueue::mainAsync(logs(3));
     loop_.loop.runDue();
     log_.push_back(4);
   });
-  loop_.loop.async(logs(1));
-  loop_.loop.async(logs(2));
+  DispatchQueue::mainAsync(logs(1));
+  DispatchQueue::mainAsync(logs(2));
   loop_.settle();
   EXPECT_EQ(log_, (std::vector<int>{0, 1, 2, 3, 4}));
 }
@@ -67,10 +69,10 @@ TEST_F(RunLoopTest, ATaskThatRunsTheLoopAnewKeepsTheOrder) {
 TEST_F(RunLoopTest, ManyPostsWakeTheDriverOnce) {
   loop_.settle();
   const int before = loop_.driver.wakes();
-  for (int i = 0; i < 10; ++i) loop_.loop.async(logs(i));
+  for (int i = 0; i < 10; ++i) DispatchQueue::mainAsync(logs(i));
   EXPECT_EQ(loop_.driver.wakes(), before + 1);
   loop_.loop.runDue();
-  loop_.loop.async(logs(0));
+  DispatchQueue::mainAsync(logs(0));
   EXPECT_EQ(loop_.driver.wakes(), before + 2);
 }
 
@@ -81,7 +83,8 @@ TEST_F(RunLoopTest, TasksFromSeveralThreadsAllArriveInTheirThreadsOrder) {
   std::vector<std::thread> posters;
   for (int t = 0; t < threads; ++t)
     posters.emplace_back([&, t] {
-      for (int i = 0; i < each; ++i) loop_.loop.async([&, t, i] { wrong += next[t]++ != i; });
+      for (int i = 0; i < each; ++i)
+        DispatchQueue::mainAsync([&, t, i] { wrong += next[t]++ != i; });
     });
   for (auto& poster : posters) poster.join();
   loop_.settle();
@@ -204,7 +207,7 @@ TEST(RunLoopLifeTest, WhatOutlivesTheLoopStaysSilent) {
     support::ManualLoop loop;
     timer.emplace(0.1, Timer::Repeat::forever, [&] { ++calls; });
     link.emplace([&] { ++calls; });
-    loop.loop.async([&] { ++calls; });
+    DispatchQueue::mainAsync([&] { ++calls; });
   }
   EXPECT_EQ(RunLoop::mainIfAny(), nullptr);
   EXPECT_FALSE(timer->isValid());
@@ -218,8 +221,8 @@ TEST(RunLoopLifeTest, ATaskMayDestroyTheLoop) {
   support::ManualDriver driver;
   auto loop = std::make_unique<RunLoop>(driver);
   int calls = 0;
-  loop->async([&] { loop.reset(); });
-  loop->async([&] { ++calls; });
+  DispatchQueue::mainAsync([&] { loop.reset(); });
+  DispatchQueue::mainAsync([&] { ++calls; });
   loop->runDue();
   EXPECT_EQ(calls, 0);
 }

@@ -1,5 +1,7 @@
 #include "foundation/RunLoop.h"
 
+#include "foundation/DispatchQueue.h"
+
 namespace {
 
 class StoppedClock : public foundation::RunLoop::Driver {
@@ -15,7 +17,7 @@ int main() {
   StoppedClock clock;
   foundation::RunLoop loop(clock);
   bool ran = false;
-  loop.async([&ran] { ran = true; });
+  foundation::DispatchQueue::mainAsync([&ran] { ran = true; });
   loop.runDue();
   return ran ? 0 : 1;
 }
