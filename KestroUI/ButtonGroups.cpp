@@ -200,7 +200,8 @@ void RadioButtons::paint(platform::Canvas& canvas) {
 
 void BitFlagsGroup::setTitles(std::vector<std::string> titles) {
   if (titles.size() > mostFlags) titles.resize(mostFlags);
-  setRange(0, static_cast<float>((1u << titles.size()) - 1));
+  // A value may have bits that no switch shows; they stay as they are.
+  setRange(0, static_cast<float>((1u << mostFlags) - 1));
   std::size_t longest = 1;
   for (const std::string& title : titles)
     longest = std::max(longest, foundation::countCodePoints(title));

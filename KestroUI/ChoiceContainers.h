@@ -47,7 +47,7 @@ class RecContainer : public Container {
 
   RecButton& button() { return button_; }
 
-  void setControlColor(platform::Color) override {}
+  /// It is red unless it has a control colour.
   void setColors(const std::vector<platform::Color>&) override {}
   void setValueRange(float minimum, float maximum) override;
   /// The names of its states.

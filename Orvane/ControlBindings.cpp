@@ -46,6 +46,7 @@ void ControlBindings::bind(Container& container, const DSPParameters& parameters
                      .parameter = parameter,
                      .mapping = parameter ? ParameterMapping(*parameter, form)
                                           : ParameterMapping(0, 1, ParameterMapping::Scale::same)});
+    bound.back().held = container.value(keys[i]->key());
     if (parameter) places_[parameter->address()].push_back(&bound.back());
   }
 }
@@ -83,9 +84,15 @@ std::vector<std::size_t> ControlBindings::moved(const Container& container) cons
   return result;
 }
 
+void ControlBindings::standStill(const Binding& place) {
+  if (Container* const container = place.container.get())
+    container->showValue(container->paramKeys()[place.index]->key(), place.held, {});
+}
+
 void ControlBindings::write(const Container& container, std::size_t index) {
   Binding* const place = find(container, index);
-  if (!place || !place->parameter) return;
+  if (!place) return;
+  if (!place->parameter) return standStill(*place);
   place->held = container.value(container.paramKeys()[index]->key());
   place->shown = std::numeric_limits<float>::quiet_NaN();
   // The last line: observers may destroy what is used above.

@@ -32,7 +32,8 @@ class ControlBindings : public DSPParameterObserver {
   /// The places of the keys whose values the user has moved: those that the container names, else
   /// those that are not what was shown there last.
   std::vector<std::size_t> moved(const kestroui::Container& container) const;
-  /// Sets the parameter of a key to what its control shows. Whoever observes the parameter may
+  /// Sets the parameter of a key to what its control shows; the control of a free key goes back to
+  /// where it was. Whoever observes the parameter may
   /// destroy the container, or this.
   void write(const kestroui::Container& container, std::size_t index);
   /// Shows the value of the parameter in each of its places.
@@ -50,6 +51,8 @@ class ControlBindings : public DSPParameterObserver {
     float held = std::numeric_limits<float>::quiet_NaN();
   };
 
+  /// Takes back what the user has moved.
+  static void standStill(const Binding& place);
   Binding* find(const kestroui::Container& container, std::size_t index);
   const Binding* find(const kestroui::Container& container, std::size_t index) const {
     return const_cast<ControlBindings*>(this)->find(container, index);

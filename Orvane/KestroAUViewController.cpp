@@ -129,7 +129,8 @@ void KestroAUViewController::updateUI() {
   // The live values belong to the audio unit whose controls these are.
   if (!connection_ || !connection_->audioUnit()) return;
   for (const auto& [key, container] : controls_->controls())
-    if (container->isVisible() && container->hasModulation()) container->updateModulation();
+    if (container->hasModulation() && (container->isVisible() || container->isShown()))
+      container->updateModulation();
 }
 
 void KestroAUViewController::updateVisibility() {
@@ -231,8 +232,9 @@ void KestroAUViewController::addViewController(toolkit::ViewController& child) {
 }
 
 void KestroAUViewController::removeViewController(toolkit::ViewController& child) {
-  child.view().removeFromSuperview();
+  // First, so that willMoveToParent finds the view where it was.
   child.removeFromParent();
+  child.view().removeFromSuperview();
 }
 
 }  // namespace orvane

@@ -210,7 +210,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void setPresetName(const std::string& name);
   /// Hides the controls that isControlShown denies and shows all others.
   void updateVisibility();
-  /// Shows live values; called once per display frame while on screen.
+  /// Shows live values, on the page that is shown and wherever else a plug-in has put a control;
+  /// called once per display frame while on screen.
   void updateUI();
   /// Opens a link outside the editor; nothing happens where the program around it cannot.
   void openURL(const std::string& url) override;

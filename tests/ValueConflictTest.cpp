@@ -8,6 +8,7 @@
 #include <memory>
 #include <thread>
 
+#include "KestroUI/ButtonGroups.h"
 #include "KestroUI/XYControlContainer.h"
 #include "tests/support/TestEditor.h"
 
@@ -142,6 +143,36 @@ TEST_F(ValueConflictTest, AParameterThatCountsGetsWholeNumbersFromEveryControl) 
       EXPECT_EQ(parameter("letter"), static_cast<float>(letter));
     }
   }
+}
+
+TEST_F(ValueConflictTest, AControlWithoutAParameterStaysStill) {
+  for (const ControlType type :
+       {ControlType::knob, ControlType::onOff, ControlType::xyControl, ControlType::multiple}) {
+    SCOPED_TRACE(kestroui::rawValue(type));
+    design->givenPages.clear();
+    controller = std::make_unique<support::TestController>(design);
+    show({paramKey("ghost", type, {"phantom"})});
+    const float before = container("ghost").value("ghost");
+    const Point at = place("ghost", "ghost");
+    press(at);
+    drag({at.x + 20, at.y - 20});
+    lift({at.x + 20, at.y - 20});
+    EXPECT_EQ(container("ghost").value("ghost"), before);
+  }
+}
+
+TEST_F(ValueConflictTest, FlagsThatNoSwitchShowsStayAsTheyAre) {
+  unit = std::make_unique<quillon::CommonAudioUnit>(std::vector<quillon::ParameterDescription>{
+      {.key = "flags", .address = 1, .maxValue = 255, .defaultValue = 240}});
+  show({paramKey("flags", ControlType::bitFlagsGroup, {"w", "x", "y", "z"})});
+  auto& group = *dynamic_cast<kestroui::BitFlagsGroup*>(container("flags").control());
+  for (int flag = 0; flag < 4; ++flag) EXPECT_FALSE(group.isOn(flag));
+  const platform::Rect frame = group.frameInRoot();
+  const Point first{frame.x + 4, frame.y + 4};
+  press(first);
+  lift(first);
+  settle();
+  EXPECT_EQ(parameter("flags"), 241);
 }
 
 TEST_F(ValueConflictTest, AnObserverMayCloseTheEditorInTheMiddleOfAChange) {
