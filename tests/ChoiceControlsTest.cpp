@@ -9,6 +9,7 @@
 #include "KestroUI/ButtonGroups.h"
 #include "KestroUI/Stepper.h"
 #include "KestroUI/Switches.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -179,6 +180,65 @@ TEST_F(ChoiceControlsTest, bitFlagsAreSwitchedOneByOneAndByASlide) {
   EXPECT_EQ(group.value(), 12);
   EXPECT_TRUE(group.isOn(2));
   EXPECT_FALSE(group.isOn(0));
+}
+
+TEST_F(ChoiceControlsTest, flagsAreOnlyAsManyAsAFloatHoldsExactly) {
+  BitFlagsGroup group;
+  group.setTitles(std::vector<std::string>(30, "flag"));
+  show(group, {0, 0, 400, 200});
+  ASSERT_EQ(group.titles().size(), 24u);
+  group.setValue(16777215);
+  group.becomeFirstResponder();
+  bench.key(Key::space);
+  EXPECT_EQ(group.value(), 16777214);
+}
+
+TEST_F(ChoiceControlsTest, cellsOfSeveralRowsAreReachedByFingerAndArrows) {
+  BitFlagsGroup group;
+  group.setTitles({"a", "b", "c", "d"});
+  show(group, {0, 0, 60, 60});
+  group.becomeFirstResponder();
+  for (const float value : {4.0f, 0.0f}) {
+    bench.key(Key::home);
+    bench.key(Key::down);
+    bench.key(Key::space);
+    EXPECT_EQ(group.value(), value) << "the one below the first, on and off";
+  }
+  group.setTitles({"a", "b", "c"});
+  bench.tap({50, 50});
+  EXPECT_EQ(group.value(), 4) << "the last row is filled";
+  RadioButtons radio({"LP", "HP", "BP"});
+  show(radio, {100, 0, 180, 200});
+  bench.tap({190, 2});
+  EXPECT_EQ(radio.selectedIndex(), 1) << "above the button is the button too";
+}
+
+TEST_F(ChoiceControlsTest, aStepperCountsFromItsMinimumAndTurnsWithItsRange) {
+  Stepper stepper;
+  stepper.setRange(-1, 1);
+  stepper.setStepCount(2);
+  stepper.setValueNames({"low", "mid", "high"});
+  show(stepper, {0, 0, 100, 30});
+  const auto marks = [&] {
+    const auto all = support::Drawing(stepper).all(support::Drawing::Kind::rect);
+    // The line of the minus, then the two of the plus.
+    return std::pair(all[0].color, all[1].color);
+  };
+  const std::pair<float, std::string> names[] = {{-1, "low"}, {0, "mid"}, {1, "high"}};
+  for (const auto& [value, name] : names) {
+    stepper.setValue(value);
+    EXPECT_TRUE(support::Drawing(stepper).says(name));
+    EXPECT_EQ(marks().first == marks().second, value == 0) << "an end is marked at its own side";
+  }
+  const auto atMaximum = marks().first;
+  stepper.setValue(0);
+  EXPECT_EQ(marks().first, atMaximum) << "down goes on from the maximum";
+  stepper.setText("centre");
+  stepper.setValue(0);
+  EXPECT_TRUE(support::Drawing(stepper).says("centre")) << "the text of the same value stays";
+  stepper.setInverted(true);
+  bench.tap({95, 10});
+  EXPECT_EQ(stepper.value(), -1);
 }
 
 }  // namespace

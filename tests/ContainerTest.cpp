@@ -376,5 +376,57 @@ TEST_F(ContainerTest, anIdleEditorRepaintsNothing) {
   EXPECT_EQ(bench.window.paintedViews(), painted);
 }
 
+TEST_F(ContainerTest, aPluginsOwnControlMayHaveMarginsAndAnIcon) {
+  DropDownListContainer list;
+  list.setTitle("List");
+  show(list, {0, 0, 100, 120});
+  const double line = list.titleLabel().frame().midY();
+  list.setMargins(30, 20);
+  bench.frame();
+  EXPECT_NEAR(list.titleLabel().frame().midY(), line - 20, 0.01);
+  const auto face = [&] { return list.control()->frame(); };
+  EXPECT_GE(face().y, 30);
+  EXPECT_LE(face().maxY(), list.titleLabel().frame().y);
+  EXPECT_NEAR(face().midY(), (30 + list.titleLabel().frame().y) / 2, 4) << "in the middle";
+  platform::Path icon;
+  icon.addRect({0, 0, 1, 1});
+  list.setIconPath(icon);
+  EXPECT_FALSE(paints("text List"));
+  EXPECT_FALSE(list.iconLayer().isHidden());
+  list.showValue("any", 0, "Zero");
+  bench.window.hovered({50, 60});
+  EXPECT_TRUE(paints("text Zero")) << "the value takes its place";
+  EXPECT_TRUE(list.iconLayer().isHidden());
+}
+
+TEST_F(ContainerTest, namesThatAreGivenStay) {
+  RadioContainer radio;
+  radio.setStringValues({"Sine", "Saw"});
+  radio.setValueRange(0, 1);
+  EXPECT_EQ(radio.buttons().titles(), (std::vector<std::string>{"Sine", "Saw"}));
+  SimpleLabelContainer label;
+  show(label, {0, 0, 100, 40});
+  label.setTitle("Tempo");
+  EXPECT_TRUE(paints("text Tempo"));
+  label.showValue("any", 0.5f, "120 bpm");
+  label.setTitle("Speed");
+  EXPECT_TRUE(paints("text 120 bpm"));
+  RecContainer rec;
+  rec.setValueRange(0, 1);
+  EXPECT_EQ(rec.button().stepCount(), 1);
+  rec.setValueRange(1, 3);
+  EXPECT_EQ(rec.button().stepCount(), 2);
+}
+
+TEST_F(ContainerTest, textsGrowWithTheEditorOnlyWhereItIsLargeBothWays) {
+  toolkit::View root;
+  const std::pair<platform::Size, bool> cases[] = {
+      {{1024, 720}, false}, {{2560, 720}, false}, {{480, 1440}, false}, {{2560, 1600}, true}};
+  for (const auto& [size, grows] : cases) {
+    root.setFrame({0, 0, size.width, size.height});
+    EXPECT_EQ(textScaleIn(root) > 1, grows) << size.width << " x " << size.height;
+  }
+}
+
 }  // namespace
 }  // namespace kestroui

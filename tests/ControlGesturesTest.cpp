@@ -268,5 +268,30 @@ TEST_F(ControlGesturesTest, nothingIsPaintedWhereNothingChanged) {
   EXPECT_EQ(bench.window.paintedViews(), painted + 1);
 }
 
+TEST_F(ControlGesturesTest, stepsCountFromTheMinimum) {
+  knob->setRange(0.5f, 4.5f);
+  knob->setStepCount(4);
+  knob->setValue(0.5f);
+  bench.tap(centre);
+  bench.key(Key::right);
+  EXPECT_EQ(knob->value(), 1.5f);
+  const auto range = knob->accessibility().range;
+  ASSERT_TRUE(range.has_value());
+  EXPECT_EQ(range->minimum, 0.5);
+  EXPECT_EQ(range->maximum, 4.5);
+  EXPECT_EQ(range->step, 1);
+}
+
+TEST_F(ControlGesturesTest, aQuickSecondPressDragsWhereADoubleTapMeansNothing) {
+  bench.tap(centre);
+  secondPress(centre);
+  bench.drag({130, 129});
+  bench.drag({130, 110});
+  EXPECT_NEAR(knob->value(), 0.6f, 1e-5);
+  wheel(5);
+  EXPECT_NEAR(knob->value(), 0.6f, 1e-5) << "whoever drags has the control to themselves";
+  bench.lift({130, 110});
+}
+
 }  // namespace
 }  // namespace kestroui

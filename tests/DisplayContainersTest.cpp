@@ -302,6 +302,7 @@ TEST(KeyParts, AreReadFromKeysAndNamesWhateverTheirCase) {
   EXPECT_EQ(playedParts(keys({"RATIO", "compThreshold", "Threshold2"}), parts),
             (Played{1, 0, std::nullopt, 2}));
   EXPECT_EQ(playedParts(keys({"x", "y"}), parts), (Played{0, 1, std::nullopt, std::nullopt}));
+  EXPECT_EQ(playedParts(keys({"x", "y", "z", "u"}), parts), (Played{0, 1, std::nullopt, 2}));
   EXPECT_EQ(playedParts(keys({"x", "gainLow"}), parts), (Played{0, std::nullopt, 1, std::nullopt}));
   const auto named = std::make_shared<ParamKey>("p12", ParameterUISettings("Slope", nullptr));
   EXPECT_EQ(playedParts({named}, parts), (Played{std::nullopt, 0, std::nullopt, std::nullopt}));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "KestroUI/ChoiceContainers.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -163,6 +164,68 @@ TEST_F(DropDownListTest, aContainerClosesTheListOfAPageThatGoes) {
   ASSERT_TRUE(container.list().isOpen());
   container.setIsVisible(false);
   EXPECT_FALSE(container.list().isOpen());
+}
+
+TEST_F(DropDownListTest, TheListOpensWhereThereIsRoom) {
+  const struct {
+    platform::Rect owner;
+    int entries;
+    bool below;
+  } cases[] = {
+      {{20, 20, 120, 24}, 4, true},    {{20, 150, 120, 24}, 4, true},
+      {{20, 250, 120, 24}, 4, false},  {{20, 100, 120, 24}, 60, true},
+      {{20, 200, 120, 24}, 60, false}, {{330, 20, 60, 24}, 4, true},
+  };
+  for (const auto& each : cases) {
+    std::vector<std::string> entries(static_cast<std::size_t>(each.entries), "A rather long entry");
+    list->setFrame(each.owner);
+    list->setEntries(entries);
+    bench.frame();
+    list->open();
+    const support::Drawing open(*bench.root().subviews().back());
+    const platform::Rect place = open.all(support::Drawing::Kind::border).front().area;
+    EXPECT_EQ(place.y >= each.owner.maxY(), each.below) << each.owner.y;
+    EXPECT_TRUE(place.y >= each.owner.maxY() || place.maxY() <= each.owner.y);
+    EXPECT_TRUE(bench.root().bounds().contains(place));
+    EXPECT_GE(place.width, each.owner.width);
+    list->close();
+  }
+}
+
+TEST_F(DropDownListTest, TheEntryThatCountsIsAlwaysInView) {
+  std::vector<std::string> entries;
+  for (int i = 0; i < 100; ++i) entries.push_back("Entry " + std::to_string(i));
+  list->setEntries(entries);
+  list->setValue(60);
+  openByTap();
+  const auto inView = [&](int index) {
+    const support::Drawing open(*bench.root().subviews().back());
+    const platform::Rect place = open.all(support::Drawing::Kind::border).front().area;
+    for (const auto& text : open.all(support::Drawing::Kind::text))
+      if (text.text == "Entry " + std::to_string(index)) return place.contains(text.area);
+    return false;
+  };
+  EXPECT_TRUE(inView(60));
+  const std::pair<Key, int> keys[] = {{Key::end, 99}, {Key::up, 98}, {Key::home, 0}};
+  for (const auto& [key, index] : keys) {
+    bench.key(key);
+    EXPECT_TRUE(inView(index)) << index;
+  }
+  for (int i = 1; i < 30; ++i) {
+    bench.key(Key::down);
+    EXPECT_TRUE(inView(i)) << i;
+  }
+}
+
+TEST_F(DropDownListTest, aSecondFingerDoesNotChoose) {
+  openByTap();
+  bench.press(row(0), 1);
+  bench.press(row(2), 2);
+  bench.lift(row(2), 2);
+  EXPECT_TRUE(list->isOpen());
+  bench.lift(row(0), 1);
+  EXPECT_FALSE(list->isOpen());
+  EXPECT_EQ(counter.changes, 0) << "the first finger chose what was chosen";
 }
 
 }  // namespace

@@ -317,6 +317,15 @@ TEST_F(ShapeKindsTest, timeStandsStillWhileThePadIsTouchedOrHeld) {
   EXPECT_TRUE(isOn());
   bench.tap(place(pad, "Hold"));
   EXPECT_FALSE(isOn());
+  // Let go of the switch while the finger is on the pad, it is the finger that holds.
+  bench.press(at);
+  for (int i = 0; i < 2; ++i) {
+    bench.press(hold, 2);
+    bench.lift(hold, 2);
+    EXPECT_TRUE(isOn());
+  }
+  bench.lift(at);
+  EXPECT_FALSE(isOn());
   // What the switch has turned on stays on.
   bench.tap(place(pad, "OnOff"));
   bench.tap(at);
@@ -486,6 +495,68 @@ TEST_F(ShapeKindsTest, aDisabledShapeDoesNothing) {
   drag(at, {0, -50});
   EXPECT_FALSE(bench.window.wheelTurned({at, 0, 1, Modifiers::none}));
   EXPECT_THAT(owner.take(), ElementsAre());
+}
+
+TEST_F(ShapeKindsTest, aSmoothWheelTurnsStepsAsFarAsANotchedOne) {
+  SimpleCurveContainer curve;
+  show(curve, {"p"});
+  curve.setKeyRange(0, 0, 10);
+  curve.setKeyStringValues(0, std::vector<std::string>(11, "name"));
+  const Point at = place(curve, "p");
+  for (int i = 0; i < 10; ++i) bench.window.wheelTurned({at, 0, 0.25, {}});
+  EXPECT_NEAR(curve.value("p"), 0.2f, 1e-5);
+  EXPECT_NEAR(curve.shape()->accessibility().range->step, 0.1, 1e-6);
+}
+
+TEST_F(ShapeKindsTest, whatAnotherFingerHoldsIsNotDrawnOver) {
+  StepSequencerContainer steps;
+  show(steps, numbered(4), {0, 0, 400, 100});
+  const Point second = place(steps, "k1"), last = place(steps, "k3");
+  bench.press({second.x, 20}, 1);
+  const float held = steps.value("k1");
+  bench.press({last.x, 80}, 2);
+  bench.drag({place(steps, "k0").x, 80}, 2);
+  EXPECT_EQ(steps.value("k1"), held);
+  EXPECT_LT(steps.value("k0"), held);
+  EXPECT_EQ(std::count(owner.events.begin(), owner.events.end(), "[k1"), 1);
+  bench.lift(second, 1);
+  bench.lift(last, 2);
+  // With Shift a step moves finely from where it is.
+  bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {second.x, 50}, 1);
+  const float before = steps.value("k1");
+  bench.window.touchMoved(1, {second.x, 40}, Modifiers::shift);
+  EXPECT_GT(steps.value("k1"), before);
+  EXPECT_LT(steps.value("k1"), before + 0.03f);
+  bench.lift({second.x, 40});
+}
+
+TEST_F(ShapeKindsTest, ofHandlesInOnePlaceTheUpperOneIsTaken) {
+  DoubleFilterViewContainer filters;
+  show(filters, {"lf", "lr", "hf", "hr"});
+  for (const char* key : {"lf", "hf"}) filters.showValue(key, 0.5f, "");
+  drag(place(filters, "lf"), {40, 0});
+  EXPECT_EQ(filters.value("lf"), 0.5f);
+  EXPECT_GT(filters.value("hf"), 0.5f);
+  // Inverted, both ends stand at the left: the lower one can go right.
+  DoubleSliderContainer range;
+  show(range, {"low", "high"}, {0, 0, 300, 40});
+  range.setInverted(true);
+  for (const char* key : {"low", "high"}) range.showValue(key, 0.5f, "");
+  const Point at = place(range, "low");
+  drag({at.x + 1, at.y}, {40, 0});
+  EXPECT_LT(range.value("low"), 0.5f);
+  EXPECT_EQ(range.value("high"), 0.5f);
+}
+
+TEST_F(ShapeKindsTest, aTremblingDoubleTapIsNoDrag) {
+  SimpleCurveContainer curve;
+  show(curve, {"p", "q"});
+  const Point at = place(curve, "q");
+  bench.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 2);
+  bench.drag({at.x + 2, at.y - 2});
+  bench.lift({at.x + 2, at.y - 2});
+  EXPECT_THAT(owner.take(), ElementsAre("tap q"));
+  EXPECT_EQ(curve.value("q"), 0);
 }
 
 }  // namespace

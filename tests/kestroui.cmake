@@ -3,9 +3,10 @@ orvane_add_tests(kestroui
     ChoiceControlsTest.cpp
     ContainerTest.cpp
     ControlGesturesTest.cpp
+    ControlPicturesTest.cpp
     ControlTypeTest.cpp
     DisplayContainersTest.cpp
     DropDownListTest.cpp
     ShapeKindsTest.cpp
-    MidiMapTextTest.cpp
+    MidiMapBadgeTest.cpp
   DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

@@ -1,0 +1,159 @@
+#include "KestroUI/MidiMapBadge.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "KestroUI/MultipleContainer.h"
+#include "KestroUI/ValueContainers.h"
+#include "tests/support/Drawing.h"
+#include "tests/support/ManualDriver.h"
+
+namespace kestroui {
+namespace {
+
+TEST(MidiMapText, NamesWhatMovesAControl) {
+  const struct {
+    std::vector<std::uint8_t> message;
+    const char* text;
+  } cases[] = {
+      {{176, 74}, "CC 74 ch 1"},
+      {{0xbf, 7, 100}, "CC 7 ch 16"},
+      {{0x90, 60}, "Note C4 ch 1"},
+      {{0x82, 0}, "Note C-1 ch 3"},
+      {{0xe3}, "Bend ch 4"},
+      {{0xd0, 1}, "Pressure ch 1"},
+      {{0xc0, 4}, "Prog 5 ch 1"},
+      {{0xa0, 61}, "Touch C#4 ch 1"},
+      {{0xf0, 1, 2}, "240 1 2"},
+      {{0xb0}, "176"},
+      {{}, ""},
+  };
+  for (const auto& each : cases) EXPECT_EQ(MidiMapText(each.message).whole(), each.text);
+}
+
+class MidiMapBadgeTest : public testing::Test {
+ protected:
+  struct Owner : ContainerDelegate, platform::WeakTarget {
+    void didDoubleTap(const std::shared_ptr<ParamKey>&) override {}
+    void didBeginGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>&) override {
+      events += "moved ";
+    }
+    void didEndGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>&) override {}
+    void didSelectMidiMap(const std::shared_ptr<ParamKey>& key, Container* container) override {
+      events += "select " + (key && container ? key->key() : "nothing") + " ";
+    }
+    void wantToDeleteMidiMap(const std::shared_ptr<ParamKey>& key) override {
+      events += "delete " + (key ? key->key() : "nothing") + " ";
+    }
+    std::string take() { return std::exchange(events, ""); }
+    std::string events;
+  };
+
+  void show(Container& container, const std::vector<std::string>& names,
+            const platform::Rect& frame) {
+    std::vector<std::shared_ptr<ParamKey>> keys;
+    for (const std::string& name : names) keys.push_back(std::make_shared<ParamKey>(name));
+    container.setParamKeys(keys);
+    container.delegate = &owner;
+    bench.root().addSubview(container);
+    container.setFrame(frame);
+    bench.frame();
+  }
+  bool says(Container& container, const std::string& text) {
+    bench.frame();
+    return support::Drawing(*container.midiMapBadge()).says(text);
+  }
+
+  support::ManualLoop loop;
+  support::WindowBench bench;
+  Owner owner;
+};
+
+TEST_F(MidiMapBadgeTest, LearnModeShowsWhatHasBeenBoundBefore) {
+  KnobContainer knob, small;
+  for (KnobContainer* const each : {&knob, &small}) each->setMidiMapMessage({{0xb0, 74}});
+  show(knob, {"cutoff"}, {0, 0, 120, 120});
+  show(small, {"q"}, {200, 0, 36, 50});
+  EXPECT_EQ(knob.midiMapBadge(), nullptr);
+  knob.setMidiMappingEnabled(true);
+  small.setMidiMappingEnabled(true);
+  EXPECT_TRUE(says(knob, "CC 74 ch 1"));
+  EXPECT_TRUE(says(small, "CC 74") && says(small, "ch 1")) << "in two lines";
+  knob.setMidiMapMessage(std::nullopt);
+  EXPECT_FALSE(says(knob, "CC 74 ch 1"));
+  knob.setMidiMapSelected(true);
+  EXPECT_TRUE(says(knob, "Waiting"));
+  knob.setMidiMapSelected(false);
+  EXPECT_FALSE(says(knob, "Waiting"));
+  knob.setMidiMappingEnabled(false);
+  EXPECT_TRUE(knob.midiMapBadge()->isHidden());
+}
+
+TEST_F(MidiMapBadgeTest, WhatOnlyShowsCannotBeLearned) {
+  LEDViewContainer light;
+  SimpleLabelContainer label;
+  KnobContainer knob;
+  knob.setMappable(false);
+  for (Container* const each : std::vector<Container*>{&light, &label, &knob}) {
+    show(*each, {"key"}, {0, 0, 80, 80});
+    each->setMidiMappingEnabled(true);
+    EXPECT_FALSE(each->midiMapBadge() && !each->midiMapBadge()->isHidden());
+    each->removeFromSuperview();
+  }
+  knob.setMappable(true);
+  ASSERT_NE(knob.midiMapBadge(), nullptr);
+  EXPECT_FALSE(knob.midiMapBadge()->isHidden());
+}
+
+TEST_F(MidiMapBadgeTest, ATapSelectsAndOneInTheCornerOfABoundControlDeletes) {
+  for (const double width : {30.0, 60.0, 200.0})
+    for (const double height : {30.0, 90.0})
+      for (const bool bound : {false, true}) {
+        SCOPED_TRACE(testing::Message() << width << " x " << height << (bound ? " bound" : ""));
+        KnobContainer knob;
+        show(knob, {"cutoff"}, {0, 0, width, height});
+        if (bound) knob.setMidiMapMessage({{0xb0, 74}});
+        knob.setMidiMappingEnabled(true);
+        bench.frame();
+        bench.tap({width * 0.3, 5});
+        EXPECT_EQ(owner.take(), "select cutoff ");
+        bench.tap({width - 4, 4});
+        EXPECT_EQ(owner.take(), bound ? "delete cutoff " : "select cutoff ");
+        EXPECT_EQ(knob.value(), 0) << "learning moves nothing";
+      }
+}
+
+TEST_F(MidiMapBadgeTest, TheKeyboardSelectsAndDeletesToo) {
+  using platform::Key;
+  KnobContainer knob;
+  show(knob, {"cutoff"}, {0, 0, 100, 100});
+  knob.setMidiMappingEnabled(true);
+  knob.midiMapBadge()->becomeFirstResponder();
+  EXPECT_TRUE(bench.key(Key::returnKey));
+  EXPECT_FALSE(bench.key(Key::backspace)) << "there is nothing to delete";
+  EXPECT_EQ(owner.take(), "select cutoff ");
+  knob.setMidiMapMessage({{0xb0, 74}});
+  EXPECT_TRUE(bench.key(Key::backspace));
+  EXPECT_EQ(owner.take(), "delete cutoff ");
+}
+
+TEST_F(MidiMapBadgeTest, EachKnobOfAGroupIsLearnedByItself) {
+  MultipleContainer group;
+  show(group, {"bass", "high"}, {0, 0, 200, 100});
+  group.setMidiMappingEnabled(true);
+  bench.frame();
+  bench.tap({150, 50});
+  EXPECT_EQ(owner.take(), "select high ");
+  group.subContainer("bass")->setMidiMapMessage({{0xb0, 1}});
+  bench.tap({96, 4});
+  EXPECT_EQ(owner.take(), "delete bass ");
+  group.setMappable(false);
+  EXPECT_TRUE(group.subContainer("high")->midiMapBadge()->isHidden());
+}
+
+}  // namespace
+}  // namespace kestroui
