@@ -121,6 +121,8 @@ TEST(KeyedArchiveTest, FormsOfOtherWritersAreRead) {
        Array{7}},
       {"a number object", archive({"$null", object(2, {{"NS.dblval", 1.5}}), theClass("NSNumber")}),
        1.5},
+      {"a truth as an object",
+       archive({"$null", object(2, {{"NS.boolval", true}}), theClass("NSNumber")}), true},
       {"a null object", archive({"$null", object(2, {}), theClass("NSNull")}), {}},
       {"a date in whole seconds",
        archive({"$null", object(2, {{"NS.time", 5}}), theClass("NSDate")}), PropertyList::Date{5}},

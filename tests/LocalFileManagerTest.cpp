@@ -9,11 +9,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <thread>
 
 #include "foundation/DefaultFileManager.h"
+#include "foundation/FileLock.h"
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -179,7 +184,10 @@ TEST(LocalFileManagerTest, PartsOfAFileAreReadAndOnlyOfRegularFiles) {
   EXPECT_EQ(read(8, 5), "89");
   EXPECT_EQ(read(20, 5), "");
   ::mkfifo((folder / "pipe").c_str(), 0600);
-  for (const std::string name : {"none", "", "pipe"}) {
+  folder.write("huge", "");
+  std::filesystem::resize_file(folder / "huge", std::uint64_t{300} << 20);
+  EXPECT_EQ(files.contents(folder / "huge", error, 0, 5)->size(), 5u);
+  for (const std::string name : {"none", "", "pipe", "huge"}) {
     EXPECT_FALSE(files.contents(folder / name, error));
     EXPECT_THAT(error.localizedDescription, HasSubstr("could not be read: "));
   }
@@ -267,6 +275,63 @@ TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
   const std::string temporary = files.temporaryDirectory();
   EXPECT_EQ(temporary.back(), '/');
   EXPECT_TRUE(files.isDirectory(temporary));
+}
+
+TEST(LocalFileManagerTest, TemporaryFilesLieWhereNobodyElseCanWrite) {
+  const TemporaryFolder folder;
+  const char* const old = std::getenv("TMPDIR");
+  const std::string before = old ? old : "";
+  ::setenv("TMPDIR", folder.path().c_str(), 1);
+  const std::string own = folder / ("orvane-" + std::to_string(::geteuid()));
+  EXPECT_EQ(LocalFileManager("").temporaryDirectory(), own + '/');
+  ::chmod(own.c_str(), 0777);
+  const std::string other = LocalFileManager("").temporaryDirectory();
+  EXPECT_NE(other, own + '/');
+  EXPECT_TRUE(other.starts_with(folder.path()));
+  std::filesystem::remove(own);
+  std::filesystem::create_symlink(other, own);
+  EXPECT_NE(LocalFileManager("").temporaryDirectory(), own + '/') << "a trap";
+  old ? ::setenv("TMPDIR", before.c_str(), 1) : ::unsetenv("TMPDIR");
+}
+
+TEST(LocalFileManagerTest, TheUsersDataLieWhereTheSystemSays) {
+  const struct {
+    const char *data, *home, *folder;
+  } cases[] = {
+      {"/d", "/h", "/d/orvane"},
+      {"", "/h", "/h/.local/share/orvane"},
+      {"relative", "/h", "/h/.local/share/orvane"},
+      {"", "", ""},
+  };
+  const auto of = [](const char* name) {
+    const char* value = std::getenv(name);
+    return std::string(value ? value : "");
+  };
+  const std::string data = of("XDG_DATA_HOME"), home = of("HOME");
+  for (const auto& each : cases) {
+    ::setenv("XDG_DATA_HOME", each.data, 1);
+    ::setenv("HOME", each.home, 1);
+    EXPECT_EQ(LocalFileManager::usersDataFolder(), each.folder);
+  }
+  ::setenv("XDG_DATA_HOME", data.c_str(), 1);
+  ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST(FileLockTest, KeepsOthersOutAsLongAsItLives) {
+  const TemporaryFolder folder;
+  std::atomic<bool> isIn{false};
+  std::thread other;
+  {
+    const foundation::FileLock lock(folder / "lock");
+    other = std::thread([&] {
+      const foundation::FileLock second(folder / "lock");
+      isIn = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_FALSE(isIn);
+  }
+  other.join();
+  EXPECT_TRUE(isIn);
 }
 
 TEST(LocalFileManagerTest, TheDefaultIsThatOfTheInnermostScope) {

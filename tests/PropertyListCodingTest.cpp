@@ -5,10 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <string>
 #include <vector>
+
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -89,6 +93,21 @@ TEST(PropertyListCodingTest, EveryKindOfValueReadsBackAsItWasWritten) {
   EXPECT_EQ(*read, list);
 }
 
+TEST(PropertyListCodingTest, NumbersHaveAPointWhateverTheLocaleOfTheHost) {
+  const support::TemporaryFolder folder;
+  const std::string command = "localedef -i de_DE -f UTF-8 '" + (folder / "de_DE.UTF-8") + "'";
+  std::system((command + " >/dev/null 2>&1").c_str());
+  ::setenv("LOCPATH", folder.path().c_str(), 1);
+  const bool hasCommas = std::setlocale(LC_NUMERIC, "de_DE.UTF-8") != nullptr;
+  const std::string text = writeXmlPropertyList(PropertyList::Array{0.5, 1234.25});
+  const auto read = parse(xml("<array><real>0.5</real><real>1234.25</real></array>"));
+  std::setlocale(LC_NUMERIC, "C");
+  ::unsetenv("LOCPATH");
+  if (!hasCommas) GTEST_SKIP() << "there is no locale with commas here";
+  EXPECT_EQ(text.find(','), text.npos) << text;
+  EXPECT_EQ(read, PropertyList(PropertyList::Array{0.5, 1234.25}));
+}
+
 TEST(PropertyListCodingTest, RealsOutsideTheNumbersSurvive) {
   const auto read = parse(writeXmlPropertyList(
       PropertyList::Array{std::numeric_limits<double>::infinity(),
@@ -122,6 +141,11 @@ TEST(PropertyListCodingTest, WhatTheFormatCannotHoldIsLeftOutOrReplaced) {
 }
 
 TEST(PropertyListCodingTest, XmlOfOtherWritersIsRead) {
+  const auto many = [](const std::string& text) {
+    std::string all;
+    for (int i = 0; i < 1000; ++i) all += text;
+    return all;
+  };
   const struct {
     std::string text;
     PropertyList list;
@@ -131,6 +155,10 @@ TEST(PropertyListCodingTest, XmlOfOtherWritersIsRead) {
       {xml("<!-- <dict> --><integer> 12 </integer>"), 12},
       {xml("<string>a&amp;&#65;&#x20AC;<![CDATA[<x>]]></string>"), "a&A\xe2\x82\xac<x>"},
       {xml("<data>\n\tAAEC\n</data>"), PropertyList::Data{0, 1, 2}},
+      {xml("<array>" + many("<true/>") + "</array>"), PropertyList::Array(1000, true)},
+      {xml("<array>" + many("<string>a</string>") + "</array>"), PropertyList::Array(1000, "a")},
+      {xml("<!--" + many("<array>") + "--><string><![CDATA[" + many("<a>") + "]]></string>"),
+       many("<a>")},
       {xml("<dict><key>a</key><real>1.5</real></dict>"), PropertyList::Dictionary{{"a", 1.5}}},
   };
   for (const auto& [text, list] : cases) {
@@ -154,6 +182,19 @@ TEST(PropertyListCodingTest, TheBinaryFormIsRead) {
       "\x42\0\xff"s,                    // data
       "\x80\x09"s,                      // a reference of a keyed archive
   }));
+  const std::pair<std::string, PropertyList> values[] = {
+      {"\x08"s, false},
+      {"\x09"s, true},
+      {"\x10\xff"s, 255},
+      {"\x11\x01\x02"s, 258},
+      {"\x13\xff\xff\xff\xff\xff\xff\xff\xfe"s, -2},
+      {"\x14"s + std::string(8, '\0') + "\0\0\0\0\0\0\1\2"s, 258},
+      {"\x22\x3f\xc0\0\0"s, 1.5},
+      {"\x33\x3f\xf8\0\0\0\0\0\0"s, PropertyList::Date{1.5}},
+      {"\x5f\x10\x10"s + std::string(16, 'x'), std::string(16, 'x')},
+      {"\x81\x01\0"s, PropertyList::Dictionary{{"CF$UID", 256}}},
+  };
+  for (const auto& [bytes, value] : values) EXPECT_EQ(parse(binary({bytes})), value) << bytes;
   ASSERT_TRUE(read);
   EXPECT_EQ(*read,
             PropertyList(PropertyList::Dictionary{

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -67,6 +68,26 @@ TEST_F(RealtimePortTest, AFullPortRefusesUntilItIsEmptiedAndSaysSoOnce) {
   EXPECT_EQ(overflows_, 1);
 }
 
+TEST_F(RealtimePortTest, AFullPortTakesNothingUntilItHasSaidSo) {
+  support::ManualLoop loop;
+  std::optional<RealtimePort> port;
+  std::string log;
+  port.emplace(
+      2,
+      [&](std::uint64_t message) {
+        log += std::to_string(message);
+        // There is room by now, but what comes here would be older than what is read anew.
+        EXPECT_FALSE(port->post(9));
+      },
+      [&] {
+        log += "!";
+        EXPECT_TRUE(port->post(4));
+      });
+  for (std::uint64_t message : {1u, 2u, 3u}) EXPECT_EQ(port->post(message), message < 3);
+  loop.loop.runDue();
+  EXPECT_EQ(log, "12!");
+}
+
 TEST_F(RealtimePortTest, MessagesOfADrainPostedMeanwhileWaitForTheNext) {
   support::ManualLoop loop;
   std::optional<RealtimePort> port;
@@ -94,6 +115,22 @@ TEST_F(RealtimePortTest, AMessageIsHeardBeforeATaskThatWasPostedAfterIt) {
   });
   loop.settle();
   EXPECT_EQ(received_, (std::vector<std::uint64_t>{1, 2}));
+
+  // As from another thread in the middle of a turn.
+  std::optional<RealtimePort> second;
+  std::string log;
+  second.emplace(
+      8,
+      [&](std::uint64_t message) {
+        log += std::to_string(message);
+        if (message == 2) return;
+        second->post(2);
+        DispatchQueue::mainAsync([&] { log += "task"; });
+      },
+      [] {});
+  second->post(1);
+  loop.settle();
+  EXPECT_EQ(log, "12task");
 }
 
 TEST_F(RealtimePortTest, ManyPostsToManyPortsWakeTheDriverOnce) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -93,12 +94,13 @@ TEST_F(RunLoopTest, TasksFromSeveralThreadsAllArriveInTheirThreadsOrder) {
 }
 
 TEST_F(RunLoopTest, TimersRunInTimeOrder) {
-  Timer late(0.3, Timer::Repeat::once, logs(3));
+  Timer late(0.3, Timer::Repeat::once, logs(4));
   Timer early(0.1, Timer::Repeat::once, logs(1));
   Timer middle(0.2, Timer::Repeat::once, logs(2));
+  Timer sameTime(0.2, Timer::Repeat::once, logs(3));
   loop_.driver.stall(1);
   loop_.settle();
-  EXPECT_EQ(log_, (std::vector<int>{1, 2, 3}));
+  EXPECT_EQ(log_, (std::vector<int>{1, 2, 3, 4}));
   EXPECT_FALSE(late.isValid());
 }
 
@@ -174,7 +176,9 @@ TEST_F(RunLoopTest, AMovedTimerGoesOn) {
 }
 
 TEST_F(RunLoopTest, ADisplayLinkIsCalledOnceAFrameWhileItIsNotPaused) {
+  const int before = loop_.driver.scheduleChanges();
   DisplayLink link(logs(1));
+  EXPECT_EQ(loop_.driver.scheduleChanges(), before + 1) << "the driver stands still until then";
   loop_.advance(0.5);
   EXPECT_EQ(log_.size(), 30u);
   link.setPaused(true);
@@ -182,8 +186,17 @@ TEST_F(RunLoopTest, ADisplayLinkIsCalledOnceAFrameWhileItIsNotPaused) {
   loop_.advance(0.5);
   EXPECT_EQ(log_.size(), 30u);
   link.setPaused(false);
+  EXPECT_EQ(loop_.driver.scheduleChanges(), before + 3);
   loop_.advance(0.5);
   EXPECT_EQ(log_.size(), 60u);
+}
+
+TEST_F(RunLoopTest, ADisplayLinkThatAnotherPausesIsSilentInTheSameFrame) {
+  std::optional<DisplayLink> second;
+  DisplayLink first([&] { second->setPaused(true); });
+  second.emplace(logs(2));
+  loop_.advance(0.1);
+  EXPECT_TRUE(log_.empty());
 }
 
 TEST_F(RunLoopTest, ADisplayLinkMayDieInItsOwnCallbackOrInAnother) {
@@ -225,6 +238,39 @@ TEST(RunLoopLifeTest, ATaskMayDestroyTheLoop) {
   DispatchQueue::mainAsync([&] { ++calls; });
   loop->runDue();
   EXPECT_EQ(calls, 0);
+}
+
+TEST(RunLoopLifeTest, WhatDroppedTasksOwnMayPostWhileItDies) {
+  struct Poster {
+    ~Poster() {
+      DispatchQueue::mainAsync([] {});
+    }
+  };
+  {
+    support::ManualLoop loop;
+    DispatchQueue::mainAsync([owned = std::make_shared<Poster>()] {});
+  }
+  EXPECT_EQ(RunLoop::mainIfAny(), nullptr);
+}
+
+TEST(RunLoopLifeTest, ALoopEndsOnlyWhenNoThreadIsInsideItsDriver) {
+  struct SlowDriver : support::ManualDriver {
+    std::atomic<bool> isSlow{false}, isInside{false}, hasLeft{false};
+    void wake() override {
+      if (!isSlow) return;
+      isInside = true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      hasLeft = true;
+    }
+  } driver;
+  auto loop = std::make_unique<RunLoop>(driver);
+  loop->runDue();
+  driver.isSlow = true;
+  std::thread poster([] { DispatchQueue::mainAsync([] {}); });
+  while (!driver.isInside) std::this_thread::yield();
+  loop.reset();
+  EXPECT_TRUE(driver.hasLeft);
+  poster.join();
 }
 
 TEST(RunLoopDeathTest, MisuseIsFatal) {

@@ -81,6 +81,22 @@ TEST_F(UserDefaultsTest, AValueThatIsRemovedAndSetAgainIsNeverSeenMissing) {
   EXPECT_FALSE(stored("list"));
 }
 
+TEST_F(UserDefaultsTest, ARemovalThatCouldNotBeWrittenIsMadeUpFor) {
+  open().setObject("list", {"a"});
+  open().setObject("other", {"b"});
+  open().removeObject("list");
+  const std::string saved = support::textOf(file());
+  std::filesystem::remove(file());
+  std::filesystem::create_directory(file());
+  open().synchronize();
+  EXPECT_FALSE(printed.empty());
+  std::filesystem::remove(file());
+  std::ofstream(file()) << saved;
+  open().synchronize();
+  EXPECT_FALSE(stored("list")) << "without a loop it is done at once";
+  EXPECT_EQ(*stored("other"), Array{"b"});
+}
+
 TEST_F(UserDefaultsTest, WhatAnotherProcessHasChangedMeanwhileIsKept) {
   open().setObject("list", {"a", "b", "c"});
   storeElsewhere({{"list", Array{"b", "c", "theirs"}}});
