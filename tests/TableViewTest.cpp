@@ -58,6 +58,7 @@ class TableViewTest : public testing::Test,
   }
   void didDeselectRowAt(TableView&, IndexPath row) override {
     journal += "-" + std::to_string(row.section) + "/" + std::to_string(row.row);
+    if (onDeselect) onDeselect();
   }
 
   /// The texts of the cells and headers in sight.
@@ -74,7 +75,7 @@ class TableViewTest : public testing::Test,
   std::vector<int> rows{3, 100000};
   TableView table;
   std::string journal;
-  std::function<void()> onSelect;
+  std::function<void()> onSelect, onDeselect;
   int filled = 0;
 };
 
@@ -98,6 +99,32 @@ TEST_F(TableViewTest, buildsNoMoreCellsThanFitHoweverFarItScrolls) {
   table.setContentOffset(table.contentOffset() + 30);
   bench.frame();
   EXPECT_EQ(filled, 1) << "one row came into sight";
+  for (const double step : {31.0, -31.0}) {
+    for (int i = 0; i < 100; ++i) {
+      table.setContentOffset(table.contentOffset() + step);
+      bench.frame();
+    }
+    EXPECT_LE(table.cellCount(), 10u) << "what goes out of sight is used again, on either side";
+  }
+  const int first = table.rowAt(table.contentOffset())->row;
+  EXPECT_EQ(table.cellForRow({1, first - 1}), nullptr);
+  EXPECT_NE(table.cellForRow({1, first}), nullptr);
+  EXPECT_EQ(table.cellForRow({1, first + 9}), nullptr);
+}
+
+TEST_F(TableViewTest, placesAndRowsAnswerEachOther) {
+  const std::pair<double, std::optional<IndexPath>> cases[] = {
+      {-1, std::nullopt},      {23, std::nullopt},     {24, IndexPath{0, 0}},
+      {53.5, IndexPath{0, 0}}, {54, IndexPath{0, 1}},  {113, IndexPath{0, 2}},
+      {114, std::nullopt},     {138, IndexPath{1, 0}}, {138 + 30 * 100000.0, std::nullopt}};
+  for (const auto& [y, row] : cases) {
+    EXPECT_EQ(table.rowAt(y), row) << y;
+    if (row) {
+      EXPECT_TRUE(table.rectForRow(*row).contains(platform::Point{1, y})) << y;
+    }
+  }
+  EXPECT_TRUE(table.rectForRow({0, 3}).isEmpty());
+  EXPECT_TRUE(table.rectForRow({2, 0}).isEmpty());
 }
 
 TEST_F(TableViewTest, aHeaderFloatsUntilItsSectionHasGoneBy) {
@@ -109,6 +136,105 @@ TEST_F(TableViewTest, aHeaderFloatsUntilItsSectionHasGoneBy) {
   EXPECT_TRUE(texts().contains("FACTORY"));
   bench.tap({50, 10});
   EXPECT_EQ(journal, "") << "a tap on it is none on the row below it";
+}
+
+TEST_F(TableViewTest, cellsShowWhatIsPressedChosenAndReachedByKeys) {
+  const auto cell = [&](int row) { return table.cellForRow({0, row}); };
+  bench.press({50, 24 + 45});
+  EXPECT_TRUE(cell(1)->isHighlighted());
+  bench.drag({50, 24 + 47});
+  EXPECT_TRUE(cell(1)->isHighlighted()) << "a finger is never quite still";
+  bench.drag({50, 24 + 60});
+  EXPECT_FALSE(cell(1)->isHighlighted());
+  bench.lift({50, 24 + 60});
+  bench.press({50, 24 + 45});
+  bench.window.cancelTouches();
+  EXPECT_FALSE(cell(1)->isHighlighted());
+  EXPECT_EQ(journal, "");
+  table.setContentOffset(0);
+  bench.frame();
+
+  bench.tap({50, 24 + 45});
+  bench.tap({50, 24 + 45});
+  EXPECT_EQ(journal, "+0/1+0/1") << "chosen again, and never given up";
+  EXPECT_TRUE(cell(1)->isSelected());
+  bench.key(Key::down);
+  EXPECT_TRUE(cell(2)->isFocused()) << "from the chosen row on";
+  EXPECT_FALSE(bench.key(Key::up, platform::Modifiers::command));
+  table.refillCells();
+  bench.frame();
+  EXPECT_TRUE(cell(1)->isSelected() && cell(2)->isFocused());
+  table.resignFirstResponder();
+  EXPECT_FALSE(cell(2)->isFocused());
+  table.deselectRow({0, 0});
+  EXPECT_TRUE(cell(1)->isSelected());
+  table.deselectRow({0, 1});
+  EXPECT_FALSE(cell(1)->isSelected());
+  EXPECT_EQ(journal, "+0/1+0/1") << "only what the user does is told";
+}
+
+TEST_F(TableViewTest, theReachedRowIsNeverUnderAHeaderNorOutOfSight) {
+  table.becomeFirstResponder();
+  for (const Key key : {Key::down, Key::up})
+    for (int i = 0; i < 40; ++i) {
+      bench.key(key);
+      bench.frame();
+      const double y = table.rectForRow(*table.focusedRow()).y - table.contentOffset();
+      ASSERT_GE(y, 24) << i;
+      ASSERT_LE(y, 240 - 30) << i;
+    }
+  bench.key(Key::end);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{1, 99999}));
+  bench.key(Key::down);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{1, 99999}));
+}
+
+TEST_F(TableViewTest, aTouchThatStopsAGlideChoosesNothingAndOneThatRestedThrowsNothing) {
+  const auto pull = [&] {
+    bench.press({50, 200});
+    for (int i = 1; i <= 10; ++i) {
+      bench.seconds += 0.01;
+      bench.drag({50, 200 - 10.0 * i});
+    }
+  };
+  pull();
+  bench.lift({50, 100});
+  loop.advance(0.1);
+  const double offset = table.contentOffset();
+  bench.tap({50, 100});
+  loop.advance(1);
+  EXPECT_EQ(table.contentOffset(), offset);
+  EXPECT_EQ(journal, "");
+  pull();
+  bench.seconds += 0.2;
+  bench.lift({50, 100});
+  EXPECT_FALSE(loop.loop.wantsDisplayFrames());
+  pull();
+  bench.lift({50, 100});
+  table.removeFromSuperview();
+  loop.advance(0.1);
+  EXPECT_FALSE(loop.loop.wantsDisplayFrames()) << "nobody sees it glide";
+}
+
+TEST_F(TableViewTest, whatItCannotUseGoesToItsSurroundings) {
+  const platform::WheelEvent sideways{{50, 50}, 1, 0, platform::Modifiers::none};
+  const platform::WheelEvent down{{50, 50}, 0, -1, platform::Modifiers::none};
+  EXPECT_FALSE(bench.window.wheelTurned(sideways));
+  rows = {2};
+  table.reloadData();
+  bench.frame();
+  EXPECT_FALSE(bench.window.wheelTurned(down));
+  bench.tap({195, 200});
+  EXPECT_EQ(table.contentOffset(), 0);
+  EXPECT_EQ(journal, "");
+}
+
+TEST_F(TableViewTest, whoeverIsToldOfADeselectionMayTakeTheTableAway) {
+  table.chooseRow({0, 0});
+  onDeselect = [&] { table.setSource(nullptr); };
+  table.chooseRow({0, 1});
+  EXPECT_EQ(journal, "+0/0-0/0");
+  EXPECT_EQ(texts(), std::set<std::string>{});
 }
 
 TEST_F(TableViewTest, aTapChoosesAndADragScrollsAndGlidesToRest) {
@@ -136,6 +262,8 @@ TEST_F(TableViewTest, wheelBarAndKeysReachEveryRow) {
   bench.window.wheelTurned({{50, 50}, 0, -1, platform::Modifiers::none});
   EXPECT_EQ(table.contentOffset(), 90);
   bench.press({195, 120});
+  EXPECT_NEAR(table.contentOffset(), (table.contentHeight() - 240) / 2, 1e-6)
+      << "beside the thumb, the thumb comes to the finger";
   bench.drag({195, 239});
   bench.lift({195, 239});
   EXPECT_TRUE(texts().contains("1/99999"));

@@ -1,5 +1,6 @@
 #include "toolkit/TextField.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/ManualDriver.h"
@@ -39,6 +40,11 @@ class TextFieldTest : public testing::Test, public platform::WeakTarget {
   }
   void shortcut(const std::string& letter, Modifiers more = Modifiers::none) {
     bench.key(Key::character, Modifiers::control | more, letter);
+  }
+
+  void selectAllAndLeave() {
+    field.selectAll();
+    field.resignFirstResponder();
   }
 
   support::ManualLoop loop;
@@ -89,6 +95,109 @@ TEST_F(TextFieldTest, aSelectionIsReplacedCopiedAndBroughtBack) {
   EXPECT_EQ(field.text(), "");
 }
 
+TEST_F(TextFieldTest, keysMoveTheCaretAndExtendTheSelection) {
+  const auto shift = Modifiers::shift, control = Modifiers::control, alt = Modifiers::alt;
+  struct Press {
+    Key key;
+    Modifiers modifiers = Modifiers::none;
+  };
+  struct Case {
+    std::vector<Press> presses;
+    const char *selected, *typed;
+  };
+  // From the start of "Sea Glass Pad"; then an x is typed.
+  const Case cases[] = {
+      {{{Key::right}}, "", "Sxea Glass Pad"},
+      {{{Key::right, control}}, "", "Sea xGlass Pad"},
+      {{{Key::right, alt}, {Key::right, alt}}, "", "Sea Glass xPad"},
+      {{{Key::end}, {Key::left}}, "", "Sea Glass Paxd"},
+      {{{Key::end}, {Key::left, control}}, "", "Sea Glass xPad"},
+      {{{Key::left}}, "", "xSea Glass Pad"},
+      {{{Key::right, shift}, {Key::right, shift}}, "Se", "xa Glass Pad"},
+      {{{Key::right, control}, {Key::right, shift | control}}, "Glass ", "Sea xPad"},
+      {{{Key::right, control}, {Key::right, shift | control}, {Key::left}}, "", "Sea xGlass Pad"},
+      {{{Key::right, control}, {Key::right, shift | control}, {Key::right}}, "", "Sea Glass xPad"},
+      {{{Key::right}, {Key::end, shift}}, "ea Glass Pad", "Sx"},
+      {{{Key::end}, {Key::home, shift}}, "Sea Glass Pad", "x"},
+      {{{Key::end}, {Key::home, shift}, {Key::left}}, "", "xSea Glass Pad"},
+      {{{Key::end}, {Key::backspace, control}}, "", "Sea Glass x"},
+      {{{Key::deleteForward, control}}, "", "xGlass Pad"},
+      {{{Key::right, shift}, {Key::right, shift}, {Key::backspace}}, "", "xa Glass Pad"},
+      {{{Key::backspace}}, "", "xSea Glass Pad"},
+  };
+  field.becomeFirstResponder();
+  for (const Case& each : cases) {
+    field.setText("Sea Glass Pad");
+    bench.key(Key::home);
+    for (const Press& press : each.presses) bench.key(press.key, press.modifiers);
+    EXPECT_EQ(field.selectedText(), each.selected) << each.typed;
+    type("x");
+    EXPECT_EQ(field.text(), each.typed);
+  }
+}
+
+TEST_F(TextFieldTest, onlyWhatChangesIsToldAndCanBeUndone) {
+  field.setText("old");
+  field.becomeFirstResponder();
+  journal.clear();
+  bench.key(Key::end);
+  bench.key(Key::deleteForward);
+  shortcut("c");
+  shortcut("x");
+  shortcut("v");
+  shortcut("z");
+  shortcut("y");
+  EXPECT_EQ(journal, "") << "nothing was selected, pasted or done yet";
+  EXPECT_EQ(bench.clipboard, "");
+  EXPECT_FALSE(bench.key(Key::character, Modifiers::alt, "x")) << "the host's";
+  type("er");
+  bench.key(Key::left);
+  type("t");
+  shortcut("z");
+  EXPECT_EQ(field.text(), "older") << "letters typed elsewhere are another step";
+  bench.key(Key::end);
+  bench.key(Key::backspace);
+  shortcut("y");
+  EXPECT_EQ(field.text(), "olde") << "what was undone is forgotten by the next change";
+  shortcut("z");
+  EXPECT_EQ(field.text(), "older");
+  field.setText("new");
+  shortcut("z");
+  EXPECT_EQ(field.text(), "new");
+  field.setEnabled(false);
+  bench.tap({20, 15});
+  EXPECT_FALSE(bench.key(Key::character, Modifiers::none, "x"));
+  EXPECT_EQ(field.text(), "new");
+}
+
+TEST_F(TextFieldTest, showsSelectionAndABlinkingCaretOnlyWithTheKeyboard) {
+  const auto rects = [&] {
+    bench.frame();
+    std::size_t count = 0;
+    for (const std::string& line : bench.painted()) count += line.rfind("rect ", 0) == 0;
+    return count;
+  };
+  field.setPlaceholder("NAME", platform::Color::white());
+  EXPECT_EQ(rects(), 0u);
+  EXPECT_THAT(bench.painted(), testing::Contains("text NAME"));
+  field.setText("Tide");
+  EXPECT_EQ(rects(), 0u);
+  field.becomeFirstResponder();
+  EXPECT_EQ(rects(), 2u) << "all is selected";
+  bench.key(Key::end);
+  EXPECT_EQ(rects(), 1u);
+  loop.advance(0.6);
+  EXPECT_EQ(rects(), 0u);
+  type("s");
+  EXPECT_EQ(rects(), 1u) << "a caret that has moved is lit";
+  loop.advance(0.6);
+  loop.advance(0.6);
+  EXPECT_EQ(rects(), 1u);
+  selectAllAndLeave();
+  EXPECT_EQ(rects(), 0u);
+  EXPECT_EQ(field.selectedText(), "");
+}
+
 TEST_F(TextFieldTest, doubleTapSelectsAWordAndDraggingSelectsLetters) {
   field.setText("Low Tide");
   bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {60, 15}, 2);
@@ -98,6 +207,19 @@ TEST_F(TextFieldTest, doubleTapSelectsAWordAndDraggingSelectsLetters) {
   bench.drag({24, 15});
   bench.lift({24, 15});
   EXPECT_EQ(field.selectedText(), "Lo");
+  const auto tap = [&](double x, int count, Modifiers modifiers = Modifiers::none) {
+    bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {x, 15}, count, modifiers);
+    bench.drag({x + 25, 15});
+    bench.lift({x + 25, 15});
+    return field.selectedText();
+  };
+  EXPECT_EQ(tap(60, 2), "Tide") << "a hand that slips takes no letters off";
+  EXPECT_EQ(tap(35, 2), " ");
+  EXPECT_EQ(tap(60, 3), "Low Tide");
+  bench.tap({13, 15});
+  bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {43, 15}, 1, Modifiers::shift);
+  bench.lift({43, 15});
+  EXPECT_EQ(field.selectedText(), "ow ");
 }
 
 TEST_F(TextFieldTest, theClearButtonEmptiesAndTellsOnce) {
@@ -106,6 +228,9 @@ TEST_F(TextFieldTest, theClearButtonEmptiesAndTellsOnce) {
   field.becomeFirstResponder();
   bench.frame();
   journal.clear();
+  bench.press({190, 15});
+  bench.lift({190, 60});
+  EXPECT_EQ(field.text(), "bass") << "who slides off it has thought better of it";
   bench.tap({190, 15});
   EXPECT_EQ(field.text(), "");
   EXPECT_EQ(journal, "c");

@@ -186,6 +186,43 @@ TEST_F(TouchTest, AViewThatComesOrGoesBelowTheRestingMouseIsTold) {
   EXPECT_THAT(only(journal, {"entered", "left"}), IsEmpty());
 }
 
+TEST_F(TouchTest, TheMouseRestsWhereItsDragEndedAndAFingerMovesNoMouse) {
+  const auto released = [&](Touch::Kind kind) {
+    bench.window.hovered({15, 15});
+    bench.window.touchBegan(1, kind, {15, 15}, 1);
+    bench.drag({210, 10});
+    other->setNeedsDisplay();
+    other->setFrame(other->frame().translated(1, 0));
+    bench.frame();
+    EXPECT_THAT(only(journal, {"left", "entered"}), ElementsAre("panel entered", "leaf entered"))
+        << "whoever is touched keeps the mouse";
+    journal.clear();
+    bench.lift({210, 10});
+    other->setFrame(other->frame().translated(1, 0));
+    bench.frame();
+    return only(journal, {"left", "entered"});
+  };
+  EXPECT_THAT(released(Touch::Kind::mouse),
+              ElementsAre("leaf left", "panel left", "other entered"));
+  bench.window.hoverEnded();
+  journal.clear();
+  EXPECT_THAT(released(Touch::Kind::finger), IsEmpty());
+}
+
+TEST_F(TouchTest, WhereTheMouseMovesIsToldInTheCoordinatesOfTheFrontView) {
+  struct Taker : View {
+    using View::View;
+    std::vector<Point> places;
+    void hoverMoved(Point location) override { places.push_back(location); }
+  } outer({300, 100, 50, 50}), inner({10, 10, 20, 20});
+  bench.root().addSubview(outer);
+  outer.addSubview(inner);
+  bench.window.hovered({312, 115});
+  bench.window.hovered({301, 101});
+  EXPECT_THAT(inner.places, ElementsAre(Point{2, 5}));
+  EXPECT_THAT(outer.places, ElementsAre(Point{1, 1}));
+}
+
 TEST_F(TouchTest, HoverEntersFromOutsideAndLeavesFromInside) {
   bench.window.hovered({15, 15});
   bench.window.hovered({16, 16});
@@ -222,6 +259,34 @@ TEST_F(TouchTest, KeysGoFromTheFirstResponderOutToTheProgram) {
   EXPECT_TRUE(bench.key(Key::escape));
   EXPECT_THAT(journal, ElementsAre("leaf key", "panel key"));
   EXPECT_EQ(program.keys, 1);
+}
+
+TEST_F(TouchTest, KeysThatNoViewHasGoToTheControllersTheUppermostFirst) {
+  struct Controller : ViewController {
+    Controller(const char* given, std::string& all) : name(given), heard(all) {}
+    bool keyPressed(const KeyEvent&) override {
+      heard += name;
+      return uses;
+    }
+    const char* name;
+    std::string& heard;
+    bool uses = false;
+  };
+  std::string heard;
+  Controller below("b", heard), above("a", heard), child("c", heard);
+  bench.controller.addChild(below);
+  bench.controller.addChild(above);
+  above.addChild(child);
+  EXPECT_FALSE(bench.key(Key::escape));
+  EXPECT_EQ(heard, "cab");
+  heard.clear();
+  above.uses = true;
+  EXPECT_TRUE(bench.key(Key::escape));
+  EXPECT_EQ(heard, "ca");
+  leaf->takesKeyboard = true;
+  leaf->becomeFirstResponder();
+  EXPECT_FALSE(bench.key(Key::escape));
+  EXPECT_EQ(heard, "ca") << "a view that has the keyboard asks its own chain";
 }
 
 TEST_F(TouchTest, TheKeyboardGoesToWhatIsTouchedOrAsksForIt) {
@@ -263,6 +328,12 @@ TEST_F(TouchTest, TabGoesThroughTheTreeInOrder) {
   EXPECT_THAT(forward, ElementsAre(panel.get(), leaf.get(), &last, panel.get()));
   EXPECT_THAT(backward, ElementsAre(&last, leaf.get(), panel.get()));
   EXPECT_FALSE(bench.key(Key::tab, Modifiers::control));
+  View cover({0, 0, 100, 100});
+  bench.root().addSubview(cover);
+  last.becomeFirstResponder();
+  EXPECT_FALSE(bench.key(Key::tab)) << "what lies under something else is not reached";
+  cover.removeFromSuperview();
+  panel->becomeFirstResponder();
   panel->usesEvents = true;
   EXPECT_TRUE(bench.key(Key::tab));
   EXPECT_EQ(first(), panel.get()) << "who uses the Tab itself keeps the keyboard";

@@ -207,6 +207,14 @@ TEST_F(WindowTest, HiddenAndLooseViewsRememberAndAskForNothing) {
   panel.setHidden(false);
   bench.frame();
   EXPECT_THAT(only(journal, {"draw"}), ElementsAre("panel draw", "leaf draw"));
+  journal.clear();
+  panel.setNeedsLayout();
+  leaf.setNeedsLayout();
+  panel.setHidden(true);
+  bench.frame();
+  EXPECT_THAT(journal, IsEmpty()) << "a page that goes does no work any more";
+  panel.setHidden(false);
+  bench.frame();
 
   panel.removeFromSuperview();
   bench.frame();
