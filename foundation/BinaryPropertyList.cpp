@@ -94,7 +94,7 @@ class Reader {
     const std::size_t width = std::size_t{1} << low;
     require(place, 1, width);
     // Eight bytes have a sign; of sixteen, the lower half holds all that is written in practice.
-    return static_cast<std::int64_t>(width == 16 ? number(place + 8, 8) : number(place, width));
+    return static_cast<std::int64_t>(number(place, width));
   }
 
   PropertyList real(std::uint64_t place, int low) {

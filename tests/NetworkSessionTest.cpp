@@ -7,6 +7,7 @@
 #include <chrono>
 #include <future>
 #include <optional>
+#include <thread>
 
 #include "foundation/SharedURLSession.h"
 #include "tests/support/HttpServer.h"
@@ -119,6 +120,8 @@ TEST(NetworkSession, ATaskThatIsDestroyedIsCancelledAtOnceAndStaysSilent) {
       session.dataTask(server.address(), [&](const URLSession::Answer&) { wasCalled = true; });
   task->resume();
   ASSERT_TRUE(server.waitForRequest());
+  // Until the task does nothing but wait.
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
   const auto start = Clock::now();
   task.reset();
   EXPECT_LT(secondsSince(start), 0.5) << "whoever closes an editor waits for it";
