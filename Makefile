@@ -4,7 +4,8 @@ JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 PREFIX ?= /usr/local
 EXAMPLE ?= halden
 
-.PHONY: run build test bench install asan tsan fuzz check-format format tidy clean setup
+.PHONY: run build test bench install asan tsan fuzz check-format check-includes format tidy \
+  tidy-changed clean setup
 
 run: build
 	build/bin/orvane run $(EXAMPLE)
@@ -24,11 +25,13 @@ bench: setup
 install: build
 	cmake --install build --prefix $(PREFIX)
 
-# The same tests under the sanitizers, without JUCE.
+# The same tests, without JUCE, compiled by clang and run under the sanitizers: address and undefined
+# behaviour, threads.
 asan tsan: setup
+	@scripts/sanitized $@ true
 	cmake --preset $@
 	cmake --build --preset $@ -j $(JOBS)
-	ctest --preset $@ -j $(JOBS)
+	scripts/sanitized $@ ctest --preset $@ -j $(JOBS)
 
 # Builds the fuzzers; run one as build-fuzz/bin/fuzz_<name> fuzz/corpus/<folder>.
 fuzz: setup
@@ -44,10 +47,19 @@ check-format: setup
 format: setup
 	$(SOURCES) | xargs -0 -r clang-format -i
 
-# Needs the compile commands of `make build`.
-tidy: setup
-	git ls-files -z --cached --others --exclude-standard -- '*.cpp' \
-	  | xargs -0 -r -n 4 -P $(JOBS) clang-tidy -p build --quiet --extra-arg=-Wno-unknown-warning-option
+# Who may include whom.
+check-includes: setup
+	cmake -DROOT=$(CURDIR) -P tests/IncludeRules.cmake
+
+# Reads what the release build would compile; what only that build generates has to be there.
+TIDY = xargs -r -n 2 -P $(JOBS) clang-tidy -p build --quiet --extra-arg=-Wno-unknown-warning-option
+
+tidy: build
+	git ls-files --cached --others --exclude-standard -- '*.cpp' | $(TIDY)
+
+# The same for what was changed lately.
+tidy-changed: build
+	scripts/changed-sources | $(TIDY)
 
 clean:
 	rm -rf build build-*

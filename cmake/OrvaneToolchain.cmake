@@ -35,4 +35,10 @@ if(ORVANE_SANITIZE)
   add_compile_options(
     -fsanitize=${ORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${ORVANE_SANITIZE})
+  # Sanitized programs are large, and this linker takes a third of the time.
+  find_program(ORVANE_LLD ld.lld)
+  mark_as_advanced(ORVANE_LLD)
+  if(ORVANE_LLD)
+    add_link_options(-fuse-ld=lld)
+  endif()
 endif()
