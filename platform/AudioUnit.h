@@ -72,13 +72,10 @@ struct FilterPairKeys {
   std::string_view lowPassGain{}, hiPassGain{};
 };
 
-/// What the editor and the formats ask of a plug-in's sound. Everything is for the user-interface
-/// thread unless it says otherwise. Held weakly by the editor: the host may drop it at any time.
-class AudioUnit : public WeakTarget {
+/// The parameters of an audio unit by key. User-interface thread, but for what AUParameter says.
+class ParameterSource {
  public:
-  virtual ~AudioUnit() = default;
-
-  // Parameters
+  virtual ~ParameterSource() = default;
 
   virtual AUParameterTree& parameterTree() = 0;
   /// Keys of all parameters in the DSP's order.
@@ -93,8 +90,13 @@ class AudioUnit : public WeakTarget {
   virtual void setParameter(std::string_view key, float value) = 0;
   /// Sets every parameter that may be randomized to a random value within its range.
   virtual void randomize() = 0;
+};
 
-  // Live display, written by the render thread and read without locks at each display frame
+/// What displays show beside the parameters' values: written by the render thread, read without
+/// locks at each display frame. User-interface thread.
+class LiveDisplay {
+ public:
+  virtual ~LiveDisplay() = default;
 
   /// The live value of a parameter (in the parameter's own units, modulation included), or null
   /// when the audio unit publishes none. Valid as long as the audio unit.
@@ -103,37 +105,33 @@ class AudioUnit : public WeakTarget {
   virtual const std::atomic<bool>* isModulating(std::string_view key) const = 0;
   /// The sounds that a display of this parameter shows, each channel one; none for most. They live
   /// as long as the audio unit.
-  virtual std::vector<const LiveBuffer*> liveBuffers(std::string_view /*key*/) const { return {}; }
+  virtual std::vector<const LiveBuffer*> liveBuffers(std::string_view key) const = 0;
   /// The recording that a display of this parameter shows now, or null; of a wavetable one period of
   /// each wave in turn, each a channel.
-  virtual std::shared_ptr<const SampleData> sampleData(std::string_view /*key*/) const {
-    return nullptr;
-  }
+  virtual std::shared_ptr<const SampleData> sampleData(std::string_view key) const = 0;
   /// The response of a filter in decibels, one for each of `frequencies` (in hertz); empty when the
   /// audio unit computes none, the type is unknown or a key names no parameter. The types are
   /// "lowPass", "hiPass", "bandPass", "notch", "peak", "lowShelf" and "hiShelf". FilterUnits says
   /// how the parameters are read.
   virtual std::vector<double> magnitudesForFrequencies(
-      const std::vector<double>& /*frequencies*/, std::string_view /*filterType*/,
-      std::string_view /*frequencyParameter*/, std::string_view /*resonanceParameter*/) const {
-    return {};
-  }
+      const std::vector<double>& frequencies, std::string_view filterType,
+      std::string_view frequencyParameter, std::string_view resonanceParameter) const = 0;
   /// The same for a frequency in hertz and a resonance (of a peak or shelf: its gain) in decibels.
-  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& /*frequencies*/,
-                                                       std::string_view /*filterType*/,
-                                                       float /*frequencyValue*/,
-                                                       float /*resonanceValue*/) const {
-    return {};
-  }
+  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                                       std::string_view filterType,
+                                                       float frequencyValue,
+                                                       float resonanceValue) const = 0;
   /// The same for two filters in series.
-  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& /*frequencies*/,
-                                                       const FilterPairKeys& /*keys*/) const {
-    return {};
-  }
+  virtual std::vector<double> magnitudesForFrequencies(const std::vector<double>& frequencies,
+                                                       const FilterPairKeys& keys) const = 0;
   /// Told when an editor appears (true) and disappears (false): live values may rest without one.
   virtual void hasUI(bool visible) = 0;
+};
 
-  // Presets and state
+/// Factory presets, and the state that hosts and user presets store. User-interface thread.
+class PresetSource {
+ public:
+  virtual ~PresetSource() = default;
 
   /// True when presets are kept in a store, so that the plug-in must name its product.
   virtual bool hasStore() const = 0;
@@ -152,8 +150,12 @@ class AudioUnit : public WeakTarget {
   /// "data" may also be the bytes of a preset file, which is the state dictionary as a property
   /// list. Keys that are missing take their defaults; unknown ones are kept for the next fullState.
   virtual void setFullState(const PropertyList& state) = 0;
+};
 
-  // Sound
+/// The sound itself. User-interface thread, but for `render`.
+class Renderer {
+ public:
+  virtual ~Renderer() = default;
 
   virtual int inputChannels() const = 0;
   virtual int outputChannels() const = 0;
@@ -168,5 +170,14 @@ class AudioUnit : public WeakTarget {
   /// Renders at most maximumFrames. Audio thread: takes no lock, allocates nothing.
   virtual void render(const RenderBlock& block) = 0;
 };
+
+/// What the editor and the formats ask of a plug-in's sound. Held weakly by the editor: the host may
+/// drop it at any time. Nothing here has a default, so that whoever stands in for another audio unit
+/// has to say how it answers everything; a plug-in derives from quillon::CommonAudioUnit, which does.
+class AudioUnit : public ParameterSource,
+                  public LiveDisplay,
+                  public PresetSource,
+                  public Renderer,
+                  public WeakTarget {};
 
 }  // namespace platform
