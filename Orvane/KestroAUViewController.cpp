@@ -39,7 +39,8 @@ std::shared_ptr<AUDesign> KestroAUViewController::design() {
 
 std::unique_ptr<platform::AudioUnit> KestroAUViewController::createAudioUnit(
     const platform::AudioComponentDescription&) {
-  platform::fatal("Must override this");
+  if (!makeAudioUnit) platform::fatal("Must override this");
+  return makeAudioUnit();
 }
 
 void KestroAUViewController::setAudioUnit(platform::AudioUnit* audioUnit) {

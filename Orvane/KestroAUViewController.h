@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -63,7 +64,8 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Asked once, when the view is loaded. Fatal in the base class.
   virtual std::shared_ptr<AUDesign> design();
   /// Makes the audio unit for a host, which then owns it and gives it to setAudioUnit. What it
-  /// throws reaches the host. Fatal in the base class.
+  /// throws reaches the host. The base class makes that of the plug-in's entry; without an entry it
+  /// is fatal. Called on a controller that may never be loaded, on any thread.
   virtual std::unique_ptr<platform::AudioUnit> createAudioUnit(
       const platform::AudioComponentDescription& description);
   /// Names the product; must not be empty when the audio unit keeps presets in a store.
@@ -180,6 +182,8 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Off: while the host changes the size the pages rest, and are laid out once when it is done.
   bool layoutWhileResizing = true;
   platform::Weak<KestroAUViewControllerDelegate> hostDelegate;
+  /// The entry's; set by the entry.
+  std::function<std::unique_ptr<platform::AudioUnit>()> makeAudioUnit;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey() const { return doubleTappedKey_; }
 
   // MIDI learn. The host captures messages and keeps the bindings; the controller shows them and
@@ -278,7 +282,7 @@ class KestroAUViewController : public toolkit::ViewController,
       const kestroui::Container& container,
       const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) const;
   /// One change by the user with a gesture around it; false when the editor is gone after it.
-  bool setInGesture(platform::AUParameter& parameter, float value);
+  bool inGesture(platform::AUParameter& parameter, const std::function<void()>& change);
   void applyLabelScale();
   /// Whatever a finger holds is let go: no button stays pressed when nobody can lift the finger.
   void letGo();

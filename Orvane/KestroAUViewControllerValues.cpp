@@ -145,11 +145,12 @@ void KestroAUViewController::didEndGesture(Container& container, const std::vect
     if (alive && audioUnit()) heldParameters_.release(*parameter);
 }
 
-bool KestroAUViewController::setInGesture(platform::AUParameter& parameter, float value) {
+bool KestroAUViewController::inGesture(platform::AUParameter& parameter,
+                                       const std::function<void()>& change) {
   const platform::Weak<KestroAUViewController> alive = this;
   const platform::Weak<platform::AudioUnit> unit = audioUnit();
   heldParameters_.hold(parameter);
-  if (unit) parameter.setValue(value);
+  if (unit) change();
   if (alive && unit) heldParameters_.release(parameter);
   return static_cast<bool>(alive);
 }
@@ -177,12 +178,17 @@ const std::string& KestroAUViewController::doubleTappedParameter() const {
 
 void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                         const std::optional<std::string>& text) {
-  if (text && !text->empty() && audioUnit() && doubleTappedKey_) {
-    if (auto* parameter = parameters_[doubleTappedParameter()]) {
-      const float value = MathUtils::floatValue(*text);
-      if (!setInGesture(*parameter, takesWholeValues(*parameter) ? std::round(value) : value))
-        return;
-    }
+  auto* unit = audioUnit();
+  if (text && !text->empty() && unit && doubleTappedKey_) {
+    const std::string key = doubleTappedParameter();
+    float value = MathUtils::floatValue(*text);
+    auto* parameter = parameters_[key];
+    if (parameter && takesWholeValues(*parameter)) value = std::round(value);
+    const auto change = [unit, key, value] { unit->setParameter(key, value); };
+    if (!parameter)
+      change();
+    else if (!inGesture(*parameter, change))
+      return;
   }
   enterValueOverlay_.setHidden(true);
 }
@@ -191,7 +197,8 @@ void KestroAUViewController::reset() {
   if (auto* unit = audioUnit(); unit && doubleTappedKey_) {
     const std::string& key = doubleTappedParameter();
     auto* parameter = parameters_[key];
-    if (parameter && !setInGesture(*parameter, unit->defaultValueForKey(key))) return;
+    const float value = unit->defaultValueForKey(key);
+    if (parameter && !inGesture(*parameter, [=] { parameter->setValue(value); })) return;
     const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
     if (container && container->control()) container->control()->setModulatedValue(0);
   }

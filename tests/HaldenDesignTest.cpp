@@ -165,8 +165,8 @@ TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
 TEST(HaldenPluginTest, MakesItsParts) {
   const orvane::PluginEntry& entry = pluginEntry();
   EXPECT_EQ(&entry, &pluginEntry());
-  EXPECT_EQ(entry.identifier, entry.makeViewController()->productId());
-  const auto unit = entry.makeAudioUnit();
+  EXPECT_EQ(entry.identifier, entry.createViewController()->productId());
+  const auto unit = entry.createAudioUnit();
   EXPECT_TRUE(unit->acceptsMidi());
   EXPECT_GE(unit->parametersKeys().size(), 48u);
   EXPECT_EQ(unit->currentPresetName(), "Init");

@@ -45,6 +45,28 @@ class HeadlessHostTest : public testing::Test {
   HeadlessHost host{loop, entry()};
 };
 
+TEST(AudioUnitFactoryTest, TheControllerHasTheLastWordOnItsAudioUnit) {
+  struct Own : support::TestController {
+    using TestController::TestController;
+    std::unique_ptr<platform::AudioUnit> createAudioUnit(
+        const platform::AudioComponentDescription& description) override {
+      auto unit = TestController::createAudioUnit(description);
+      unit->setParameter("gain", static_cast<float>(description.componentSubType));
+      return unit;
+    }
+  };
+  orvane::PluginEntry own = entry();
+  own.component.componentSubType = 2;
+  own.makeViewController = [] {
+    return std::make_unique<Own>(std::make_shared<support::GivenDesign>());
+  };
+  // Neither a run loop nor a window is needed.
+  EXPECT_EQ(own.createAudioUnit()->parameter("gain")->value(), 2);
+  HeadlessRunLoop loop;
+  HeadlessHost host(loop, own);
+  EXPECT_EQ(host.audioUnit().parameter("gain")->value(), 2);
+}
+
 TEST_F(HeadlessHostTest, LaysTheEditorOutAtItsPreferredSizeAndAtAnyOther) {
   EXPECT_EQ(host.editor().view().frame().size(), (platform::Size{400, 300}));
   host.appear();

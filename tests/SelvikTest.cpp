@@ -151,8 +151,8 @@ TEST(SelvikTest, StaysFiniteWithoutAllocatingInAStormOfValues) {
 
 TEST(SelvikTest, EveryPresetEchoesAndEveryParameterHasAControl) {
   support::ManualLoop loop;
-  const auto unit = pluginEntry().makeAudioUnit();
-  const auto editor = pluginEntry().makeViewController();
+  const auto unit = pluginEntry().createAudioUnit();
+  const auto editor = pluginEntry().createViewController();
   editor->setAudioUnit(unit.get());
   support::EditorWindow window({900, 540});
   window.show(*editor);

@@ -24,9 +24,9 @@ constexpr int finger = 1;
 HeadlessHost::HeadlessHost(HeadlessRunLoop& loop, const orvane::PluginEntry& entry)
     : loop_(loop),
       bundle_(entry.infoDictionary()),
-      audioUnit_(entry.makeAudioUnit()),
+      audioUnit_(entry.createAudioUnit()),
       midiLearn_(*audioUnit_),
-      editor_(entry.makeViewController()) {
+      editor_(entry.createViewController()) {
   editor_->setAudioUnit(audioUnit_.get());
   window_.setRootViewController(&root_);
   root_.addChild(*editor_);

@@ -22,7 +22,7 @@ juce::AudioChannelSet channelSet(int channels) {
 }  // namespace
 
 AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry)
-    : AudioUnitProcessor(entry, entry.makeAudioUnit()) {}
+    : AudioUnitProcessor(entry, entry.createAudioUnit()) {}
 
 AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry,
                                        std::unique_ptr<platform::AudioUnit> audioUnit)

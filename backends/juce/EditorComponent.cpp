@@ -17,7 +17,7 @@ EditorComponent::ControllerFactory controllerFor(const orvane::PluginEntry& entr
                                                  platform::AudioUnit& audioUnit) {
   return [&entry, &audioUnit] {
     ensureMainBundle(entry);
-    std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
+    std::unique_ptr<orvane::KestroAUViewController> controller = entry.createViewController();
     controller->setAudioUnit(&audioUnit);
     return controller;
   };

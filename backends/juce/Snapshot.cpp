@@ -79,8 +79,8 @@ std::vector<std::string> writePages(const orvane::PluginEntry& entry, const plat
   StillWindow client;
   toolkit::Window window(client);
   toolkit::ViewController host;
-  const std::unique_ptr<platform::AudioUnit> audioUnit = entry.makeAudioUnit();
-  const std::unique_ptr<orvane::KestroAUViewController> editor = entry.makeViewController();
+  const std::unique_ptr<platform::AudioUnit> audioUnit = entry.createAudioUnit();
+  const std::unique_ptr<orvane::KestroAUViewController> editor = entry.createViewController();
   editor->setAudioUnit(audioUnit.get());
 
   host.addChild(*editor);

@@ -77,7 +77,7 @@ class StandaloneApplication : public juce::JUCEApplication {
 
     editor_ = std::make_unique<EditorComponent>([&] {
       ensureMainBundle(entry);
-      std::unique_ptr<orvane::KestroAUViewController> controller = entry.makeViewController();
+      std::unique_ptr<orvane::KestroAUViewController> controller = entry.createViewController();
       controller->isStandaloneVersion = true;
       controller->setAudioUnit(&processor_->audioUnit());
       return controller;

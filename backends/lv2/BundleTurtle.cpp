@@ -61,9 +61,9 @@ BundleTurtle::BundleTurtle(const orvane::PluginEntry& entry, BundleFiles files)
     : entry_(entry),
       files_(std::move(files)),
       uri_(pluginUri(entry)),
-      audioUnit_(entry.makeAudioUnit()),
+      audioUnit_(entry.createAudioUnit()),
       layout_(*audioUnit_),
-      groups_(*entry.makeViewController()->design(), layout_),
+      groups_(*entry.createViewController()->design(), layout_),
       ports_(*audioUnit_, layout_, groups_, uri_) {}
 
 std::string BundleTurtle::presetAddress(const platform::AUAudioUnitPreset& preset) const {

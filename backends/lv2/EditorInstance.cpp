@@ -29,7 +29,7 @@ EditorInstance::JuceSession::JuceSession() { enter(); }
 EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHost& host,
                                const Place& place)
     : hostWindow_(place.parent, [this](int width, int height) { resize(width, height); }),
-      audioUnit_(entry.makeAudioUnit()),
+      audioUnit_(entry.createAudioUnit()),
       ports_(audioUnit_, host),
       editor_(entry, audioUnit_),
       frame_(editor_, hostWindow_) {

@@ -37,7 +37,7 @@ std::uint32_t maximumFrames(const LV2_Feature* const* features, const Urids& uri
 
 SoundInstance::SoundInstance(const orvane::PluginEntry& entry, double sampleRate,
                              const LV2_Feature* const* features)
-    : audioUnit_(entry.makeAudioUnit()),
+    : audioUnit_(entry.createAudioUnit()),
       map_(requiredMap(features)),
       urids_(map_),
       sampleRate_(sampleRate),

@@ -30,10 +30,6 @@ class GalleryDesign : public orvane::AUDesign {
 class GalleryViewController : public orvane::KestroAUViewController {
  public:
   std::shared_ptr<orvane::AUDesign> design() override { return std::make_shared<GalleryDesign>(); }
-  std::unique_ptr<platform::AudioUnit> createAudioUnit(
-      const platform::AudioComponentDescription&) override {
-    return std::make_unique<GalleryAudioUnit>();
-  }
   std::string productId() override { return "org.orvane.gallery"; }
   double contentRatio() override { return 0.7; }
   double footHeightRatio() override { return 0.13; }

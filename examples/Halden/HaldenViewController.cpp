@@ -34,11 +34,6 @@ std::shared_ptr<orvane::AUDesign> HaldenViewController::design() {
   return std::make_shared<HaldenDesign>(monitor_);
 }
 
-std::unique_ptr<platform::AudioUnit> HaldenViewController::createAudioUnit(
-    const platform::AudioComponentDescription&) {
-  return std::make_unique<HaldenAudioUnit>();
-}
-
 platform::Image HaldenViewController::appLogo() { return logo(); }
 
 std::vector<std::shared_ptr<kestroui::ParamKey>> HaldenViewController::foot_stack() {

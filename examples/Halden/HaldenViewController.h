@@ -10,8 +10,6 @@ class HaldenViewController : public orvane::KestroAUViewController {
   HaldenViewController();
 
   std::shared_ptr<orvane::AUDesign> design() override;
-  std::unique_ptr<platform::AudioUnit> createAudioUnit(
-      const platform::AudioComponentDescription& description) override;
   platform::Image appLogo() override;
   std::string productId() override { return "org.orvane.halden"; }
   /// Where the user's presets are, whatever format or host they were saved in.

@@ -60,8 +60,8 @@ void checkPage(const platform::AudioUnit& unit, const DescribedPage& page, const
 /// The design as the plug-in gives it, which may be as wrong as a description.
 void checkDesign(const Plugin& plugin, Problems& problems) {
   const headless::HeadlessRunLoop loop;
-  const auto unit = plugin.entry.makeAudioUnit();
-  const auto controller = plugin.entry.makeViewController();
+  const auto unit = plugin.entry.createAudioUnit();
+  const auto controller = plugin.entry.createViewController();
   const auto design = controller->design();
   std::vector<DescribedPage> pages;
   for (const auto& page : design->pages()) pages.push_back({page->title(), page->sections});

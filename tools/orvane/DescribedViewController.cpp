@@ -2,14 +2,8 @@
 
 #include "KestroUI/Theme.h"
 #include "foundation/UnicodeText.h"
-#include "tools/orvane/DescribedAudioUnit.h"
 
 namespace tool {
-
-std::unique_ptr<platform::AudioUnit> DescribedViewController::createAudioUnit(
-    const platform::AudioComponentDescription&) {
-  return std::make_unique<DescribedAudioUnit>(*plugin_);
-}
 
 platform::Image DescribedViewController::appLogo() {
   const std::string& name = plugin_->name;

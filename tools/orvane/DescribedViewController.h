@@ -21,8 +21,6 @@ class DescribedViewController : public orvane::KestroAUViewController {
   }
 
   std::shared_ptr<orvane::AUDesign> design() override { return design_; }
-  std::unique_ptr<platform::AudioUnit> createAudioUnit(
-      const platform::AudioComponentDescription& description) override;
   std::string productId() override { return plugin_->productId; }
   std::string groupBundleId() override {
     return plugin_->productId.empty() ? "" : "group." + plugin_->productId;
