@@ -24,8 +24,6 @@ class SimpleCurveContainer : public ShapeContainer {
  public:
   SimpleCurveContainer() { setShape(curveControl_); }
 
-  SimpleCurveControl& curveControl() { return curveControl_; }
-
  private:
   SimpleCurveControl curveControl_;
 };
@@ -131,8 +129,6 @@ class SequencerContainer : public ShapeContainer {
 class StepSequencerContainer : public SequencerContainer {
  public:
   StepSequencerContainer() { setSequencer(stepSequencerView_); }
-
-  StepSequencerView& stepSequencerView() { return stepSequencerView_; }
 
  private:
   StepSequencerView stepSequencerView_;

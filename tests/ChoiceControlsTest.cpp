@@ -72,15 +72,6 @@ TEST_F(ChoiceControlsTest, anOnOffButtonCanLeaveTheSwitchingToItsOwner) {
   EXPECT_EQ(journal.take(), "down down ");
 }
 
-TEST_F(ChoiceControlsTest, anOnOffButtonShowsTheTextOfItsState) {
-  OnOffButton button({"Free", "Sync"});
-  show(button, {0, 0, 80, 30});
-  EXPECT_THAT(bench.painted(), testing::Contains("text Free"));
-  button.setOn(true);
-  bench.frame();
-  EXPECT_THAT(bench.painted(), testing::Contains("text Sync"));
-}
-
 TEST_F(ChoiceControlsTest, aMomentaryButtonIsOnWhileItIsPressed) {
   MomentaryButton button;
   show(button, {0, 0, 80, 30});

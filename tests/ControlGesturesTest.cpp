@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "KestroUI/Knob.h"
-#include "KestroUI/Slider.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -225,26 +224,6 @@ TEST_F(ControlGesturesTest, aControlMayBeDestroyedByItsOwnChange) {
   wheel(1);
   EXPECT_EQ(knob, nullptr);
   loop.advance(1);
-}
-
-TEST_F(ControlGesturesTest, aSliderGoesAlongItsLongSide) {
-  Slider slider;
-  bench.root().addSubview(slider);
-  slider.setFrame({200, 100, 160, 24});
-  bench.frame();
-  bench.press({210, 110});
-  bench.drag({210, 60});
-  EXPECT_EQ(slider.value(), 0);
-  bench.drag({290, 60});
-  EXPECT_NEAR(slider.value(), 0.5f, 0.06f) << "the handle stays under the finger";
-  bench.lift({290, 60});
-
-  slider.setFrame({200, 100, 24, 160});
-  slider.setValue(0.5f);
-  bench.press({210, 180});
-  bench.drag({210, 100});
-  EXPECT_NEAR(slider.value(), 1, 0.06f);
-  bench.lift({210, 100});
 }
 
 TEST_F(ControlGesturesTest, nothingIsPaintedWhereNothingChanged) {

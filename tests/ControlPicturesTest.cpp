@@ -7,21 +7,18 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "KestroUI/ChoiceContainers.h"
-#include "KestroUI/DisplayContainers.h"
 #include "KestroUI/KestroButtons.h"
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
-#include "KestroUI/ShapeContainers.h"
 #include "KestroUI/ValueContainers.h"
-#include "KestroUI/XYControlContainer.h"
 #include "tests/support/Drawing.h"
 #include "tests/support/ManualDriver.h"
+#include "tests/support/ShapeKinds.h"
 
 namespace kestroui {
 namespace {
@@ -33,13 +30,10 @@ using Kind = Drawing::Kind;
 
 constexpr double near = 0.01;
 
-using Keys = std::vector<std::shared_ptr<ParamKey>>;
-
-Keys keys(const std::vector<std::string>& names) {
-  Keys result;
-  for (const std::string& name : names) result.push_back(std::make_shared<ParamKey>(name));
-  return result;
-}
+using support::Keys;
+using support::keys;
+using support::ShapeKind;
+using support::shapeKinds;
 
 /// The second key is inverted by its own settings.
 Keys keysWithAnInvertedOne() {
@@ -96,31 +90,19 @@ double angleOf(Point point, Point centre) {
   return std::atan2(point.x - centre.x, centre.y - point.y);
 }
 
-TEST_F(ControlPicturesTest, MoreIsUpwardsToTheRightAndClockwise) {
+TEST_F(ControlPicturesTest, AKnobTurnsClockwiseUnlessItIsInverted) {
   for (const bool inverted : {false, true}) {
-    const double sign = inverted ? -1 : 1;
-    Slider upright, flat;
     Knob knob;
-    show(upright, {0, 0, 30, 200});
-    show(flat, {40, 0, 200, 30});
-    show(knob, {0, 200, 60, 60});
-    const auto read = [&] {
+    show(knob, {0, 0, 60, 60});
+    knob.setInverted(inverted);
+    std::vector<double> angles;
+    for (const float value : {0.2f, 0.6f}) {
+      knob.setValue(value);
       const Drawing picture(knob);
-      const Rect body = picture.all(Kind::ellipse).front().area;
-      return std::vector<double>{-handleOf(upright).y, handleOf(flat).x,
-                                 angleOf(picture.shapes.back().points.back(), body.centre())};
-    };
-    const std::vector<KestroControl*> all{&upright, &flat, &knob};
-    for (KestroControl* const control : all) {
-      control->setInverted(inverted);
-      control->setRange(-2, 6);
-      control->setValue(0);
+      angles.push_back(angleOf(picture.shapes.back().points.back(),
+                               picture.all(Kind::ellipse).front().area.centre()));
     }
-    const std::vector<double> before = read();
-    for (KestroControl* const control : all) control->setValue(2);
-    const std::vector<double> after = read();
-    for (std::size_t i = 0; i < before.size(); ++i)
-      EXPECT_GT((after[i] - before[i]) * sign, 0.1) << i << inverted;
+    EXPECT_EQ(angles[1] > angles[0], !inverted);
   }
 }
 
@@ -236,30 +218,6 @@ TEST_F(ControlPicturesTest, EveryKnobOfAGroupIsAControlOfItsOwn) {
   EXPECT_EQ(knobs[0]->knob().stepCount(), 0);
 }
 
-TEST_F(ControlPicturesTest, AMutedKnobKeepsItsValueAndLooksMuted) {
-  MutableContainer container;
-  container.setParamKeys(keys({"level", "mute"}));
-  show(container, {0, 0, 100, 120});
-  container.showValue("level", 0.6f, "");
-  container.showValue("mute", 1, "");
-  EXPECT_TRUE(container.knob().isInactive());
-  EXPECT_EQ(container.value("level"), 0.6f);
-  container.showValue("mute", 0, "");
-  EXPECT_FALSE(container.knob().isInactive());
-  struct Owner : ContainerDelegate, platform::WeakTarget {
-    void didDoubleTap(const std::shared_ptr<ParamKey>&) override {}
-    void didBeginGesture(Container&, const Keys& held) override { note("[", held); }
-    void didEndGesture(Container&, const Keys& held) override { note("]", held); }
-    void note(const char* what, const Keys& held) {
-      for (const auto& key : held) events += what + key->key() + " ";
-    }
-    std::string events;
-  } owner;
-  container.delegate = &owner;
-  bench.tap(container.convertToRoot(*container.handlePlace("mute")));
-  EXPECT_EQ(owner.events, "[mute ]mute ");
-}
-
 TEST_F(ControlPicturesTest, ALightGetsQuiteDarkAndQuiteBright) {
   LED led;
   led.setFrame({0, 0, 40, 40});
@@ -329,98 +287,56 @@ TEST_F(ControlPicturesTest, TheChosenButtonIsTheLitOne) {
 
 // Shapes
 
-struct ShapeKind {
-  const char* name;
-  std::function<std::shared_ptr<ShapeContainer>()> make;
-  std::vector<std::string> keys;
-  /// Those whose handle follows the finger point by point, the own axis of each: x, y, or none.
-  std::string exact;
-  bool showsLive = true;
-};
-
-template <class T>
-std::shared_ptr<ShapeContainer> make() {
-  return std::make_shared<T>();
-}
-
-std::vector<ShapeKind> shapeKinds() {
-  return {
-      {"envelope", make<ADSRContainer>, {"a", "d", "s", "r"}, "xxyx"},
-      {"short envelope", make<ADSRContainer>, {"a", "r"}, "xx"},
-      {"curve", make<SimpleCurveContainer>, {"p", "q", "r"}, "yyy"},
-      {"table", make<TableWaveshaperContainer>, {"p", "q", "r"}, "yyy"},
-      {"wavetable", make<WavetableContainer>, {"place", "level"}, "yx"},
-      {"range", make<DoubleSliderContainer>, {"low", "high"}, "xx"},
-      {"filter", make<FilterViewContainer>, {"f", "r"}, "xy"},
-      {"filters", make<DoubleFilterViewContainer>, {"lf", "lr", "hf", "hr", "lg", "hg"}, "xyxyyy"},
-      {"steps", make<StepSequencerContainer>, {"p", "q", "r"}, "---", false},
-      {"gliding steps", make<CurveSequencerContainer>, {"p", "q", "r"}, "---", false},
-      {"pad", make<XYControlContainer>, {"across", "up"}, "xy"},
-      {"compressor", make<CompressorViewContainer>, {"threshold", "ratio", "attack"}, "--x"},
-      {"band", make<BandCompressorContainer>, {"thresh", "ratio", "lowFreq", "highFreq"}, "y-xx"},
-      {"three bands", make<ThreeBandCompressorContainer>, ThreeBandCompressorContainer::bandKeys(),
-       "y--y--y--xx"},
-      {"waveshaper", make<WaveshaperViewContainer>, {"drive", "shape", "bias", "mix"}, "-x-x"},
-      {"grains",
-       make<GranulizerViewContainer>,
-       {"position", "density", "size", "spray", "pitch"},
-       "xy-yx"},
-      {"phaser", make<PhaserViewContainer>, {"frequency", "feedback", "depth", "stages"}, "xyxx"},
-      {"ribbons", make<ZorvaViewContainer>, {"a", "b", "c", "d", "e", "f"}, "xy---x"},
-      {"sample",
-       make<SampleViewContainer>,
-       {"start", "end", "loopStart", "loopEnd", "gain"},
-       "xxxxx"},
-      {"scope", make<OscilloscopeContainer>, {"scope", "gain"}, "-x"},
-  };
-}
-
-/// With every value at `value` of its range, which is one of its own.
-std::shared_ptr<ShapeContainer> shapeOf(const ShapeKind& kind, float value) {
-  auto container = kind.make();
-  container->setParamKeys(keys(kind.keys));
-  container->setDisplayTitle(false);
-  for (std::size_t i = 0; i < kind.keys.size(); ++i) container->setKeyRange(i, 0, 1);
-  for (const std::string& key : kind.keys) container->showValue(key, value, "");
-  return container;
-}
-
 TEST_F(ControlPicturesTest, EveryHandleStaysOnItsFace) {
   for (const ShapeKind& kind : shapeKinds())
     for (const float value : {0.0f, 0.3f, 0.6f, 0.8f, 1.0f})
       for (const bool inverted : {false, true}) {
         SCOPED_TRACE(testing::Message() << kind.name << " at " << value);
-        const auto container = shapeOf(kind, value);
+        const auto container = kind.shown(value);
         container->setInverted(inverted);
         show(*container);
         const Rect face = container->shape()->bounds();
-        for (const std::string& key : kind.keys)
+        for (const std::string& key : kind.keys())
           EXPECT_TRUE(face.inset(-near, -near).contains(placeOf(*container, key))) << key;
       }
 }
 
-TEST_F(ControlPicturesTest, EveryHandleFollowsTheFingerExactly) {
+TEST_F(ControlPicturesTest, ADragMovesTheKeyUnderTheFingerAlone) {
   for (const ShapeKind& kind : shapeKinds())
-    for (std::size_t i = 0; i < kind.keys.size(); ++i) {
-      if (kind.exact[i] == '-') continue;
-      SCOPED_TRACE(kind.name + (" " + kind.keys[i]));
-      const auto container = shapeOf(kind, 0.4f);
+    for (std::size_t i = 0; i < kind.keys().size(); ++i) {
+      const char does = kind.drags[i];
+      const std::string key = kind.keys()[i];
+      if (does == '-') continue;
+      SCOPED_TRACE(kind.name + (" " + key));
+      const auto container = kind.shown(0.4f);
       // In the order that limits ask for.
-      for (const char* last : {"end", "loopEnd", "high", "highFreq", "MidHighFrequency", "lf"})
+      for (const char* last :
+           {"end", "loopEnd", "high", "highFreq", "MidHighFrequency", "lf", "threshold2", "ratio2"})
         container->showValue(last, 0.8f, "");
       show(*container);
-      const bool sideways = kind.exact[i] == 'x';
-      const Point before = placeOf(*container, kind.keys[i]);
-      const Point origin = container->shape()->frameInRoot().origin();
-      const Point way = sideways ? Point{12, 0} : Point{0, -12};
-      bench.press(origin + before);
-      bench.drag(origin + before + way);
-      const Point after = placeOf(*container, kind.keys[i]);
-      bench.lift(origin + before + way);
-      if (sideways)
-        EXPECT_NEAR(after.x - before.x, 12, 0.1);
-      else
-        EXPECT_NEAR(after.y - before.y, -12, 0.1);
+      support::ContainerOwner owner;
+      owner.listenTo(*container);
+      std::vector<float> before;
+      for (const std::string& each : kind.keys()) before.push_back(container->value(each));
+      const bool sideways = does == 'x' || does == 'r';
+      const Point way = sideways ? Point{12, 0} : Point{0, does == 'd' ? 12.0 : -12.0};
+      const Point at = placeOf(*container, key),
+                  origin = container->shape()->frameInRoot().origin();
+      bench.press(origin + at);
+      bench.drag(origin + at + way);
+      if (does == 'x' || does == 'y') {
+        const Point moved = placeOf(*container, key) - at;
+        EXPECT_NEAR(sideways ? moved.x - way.x : moved.y - way.y, 0, 0.1);
+      }
+      bench.lift(origin + at + way);
+      for (std::size_t k = 0; k < before.size(); ++k) {
+        const float value = container->value(kind.keys()[k]);
+        if (k == i)
+          EXPECT_GT(value, before[k] + 0.02f);
+        else
+          EXPECT_EQ(value, before[k]) << kind.keys()[k];
+      }
+      EXPECT_THAT(owner.take(), testing::IsSupersetOf({"[" + key, std::string("v"), "]" + key}));
       container->removeFromSuperview();
       loop.advance(1);
     }
@@ -428,19 +344,20 @@ TEST_F(ControlPicturesTest, EveryHandleFollowsTheFingerExactly) {
 
 TEST_F(ControlPicturesTest, ALiveValueIsShownWhereItsHandleWouldStand) {
   for (const ShapeKind& kind : shapeKinds())
-    for (std::size_t i = 0; i < kind.keys.size(); ++i) {
+    for (std::size_t i = 0; i < kind.keys().size(); ++i) {
       // Where a handle does not follow its own value alone, the dot cannot either.
-      if (kind.exact[i] == '-') continue;
-      SCOPED_TRACE(kind.name + (" " + kind.keys[i]));
-      const auto container = shapeOf(kind, 0.4f);
+      if ((kind.drags[i] != 'x' && kind.drags[i] != 'y') || !kind.showsLive) continue;
+      const std::string key = kind.keys()[i];
+      SCOPED_TRACE(kind.name + (" " + key));
+      const auto container = kind.shown(0.4f);
       show(*container);
-      container->showValue(kind.keys[i], 0.7f, "");
-      const Point there = placeOf(*container, kind.keys[i]);
-      container->showValue(kind.keys[i], 0.4f, "");
+      container->showValue(key, 0.7f, "");
+      const Point there = placeOf(*container, key);
+      container->showValue(key, 0.4f, "");
       modulate(*container, i, 0.7f);
       bool found = false;
       for (const auto& dot : Drawing(faceOf(*container)).all(Kind::ellipse, Theme::white))
-        found = found || std::fabs(kind.exact[i] == 'x' ? dot.area.midX() - there.x
+        found = found || std::fabs(kind.drags[i] == 'x' ? dot.area.midX() - there.x
                                                         : dot.area.midY() - there.y) < 0.1;
       EXPECT_TRUE(found);
       container->watchNothing();
@@ -493,27 +410,44 @@ TEST_F(ControlPicturesTest, AWavetableFadesFromWaveToWave) {
     return std::make_shared<platform::SampleData>(platform::SampleData{
         {std::vector<float>(8, 1.0f), std::vector<float>(8, -1.0f), std::vector<float>(8, -1.0f)}});
   });
-  ShapeControl& face = faceOf(table);
-  // Where the wave that sounds lies, over and below the middle of its place: the handle's height.
+  // How far the wave that sounds lies over the middle of its place, which is the handle's height.
   const auto level = [&](float place) {
-    const Drawing picture(face);
-    const auto waves = picture.all(Kind::stroke, face.accentColor());
-    EXPECT_EQ(waves.size(), 1u);
     table.showValue("place", place, "");
-    const double middle = placeOf(table, "place").y;
-    const double height = Drawing(face).all(Kind::stroke, face.accentColor())[0].area.y;
-    return middle - height;
+    const auto waves = Drawing(faceOf(table)).all(Kind::stroke, accent);
+    EXPECT_EQ(waves.size(), 1u);
+    return placeOf(table, "place").y - waves[0].area.y;
   };
   const double whole = level(0);
   EXPECT_GT(whole, 5);
-  EXPECT_NEAR(level(0.25f), 0, near);
   EXPECT_NEAR(level(0.125f), whole / 2, near);
+  EXPECT_NEAR(level(0.25f), 0, near);
   EXPECT_NEAR(level(0.5f), -whole, near);
   modulate(table, 0, 0);
-  EXPECT_EQ(Drawing(face).all(Kind::stroke, face.accentColor())[0].area.y,
-            (table.showValue("place", 0, ""),
-             Drawing(face).all(Kind::stroke, face.accentColor())[0].area.y))
-      << "the live place is the one to see";
+  EXPECT_GT(level(0.5f), -whole) << "the live place is the one to see";
+}
+
+TEST_F(ControlPicturesTest, ARangeIsFilledBetweenItsEnds) {
+  DoubleSliderContainer range;
+  show(range, {"low", "high"}, {0, 0, 300, 40});
+  range.showValue("low", 0.3f, "");
+  range.showValue("high", 0.7f, "");
+  const auto fills = Drawing(faceOf(range)).all(Kind::rounded, accent);
+  ASSERT_EQ(fills.size(), 1u);
+  EXPECT_NEAR(fills[0].area.x, placeOf(range, "low").x, 4);
+  EXPECT_NEAR(fills[0].area.maxX(), placeOf(range, "high").x, 4);
+}
+
+TEST_F(ControlPicturesTest, AnEnvelopeRisesToTheHandleOfItsAttackAndFallsToThatOfItsRelease) {
+  for (const std::vector<std::string>& names :
+       {std::vector<std::string>{"attack", "release"}, {"attack", "decay", "sustain", "release"}}) {
+    ADSRContainer envelope;
+    show(envelope, names);
+    for (const std::string& key : names) envelope.showValue(key, 0.6f, "");
+    const auto curve = Drawing(faceOf(envelope)).curve();
+    // Each stage has a start, a control and an end.
+    EXPECT_EQ(curve[2], placeOf(envelope, "attack"));
+    EXPECT_EQ(curve.back(), placeOf(envelope, "release"));
+  }
 }
 
 TEST_F(ControlPicturesTest, ThePlayheadStandsAtTheStepThatPlays) {
@@ -542,6 +476,15 @@ TEST_F(ControlPicturesTest, ThePlayheadStandsAtTheStepThatPlays) {
   ASSERT_EQ(lines().size(), 1u);
   const double step = placeOf(glides, "d").x - placeOf(glides, "c").x;
   EXPECT_NEAR(lines()[0].area.x, placeOf(glides, "c").x + step / 4, 1);
+  for (const float nowhere : {7.0f, -1.0f, NAN}) {
+    *live.back() = nowhere;
+    glides.updateModulation();
+    EXPECT_TRUE(lines().empty()) << nowhere;
+  }
+  *live.back() = 1;
+  modulating = false;
+  glides.updateModulation();
+  EXPECT_TRUE(lines().empty()) << "while its flag is down";
 }
 
 TEST_F(ControlPicturesTest, StepsAroundACentreGrowFromIt) {
@@ -561,6 +504,10 @@ TEST_F(ControlPicturesTest, StepsAroundACentreGrowFromIt) {
   // Two edges, and one bar of a quarter of the height.
   ASSERT_EQ(bars().size(), 3u);
   EXPECT_NEAR(bars()[2], 0.25 * placeOf(steps, "a").y * 2, 8);
+  steps.setKeyRange(0, 0, 1);
+  steps.setInverted(true);
+  steps.showValue("a", 0, "");
+  EXPECT_EQ(bars().size(), 3u) << "reversed too, the lowest value has no bar";
 }
 
 TEST_F(ControlPicturesTest, APhaserIsDrawnAsItSounds) {
@@ -607,8 +554,9 @@ TEST_F(ControlPicturesTest, WhatACompressorMeasuresHangsFromTheTop) {
   compressor.showValue("makeup", 0.5f, "");
   EXPECT_LT(placeOf(compressor, "ratio").y, without.y) << "make-up lifts the end of the curve too";
   const auto bar = [&](float decibels) {
-    std::atomic<float> measured{decibels};
+    std::atomic<float> other{-40}, measured{decibels};
     compressor.watchNothing();
+    compressor.watch(0, &other, nullptr);
     compressor.watch(2, &measured, nullptr);
     compressor.updateModulation();
     compressor.watchNothing();
@@ -660,6 +608,9 @@ TEST_F(ControlPicturesTest, ASampleShowsWhatIsPlayedOfItAndWhere) {
       }
     return std::pair(left, right);
   };
+  sample.setParamKeys(keys({"start"}));
+  EXPECT_GT(played().second - played().first, 200) << "without an end, all that follows";
+  sample.setParamKeys(keys({"start", "end", "head"}));
   sample.showValue("end", 1, "");
   const double all = played().second - played().first;
   EXPECT_GT(all, 200);
@@ -667,12 +618,16 @@ TEST_F(ControlPicturesTest, ASampleShowsWhatIsPlayedOfItAndWhere) {
   sample.showValue("end", 0.5f, "");
   EXPECT_NEAR(played().second - played().first, all / 4, near);
   EXPECT_NEAR(played().first, placeOf(sample, "start").x, near);
-  // The other way about it stops at the start, as the start does at the end.
-  const Point at = face.frameInRoot().origin() + placeOf(sample, "end");
-  bench.press(at);
-  bench.drag(at + Point{-300, 0});
-  bench.lift(at + Point{-300, 0});
-  EXPECT_EQ(sample.value("end"), 0.25f);
+  // Neither end passes the other.
+  for (const auto& [key, way] : {std::pair{"end", -300.0}, {"start", 300.0}}) {
+    const Point at = face.frameInRoot().origin() + placeOf(sample, key);
+    bench.press(at);
+    bench.drag(at + Point{way, 0});
+    bench.lift(at + Point{way, 0});
+    EXPECT_EQ(sample.value(key), key == std::string("end") ? 0.25f : 0.5f);
+    sample.showValue("start", 0.25f, "");
+    sample.showValue("end", 0.5f, "");
+  }
   sample.setKeyRange(2, 0, 8);
   std::atomic<float> head{2};
   sample.watch(2, &head, nullptr);
@@ -682,63 +637,8 @@ TEST_F(ControlPicturesTest, ASampleShowsWhatIsPlayedOfItAndWhere) {
   EXPECT_NEAR(lines[0].area.midX(), placeOf(sample, "start").x, near) << "2 of 8 is a quarter";
 }
 
-/// A sound that a test writes.
-struct Sound : platform::LiveBuffer {
-  std::uint64_t written() const override { return samples.size(); }
-  std::size_t newest(std::span<float> out) const override {
-    const std::size_t given = std::min(out.size(), samples.size());
-    std::copy_n(samples.end() - static_cast<std::ptrdiff_t>(given), given, out.begin());
-    return given;
-  }
-  std::vector<float> samples;
-};
-
-TEST_F(ControlPicturesTest, AScopeStandsStillOnTheRiseOfItsSoundAndZoomsIntoIt) {
-  Sound sound;
-  for (std::size_t i = 0; i < OscilloscopeView::longest; ++i)
-    sound.samples.push_back(static_cast<float>(std::sin(1 + 0.02 * static_cast<double>(i))));
-  OscilloscopeContainer scope;
-  show(scope, {"time"});
-  scope.setBuffers({&sound});
-  const auto curve = [&](float zoom) {
-    scope.showValue("time", zoom, "");
-    return Drawing(faceOf(scope)).curve();
-  };
-  const Rect place = faceOf(scope).bounds();
-  scope.setKeyRange(0, 0, 1);
-  const auto close = curve(0);
-  ASSERT_GT(close.size(), 8u);
-  EXPECT_NEAR(close.front().y, place.midY(), 3) << "it begins where the sound is zero";
-  EXPECT_LT(close[close.size() / 2].y, close.front().y) << "and rises";
-  EXPECT_GT(close.back().x - close.front().x, place.width * 0.9);
-  // What is no number is silence, and nothing that reaches a canvas.
-  sound.samples.assign(OscilloscopeView::longest, NAN);
-  sound.samples.push_back(NAN);
-  scope.updateModulation();
-  for (const auto& shape : Drawing(faceOf(scope)).shapes)
-    for (const Point& point : shape.points) EXPECT_TRUE(std::isfinite(point.y));
-  // More than two sounds have a lane each.
-  Sound more[3];
-  for (Sound& each : more) each.samples.assign(OscilloscopeView::longest, 0.1f);
-  MultiOscilloscopeContainer lanes;
-  show(lanes, {"time"});
-  lanes.setBuffers({&more[0], &more[1], &more[2]});
-  std::vector<double> heights;
-  for (const auto& shape : Drawing(faceOf(lanes)).shapes)
-    if (shape.area.width > 200 && (shape.kind == Kind::fill || shape.points.size() > 8))
-      heights.push_back(shape.area.midY());
-  std::sort(heights.begin(), heights.end());
-  ASSERT_EQ(heights.size(), 3u);
-  EXPECT_NEAR(heights[2] - heights[1], place.height / 3, 8);
-}
-
 TEST_F(ControlPicturesTest, AFilterIsDrawnAsItsTypeAndByWhoeverComputesIt) {
   using Type = FilterView::Type;
-  struct Case {
-    Type type;
-    /// Whether low, middle and high frequencies pass.
-    bool low, middle, high;
-  };
   FilterViewContainer filter;
   show(filter, {"frequency", "gain"});
   filter.setKeyRange(1, -24, 24);
@@ -749,17 +649,17 @@ TEST_F(ControlPicturesTest, AFilterIsDrawnAsItsTypeAndByWhoeverComputesIt) {
     const auto curve = Drawing(view).curve();
     return heightAt(curve, std::lerp(curve.front().x, curve.back().x, share), view.bounds());
   };
-  for (const Case& each :
-       {Case{Type::lowPass, true, false, false}, Case{Type::hiPass, false, false, true},
-        Case{Type::bandPass, false, true, false}, Case{Type::notch, true, false, true},
-        Case{Type::peak, true, false, true}, Case{Type::lowShelf, false, false, true},
-        Case{Type::hiShelf, true, false, false}}) {
-    view.setType(each.type);
-    const double passed = 0.001 * view.bounds().height;
-    const double lowest = -0.05 * view.bounds().height;
-    EXPECT_EQ(level(0.02) > lowest, each.low) << view.typeName();
-    EXPECT_EQ(level(0.98) > lowest, each.high) << view.typeName();
-    EXPECT_EQ(level(0.5) > lowest, each.middle || passed < lowest) << view.typeName();
+  // What passes: low, middle and high frequencies; peak and shelves cut.
+  const std::pair<Type, const char*> cases[] = {{Type::lowPass, "+--"},  {Type::hiPass, "--+"},
+                                                {Type::bandPass, "-+-"}, {Type::notch, "+-+"},
+                                                {Type::peak, "+-+"},     {Type::lowShelf, "--+"},
+                                                {Type::hiShelf, "+--"}};
+  for (const auto& [type, passes] : cases) {
+    view.setType(type);
+    std::string passed;
+    for (const double share : {0.02, 0.5, 0.98})
+      passed += level(share) > -0.05 * view.bounds().height ? '+' : '-';
+    EXPECT_EQ(passed, passes) << view.typeName();
   }
   view.setFilterMagnitudes(std::vector<double>(view.frequencies().size(), 12));
   EXPECT_NEAR(level(0.1), level(0.9), near) << "what the audio unit computes wins";

@@ -9,9 +9,9 @@
 #include <limits>
 
 #include "KestroUI/ChoiceContainers.h"
-#include "KestroUI/DisplayContainers.h"
-#include "KestroUI/ShapeContainers.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/ManualDriver.h"
+#include "tests/support/ShapeKinds.h"
 #include "tests/support/WindowBench.h"
 
 namespace kestroui {
@@ -19,161 +19,38 @@ namespace {
 
 using platform::Point;
 
-std::vector<std::shared_ptr<ParamKey>> keys(const std::vector<std::string>& names) {
-  std::vector<std::shared_ptr<ParamKey>> result;
-  for (const std::string& name : names) result.push_back(std::make_shared<ParamKey>(name));
-  return result;
-}
+using support::keys;
+using Kind = support::ShapeKind;
+using support::Drawing;
 
-struct Kind {
-  const char* name;
-  std::function<std::shared_ptr<ShapeContainer>()> make;
-  std::vector<std::string> keys;
-  /// The key that a drag moves, where to, and whether its value grows.
-  std::string dragged;
-  Point way;
-  bool grows;
-};
-
-template <class T>
-std::shared_ptr<ShapeContainer> make() {
-  return std::make_shared<T>();
-}
-
-std::vector<Kind> kinds() {
-  const std::vector<std::string> compressor = {"threshold", "ratio",  "attack",
-                                               "release",   "makeUp", "gainReduction"};
-  std::vector<std::string> two = compressor;
-  for (const std::string& key : compressor) two.push_back(key + "2");
-  return {
-      {"oscilloscope", make<OscilloscopeContainer>, {"scope", "gain"}, "scope", {40, 0}, true},
-      {"scopes", make<MultiOscilloscopeContainer>, {"scope"}, "scope", {-40, 0}, false},
-      {"compressor", make<CompressorViewContainer>, compressor, "threshold", {-25, 5}, false},
-      {"its ratio", make<CompressorViewContainer>, compressor, "ratio", {0, 25}, true},
-      {"its strips", make<CompressorViewContainer>, compressor, "release", {15, 0}, true},
-      {"two compressors", make<DoubleCompressorViewContainer>, two, "ratio2", {0, 20}, true},
-      {"band",
-       make<BandCompressorContainer>,
-       {"thresh", "ratio", "lowFreq", "highFreq"},
-       "lowFreq",
-       {25, 0},
-       true},
-      {"three bands",
-       make<ThreeBandCompressorContainer>,
-       ThreeBandCompressorContainer::bandKeys(),
-       "MidThreshold",
-       {0, -15},
-       true},
-      {"waveshaper",
-       make<WaveshaperViewContainer>,
-       {"drive", "shape", "bias", "mix"},
-       "drive",
-       {0, -20},
-       true},
-      {"table",
-       make<TableWaveshaperContainer>,
-       {"t1", "t2", "t3", "t4", "t5"},
-       "t3",
-       {0, -20},
-       true},
-      {"granulizer",
-       make<GranulizerViewContainer>,
-       {"position", "density", "size", "spray", "pitch"},
-       "spray",
-       {0, -20},
-       true},
-      {"phaser",
-       make<PhaserViewContainer>,
-       {"frequency", "feedback", "rate", "depth", "stages"},
-       "feedback",
-       {0, -20},
-       true},
-      {"zorva", make<ZorvaViewContainer>, {"a", "b", "c", "d", "e", "f", "g"}, "b", {0, -20}, true},
-      {"sample",
-       make<SampleViewContainer>,
-       {"start", "end", "loopStart", "loopEnd", "head"},
-       "start",
-       {20, 0},
-       true},
-  };
-}
-
-struct Owner : ContainerDelegate, platform::WeakTarget {
-  void didDoubleTap(const std::shared_ptr<ParamKey>& key) override {
-    events.push_back("double tap " + (key ? key->key() : "nothing"));
-  }
-  void didBeginGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>& held) override {
-    for (const auto& key : held) events.push_back("begin " + key->key());
-  }
-  void didEndGesture(Container&, const std::vector<std::shared_ptr<ParamKey>>& held) override {
-    for (const auto& key : held) events.push_back("end " + key->key());
-  }
-  std::vector<std::string> take() { return std::exchange(events, {}); }
-  std::vector<std::string> events;
-};
+std::vector<Kind> kinds() { return support::shapeKinds(); }
 
 class DisplayContainersTest : public testing::Test {
  protected:
   void show(Container& container, const platform::Rect& frame = {0, 0, 300, 200}) {
     bench.root().addSubview(container);
     container.setFrame(frame);
-    container.delegate = &owner;
     bench.frame();
   }
   std::shared_ptr<ShapeContainer> shown(const Kind& kind) {
-    const auto container = kind.make();
-    container->setParamKeys(keys(kind.keys));
-    for (std::size_t i = 0; i < kind.keys.size(); ++i) container->setKeyRange(i, 0, 1);
-    for (const std::string& key : kind.keys) container->showValue(key, 0.4f, key + " text");
+    const auto container = kind.shown(0.4f);
     // Ends stand behind starts.
-    for (const char* key : {"end", "loopEnd", "highFreq", "MidHighFrequency"})
+    for (const char* key : {"end", "loopEnd", "high", "highFreq", "MidHighFrequency"})
       container->showValue(key, 0.9f, "");
     show(*container);
     return container;
+  }
+  static ShapeControl& faceOf(const ShapeContainer& container) {
+    return const_cast<ShapeControl&>(*container.shape());
   }
   Point handleOf(const ShapeContainer& container, const std::string& key) {
     const Point at = container.shape()->placeOf(*container.indexOf(key));
     return container.shape()->frameInRoot().origin() + at;
   }
-  void doubleTap(Point at) {
-    bench.tap(at);
-    bench.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 2);
-    bench.lift(at);
-  }
 
   support::ManualLoop loop;
   support::WindowBench bench;
-  Owner owner;
 };
-
-TEST_F(DisplayContainersTest, ADragMovesTheKeyUnderTheFingerAlone) {
-  for (const Kind& kind : kinds()) {
-    SCOPED_TRACE(kind.name);
-    const auto container = shown(kind);
-    std::vector<float> before;
-    for (const std::string& key : kind.keys) before.push_back(container->value(key));
-    const Point at = handleOf(*container, kind.dragged);
-    bench.press(at);
-    bench.drag(at + kind.way);
-    bench.lift(at + kind.way);
-    const auto events = owner.take();
-    EXPECT_THAT(events, testing::Contains("begin " + kind.dragged));
-    EXPECT_THAT(events, testing::Contains("end " + kind.dragged));
-    for (std::size_t i = 0; i < kind.keys.size(); ++i) {
-      const float value = container->value(kind.keys[i]);
-      const bool held =
-          std::find(events.begin(), events.end(), "begin " + kind.keys[i]) != events.end();
-      if (kind.keys[i] == kind.dragged) {
-        EXPECT_TRUE(kind.grows ? value > before[i] + 0.02f : value < before[i] - 0.02f) << value;
-      } else if (!held) {
-        EXPECT_EQ(value, before[i]) << kind.keys[i];
-      }
-    }
-    doubleTap(handleOf(*container, kind.dragged));
-    EXPECT_THAT(owner.take().back(), testing::StartsWith("double tap "));
-    container->removeFromSuperview();
-  }
-}
 
 TEST_F(DisplayContainersTest, EveryKeyIsReachedByTheKeyboard) {
   for (const Kind& kind : kinds()) {
@@ -182,19 +59,19 @@ TEST_F(DisplayContainersTest, EveryKeyIsReachedByTheKeyboard) {
     toolkit::View& face = *container->subviews()[1];
     ASSERT_TRUE(face.becomeFirstResponder());
     std::size_t reached = 0;
-    for (std::size_t i = 0; i < kind.keys.size() + 1; ++i) {
+    for (std::size_t i = 0; i < kind.keys().size() + 1; ++i) {
       std::vector<float> before;
-      for (const std::string& key : kind.keys) before.push_back(container->value(key));
+      for (const std::string& key : kind.keys()) before.push_back(container->value(key));
       EXPECT_TRUE(bench.key(platform::Key::up));
-      for (std::size_t k = 0; k < kind.keys.size(); ++k)
-        reached += container->value(kind.keys[k]) > before[k];
+      for (std::size_t k = 0; k < kind.keys().size(); ++k)
+        reached += container->value(kind.keys()[k]) > before[k];
       bench.key(platform::Key::right);
     }
     // Those that only measure are not set.
     std::size_t measured = 0;
-    for (const std::string& key : kind.keys)
+    for (const std::string& key : kind.keys())
       measured += key.find("eduction") != std::string::npos || key == "head";
-    EXPECT_GE(reached, kind.keys.size() - measured);
+    EXPECT_GE(reached, kind.keys().size() - measured);
     EXPECT_FALSE(bench.window.keyPressed({platform::Key::character, {}, "x"}));
     loop.advance(1);
     container->removeFromSuperview();
@@ -205,7 +82,7 @@ TEST_F(DisplayContainersTest, LiveValuesThatRestRepaintNothing) {
   for (const Kind& kind : kinds()) {
     SCOPED_TRACE(kind.name);
     const auto container = shown(kind);
-    std::vector<std::atomic<float>> live(kind.keys.size());
+    std::vector<std::atomic<float>> live(kind.keys().size());
     std::atomic<bool> modulating{true};
     for (std::size_t i = 0; i < live.size(); ++i) {
       live[i] = 0.5f;
@@ -214,12 +91,12 @@ TEST_F(DisplayContainersTest, LiveValuesThatRestRepaintNothing) {
     container->updateModulation();
     EXPECT_FALSE(bench.frame().empty());
     container->updateModulation();
-    for (const std::string& key : kind.keys)
+    for (const std::string& key : kind.keys())
       container->showValue(key, container->value(key), key + " text");
     bench.frame();
     container->updateModulation();
     EXPECT_TRUE(bench.frame().empty());
-    live[0] = 0.7f;
+    live[0] = 1.7f;
     container->updateModulation();
     EXPECT_FALSE(bench.frame().empty());
     for (std::atomic<float>& value : live) value = std::numeric_limits<float>::quiet_NaN();
@@ -228,44 +105,6 @@ TEST_F(DisplayContainersTest, LiveValuesThatRestRepaintNothing) {
     bench.painted();
     container->watchNothing();
     container->removeFromSuperview();
-  }
-}
-
-TEST_F(DisplayContainersTest, NonsenseGivesAPictureToo) {
-  const float nan = std::numeric_limits<float>::quiet_NaN();
-  const float inf = std::numeric_limits<float>::infinity();
-  for (const Kind& kind : kinds()) {
-    SCOPED_TRACE(kind.name);
-    std::vector<std::string> many;
-    for (int i = 0; i < 60; ++i) many.push_back("k" + std::to_string(i));
-    for (const std::vector<std::string>& names :
-         {std::vector<std::string>{}, {"only"}, kind.keys, many}) {
-      const auto container = kind.make();
-      container->setParamKeys(keys(names));
-      show(*container);
-      for (std::size_t i = 0; i < names.size(); ++i) {
-        for (const auto& [low, high] : {std::pair{5.0f, 5.0f}, {nan, nan}, {-inf, inf}, {3.f, 1.f}})
-          container->setKeyRange(i, low, high);
-        bench.frame();
-        bench.painted();
-        container->setKeyRange(i, -60, 12);
-        container->setKeyStringValues(i, std::vector<std::string>(i % 2 ? 1000 : 1, "name"));
-        container->showValue(names[i], nan, "");
-        container->showValue(names[i], 7, "seven");
-      }
-      container->setInverted(true);
-      container->setColors({platform::Color::white(), platform::Color::black()});
-      for (double side : {5.0, 12.0, 60.0}) {
-        container->setFrame({0, 0, side, side});
-        bench.frame();
-        bench.tap({side / 2, side / 2});
-        bench.painted();
-      }
-      container->setParamKeys({});
-      bench.frame();
-      container->removeFromSuperview();
-      loop.advance(1);
-    }
   }
 }
 
@@ -283,12 +122,13 @@ TEST_F(DisplayContainersTest, DisabledInactiveAndFocusedLookDifferent) {
     face.resignFirstResponder();
     bench.frame();
     face.setEnabled(false);
-    const float before = container->value(kind.dragged);
-    const Point at = handleOf(*container, kind.dragged);
+    const std::string key = kind.keys().front();
+    const float before = container->value(key);
+    const Point at = handleOf(*container, key);
     bench.press(at);
-    bench.drag(at + kind.way);
-    bench.lift(at + kind.way);
-    EXPECT_EQ(container->value(kind.dragged), before);
+    bench.drag(at + Point{20, -20});
+    bench.lift(at + Point{20, -20});
+    EXPECT_EQ(container->value(key), before);
     container->removeFromSuperview();
   }
 }
@@ -440,18 +280,49 @@ TEST_F(DisplayContainersTest, AnOscilloscopeStandsStillAndRepaintsOnlyForNewSoun
   EXPECT_EQ(scope.valueForm("other"), Container::ValueForm::position);
 }
 
-TEST_F(DisplayContainersTest, TheStartOfASampleDoesNotPassItsEnd) {
-  SampleViewContainer sample;
-  sample.setParamKeys(keys({"start", "end"}));
-  sample.showValue("start", 0.2f, "");
-  sample.showValue("end", 0.5f, "");
-  show(sample);
-  const Point at = handleOf(sample, "start");
-  bench.press(at);
-  bench.drag(at + Point{300, 0});
-  bench.lift(at + Point{300, 0});
-  EXPECT_EQ(sample.value("start"), 0.5f);
-  EXPECT_EQ(sample.value("end"), 0.5f);
+TEST_F(DisplayContainersTest, AScopeStandsStillOnTheRiseOfItsSoundAndZoomsIntoIt) {
+  Sound sound;
+  for (std::size_t i = 0; i < OscilloscopeView::longest; ++i)
+    sound.samples.push_back(static_cast<float>(std::sin(1 + 0.02 * static_cast<double>(i))));
+  sound.count = 1;
+  OscilloscopeContainer scope;
+  scope.setParamKeys(keys({"time"}));
+  show(scope);
+  scope.setBuffers({&sound});
+  const auto curve = [&](float zoom) {
+    scope.showValue("time", zoom, "");
+    return Drawing(faceOf(scope)).curve();
+  };
+  const platform::Rect place = faceOf(scope).bounds();
+  scope.setKeyRange(0, 0, 1);
+  const auto close = curve(0);
+  ASSERT_GT(close.size(), 8u);
+  EXPECT_NEAR(close.front().y, place.midY(), 3) << "it begins where the sound is zero";
+  EXPECT_LT(close[close.size() / 2].y, close.front().y) << "and rises";
+  EXPECT_GT(close.back().x - close.front().x, place.width * 0.9);
+  // What is no number is silence, and nothing that reaches a canvas.
+  sound.samples.assign(OscilloscopeView::longest, NAN);
+  ++sound.count;
+  scope.updateModulation();
+  for (const auto& shape : Drawing(faceOf(scope)).shapes)
+    for (const Point& point : shape.points) EXPECT_TRUE(std::isfinite(point.y));
+  // More than two sounds have a lane each.
+  Sound more[3];
+  for (Sound& each : more) {
+    each.samples.assign(OscilloscopeView::longest, 0.1f);
+    each.count = 1;
+  }
+  MultiOscilloscopeContainer lanes;
+  lanes.setParamKeys(keys({"time"}));
+  show(lanes);
+  lanes.setBuffers({&more[0], &more[1], &more[2]});
+  std::vector<double> heights;
+  for (const auto& shape : Drawing(faceOf(lanes)).shapes)
+    if (shape.area.width > 200 && (shape.kind == Drawing::Kind::fill || shape.points.size() > 8))
+      heights.push_back(shape.area.midY());
+  std::sort(heights.begin(), heights.end());
+  ASSERT_EQ(heights.size(), 3u);
+  EXPECT_NEAR(heights[2] - heights[1], place.height / 3, 8);
 }
 
 TEST_F(DisplayContainersTest, ARecordingIsShownAsSoonAsThereIsOne) {

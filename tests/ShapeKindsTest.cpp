@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -13,9 +12,8 @@
 
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
-#include "KestroUI/ShapeContainers.h"
-#include "KestroUI/XYControlContainer.h"
 #include "tests/support/ManualDriver.h"
+#include "tests/support/ShapeKinds.h"
 #include "tests/support/WindowBench.h"
 
 namespace kestroui {
@@ -26,11 +24,7 @@ using platform::Modifiers;
 using platform::Point;
 using testing::ElementsAre;
 
-std::vector<std::shared_ptr<ParamKey>> keys(const std::vector<std::string>& names) {
-  std::vector<std::shared_ptr<ParamKey>> result;
-  for (const std::string& name : names) result.push_back(std::make_shared<ParamKey>(name));
-  return result;
-}
+using support::keys;
 
 std::vector<std::string> numbered(int count) {
   std::vector<std::string> result;
@@ -38,41 +32,13 @@ std::vector<std::string> numbered(int count) {
   return result;
 }
 
-template <class Kind>
-std::unique_ptr<Container> make() {
-  return std::make_unique<Kind>();
+std::vector<std::function<std::shared_ptr<Container>()>> makers() {
+  std::vector<std::function<std::shared_ptr<Container>()>> all{
+      std::make_shared<MutableContainer>, std::make_shared<MultipleContainer>,
+      std::make_shared<TimeStopXYContainer>};
+  for (const support::ShapeKind& kind : support::shapeKinds()) all.push_back(kind.make);
+  return all;
 }
-
-const std::function<std::unique_ptr<Container>()> makers[] = {
-    make<FilterViewContainer>,    make<DoubleFilterViewContainer>, make<ADSRContainer>,
-    make<StepSequencerContainer>, make<CurveSequencerContainer>,   make<SimpleCurveContainer>,
-    make<XYControlContainer>,     make<TimeStopXYContainer>,       make<DoubleSliderContainer>,
-    make<MutableContainer>,       make<WavetableContainer>,        make<MultipleContainer>};
-
-/// Writes down what a container tells.
-struct Owner : ContainerDelegate, platform::WeakTarget {
-  using Keys = std::vector<std::shared_ptr<ParamKey>>;
-
-  void didDoubleTap(const std::shared_ptr<ParamKey>& key) override {
-    note("tap " + (key ? key->key() : "nothing"));
-  }
-  void didBeginGesture(Container&, const Keys& keys) override { note("[" + names(keys)); }
-  void didEndGesture(Container&, const Keys& keys) override { note("]" + names(keys)); }
-  void onChange() { note("v"); }
-  static std::string names(const Keys& keys) {
-    std::string result;
-    for (const auto& key : keys) result += key->key();
-    return result;
-  }
-  void note(std::string event) {
-    events.push_back(std::move(event));
-    if (const auto action = then) action();
-  }
-  std::vector<std::string> take() { return std::exchange(events, {}); }
-
-  std::vector<std::string> events;
-  std::function<void()> then;
-};
 
 class ShapeKindsTest : public testing::Test {
  protected:
@@ -81,8 +47,7 @@ class ShapeKindsTest : public testing::Test {
     container.setParamKeys(keys(names));
     bench.root().addSubview(container);
     container.setFrame(frame);
-    container.delegate = &owner;
-    container.addTarget<&Owner::onChange>(owner, toolkit::ControlEvent::valueChanged);
+    owner.listenTo(container);
     bench.frame();
   }
   static Point place(const Container& container, const std::string& key) {
@@ -105,7 +70,7 @@ class ShapeKindsTest : public testing::Test {
 
   support::ManualLoop loop;
   support::WindowBench bench;
-  Owner owner;
+  support::ContainerOwner owner;
 };
 
 TEST_F(ShapeKindsTest, aDragMovesTheNearestHandleFromWhereItIs) {
@@ -336,6 +301,7 @@ TEST_F(ShapeKindsTest, aMutedValueKeepsItsValue) {
   MutableContainer send;
   show(send, {"send", "mute"});
   send.showValue("send", 0.5f, "-6 dB");
+  send.showValue("mute", 0, "Off");
   bench.tap(place(send, "mute"));
   EXPECT_EQ(values(send), (std::vector<float>{0.5f, 1}));
   EXPECT_TRUE(send.knob().isInactive());
@@ -358,39 +324,6 @@ TEST_F(ShapeKindsTest, hoveringShowsTheValueOfTheHandle) {
   EXPECT_EQ(envelope.titleLabel().text(), "d d!  s now");
   bench.window.hoverEnded();
   EXPECT_EQ(envelope.titleLabel().text(), "Envelope");
-}
-
-TEST_F(ShapeKindsTest, liveValuesAreShownByKeyAndRepaintOnlyWhenTheyMove) {
-  StepSequencerContainer steps;
-  show(steps, numbered(4));
-  std::atomic<float> live{2.5f};
-  std::atomic<bool> flag{true};
-  steps.watch(0, &live, &flag);
-  SimpleCurveContainer curve;
-  show(curve, {"p", "q"});
-  curve.positionOfValue = [](std::size_t index, float value) {
-    return index == 1 ? value / 10 : NAN;
-  };
-  curve.watch(1, &live, &flag);
-  steps.updateModulation();
-  curve.updateModulation();
-  EXPECT_EQ(steps.stepSequencerView().playhead(), 2.5f);
-  EXPECT_TRUE(curve.curveControl().isModulated(1));
-  EXPECT_FALSE(curve.curveControl().isModulated(0));
-  EXPECT_FALSE(bench.frame().empty());
-  steps.updateModulation();
-  curve.updateModulation();
-  EXPECT_TRUE(bench.frame().empty());
-  live = 7;
-  steps.updateModulation();
-  EXPECT_EQ(steps.stepSequencerView().playhead(), std::nullopt) << "there is no eighth step";
-  live = NAN;
-  curve.updateModulation();
-  EXPECT_FALSE(curve.curveControl().isModulated(1));
-  live = 1;
-  flag = false;
-  steps.updateModulation();
-  EXPECT_EQ(steps.stepSequencerView().playhead(), std::nullopt);
 }
 
 TEST_F(ShapeKindsTest, anInvertedValueIsShownReversedAndSetReversed) {
@@ -417,13 +350,15 @@ TEST_F(ShapeKindsTest, namedValuesGoFromStepToStep) {
 }
 
 TEST_F(ShapeKindsTest, everyKindTakesAnyNumberOfKeysAndAnyNonsense) {
-  for (const auto& maker : makers) {
+  for (const auto& maker : makers()) {
     for (const int count : {0, 1, 2, 3, 4, 6, 33}) {
-      const std::unique_ptr<Container> container = maker();
+      const std::shared_ptr<Container> container = maker();
       SCOPED_TRACE(testing::Message() << typeid(*container).name() << " with " << count);
       show(*container, numbered(count), {0, 0, 200, 120});
       for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        container->setKeyRange(i, 1, 1);
+        for (const auto& [low, high] : {std::pair{1.0f, 1.0f}, {NAN, NAN}, {-INFINITY, INFINITY}})
+          container->setKeyRange(i, low, high);
+        container->setKeyRange(i, -60, 12);
         container->setKeyStringValues(i, std::vector<std::string>(i % 2 ? 0 : 1000, "x"));
         container->setKeyRange(i, 5, 1);
         container->showValue("k" + std::to_string(i), i % 2 ? NAN : 1e9f, "");
@@ -454,14 +389,21 @@ TEST_F(ShapeKindsTest, everyKindTakesAnyNumberOfKeysAndAnyNonsense) {
       for (const std::string& event : owner.take())
         held += event[0] == '[' ? 1 : event[0] == ']' ? -1 : 0;
       EXPECT_EQ(held, 0);
+      for (const double side : {5.0, 12.0}) {
+        container->setFrame({0, 0, side, side});
+        bench.frame();
+        bench.painted();
+      }
+      container->setParamKeys({});
+      bench.frame();
     }
   }
 }
 
 TEST_F(ShapeKindsTest, anOwnerMayDestroyTheContainerAtAnyMoment) {
-  for (const auto& maker : makers) {
+  for (const auto& maker : makers()) {
     for (int moment = 1; moment < 7; ++moment) {
-      std::unique_ptr<Container> container = maker();
+      std::shared_ptr<Container> container = maker();
       SCOPED_TRACE(testing::Message() << typeid(*container).name() << " at " << moment);
       show(*container, {"k0", "k1", "OnOff", "Hold"}, {0, 0, 200, 120});
       int events = 0;
@@ -488,7 +430,7 @@ TEST_F(ShapeKindsTest, aDisabledShapeDoesNothing) {
   show(curve, {"p", "q"});
   const Point at = place(curve, "p");
   bench.press(at);
-  curve.curveControl().setEnabled(false);
+  static_cast<toolkit::Control&>(*curve.subviews()[1]).setEnabled(false);
   EXPECT_THAT(owner.take(), ElementsAre("[p", "]p")) << "what was held is let go";
   bench.drag({at.x, at.y - 50});
   bench.lift(at);
