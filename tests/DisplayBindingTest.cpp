@@ -80,15 +80,20 @@ TEST_F(DisplayBindingTest, OscilloscopesGetTheSoundsOfTheirKeys) {
   EXPECT_TRUE(controller.container("scope")->hasModulation());
 }
 
-TEST_F(DisplayBindingTest, ASampleViewFollowsTheAudioUnitAndOutlivesIt) {
-  build({support::paramKey("sample", ControlType::sampleView)});
-  const auto view = controller.container("sample");
+TEST_F(DisplayBindingTest, SamplesGrainsAndWavesFollowTheAudioUnitAndOutliveIt) {
+  build({support::paramKey("sample", ControlType::sampleView),
+         support::paramKey("scope", ControlType::granulizer),
+         support::paramKey("bands", ControlType::wavetable)});
   const auto data = std::make_shared<platform::SampleData>();
-  unit->setSampleData("sample", data);
-  view->updateModulation();
-  EXPECT_EQ(data.use_count(), 3) << "here, in the audio unit and in the view";
+  for (const char* key : {"sample", "scope", "bands"}) {
+    unit->setSampleData(key, data);
+    EXPECT_TRUE(controller.container(key)->hasModulation());
+    controller.container(key)->updateModulation();
+  }
+  EXPECT_EQ(data.use_count(), 7) << "here, and thrice in the audio unit and in a view";
   unit.reset();
-  view->updateModulation();
+  for (const char* key : {"sample", "scope", "bands"})
+    controller.container(key)->updateModulation();
   EXPECT_EQ(data.use_count(), 1);
 }
 

@@ -305,6 +305,10 @@ TEST_F(ShapeKindsTest, aMutedValueKeepsItsValue) {
   bench.tap(place(send, "mute"));
   EXPECT_EQ(values(send), (std::vector<float>{0.5f, 1}));
   EXPECT_TRUE(send.knob().isInactive());
+  const toolkit::View& mute = *send.subviews().back();
+  ASSERT_NE(dynamic_cast<const OnOffButton*>(&mute), nullptr);
+  EXPECT_EQ(mute.accessibility().value, "On");
+  EXPECT_EQ(send.knob().accessibility().value, "-6 dB");
   EXPECT_THAT(owner.take(), ElementsAre("[mute", "v", "]mute"));
   drag(send.knob().frameInRoot().centre(), {0, -20});
   EXPECT_THAT(owner.take(), ElementsAre("[send", "v", "]send"));
