@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "KestroUI/Container.h"
+#include "foundation/SharedURLSession.h"
 #include "tests/support/TestEditor.h"
+#include "toolkit/TextField.h"
 
 namespace headless {
 namespace {
@@ -129,6 +131,44 @@ TEST_F(HeadlessHostTest, RecordsLinksThatTheEditorOpens) {
   EXPECT_EQ(host.application()->takeEvents(),
             (Events{{"openURL", {{"url", "https://example.org/help"}}}}));
   EXPECT_TRUE(host.application()->takeEvents().empty());
+}
+
+TEST_F(HeadlessHostTest, AnswersWhatThePickerAndTheNetworkWereAskedFor) {
+  struct Delegate : platform::DocumentPickerDelegate, platform::WeakTarget {
+    std::vector<std::string> picked;
+    void documentPickerDidPick(const std::vector<std::string>& paths) override { picked = paths; }
+  } delegate;
+  HeadlessApplication& application = *host.application();
+  EXPECT_FALSE(application.pick({"a"})) << "none is open";
+  application.presentation()->present(platform::DocumentPicker{{"preset"}, true, &delegate});
+  EXPECT_EQ(application.takeEvents(), (Events{{"picker", {}, {"preset"}, true}}));
+  EXPECT_TRUE(application.pick({"a", "b"}));
+  EXPECT_EQ(delegate.picked, (std::vector<std::string>{"a", "b"}));
+  EXPECT_FALSE(application.pick({"c"})) << "it has closed";
+
+  std::string answers;
+  const auto ask = [&](const std::string& url) {
+    auto task = foundation::SharedURLSession::current().dataTask(
+        url, [&, url](const platform::URLSession::Answer&) { answers += url; });
+    task->resume();
+    return task;
+  };
+  const auto first = ask("1"), second = ask("2");
+  ask("gone");
+  const auto third = ask("3");
+  for (int i = 0; i < 3; ++i) EXPECT_TRUE(application.session().respond({}));
+  EXPECT_FALSE(application.session().respond({}));
+  EXPECT_EQ(answers, "123") << "in their order, but for what was called off";
+  EXPECT_EQ(application.takeEvents().size(), 4u);
+}
+
+TEST_F(HeadlessHostTest, TypesInTheFieldThatHasTheKeyboard) {
+  host.appear();
+  toolkit::TextField field;
+  host.editor().view().addSubview(field);
+  field.becomeFirstResponder();
+  host.type("W\u00e4r me");
+  EXPECT_EQ(field.text(), "W\u00e4r me");
 }
 
 TEST_F(HeadlessHostTest, TwoEditorsShareOneLoopAndMayGoInAnyOrder) {

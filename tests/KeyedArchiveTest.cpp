@@ -49,7 +49,7 @@ const PropertyList everything = Dictionary{
     {"negative", -5},
     {"most", std::numeric_limits<std::int64_t>::max()},
     {"least", std::numeric_limits<std::int64_t>::min()},
-    {"reals", Array{0.1, 0.0, 1e300, -1e-300}},
+    {"reals", Array{0.1, 0.0, 1e300, -1e-300, 0.3, 0.1 + 0.2}},
     {"text", "W\xc3\xa4rme \xf0\x9f\x8e\xb9"},
     {"empty", ""},
     {"$null", "$null"},
@@ -92,6 +92,9 @@ TEST(KeyedArchiveTest, BinaryListsReadBackWithTheirReferences) {
   const auto read = foundation::parsePropertyList(foundation::writeBinaryPropertyList(list), error);
   ASSERT_TRUE(read) << error;
   EXPECT_EQ(*read, list);
+  EXPECT_EQ(foundation::parsePropertyList(
+                foundation::writeBinaryPropertyList(Array{1, {}, Dictionary{{"a", {}}}}), error),
+            PropertyList(Array{1, Dictionary{}}));
 }
 
 TEST(KeyedArchiveTest, FormsOfOtherWritersAreRead) {
@@ -208,6 +211,12 @@ TEST(KeyedArchiveTest, NestingAndUnfoldingAreBounded) {
   doubling.push_back("end");
   doubling.push_back(theClass("NSArray"));
   EXPECT_EQ(errorOf(archive(doubling)), "the keyed archive unfolds to more than can be read");
+  for (const PropertyList& shared : {PropertyList(std::string(100000, 'x')),
+                                     object(3, {{"NS.string", std::string(100000, 'x')}})}) {
+    const PropertyList many = object(4, {{"NS.objects", Array(1000, uid(2))}});
+    EXPECT_EQ(errorOf(archive({"$null", many, shared, theClass("NSString"), theClass("NSArray")})),
+              "the keyed archive unfolds to more than can be read");
+  }
 }
 
 }  // namespace

@@ -214,6 +214,11 @@ TEST(PropertyListCodingTest, BrokenBytesAreExplained) {
   EXPECT_EQ(errorOf("bplist00"), "the binary property list is cut short");
   const std::string good = binary({array({1}), "\x09"});
   for (std::size_t length = 6; length < good.size(); ++length) errorOf(good.substr(0, length));
+  std::string tooMany = binary({array({7})});
+  tooMany[tooMany.size() - 17] = 100;
+  EXPECT_EQ(errorOf(tooMany), "the binary property list has a damaged table");
+  EXPECT_EQ(errorOf(binary({"\x5f\x14" + std::string(16, '\1')})),
+            "the binary property list has a damaged count");
   EXPECT_EQ(errorOf(binary({array({7})})),
             "the binary property list refers to a value that it does not have");
   EXPECT_EQ(errorOf(binary({std::string("\xd1\0\1\0\1", 5), "\x09"})),

@@ -134,7 +134,9 @@ TEST_F(TableViewTest, aHeaderFloatsUntilItsSectionHasGoneBy) {
   table.setContentOffset(24 + 90 + 24 + 3000);
   EXPECT_EQ(texts().count("USER"), 0u);
   EXPECT_TRUE(texts().contains("FACTORY"));
-  bench.tap({50, 10});
+  bench.press({50, 10});
+  EXPECT_FALSE(table.cellForRow(*table.rowAt(table.contentOffset() + 10))->isHighlighted());
+  bench.lift({50, 10});
   EXPECT_EQ(journal, "") << "a tap on it is none on the row below it";
 }
 
@@ -175,6 +177,17 @@ TEST_F(TableViewTest, cellsShowWhatIsPressedChosenAndReachedByKeys) {
 
 TEST_F(TableViewTest, theReachedRowIsNeverUnderAHeaderNorOutOfSight) {
   table.becomeFirstResponder();
+  bench.key(Key::up);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{1, 99999})) << "from below";
+  bench.tap({50, 200});
+  EXPECT_EQ(table.focusedRow(), std::nullopt) << "a tap takes the mark of the keys away";
+  table.reloadData();
+  table.setContentOffset(0);
+  bench.frame();
+  bench.key(Key::down);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{0, 0}));
+  bench.key(Key::up);
+  EXPECT_EQ(table.focusedRow(), (IndexPath{0, 0}));
   for (const Key key : {Key::down, Key::up})
     for (int i = 0; i < 40; ++i) {
       bench.key(key);

@@ -95,6 +95,9 @@ TEST_F(UserDefaultsTest, ARemovalThatCouldNotBeWrittenIsMadeUpFor) {
   open().synchronize();
   EXPECT_FALSE(stored("list")) << "without a loop it is done at once";
   EXPECT_EQ(*stored("other"), Array{"b"});
+  storeElsewhere({{"list", Array{"theirs"}}});
+  open().setObject("other", {"c"});
+  EXPECT_EQ(*stored("list"), Array{"theirs"}) << "removed once, and not again";
 }
 
 TEST_F(UserDefaultsTest, WhatAnotherProcessHasChangedMeanwhileIsKept) {
