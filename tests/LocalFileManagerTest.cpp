@@ -19,6 +19,7 @@
 
 #include "foundation/DefaultFileManager.h"
 #include "foundation/FileLock.h"
+#include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -150,6 +151,11 @@ TEST(LocalFileManagerTest, ACopyNeverReplacesAnything) {
   EXPECT_EQ(textOf(folder / "to/all/deep/b"), "two");
   EXPECT_TRUE(files.copyItem(folder / "none", folder / "to/d"));
   EXPECT_EQ(namesIn(folder / "to"), (Names{"a", "c", "all"}));
+  foundation::SafeFile late(folder / "to/d", "copied");
+  EXPECT_FALSE(late.open());
+  folder.write("to/d", "theirs");
+  EXPECT_EQ(late.commitNew()->code, FileError::Code::fileExists) << "another was quicker";
+  EXPECT_EQ(textOf(folder / "to/d"), "theirs");
 }
 
 TEST(LocalFileManagerTest, FoldersAreMadeAndRemoved) {

@@ -25,7 +25,7 @@ class StarCell : public toolkit::TableViewCell {
   toolkit::Control star;
 };
 
-// Two sections in a table of 200 x 240 points: rows of 30, headers of 24.
+// Two sections in a table of 200 x 240 points: rows of an eighth of that, headers of 24.
 class TableViewTest : public testing::Test,
                       public toolkit::TableViewSource,
                       public platform::WeakTarget {
@@ -51,7 +51,9 @@ class TableViewTest : public testing::Test,
     return section == 0 ? "USER" : "FACTORY";
   }
   double heightForHeaderInSection(TableView&, int) override { return 24; }
-  double heightForRowsInSection(TableView&, int) override { return 30; }
+  double heightForRowsInSection(TableView& asking, int) override {
+    return asking.bounds().height / 8;
+  }
   void didSelectRowAt(TableView&, IndexPath row) override {
     journal += "+" + std::to_string(row.section) + "/" + std::to_string(row.row);
     if (onSelect) onSelect();
@@ -92,11 +94,13 @@ TEST_F(TableViewTest, buildsNoMoreCellsThanFitHoweverFarItScrolls) {
   table.scrollToRow({1, 50000}, ScrollPosition::middle);
   table.setFrame({0, 0, 200, 120});
   bench.frame();
-  EXPECT_NEAR(table.cellForRow({1, 50000})->frame().y, (120 - 30) / 2, 1e-6) << "at its new size";
+  EXPECT_NEAR(table.cellForRow({1, 50000})->frame().y, (120 - 15) / 2.0, 1e-6) << "at its new size";
+  table.setContentOffset(1e9);
   table.setFrame({0, 0, 200, 240});
   bench.frame();
+  EXPECT_LE(table.contentOffset(), table.contentHeight() - 240);
   filled = 0;
-  table.setContentOffset(table.contentOffset() + 30);
+  table.setContentOffset(table.contentOffset() - 30);
   bench.frame();
   EXPECT_EQ(filled, 1) << "one row came into sight";
   for (const double step : {31.0, -31.0}) {

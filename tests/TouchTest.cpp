@@ -188,11 +188,12 @@ TEST_F(TouchTest, AViewThatComesOrGoesBelowTheRestingMouseIsTold) {
 
 TEST_F(TouchTest, TheMouseRestsWhereItsDragEndedAndAFingerMovesNoMouse) {
   const auto released = [&](Touch::Kind kind) {
+    leaf->setFrame({10, 10, 20, 20});
+    bench.frame();
     bench.window.hovered({15, 15});
     bench.window.touchBegan(1, kind, {15, 15}, 1);
     bench.drag({210, 10});
-    other->setNeedsDisplay();
-    other->setFrame(other->frame().translated(1, 0));
+    leaf->setFrame({60, 60, 20, 20});
     bench.frame();
     EXPECT_THAT(only(journal, {"left", "entered"}), ElementsAre("panel entered", "leaf entered"))
         << "whoever is touched keeps the mouse";
@@ -206,7 +207,7 @@ TEST_F(TouchTest, TheMouseRestsWhereItsDragEndedAndAFingerMovesNoMouse) {
               ElementsAre("leaf left", "panel left", "other entered"));
   bench.window.hoverEnded();
   journal.clear();
-  EXPECT_THAT(released(Touch::Kind::finger), IsEmpty());
+  EXPECT_THAT(released(Touch::Kind::finger), ElementsAre("leaf left"));
 }
 
 TEST_F(TouchTest, WhereTheMouseMovesIsToldInTheCoordinatesOfTheFrontView) {
@@ -304,6 +305,28 @@ TEST_F(TouchTest, TheKeyboardGoesToWhatIsTouchedOrAsksForIt) {
   EXPECT_TRUE(panel->becomeFirstResponder());
   panel->resignFirstResponder();
   EXPECT_EQ(bench.window.firstResponder(), nullptr);
+}
+
+TEST_F(TouchTest, WhoeverGetsOrLosesTheKeyboardMayChangeTheTree) {
+  struct Holder : View {
+    using View::View;
+    std::function<void()> onChange;
+    bool canBecomeFirstResponder() const override { return true; }
+    void firstResponderChanged() override { onChange(); }
+  } holder({0, 0, 100, 100}), second({100, 0, 50, 50});
+  bench.root().addSubview(holder);
+  bench.root().addSubview(second);
+  holder.addSubview(*leaf);
+  holder.onChange = [&] { leaf->setHidden(true); };
+  bench.tap({15, 15});
+  EXPECT_THAT(journal, ElementsAre("leaf cancelled")) << "nothing begins after its end";
+  int told = 0;
+  second.onChange = [&] { ++told; };
+  other->takesKeyboard = true;
+  holder.onChange = [&] { other->becomeFirstResponder(); };
+  EXPECT_FALSE(second.becomeFirstResponder());
+  EXPECT_TRUE(other->isFirstResponder());
+  EXPECT_EQ(told, 1) << "of its loss alone";
 }
 
 TEST_F(TouchTest, TabGoesThroughTheTreeInOrder) {

@@ -162,6 +162,7 @@ TEST(ViewControllerTest, LoadsItsViewOnceAndLinksItIntoTheChain) {
       view().setHidden(false);  // asking for the view while it loads does not load it again
     }
     void viewDidAppear() override { ++appearances; }
+    void viewDidDisappear() override { --appearances; }
     void willMoveToParent(ViewController* parent) override { moves.push_back(parent); }
   };
   support::WindowBench bench;
@@ -181,6 +182,8 @@ TEST(ViewControllerTest, LoadsItsViewOnceAndLinksItIntoTheChain) {
   other.addChild(*child);
   host.appear();
   EXPECT_EQ(child->appearances, 1);
+  other.disappear();
+  EXPECT_EQ(child->appearances, 0);
   EXPECT_EQ(child->moves, (std::vector<ViewController*>{&host, nullptr, &other}));
   child.reset();
   EXPECT_TRUE(other.children().empty());
