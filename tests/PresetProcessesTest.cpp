@@ -2,11 +2,11 @@
 // what they leave is whole, and nobody's work is lost.
 
 #include <gmock/gmock.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
 
 #include <chrono>
 #include <random>

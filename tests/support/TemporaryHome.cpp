@@ -1,8 +1,8 @@
 // Part of every test program: whatever it opens finds the user's own data folder empty, and leaves
 // nothing in it.
 
-#include <stdlib.h>
 #include <unistd.h>
+#include <cstdlib>
 
 #include <filesystem>
 #include <string>
