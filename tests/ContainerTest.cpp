@@ -272,8 +272,9 @@ TEST_F(ContainerTest, everyKindFitsIntoEverySize) {
       container->setLabelHRatio(ratio);
       for (double width : sides) {
         for (double height : sides) {
-          SCOPED_TRACE(testing::Message() << typeid(*container).name() << ' ' << width << " x "
-                                          << height << " at " << ratio);
+          const Container& kind = *container;
+          SCOPED_TRACE(testing::Message() << typeid(kind).name() << ' ' << width << " x " << height
+                                          << " at " << ratio);
           container->setFrame({0, 0, width, height});
           bench.frame();
           if (width > 0 && height > 0) paintAll(*container);

@@ -357,7 +357,8 @@ TEST_F(ShapeKindsTest, everyKindTakesAnyNumberOfKeysAndAnyNonsense) {
   for (const auto& maker : makers()) {
     for (const int count : {0, 1, 2, 3, 4, 6, 33}) {
       const std::shared_ptr<Container> container = maker();
-      SCOPED_TRACE(testing::Message() << typeid(*container).name() << " with " << count);
+      const Container& kind = *container;
+      SCOPED_TRACE(testing::Message() << typeid(kind).name() << " with " << count);
       show(*container, numbered(count), {0, 0, 200, 120});
       for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         for (const auto& [low, high] : {std::pair{1.0f, 1.0f}, {NAN, NAN}, {-INFINITY, INFINITY}})
@@ -408,7 +409,8 @@ TEST_F(ShapeKindsTest, anOwnerMayDestroyTheContainerAtAnyMoment) {
   for (const auto& maker : makers()) {
     for (int moment = 1; moment < 7; ++moment) {
       std::shared_ptr<Container> container = maker();
-      SCOPED_TRACE(testing::Message() << typeid(*container).name() << " at " << moment);
+      const Container& kind = *container;
+      SCOPED_TRACE(testing::Message() << typeid(kind).name() << " at " << moment);
       show(*container, {"k0", "k1", "OnOff", "Hold"}, {0, 0, 200, 120});
       int events = 0;
       owner.then = [&] {
