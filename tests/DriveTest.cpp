@@ -58,7 +58,10 @@ TEST(Drive, AutomationReachesTheControlAndItsText) {
 
 TEST(Drive, AValueOutsideTheRangeIsClamped) {
   EXPECT_EQ(last("set cutoff 1e9\nget cutoff\n")["value"], 20000);
-  EXPECT_EQ(last("set mode 1\nget mode\n")["text"], "Band");
+  const json band = last("set mode 1\nget mode\n");
+  EXPECT_EQ(band["text"], "Band");
+  EXPECT_EQ(band["value"], 1);
+  EXPECT_EQ(band["position"], 0.5) << "also of a control that holds the value itself";
 }
 
 TEST(Drive, AFingerTurnsAKnobUpAndTheWheelTurnsIt) {

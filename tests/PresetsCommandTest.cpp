@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
+#include "foundation/SafeFile.h"
 #include "tests/support/RunTool.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -142,6 +145,25 @@ TEST_F(PresetsCommandTest, TheDoctorPutsAsideAsManyBrokenFilesOfOneNameAsThereAr
   EXPECT_EQ(textOf(data + "/Unreadable Presets/broken.example"), "first");
   EXPECT_EQ(textOf(data + "/Unreadable Presets/broken 2.example"), "second");
   EXPECT_EQ(textOf(data + "/Unreadable Presets/broken 3.example"), "third");
+}
+
+TEST_F(PresetsCommandTest, TheDoctorTakesNothingThatIsBeingWrittenOrThatItCannotPutAside) {
+  namespace fs = std::filesystem;
+  const std::string young =
+      folder.write("data/Presets/" + foundation::SafeFile::unfinishedName(), "");
+  const std::string old =
+      folder.write("data/Presets/" + foundation::SafeFile::unfinishedName(), "");
+  fs::last_write_time(old, fs::file_time_type::clock::now() - std::chrono::hours(1));
+  folder.write("data/Presets/broken.example", "x");
+  folder.write("data/Unreadable Presets", "a file where the folder should be");
+  const json problems = run({"doctor", data, "--fix"}, 1);
+  ASSERT_EQ(problems.size(), 2u);
+  EXPECT_EQ(problems[0]["kind"], "unreadable");
+  EXPECT_EQ(problems[0]["fixed"], false);
+  EXPECT_EQ(problems[1]["kind"], "unfinished");
+  EXPECT_EQ(textOf(data + "/Presets/broken.example"), "x");
+  EXPECT_TRUE(fs::exists(young));
+  EXPECT_FALSE(fs::exists(old));
 }
 
 TEST_F(PresetsCommandTest, WrongWordsAreUsageErrors) {

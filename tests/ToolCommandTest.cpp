@@ -74,6 +74,14 @@ TEST(ToolCommand, OtherFailuresExitWithOneAndOneLineThatNamesTheFile) {
   }
 }
 
+TEST(ToolCommand, AfterTwoDashesNothingIsAnOption) {
+  for (const char* name : {"--json.json", "-o", "--"}) {
+    const ToolResult result = runTool({"check", "--", name});
+    EXPECT_EQ(result.code, 1) << result.err;
+    EXPECT_THAT(result.err, HasSubstr(name));
+  }
+}
+
 TEST(ToolCommand, CommonOptionsAreTakenByEveryCommand) {
   EXPECT_EQ(runTool({"list", "--data", "/tmp/x", "--cloud=/tmp/y"}).code, 0);
   EXPECT_EQ(runTool({"drive", "--data", "/tmp/x", dataFile("example.json")}).code, 0);
@@ -107,6 +115,8 @@ TEST(ToolCommand, TheTreeSaysWhatEachViewIs) {
   const json tab = find(root, [](const json& node) { return node["class"] == "PageButton"; });
   EXPECT_EQ(tab["text"], "Main");
   EXPECT_EQ(tab["selected"], true);
+  const json on = find(root, [](const json& node) { return node["class"] == "OnOffButton"; });
+  EXPECT_EQ(on["selected"], true) << "a switch that is on";
 }
 
 TEST(ToolCommand, TheTreeFollowsSizeAndPage) {
