@@ -40,15 +40,24 @@ std::vector<std::optional<std::size_t>> playedParts(
   for (std::size_t k = 0; k < keys.size(); ++k) {
     const std::string text =
         foundation::lowercased(keys[k]->key() + " " + keys[k]->settings().displayName);
-    bool named = false, plays = false;
-    for (std::size_t p = 0; p < parts.size() && !plays; ++p) {
-      if (parts[p].words.empty() || !names(text, parts[p].words)) continue;
-      named = true;
-      if (played[p]) continue;
-      played[p] = k;
-      plays = true;
+    const auto isNamed = [&](const KeyPart& part) {
+      return !part.words.empty() && names(text, part.words);
+    };
+    const auto meant = std::find_if(parts.begin(), parts.end(), isNamed);
+    if (meant == parts.end()) {
+      unnamed.push_back(k);
+      continue;
     }
-    if (!named) unnamed.push_back(k);
+    const auto plays = [&](const auto& suits) {
+      for (std::size_t p = 0; p < parts.size(); ++p)
+        if (!played[p] && suits(parts[p])) {
+          played[p] = k;
+          return true;
+        }
+      return false;
+    };
+    // The second "gainReduction" is another reduction before it is a gain.
+    if (!plays([&](const KeyPart& part) { return part.words == meant->words; })) plays(isNamed);
   }
   for (std::size_t p = 0; p < parts.size() && !unnamed.empty(); ++p) {
     if (played[p] || !parts[p].takesUnnamed) continue;
