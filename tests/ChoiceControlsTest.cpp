@@ -98,6 +98,8 @@ TEST_F(ChoiceControlsTest, radioButtonsChooseAtOnceAndFollowTheFinger) {
   EXPECT_EQ(journal.take(), "2 ");
   bench.key(Key::up);
   EXPECT_EQ(radio.selectedIndex(), 1) << "up is the button before";
+  bench.key(Key::down);
+  EXPECT_EQ(radio.selectedIndex(), 2);
 }
 
 TEST_F(ChoiceControlsTest, radioButtonsStandInAColumnWhereItIsTall) {

@@ -220,7 +220,7 @@ TEST_F(ContainerTest, aLightFollowsTheLiveValue) {
 TEST_F(ContainerTest, theControlColourWinsOverTheColours) {
   const auto red = platform::Color::rgb(0xff0000), blue = platform::Color::rgb(0x0000ff);
   KnobContainer knob;
-  knob.setColors({blue});
+  knob.setColors({blue, red});
   EXPECT_EQ(knob.knob().accentColor(), blue);
   knob.setControlColor(red);
   knob.setColors({blue});

@@ -365,6 +365,11 @@ TEST_F(ControlPicturesTest, ALiveValueIsShownWhereItsHandleWouldStand) {
     }
 }
 
+TEST(Plot, ASmoothCurveNeverLeavesTheRangeOfItsPoints) {
+  const auto curve = Plot::smoothCurve({{0, 0}, {10, 10}, {20, 10}, {30, 2}, {40, 10}});
+  EXPECT_EQ(curve.bounds(), (Rect{0, 0, 40, 10}));
+}
+
 /// How high the curve stands over the middle of the face, upwards, and how long half the face is.
 double heightAt(const std::vector<Point>& curve, double x, const Rect& face) {
   for (std::size_t i = 1; i < curve.size(); ++i)
@@ -422,6 +427,9 @@ TEST_F(ControlPicturesTest, AWavetableFadesFromWaveToWave) {
   EXPECT_NEAR(level(0.125f), whole / 2, near);
   EXPECT_NEAR(level(0.25f), 0, near);
   EXPECT_NEAR(level(0.5f), -whole, near);
+  table.setParamKeys(keys({"place", "level"}));
+  EXPECT_NEAR(level(0), whole / 4, near) << "a low level is a low wave";
+  table.setParamKeys(keys({"place"}));
   modulate(table, 0, 0);
   EXPECT_GT(level(0.5f), -whole) << "the live place is the one to see";
 }
@@ -476,7 +484,7 @@ TEST_F(ControlPicturesTest, ThePlayheadStandsAtTheStepThatPlays) {
   ASSERT_EQ(lines().size(), 1u);
   const double step = placeOf(glides, "d").x - placeOf(glides, "c").x;
   EXPECT_NEAR(lines()[0].area.x, placeOf(glides, "c").x + step / 4, 1);
-  for (const float nowhere : {7.0f, -1.0f, NAN}) {
+  for (const float nowhere : {4.0f, 7.0f, -1.0f, NAN}) {
     *live.back() = nowhere;
     glides.updateModulation();
     EXPECT_TRUE(lines().empty()) << nowhere;
@@ -572,6 +580,29 @@ TEST_F(ControlPicturesTest, WhatACompressorMeasuresHangsFromTheTop) {
   EXPECT_EQ(bar(0), 0);
 }
 
+TEST_F(ControlPicturesTest, EachOfTwoCompressorsHasItsOwnColour) {
+  DoubleCompressorViewContainer two;
+  show(two, {"threshold", "ratio", "threshold2", "ratio2"});
+  const auto second = platform::Color::rgb(0xe0a010);
+  EXPECT_TRUE(Drawing(faceOf(two)).all(Kind::stroke, second).empty());
+  two.setColors({accent, second});
+  EXPECT_EQ(Drawing(faceOf(two)).all(Kind::stroke, second).size(), 1u);
+  // And a bar of its own for what it measures, beside the curves.
+  two.setParamKeys(keys({"threshold", "gainReduction", "threshold2", "gainReduction2"}));
+  std::atomic<float> measured{-6};
+  for (const std::size_t index : {1u, 3u}) two.watch(index, &measured, nullptr);
+  two.updateModulation();
+  two.watchNothing();
+  const Drawing picture(faceOf(two));
+  std::vector<Drawing::Shape> bars;
+  for (const auto& shape : picture.all(Kind::rounded, Theme::surface))
+    if (shape.area.width < 5) bars.insert(bars.begin(), shape);
+  ASSERT_EQ(bars.size(), 2u);
+  EXPECT_LT(bars[0].area.maxX(), bars[1].area.x);
+  EXPECT_GT(bars[0].area.x, picture.curve().back().x);
+  EXPECT_TRUE(faceOf(two).bounds().contains(bars[1].area));
+}
+
 TEST_F(ControlPicturesTest, TheBandsOfACompressorStandSideBySideAndTheirEdgesDoNotPass) {
   ThreeBandCompressorContainer bands;
   show(bands, ThreeBandCompressorContainer::bandKeys());
@@ -661,6 +692,10 @@ TEST_F(ControlPicturesTest, AFilterIsDrawnAsItsTypeAndByWhoeverComputesIt) {
       passed += level(share) > -0.05 * view.bounds().height ? '+' : '-';
     EXPECT_EQ(passed, passes) << view.typeName();
   }
+  view.setType(Type::lowPass);
+  const double before = level(0.7);
+  modulate(filter, 0, 0.9f);
+  EXPECT_GT(level(0.7), before + 10) << "what is live is drawn";
   view.setFilterMagnitudes(std::vector<double>(view.frequencies().size(), 12));
   EXPECT_NEAR(level(0.1), level(0.9), near) << "what the audio unit computes wins";
   EXPECT_GT(level(0.1), 10);
@@ -702,6 +737,21 @@ TEST_F(ControlPicturesTest, FrequenciesStandInPitch) {
     return placeOf(band, "highFreq").x;
   };
   EXPECT_NEAR(x(0.5f), (x(0) + x(1)) / 2, near);
+  PhaserViewContainer phaser;
+  show(phaser, {"frequency", "feedback"});
+  const std::pair<ShapeContainer*, const char*> moved[] = {{&phaser, "frequency"},
+                                                           {&band, "highFreq"}};
+  for (const auto& [container, key] : moved) {
+    container->setKeyRange(*container->indexOf(key), 200, 5000);
+    container->showValue(key, 0.5f, "");
+    show(*container);
+    const Point at = placeOf(*container, key), origin = container->shape()->frameInRoot().origin();
+    bench.press(origin + at);
+    bench.drag(origin + at + Point{12, 0});
+    bench.lift(origin + at + Point{12, 0});
+    EXPECT_NEAR(placeOf(*container, key).x, at.x + 12, 0.1) << key;
+    container->removeFromSuperview();
+  }
 }
 
 TEST_F(ControlPicturesTest, ALivePointOfATableBendsTheLiveCurveThere) {

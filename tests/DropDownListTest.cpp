@@ -206,10 +206,16 @@ TEST_F(DropDownListTest, TheEntryThatCountsIsAlwaysInView) {
     return false;
   };
   EXPECT_TRUE(inView(60));
+  // The bar beside the entries says where in the list it is.
+  const auto barTop = [&] {
+    return support::Drawing(*bench.root().subviews().back()).shapes.back().area.y;
+  };
+  const double middle = barTop();
   const std::pair<Key, int> keys[] = {{Key::end, 99}, {Key::up, 98}, {Key::home, 0}};
   for (const auto& [key, index] : keys) {
     bench.key(key);
     EXPECT_TRUE(inView(index)) << index;
+    EXPECT_EQ(barTop() > middle, index > 60);
   }
   for (int i = 1; i < 30; ++i) {
     bench.key(Key::down);

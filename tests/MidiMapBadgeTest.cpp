@@ -58,12 +58,17 @@ class MidiMapBadgeTest : public testing::Test {
 TEST_F(MidiMapBadgeTest, LearnModeShowsWhatHasBeenBoundBefore) {
   KnobContainer knob, small;
   for (KnobContainer* const each : {&knob, &small}) each->setMidiMapMessage({{0xb0, 74}});
+  knob.setTitle("Cutoff");
   show(knob, {"cutoff"}, {0, 0, 120, 120});
   show(small, {"q"}, {200, 0, 36, 50});
   EXPECT_EQ(knob.midiMapBadge(), nullptr);
   knob.setMidiMappingEnabled(true);
   small.setMidiMappingEnabled(true);
   EXPECT_TRUE(says(knob, "CC 74 ch 1"));
+  const support::Drawing picture(*knob.midiMapBadge());
+  EXPECT_NEAR(picture.all(support::Drawing::Kind::text).front().area.midY(),
+              knob.control()->frame().midY(), 2)
+      << "on the control, beside the title";
   EXPECT_TRUE(says(small, "CC 74") && says(small, "ch 1")) << "in two lines";
   knob.setMidiMapMessage(std::nullopt);
   EXPECT_FALSE(says(knob, "CC 74 ch 1"));
@@ -133,6 +138,8 @@ TEST_F(MidiMapBadgeTest, EachKnobOfAGroupIsLearnedByItself) {
   group.subContainer("bass")->setMidiMapMessage({{0xb0, 1}});
   bench.tap({96, 4});
   EXPECT_THAT(owner.take(), testing::ElementsAre("delete bass"));
+  group.setParamKeys(support::keys({"bass", "mid", "high"}));
+  EXPECT_NE(group.subContainer("mid")->midiMapBadge(), nullptr) << "learn mode is still on";
   group.setMappable(false);
   EXPECT_TRUE(group.subContainer("high")->midiMapBadge()->isHidden());
 }

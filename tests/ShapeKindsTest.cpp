@@ -496,6 +496,20 @@ TEST_F(ShapeKindsTest, ofHandlesInOnePlaceTheUpperOneIsTaken) {
   EXPECT_EQ(range.value("high"), 0.5f);
 }
 
+TEST_F(ShapeKindsTest, theWayBeyondAnEndDoesNotCount) {
+  XYControlContainer pad;
+  show(pad, {"x", "y"});
+  for (const char* key : {"x", "y"}) pad.showValue(key, 0.5f, "");
+  const Point at = place(pad, "x");
+  bench.press(at);
+  bench.drag({at.x + 900, at.y - 900});
+  EXPECT_EQ(values(pad), (std::vector<float>{1, 1}));
+  bench.drag({at.x + 860, at.y - 860});
+  EXPECT_LT(pad.value("x"), 0.95f);
+  EXPECT_LT(pad.value("y"), 0.95f);
+  bench.lift(at);
+}
+
 TEST_F(ShapeKindsTest, aTremblingDoubleTapIsNoDrag) {
   SimpleCurveContainer curve;
   show(curve, {"p", "q"});
