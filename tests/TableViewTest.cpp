@@ -246,6 +246,22 @@ TEST_F(TableViewTest, whatItCannotUseGoesToItsSurroundings) {
   EXPECT_EQ(journal, "");
 }
 
+TEST_F(TableViewTest, aViewThatGrowsShowsNothingBeyondTheEndOfItsContent) {
+  toolkit::ScrollView view;
+  bench.root().addSubview(view);
+  view.setContentHeight(1000);
+  for (const auto& [height, asked, offset] :
+       {std::tuple{100.0, 1e9, 900.0}, {500.0, 900.0, 500.0}}) {
+    view.setFrame({200, 0, 100, height});
+    view.setContentOffset(asked);
+    bench.frame();
+    EXPECT_EQ(view.contentOffset(), offset);
+  }
+  view.setFrame({200, 0, 100, 800});
+  bench.frame();
+  EXPECT_EQ(view.contentOffset(), 200);
+}
+
 TEST_F(TableViewTest, whoeverIsToldOfADeselectionMayTakeTheTableAway) {
   table.chooseRow({0, 0});
   onDeselect = [&] { table.setSource(nullptr); };

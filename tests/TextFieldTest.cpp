@@ -223,7 +223,7 @@ TEST_F(TextFieldTest, doubleTapSelectsAWordAndDraggingSelectsLetters) {
   EXPECT_EQ(tap(60, 2), "Tide") << "a hand that slips takes no letters off";
   EXPECT_EQ(tap(35, 2), " ");
   EXPECT_EQ(tap(60, 3), "Low Tide");
-  bench.tap({13, 15});
+  bench.tap({11, 15});
   bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {43, 15}, 1, Modifiers::shift);
   bench.lift({43, 15});
   EXPECT_EQ(field.selectedText(), "ow ");
