@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -112,6 +113,105 @@ TEST(JuceCanvas, everyHairlineOfAGridIsEquallyThick) {
   }
 }
 
+TEST(JuceCanvas, shapesCoverWhatTheirOutlinesSay) {
+  using Cap = platform::StrokeStyle::Cap;
+  constexpr double pi = 3.14159265;
+  platform::Path bow, corner, square;
+  bow.moveTo({5, 25});
+  bow.quadTo({15, 5}, {25, 25});
+  corner.moveTo({5, 5});
+  corner.lineTo({25, 5});
+  corner.lineTo({25, 25});
+  square.addRect({10, 10, 10, 10});
+  const std::tuple<const char*, double, std::function<void(JuceCanvas&)>> cases[] = {
+      {"ellipse", 50 * pi,
+       [](JuceCanvas& c) {
+         c.fillEllipse({5, 5, 20, 10}, Color::white());
+       }},
+      {"rounded", 200 - (4 - pi) * 16,
+       [](JuceCanvas& c) {
+         c.fillRoundedRect({5, 5, 20, 10}, 4, Color::white());
+       }},
+      {"frame", 120,
+       [](JuceCanvas& c) {
+         c.strokeRoundedRect({5, 5, 20, 10}, 0, 2, Color::white());
+       }},
+      {"round frame", 120 - (4 - pi) * (25 - 9),
+       [](JuceCanvas& c) {
+         c.strokeRoundedRect({5, 5, 20, 10}, 4, 2, Color::white());
+       }},
+      {"bow", 20 * 10 * 2 / 3.0, [&](JuceCanvas& c) { c.fillPath(bow, Color::white()); }},
+      {"butt line", 80,
+       [](JuceCanvas& c) {
+         c.strokePath(line({5, 10}, {25, 10}), {4, Cap::butt}, Color::white());
+       }},
+      {"round line", 80 + 4 * pi,
+       [](JuceCanvas& c) {
+         c.strokePath(line({5, 10}, {25, 10}), {4, Cap::round}, Color::white());
+       }},
+      {"slanted line", 4 * 20 * std::sqrt(2),
+       [](JuceCanvas& c) {
+         c.strokePath(line({5, 5}, {25, 25}), {4, Cap::butt}, Color::white());
+       }},
+      {"round corner", 160 - 4 + pi,
+       [&](JuceCanvas& c) {
+         c.strokePath(corner, {4, Cap::butt}, Color::white());
+       }},
+      {"closed", 160 - 16 + 4 * pi,
+       [&](JuceCanvas& c) {
+         c.strokePath(square, {4, Cap::butt}, Color::white());
+       }},
+      {"dot", 4 * pi,
+       [](JuceCanvas& c) {
+         c.strokePath(line({9, 9}, {9, 9}), {4, Cap::round}, Color::white());
+       }},
+      {"half", 100 * 0.5,
+       [](JuceCanvas& c) {
+         c.fillRect({5, 5, 10, 10}, Color::white().withAlpha(0.5f));
+       }},
+  };
+  for (double scale : {1.0, 2.0}) {
+    for (const auto& [name, area, painting] : cases) {
+      const juce::Image image = paint(scale, {30, 30}, painting);
+      double covered = 0;
+      for (int y = 0; y < image.getHeight(); ++y)
+        for (int x = 0; x < image.getWidth(); ++x)
+          covered += image.getPixelAt(x, y).getRed() / 255.0;
+      EXPECT_NEAR(covered / (scale * scale), area, area * 0.025 + 0.5)
+          << name << " at scale " << scale;
+    }
+  }
+}
+
+TEST(JuceCanvas, translucentColoursMixEquallyWhereverTheyBegin) {
+  for (int width = 1; width < 10; ++width) {
+    const juce::Image image = paint(1, {12, 3}, [&](JuceCanvas& c) {
+      c.fillRect({0, 0, 12, 3}, Color::rgb(0x400000));
+      c.fillRect({1, 1, static_cast<double>(width), 1}, Color::white().withAlpha(0.25f));
+    });
+    for (int x = 0; x < 12; ++x) {
+      const bool mixed = x >= 1 && x < 1 + width;
+      EXPECT_NEAR(image.getPixelAt(x, 1).getRed(), mixed ? 0x40 * 0.75 + 64 : 0x40, 2) << x;
+      EXPECT_NEAR(image.getPixelAt(x, 1).getGreen(), mixed ? 64 : 0, 2) << x;
+    }
+  }
+}
+
+TEST(JuceCanvas, textStandsWhereItsAlignmentSays) {
+  const auto found = [](platform::TextAlignment alignment) {
+    return ink(paint(2, {100, 40}, [&](JuceCanvas& c) {
+      c.drawText("HHH", font, {10, 10, 80, 20}, alignment, Color::white());
+    }));
+  };
+  const auto left = found(platform::TextAlignment::left);
+  const auto centre = found(platform::TextAlignment::centre);
+  const auto right = found(platform::TextAlignment::right);
+  EXPECT_NEAR(left.getX(), 20, 4);
+  EXPECT_NEAR(centre.getX() + centre.getRight(), 200, 3);
+  EXPECT_NEAR(right.getRight(), 180, 4);
+  EXPECT_NEAR(left.getY() + left.getBottom(), 80, 5);
+}
+
 TEST(JuceCanvas, textStaysInItsRectangle) {
   struct Case {
     const char* text;
@@ -183,9 +283,14 @@ TEST(JuceCanvas, aKeptRunPaintsLikeAFreshText) {
   run.font = font;
   run.rect = {2, 2, 60, 16};
   run.color = Color::white();
-  for (double scale : {1.0, 1.0, 1.5, 1.0}) {
-    const juce::Image kept = paint(scale, {70, 20}, [&](JuceCanvas& c) { c.drawTextRun(run); });
-    const juce::Image fresh = paint(scale, {70, 20}, [&](JuceCanvas& c) {
+  for (const auto& [scale, left] :
+       {std::pair{1.0, 0.0}, {1.0, 0.0}, {1.5, 0.0}, {1.0, 0.0}, {1.0, 0.5}, {1.0, 3.25}}) {
+    const juce::Image kept = paint(scale, {70, 20}, [&, left = left](JuceCanvas& c) {
+      c.place({{left, 0}});
+      c.drawTextRun(run);
+    });
+    const juce::Image fresh = paint(scale, {70, 20}, [&, left = left](JuceCanvas& c) {
+      c.place({{left, 0}});
       c.drawText(run.text, run.font, run.rect, run.alignment, run.color, run.minimumScale);
     });
     EXPECT_TRUE(areSame(kept, fresh)) << "at scale " << scale;
@@ -234,6 +339,13 @@ TEST(JuceCanvas, aGradientGoesFromItsFirstToItsLastStop) {
   EXPECT_GT(image.getPixelAt(5, 1).getRed(), 245);
   EXPECT_GT(image.getPixelAt(5, 148).getBlue(), 245);
   EXPECT_NEAR(image.getPixelAt(5, 75).getRed(), 128, 6);
+  const platform::Paint across({10, 0}, {90, 0},
+                               {{0, Color::rgb(0)}, {0.25, Color::white()}, {1, Color::rgb(0)}});
+  const juce::Image level = paint(1, {100, 4}, [&](JuceCanvas& c) {
+    c.fillRect({0, 0, 100, 4}, across);
+  });
+  for (const auto& [x, red] : {std::pair{2, 0}, {20, 134}, {29, 249}, {60, 126}, {98, 0}})
+    EXPECT_NEAR(level.getPixelAt(x, 2).getRed(), red, 8) << x;
 }
 
 TEST(JuceCanvas, emptyShapesPaintNothing) {
