@@ -3,7 +3,6 @@
 #include <string>
 
 #include "KestroUI/KestroButtons.h"
-#include "Orvane/AboutOverlayDelegate.h"
 #include "Orvane/LinkLabel.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/ParagraphLabel.h"
@@ -15,6 +14,19 @@
 namespace orvane {
 
 class KestroAUViewController;
+
+/// What the about panel asks of its owner. Held weakly. User-interface thread only.
+class AboutOverlayDelegate {
+ public:
+  virtual ~AboutOverlayDelegate() = default;
+
+  /// Asks the system to let the user review the plug-in in its store.
+  virtual void aboutOverlayRequestReview() = 0;
+  /// Whether the system has a store to ask.
+  virtual bool aboutOverlayCanRequestReview() = 0;
+  /// It was shown or hidden, by itself as well.
+  virtual void aboutOverlayHiddenChanged() = 0;
+};
 
 /// The panel over the whole editor that says what the plug-in is and leads to its maker. What has
 /// no address is left out. Escape and a touch beside the panel close it. Owned by the overlay host.

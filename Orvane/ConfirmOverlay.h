@@ -3,10 +3,20 @@
 #include <string>
 
 #include "KestroUI/KestroButtons.h"
-#include "Orvane/ConfirmOverlayDelegate.h"
 #include "toolkit/Label.h"
 
 namespace orvane {
+
+class ConfirmOverlay;
+
+/// Gets the answer to a question. Held weakly. User-interface thread only.
+class ConfirmOverlayDelegate {
+ public:
+  virtual ~ConfirmOverlayDelegate() = default;
+
+  /// True for YES. The panel stays until the delegate hides it.
+  virtual void confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) = 0;
+};
 
 /// A panel that asks a question with NO and YES. Escape answers NO. Hidden, it gives the keyboard
 /// back to whoever had it before. User-interface thread only.

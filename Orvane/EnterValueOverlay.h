@@ -2,10 +2,16 @@
 
 #include <string>
 
-#include "Orvane/EnterValueOverlayDelegate.h"
 #include "Orvane/TextFieldOverlay.h"
 
 namespace orvane {
+
+/// The delegate of a value-entry panel. Held weakly. User-interface thread only.
+class EnterValueOverlayDelegate : public TextFieldOverlayDelegate {
+ public:
+  /// RESET was pressed. The panel stays until the delegate hides it.
+  virtual void enterValueOverlayDidReset() = 0;
+};
 
 /// Asks for the exact value of a control, or for its default: its delegate is an
 /// EnterValueOverlayDelegate. A touch beside the panel closes it. User-interface thread only.

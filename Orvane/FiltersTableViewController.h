@@ -4,10 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/FiltersTableViewControllerDelegate.h"
 #include "toolkit/TableViewController.h"
 
 namespace orvane {
+
+/// Told which bank filter was chosen. Held weakly. User-interface thread only.
+class FiltersTableViewControllerDelegate {
+ public:
+  virtual ~FiltersTableViewControllerDelegate() = default;
+
+  virtual void filterSelected(const std::optional<std::string>& filter) = 0;
+};
 
 /// The column of bank filters beside the preset list. User-interface thread only.
 class FiltersTableViewController : public toolkit::TableViewController {

@@ -16,7 +16,6 @@
 #include "Orvane/DSPParameters.h"
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/HeldParameters.h"
-#include "Orvane/KestroAUViewControllerDelegate.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/MenuBar.h"
 #include "Orvane/OverlaysView.h"
@@ -34,6 +33,22 @@ class DoubleFilterView;
 }  // namespace kestroui
 
 namespace orvane {
+
+/// A program that embeds the editor and wants to be reached by it: it captures the MIDI messages
+/// that move parameters and keeps the bindings. Held weakly. User-interface thread only.
+class KestroAUViewControllerDelegate {
+ public:
+  virtual ~KestroAUViewControllerDelegate() = default;
+
+  /// The user has selected the control of `key`, never null, in learn mode. The next message is to
+  /// become its binding; the host answers with the controller's setMap.
+  virtual void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) = 0;
+  /// The user wants the binding of `key`, never null, deleted. The host forgets it and answers with
+  /// the controller's removeMap or update.
+  virtual void deleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) = 0;
+  /// Learn mode has begun or ended, whoever did it.
+  virtual void midiMappingDidChange() {}
+};
 
 /// The editor of a plug-in. A plug-in derives from it, says what its editor shows and how it is
 /// proportioned, and gets everything else:

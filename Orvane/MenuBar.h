@@ -6,13 +6,23 @@
 
 #include "KestroUI/ButtonGroups.h"
 #include "KestroUI/KestroButtons.h"
-#include "Orvane/MenuBarDelegate.h"
 #include "Orvane/OverlaysView.h"
 #include "platform/URLSession.h"
 #include "toolkit/ImageView.h"
 #include "toolkit/View.h"
 
 namespace orvane {
+
+/// What the menu bar asks of its owner. Held weakly. User-interface thread only.
+class MenuBarDelegate {
+ public:
+  virtual ~MenuBarDelegate() = default;
+
+  virtual void menuBarDidRequestRandomize() = 0;
+  /// The user chose a display mode.
+  virtual void menuBarDidChangeDisplay(int index) = 0;
+  virtual void menuBarOpenURL(const std::string& url) = 0;
+};
 
 /// The strip across the top of the editor: the plug-in's logo and name, which open the about panel,
 /// the current preset between the arrows that step through the presets, randomize, the display modes

@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "Orvane/KestroAUViewController.h"
-#include "Orvane/KestroAUViewControllerDelegate.h"
 #include "platform/AudioUnit.h"
 
 namespace orvane {

@@ -5,10 +5,17 @@
 #include <vector>
 
 #include "Orvane/MultiSelectableButton.h"
-#include "Orvane/MultiSelectableDelegate.h"
 #include "toolkit/Control.h"
 
 namespace orvane {
+
+/// Whoever wants to know what is chosen in a MultiSelectable. Held weakly.
+class MultiSelectableDelegate {
+ public:
+  virtual ~MultiSelectableDelegate() = default;
+  /// After every change; the control's `selectedValues` says what is chosen now.
+  virtual void selectedValuesChanged() = 0;
+};
 
 /// A row of texts of which any number may be chosen at once: a tap switches one. Longer texts get
 /// more of the width. User-interface thread only.

@@ -5,13 +5,23 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/PresetListTableViewControllerDelegate.h"
+#include "Orvane/Preset.h"
 #include "platform/KestroAUPreset.h"
 #include "toolkit/TableViewController.h"
 
 namespace orvane {
 
 class PresetManager;
+
+/// Told which preset the list has selected. Held weakly. User-interface thread only.
+class PresetListTableViewControllerDelegate {
+ public:
+  virtual ~PresetListTableViewControllerDelegate() = default;
+
+  virtual void presetListDidSelect(const std::shared_ptr<Preset>& preset) = 0;
+  /// Other presets are shown now.
+  virtual void presetListDidChange() {}
+};
 
 /// The list of presets in the browser, and the order that the menu bar's arrows walk through. It
 /// shows what passes the bank, the categories and the search; the walk goes through all. Two

@@ -1,10 +1,22 @@
 #pragma once
 
-#include "Orvane/SearchBarDelegate.h"
+#include <string>
+
 #include "platform/Path.h"
 #include "toolkit/TextField.h"
 
 namespace orvane {
+
+/// Told what to search for. Held weakly. User-interface thread only.
+class SearchBarDelegate {
+ public:
+  virtual ~SearchBarDelegate() = default;
+
+  /// As typed; empty after the field was cleared.
+  virtual void searchTextChanged(const std::string& text) = 0;
+  /// Return was pressed, and the field has given the keyboard away.
+  virtual void searchBarDidReturn() {}
+};
 
 /// A field to search by, behind a magnifier. Tells its delegate every change of the text.
 /// User-interface thread only.

@@ -1,13 +1,25 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "KestroUI/KestroButtons.h"
-#include "Orvane/TextFieldOverlayDelegate.h"
 #include "toolkit/Label.h"
 #include "toolkit/TextField.h"
 
 namespace orvane {
+
+class TextFieldOverlay;
+
+/// Gets what a text-entry panel collected. Held weakly. User-interface thread only.
+class TextFieldOverlayDelegate {
+ public:
+  virtual ~TextFieldOverlayDelegate() = default;
+
+  /// OK was pressed. The panel stays until the delegate hides it; nothing has checked the text.
+  virtual void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
+                                          const std::optional<std::string>& text) = 0;
+};
 
 /// A panel over the editor that asks for one line of text: a title, a field and OK. Showing it
 /// empties the field and gives it the keyboard. Return leaves the field for the OK button and
