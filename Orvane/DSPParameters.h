@@ -5,10 +5,19 @@
 #include <unordered_map>
 #include <vector>
 
-#include "Orvane/DSPParameterObserver.h"
+#include "platform/AUParameter.h"
 #include "platform/AudioUnit.h"
 
 namespace orvane {
+
+/// Wants to know the new values of a parameter. Registered with DSPParameters::setObserver.
+class DSPParameterObserver {
+ public:
+  virtual ~DSPParameterObserver() = default;
+
+  /// User-interface thread, after the value has changed.
+  virtual void update(platform::AUParameter& parameter, const std::string& key) = 0;
+};
 
 /// The parameters of the audio unit by key and by address, and who wants to know of their changes.
 /// Owned by the controller and filled when it connects. User-interface thread only.

@@ -4,10 +4,23 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/MultiSelectableButton.h"
+#include "KestroUI/Switches.h"
 #include "toolkit/Control.h"
 
 namespace orvane {
+
+/// One value of a MultiSelectable: a text that is on or off. Its owner switches it.
+class MultiSelectableButton : public kestroui::OnOffButton {
+ public:
+  explicit MultiSelectableButton(std::string text);
+
+  /// Its share of the row's width.
+  float weight = 1.0f;
+  const std::string& text() const { return titles().front(); }
+
+  platform::Accessibility accessibility() const override;
+  void paint(platform::Canvas& canvas) override;
+};
 
 /// Whoever wants to know what is chosen in a MultiSelectable. Held weakly.
 class MultiSelectableDelegate {

@@ -1,10 +1,19 @@
 #include "Orvane/PageNavigation.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "KestroUI/Theme.h"
 #include "platform/Fatal.h"
 
 namespace orvane {
+
+void PageButton::draw(const platform::Rect& rect) {
+  SelectableButton::draw(rect);
+  const platform::Font& font = kestroui::Theme::pageFont;
+  setFont(font.withSize(
+      std::min(font.pointSize * kestroui::textScaleIn(*this), bounds().height * 0.5)));
+}
 
 void PageNavigation::setPages(std::vector<std::string> titles) {
   pages_ = std::move(titles);

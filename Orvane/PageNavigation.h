@@ -4,10 +4,21 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/PageButton.h"
+#include "KestroUI/KestroButtons.h"
 #include "toolkit/Control.h"
 
 namespace orvane {
+
+/// The tab of one page; selected while its page is shown.
+class PageButton : public kestroui::SelectableButton {
+ public:
+  PageButton() = default;
+
+  void draw(const platform::Rect& rect) override;
+  platform::Accessibility accessibility() const override {
+    return {platform::Accessibility::Role::tab, title(), isSelected() ? "Selected" : ""};
+  }
+};
 
 /// The row of page tabs. Sends valueChanged whenever a page is chosen, also the one shown.
 class PageNavigation : public toolkit::Control {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "Orvane/AUDesign.h"
 #include "Orvane/ControlCollection.h"
-#include "Orvane/Page.h"
 #include "Orvane/SectionView.h"
 #include "toolkit/View.h"
 

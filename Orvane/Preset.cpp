@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/FilePath.h"
+
 namespace orvane {
 
 Preset::Preset(const platform::AUAudioUnitPreset& unitPreset)
@@ -13,6 +15,12 @@ Preset::Preset(const platform::KestroAUPreset& record) : Preset(record.preset) {
   categories = record.categories;
   bankName = record.bankName;
   presetPackID = record.presetPackID;
+}
+
+UserPreset::UserPreset(std::string path, bool liesInICloud)
+    : Preset(platform::fileStem(path)), isICloud(liesInICloud), url(std::move(path)) {
+  bankName = "USER";
+  isUserPreset = true;
 }
 
 }  // namespace orvane

@@ -43,4 +43,24 @@ class Preset {
   }
 };
 
+/// A preset that the user has saved, in a file of its own. Its name is that of the file without the
+/// extension; its categories are empty until the store has read them.
+class UserPreset : public Preset {
+ public:
+  UserPreset(std::string path, bool liesInICloud);
+
+  std::string uniqueName() const override { return url; }
+
+  /// Whether the file lies in the cloud's preset folder.
+  bool isICloud = false;
+  /// The path of the file.
+  const std::string url;
+};
+
+/// A preset that the audio unit itself provides.
+class FactoryPreset : public Preset {
+ public:
+  using Preset::Preset;
+};
+
 }  // namespace orvane

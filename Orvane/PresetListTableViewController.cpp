@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/FactoryPreset.h"
 #include "Orvane/FavPresetsStore.h"
+#include "Orvane/Preset.h"
 #include "Orvane/PresetCell.h"
 #include "Orvane/PresetManager.h"
 #include "Orvane/PresetTableStyle.h"

@@ -8,7 +8,6 @@
 
 #include "Orvane/ICloudManager.h"
 #include "Orvane/Preset.h"
-#include "Orvane/UserPreset.h"
 #include "platform/AudioUnit.h"
 #include "platform/FileManager.h"
 #include "platform/Weak.h"

@@ -9,10 +9,10 @@
 #include "Orvane/ConfirmOverlay.h"
 #include "Orvane/FiltersTableViewController.h"
 #include "Orvane/MultiSelectable.h"
+#include "Orvane/Preset.h"
 #include "Orvane/PresetListTableViewController.h"
 #include "Orvane/SaveNewPresetOverlay.h"
 #include "Orvane/SearchBar.h"
-#include "Orvane/UserPreset.h"
 #include "toolkit/Label.h"
 
 namespace orvane {

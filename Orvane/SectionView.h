@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "Orvane/AUDesign.h"
 #include "Orvane/ControlCollection.h"
-#include "Orvane/Section.h"
 #include "toolkit/Label.h"
 #include "toolkit/Layer.h"
 #include "toolkit/View.h"

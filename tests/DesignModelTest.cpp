@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "Orvane/AUDesign.h"
-#include "Orvane/ParameterUISettings.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {

@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Orvane/FactoryPreset.h"
+#include "Orvane/Preset.h"
 #include "Orvane/PresetFile.h"
 #include "foundation/KeyedArchive.h"
 #include "tests/support/PresetBench.h"

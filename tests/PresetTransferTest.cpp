@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Orvane/FactoryPreset.h"
+#include "Orvane/Preset.h"
 #include "backends/headless/HeadlessApplication.h"
 #include "foundation/KeyedArchive.h"
 #include "tests/support/PresetBench.h"

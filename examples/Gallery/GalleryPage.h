@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "KestroUI/ParamKey.h"
-#include "Orvane/Page.h"
+#include "Orvane/AUDesign.h"
 #include "Quillon/ParameterDescription.h"
 
 namespace gallery {

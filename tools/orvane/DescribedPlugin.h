@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "KestroUI/ParameterUISettings.h"
+#include "Orvane/AUDesign.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/PluginEntry.h"
-#include "Orvane/UISection.h"
 #include "Quillon/CommonAudioUnit.h"
 #include "Quillon/ParameterDescription.h"
 

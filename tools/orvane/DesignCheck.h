@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/UISection.h"
+#include "Orvane/AUDesign.h"
 #include "tools/orvane/DescribedPlugin.h"
 #include "tools/orvane/Problems.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "Orvane/FactoryPreset.h"
 #include "Orvane/FavPresetsStore.h"
+#include "Orvane/Preset.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Text.h"
 #include "tools/orvane/ToolError.h"

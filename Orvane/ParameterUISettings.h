@@ -1,9 +1,0 @@
-#pragma once
-
-#include "KestroUI/ParameterUISettings.h"
-
-namespace orvane {
-
-using ParameterUISettings = kestroui::ParameterUISettings;
-
-}  // namespace orvane
