@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Orvane/DSPParameters.h"
 #include "platform/FilterUnits.h"
 
 namespace orvane {
@@ -29,18 +30,6 @@ constexpr std::array<std::pair<std::string_view, Type>, 8> typeWords{{
 
 }  // namespace
 
-const std::string& AUFilterViewContainer::parameterKey(const std::string& key) {
-  static const std::array<std::pair<std::string, std::string>, 4> sidechainKeys{{
-      {"LowPassFilterFreq", "SidechainLowPassFrequency"},
-      {"LowPassFilterRes", "SidechainLowPassResonance"},
-      {"HighPassFilterFreq", "SidechainHighPassFrequency"},
-      {"HighPassFilterRes", "SidechainHighPassResonance"},
-  }};
-  for (const auto& [own, parameter] : sidechainKeys)
-    if (own == key) return parameter;
-  return key;
-}
-
 void AUFilterViewContainer::setParamKeys(std::vector<std::shared_ptr<kestroui::ParamKey>> keys) {
   FilterViewContainer::setParamKeys(std::move(keys));
   if (!key()) return;
@@ -60,8 +49,9 @@ void AUFilterViewContainer::showValue(const std::string& key, float value,
 
 void AUFilterViewContainer::updateViewData() {
   if (paramKeys().size() < 2) return;
-  updateFilterViewFrequencyAndMagnitudes(filterView(), parameterKey(paramKeys()[0]->key()),
-                                         parameterKey(paramKeys()[1]->key()));
+  updateFilterViewFrequencyAndMagnitudes(filterView(),
+                                         DSPParameters::parameterKey(paramKeys()[0]->key()),
+                                         DSPParameters::parameterKey(paramKeys()[1]->key()));
 }
 
 void AUFilterViewContainer::updateFilterViewFrequencyAndMagnitudes(
@@ -94,8 +84,9 @@ void AUFilterViewContainer::updateModulation() {
 
 const platform::AUParameter* AUFilterViewContainer::parameterAt(const platform::AudioUnit& unit,
                                                                 std::size_t index) const {
-  return index < paramKeys().size() ? unit.parameter(parameterKey(paramKeys()[index]->key()))
-                                    : nullptr;
+  return index < paramKeys().size()
+             ? unit.parameter(DSPParameters::parameterKey(paramKeys()[index]->key()))
+             : nullptr;
 }
 
 float AUFilterViewContainer::liveHertz(const platform::AudioUnit& unit, float value) const {

@@ -21,10 +21,6 @@ class AUFilterViewContainer : public kestroui::FilterViewContainer {
   float previousFreq = 0;
   float previousRes = 0;
 
-  /// The key of the parameter that a key of this container stands for: its own, except for the
-  /// side chain's.
-  static const std::string& parameterKey(const std::string& key);
-
   void setParamKeys(std::vector<std::shared_ptr<kestroui::ParamKey>> keys) override;
   void showValue(const std::string& key, float value, const std::string& text) override;
   /// Shows the response for the present values of its first two keys.

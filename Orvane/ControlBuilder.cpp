@@ -38,9 +38,8 @@ ControlBuilder::Key ControlBuilder::plainKey(const platform::AUParameter& parame
 
 const std::string& ControlBuilder::parameterKey(const Container& container,
                                                 const std::string& key) {
-  return dynamic_cast<const AUFilterViewContainer*>(&container)
-             ? AUFilterViewContainer::parameterKey(key)
-             : key;
+  return dynamic_cast<const AUFilterViewContainer*>(&container) ? DSPParameters::parameterKey(key)
+                                                                : key;
 }
 
 std::shared_ptr<Container> ControlBuilder::build(const Key& key) {

@@ -1,5 +1,6 @@
 #include "Orvane/DSPParameters.h"
 
+#include <array>
 #include <utility>
 
 #include "Orvane/ParameterMapping.h"
@@ -29,6 +30,18 @@ platform::AUParameter* DSPParameters::operator[](const std::string& key) const {
 const std::string* DSPParameters::key(platform::AUParameterAddress address) const {
   const auto entry = parameterMap_.find(address);
   return entry == parameterMap_.end() ? nullptr : &entry->second;
+}
+
+const std::string& DSPParameters::parameterKey(const std::string& controlKey) {
+  static const std::array<std::pair<std::string, std::string>, 4> sidechainKeys{{
+      {"LowPassFilterFreq", "SidechainLowPassFrequency"},
+      {"LowPassFilterRes", "SidechainLowPassResonance"},
+      {"HighPassFilterFreq", "SidechainHighPassFrequency"},
+      {"HighPassFilterRes", "SidechainHighPassResonance"},
+  }};
+  for (const auto& [own, parameter] : sidechainKeys)
+    if (own == controlKey) return parameter;
+  return controlKey;
 }
 
 void DSPParameters::setObserver(std::shared_ptr<DSPParameterObserver> observer,

@@ -35,6 +35,13 @@ class DSPParameters {
   platform::AUParameter* operator[](const std::string& key) const;
   /// The key of the parameter at `address`, or null.
   const std::string* key(platform::AUParameterAddress address) const;
+  /// The keys of all parameters by address.
+  const std::unordered_map<platform::AUParameterAddress, std::string>& parameterMap() const {
+    return parameterMap_;
+  }
+  /// The key of the parameter that a control's key stands for: the key itself, except for those of
+  /// the side chain's filters.
+  static const std::string& parameterKey(const std::string& controlKey);
 
   /// At most one observer for each key: a later one replaces the earlier, null removes it.
   void setObserver(std::shared_ptr<DSPParameterObserver> observer, const std::string& key);

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Orvane/AUFilterViewContainer.h"
+#include "Orvane/DSPParameters.h"
 #include "Orvane/MidiScale.h"
 
 namespace orvane {
@@ -84,7 +84,7 @@ void MidiLearn::show(const std::string& key, const std::optional<Message>& messa
 // Bindings
 
 MidiLearn::Target* MidiLearn::target(const std::string& key) {
-  const auto found = targetOfKey_.find(AUFilterViewContainer::parameterKey(key));
+  const auto found = targetOfKey_.find(DSPParameters::parameterKey(key));
   return found == targetOfKey_.end() ? nullptr : found->second;
 }
 

@@ -133,7 +133,7 @@ TEST_F(ValueRoadTest, TheSideChainsKeysStandForOtherParameters) {
   loop.settle();
   EXPECT_NEAR(container.filterView().frequency(), 1000, 5);
   EXPECT_EQ(container.filterView().resonance(), -3);
-  EXPECT_EQ(AUFilterViewContainer::parameterKey("HighPassFilterRes"), "SidechainHighPassResonance");
+  EXPECT_EQ(DSPParameters::parameterKey("HighPassFilterRes"), "SidechainHighPassResonance");
 }
 
 TEST_F(ValueRoadTest, AFilterOfAHertzParameterSetsHertz) {

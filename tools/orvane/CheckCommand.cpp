@@ -20,7 +20,7 @@ namespace {
 const std::vector<platform::Size> usualSizes{{480, 320}, {1024, 768}, {2560, 1600}};
 
 bool hasParameter(const platform::AudioUnit& unit, const std::string& key) {
-  return unit.parameter(orvane::AUFilterViewContainer::parameterKey(key)) != nullptr;
+  return unit.parameter(orvane::DSPParameters::parameterKey(key)) != nullptr;
 }
 
 /// What the settings of the keys name. A description has told of its own already.
