@@ -1,10 +1,10 @@
 #include "Orvane/AlertPanel.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/ParagraphLabel.h"
 #include "toolkit/Window.h"
 
 namespace orvane {
@@ -15,12 +15,12 @@ using platform::Key;
 using platform::Modifiers;
 using platform::Rect;
 
-constexpr std::size_t mostLines = 5;
+constexpr std::size_t maximumLines = 5;
 
 }  // namespace
 
 AlertPanel::AlertPanel(toolkit::View& root) : root_(root) {
-  setBackgroundColor(Theme::background.withAlpha(0.8f));
+  setBackgroundColor(OverlayStyle::backdropColor());
   for (kestroui::SimpleButton& button : buttons_) {
     addSubview(button);
     button.addTarget<&AlertPanel::handleTouchDown>(*this, toolkit::ControlEvent::touchDown);
@@ -36,7 +36,7 @@ void AlertPanel::show(Message message) {
   if (std::any_of(messages_.begin(), messages_.end(), same)) return;
   messages_.push_back(std::move(message));
   if (messages_.size() > 1) return;
-  if (const toolkit::Window* window = root_.window()) keyboardBefore_ = window->firstResponder();
+  keyboardBefore_.remember(root_);
   root_.addSubview(*this);
   showFirst();
 }
@@ -58,7 +58,7 @@ void AlertPanel::answer(std::size_t index) {
   messages_.erase(messages_.begin());
   if (messages_.empty()) {
     removeFromSuperview();
-    if (keyboardBefore_) keyboardBefore_->becomeFirstResponder();
+    keyboardBefore_.giveBack();
   } else {
     showFirst();
   }
@@ -92,33 +92,19 @@ platform::Accessibility AlertPanel::accessibility() const {
   return {platform::Accessibility::Role::text, shown->title + ": " + shown->text};
 }
 
-std::vector<std::string> AlertPanel::wrapped(const platform::Font& font, double width) const {
-  std::vector<std::string> lines;
-  if (messages_.empty() || !window()) return lines;
-  std::istringstream words(messages_.front().text);
-  std::string line;
-  for (std::string word; words >> word;) {
-    const std::string longer = line.empty() ? word : line + ' ' + word;
-    // What does not fit the last line is shortened where it is painted.
-    const bool fits = window()->textWidth(longer, font) <= width;
-    if (fits || line.empty() || lines.size() + 1 == mostLines) {
-      line = longer;
-    } else {
-      lines.push_back(std::exchange(line, word));
-    }
-  }
-  if (!line.empty()) lines.push_back(line);
-  return lines;
-}
-
 void AlertPanel::draw(const Rect&) {
   const double width = bounds().width, height = bounds().height;
-  const double size = std::clamp(height * 0.022, 11.0, 22.0);
+  const double size = OverlayStyle::textSizeIn(bounds());
   titleFont_ = Theme::titleFont.withSize(size * 1.15);
   textFont_ = Theme::regularFont.withSize(size);
   const double padding = size * 1.8, lineHeight = textFont_.lineHeight() * 1.15;
   const double boxWidth = std::min(width - 2 * padding, size * 32);
-  lines_ = wrapped(textFont_, boxWidth - 2 * padding);
+  lines_.clear();
+  // What does not fit the last line is shortened where it is painted.
+  if (const Message* shown = message(); shown && window())
+    lines_ = wrappedLines(
+        shown->text, boxWidth - 2 * padding,
+        [&](std::string_view line) { return window()->textWidth(line, textFont_); }, maximumLines);
   const double titleHeight = titleFont_.lineHeight(), buttonHeight = size * 2.3;
   const double boxHeight = padding + titleHeight + size * 0.8 +
                            lineHeight * static_cast<double>(lines_.size()) + padding * 0.8 +
@@ -138,9 +124,7 @@ void AlertPanel::draw(const Rect&) {
 }
 
 void AlertPanel::paint(platform::Canvas& canvas) {
-  const double radius = Theme::cornerRadius * 3;
-  canvas.fillRoundedRect(box_, radius, Theme::panel);
-  canvas.strokeRoundedRect(box_.inset(0.5, 0.5), radius, 1, Theme::line);
+  OverlayStyle::paintPanel(canvas, box_, Theme::line);
   if (messages_.empty()) return;
   canvas.drawText(messages_.front().title, titleFont_, titleFrame_, platform::TextAlignment::centre,
                   Theme::text);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "KestroUI/KestroButtons.h"
+#include "Orvane/OverlayStyle.h"
 #include "toolkit/View.h"
 
 namespace orvane {
@@ -43,13 +44,11 @@ class AlertPanel : public toolkit::View {
  private:
   void showFirst();
   void handleTouchDown(toolkit::Control& sender);
-  std::vector<std::string> wrapped(const platform::Font& font, double width) const;
 
   toolkit::View& root_;
   std::vector<Message> messages_;
   kestroui::SimpleButton buttons_[2];
-  /// Gets the keyboard back.
-  platform::Weak<toolkit::View> keyboardBefore_;
+  KeyboardBefore keyboardBefore_;
   platform::Rect box_, titleFrame_;
   platform::Font titleFont_, textFont_;
   std::vector<std::string> lines_;

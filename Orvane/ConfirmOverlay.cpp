@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/OverlayStyle.h"
-#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -35,13 +33,13 @@ void ConfirmOverlay::handleTouchDown(toolkit::Control& sender) {
 
 void ConfirmOverlay::setHidden(bool hidden) {
   const bool wasHidden = isHidden();
-  if (wasHidden && !hidden && window()) keyboardBefore_ = window()->firstResponder();
+  if (wasHidden && !hidden) keyboardBefore_.remember(*this);
   View::setHidden(hidden);
   // Return must not delete by accident.
   if (!hidden)
     cancelButton_.becomeFirstResponder();
-  else if (!wasHidden && keyboardBefore_)
-    keyboardBefore_->becomeFirstResponder();
+  else if (!wasHidden)
+    keyboardBefore_.giveBack();
 }
 
 bool ConfirmOverlay::keyPressed(const platform::KeyEvent& event) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "KestroUI/KestroButtons.h"
+#include "Orvane/OverlayStyle.h"
 #include "toolkit/Label.h"
 
 namespace orvane {
@@ -47,7 +48,7 @@ class ConfirmOverlay : public toolkit::View {
   toolkit::Label textLabel_;
   kestroui::SimpleButton cancelButton_{"NO"};
   kestroui::SimpleButton okButton_{"YES"};
-  platform::Weak<toolkit::View> keyboardBefore_;
+  KeyboardBefore keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 
 namespace orvane {
 
@@ -11,7 +12,7 @@ namespace Theme = kestroui::Theme;
 
 DropHint::DropHint() {
   setUserInteractionEnabled(false);
-  setBackgroundColor(Theme::background.withAlpha(0.72f));
+  setBackgroundColor(OverlayStyle::lightBackdropColor());
 }
 
 void DropHint::show(toolkit::View& root, std::string text) {
@@ -22,17 +23,16 @@ void DropHint::show(toolkit::View& root, std::string text) {
 }
 
 void DropHint::paint(platform::Canvas& canvas) {
-  const double unit = std::clamp(bounds().height * 0.022, 11.0, 22.0);
-  const double radius = Theme::cornerRadius * 3;
-  canvas.strokeRoundedRect(bounds().inset(unit / 2, unit / 2), radius, 2, Theme::accent);
+  const double unit = OverlayStyle::textSizeIn(bounds());
+  canvas.strokeRoundedRect(bounds().inset(unit / 2, unit / 2), OverlayStyle::cornerRadius(), 2,
+                           Theme::accent);
   const platform::Font font = Theme::regularFont.withSize(unit * 1.2);
   const double height = font.lineHeight() + unit * 1.6;
   const double width =
       std::min(bounds().width - 4 * unit, canvas.textWidth(text_, font) + 4 * unit);
   const platform::Rect box{(bounds().width - width) / 2, (bounds().height - height) / 2, width,
                            height};
-  canvas.fillRoundedRect(box, radius, Theme::panel);
-  canvas.strokeRoundedRect(box.inset(0.5, 0.5), radius, 1, Theme::accent);
+  OverlayStyle::paintPanel(canvas, box, Theme::accent);
   canvas.drawText(text_, font, box.inset(unit, 0), platform::TextAlignment::centre, Theme::text);
 }
 

@@ -9,7 +9,7 @@ using toolkit::ControlEvent;
 namespace Theme = kestroui::Theme;
 
 EnterValueOverlay::EnterValueOverlay() {
-  outside_.setBackgroundColor(Theme::background.withAlpha(0.72f));
+  outside_.setBackgroundColor(OverlayStyle::lightBackdropColor());
   OverlayStyle::applyPanel(back_);
   textField().setLeftInset(3);
 }

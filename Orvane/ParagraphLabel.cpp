@@ -1,46 +1,43 @@
 #include "Orvane/ParagraphLabel.h"
 
-#include <algorithm>
+#include <sstream>
+#include <utility>
 
 #include "toolkit/Window.h"
 
 namespace orvane {
 
-std::vector<std::string_view> ParagraphLabel::lines(
-    double width, const std::function<double(std::string_view)>& textWidth) const {
-  std::vector<std::string_view> result;
-  std::string_view rest = text();
-  const auto skipBlanks = [&] {
-    rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
-  };
-  for (skipBlanks(); !rest.empty(); skipBlanks()) {
-    std::size_t end = std::min(rest.find(' '), rest.size());
-    while (end < rest.size()) {
-      const std::size_t next = std::min(rest.find(' ', end + 1), rest.size());
-      if (textWidth(rest.substr(0, next)) > width) break;
-      end = next;
-    }
-    std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(end);
-    while (line.ends_with(' ')) line.remove_suffix(1);
-    result.push_back(line);
+std::vector<std::string> wrappedLines(std::string_view text, double width,
+                                      const std::function<double(std::string_view)>& textWidth,
+                                      std::size_t maximumLines) {
+  std::vector<std::string> lines;
+  std::istringstream words{std::string(text)};
+  std::string line;
+  for (std::string word; words >> word;) {
+    std::string longer = line.empty() ? word : line + ' ' + word;
+    if (line.empty() || lines.size() + 1 == maximumLines || textWidth(longer) <= width)
+      line = std::move(longer);
+    else
+      lines.push_back(std::exchange(line, std::move(word)));
   }
-  return result;
+  if (!line.empty()) lines.push_back(std::move(line));
+  return lines;
 }
 
 double ParagraphLabel::heightFor(double width) const {
   const toolkit::Window* shownIn = window();
   if (!shownIn) return 0;
-  const auto broken =
-      lines(width, [&](std::string_view line) { return shownIn->textWidth(line, font()); });
+  const auto broken = wrappedLines(
+      text(), width, [&](std::string_view line) { return shownIn->textWidth(line, font()); });
   return static_cast<double>(broken.size()) * lineHeight();
 }
 
 void ParagraphLabel::paint(platform::Canvas& canvas) {
-  const auto broken =
-      lines(bounds().width, [&](std::string_view line) { return canvas.textWidth(line, font()); });
+  const auto broken = wrappedLines(text(), bounds().width, [&](std::string_view line) {
+    return canvas.textWidth(line, font());
+  });
   double y = 0;
-  for (const std::string_view line : broken) {
+  for (const std::string& line : broken) {
     canvas.drawText(line, font(), {0, y, bounds().width, lineHeight()}, textAlignment(),
                     textColor());
     y += lineHeight();

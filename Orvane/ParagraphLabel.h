@@ -1,12 +1,20 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "toolkit/Label.h"
 
 namespace orvane {
+
+/// The text in lines no wider than `width`, broken at blanks; a word that is wider has a line of its
+/// own. The last of `maximumLines` holds all the rest.
+std::vector<std::string> wrappedLines(std::string_view text, double width,
+                                      const std::function<double(std::string_view)>& textWidth,
+                                      std::size_t maximumLines = std::string::npos);
 
 /// A text of as many lines as its width needs, broken between words, from the top of its frame on.
 /// User-interface thread only.
@@ -19,8 +27,6 @@ class ParagraphLabel : public toolkit::Label {
 
  private:
   double lineHeight() const { return font().pointSize * 1.45; }
-  std::vector<std::string_view> lines(
-      double width, const std::function<double(std::string_view)>& textWidth) const;
 };
 
 }  // namespace orvane

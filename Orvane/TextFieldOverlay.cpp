@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
-#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -36,11 +35,11 @@ void TextFieldOverlay::didMoveToSuperview() {
 
 void TextFieldOverlay::setHidden(bool hidden) {
   const bool wasHidden = isHidden();
-  if (wasHidden && !hidden && window()) keyboardBefore_ = window()->firstResponder();
+  if (wasHidden && !hidden) keyboardBefore_.remember(*this);
   View::setHidden(hidden);
   if (hidden) {
     textField_.resignFirstResponder();
-    if (!wasHidden && keyboardBefore_) keyboardBefore_->becomeFirstResponder();
+    if (!wasHidden) keyboardBefore_.giveBack();
     return;
   }
   textField_.setText({});

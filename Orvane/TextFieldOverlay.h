@@ -4,6 +4,7 @@
 #include <string>
 
 #include "KestroUI/KestroButtons.h"
+#include "Orvane/OverlayStyle.h"
 #include "toolkit/Label.h"
 #include "toolkit/TextField.h"
 
@@ -53,7 +54,7 @@ class TextFieldOverlay : public toolkit::View, public toolkit::TextFieldDelegate
   toolkit::Label titleLabel_;
   toolkit::TextField textField_;
   kestroui::SimpleButton okButton_;
-  platform::Weak<toolkit::View> keyboardBefore_;
+  KeyboardBefore keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/OverlayStyle.h"
 #include "backends/juce/JuceInput.h"
 
 namespace juce_backend {
@@ -64,9 +65,9 @@ juce::Rectangle<int> FilePanel::panel() const {
 }
 
 void FilePanel::paint(juce::Graphics& graphics) {
-  graphics.fillAll(toColour(Theme::background.withAlpha(0.8f)));
+  graphics.fillAll(toColour(orvane::OverlayStyle::backdropColor()));
   const juce::Rectangle<float> place = panel().toFloat();
-  constexpr float radius = 3 * static_cast<float>(Theme::cornerRadius);
+  const auto radius = static_cast<float>(orvane::OverlayStyle::cornerRadius());
   graphics.setColour(toColour(Theme::panel));
   graphics.fillRoundedRectangle(place, radius);
   graphics.setColour(toColour(Theme::line));
