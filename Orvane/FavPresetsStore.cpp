@@ -31,6 +31,8 @@ void FavPresetsStore::load() {
 }
 
 void FavPresetsStore::save() {
+  // Removed, written out, set and written out anew, as the family's programs do: each reads the
+  // suite of the app group while another writes it.
   if (auto defaults = UserDefaults::open(suiteName)) defaults->removeObject(favouritesKey);
   if (auto defaults = UserDefaults::open(suiteName)) defaults->synchronize();
   const PropertyList::Array whole(favouritePresets.begin(), favouritePresets.end());

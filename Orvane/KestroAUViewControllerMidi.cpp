@@ -100,6 +100,7 @@ void KestroAUViewController::didSelectMidiMap(const Key& key, Container* contain
   if (lastMidiMapKey_) markMidiMap(*lastMidiMapKey_, false);
   lastMidiMapKey_ = key;
   lastMidiMapppedContainer_ = container;
+  // The bare number is a diagnostic line that the family's programs print.
   if (auto* several = dynamic_cast<MultipleContainer*>(container))
     foundation::printToConsole(std::to_string(several->subContainers().size()));
   markMidiMap(*key, true);

@@ -221,6 +221,8 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   const std::shared_ptr<Preset> selected = list_.selectedPreset();
   if (!selected) return;
   selected->isFavourite = wasFavourite;
+  // Every preset that is saved gets a mark, as in the family's programs; the star shows from the
+  // next listing on.
   FavPresetsStore::favouritePresets.push_back(selected->uniqueName());
   FavPresetsStore::save();
   // The list was made before the favourite had its new name.
