@@ -198,8 +198,7 @@ void MenuBar::onPresetButton() {
 
 void MenuBar::onPresetArrow(toolkit::Control& sender) {
   if (auto* overlays = overlaysView.get())
-    overlays->presetViewOverlay().presetListTableViewController().selectNext(&sender ==
-                                                                             &arrowLeft_);
+    overlays->presetList().selectNext(&sender == &arrowLeft_);
 }
 
 void MenuBar::onRandomize() {

@@ -35,12 +35,10 @@ void OverlaysView::initPresetList(platform::AudioUnit* audioUnit, bool isLoading
   isInit_ = true;
 }
 
-void OverlaysView::reloadPresetList() {
-  presetViewOverlay_.presetListTableViewController().reload();
-}
+void OverlaysView::reloadPresetList() { presetList().reload(); }
 
 void OverlaysView::followCurrentPreset(const platform::AudioUnit& audioUnit) {
-  PresetListTableViewController& list = presetViewOverlay_.presetListTableViewController();
+  PresetListTableViewController& list = presetList();
   const std::string name = audioUnit.currentPresetName();
   const bool isFactory = audioUnit.currentPreset() >= 0;
   const auto isCurrent = [&](const std::shared_ptr<Preset>& preset) {

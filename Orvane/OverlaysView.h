@@ -12,6 +12,10 @@ class OverlaysView : public toolkit::View {
  public:
   AboutOverlay& aboutViewOverlay() { return aboutViewOverlay_; }
   PresetViewOverlay& presetViewOverlay() { return presetViewOverlay_; }
+  /// The browser's.
+  PresetListTableViewController& presetList() {
+    return presetViewOverlay_.presetListTableViewController();
+  }
   /// The list of presets has been filled once.
   bool isInit() const { return isInit_; }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Orvane/FavPresetsStore.h"
-#include "Orvane/Preset.h"
+#include "Orvane/PresetManager.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Text.h"
 #include "tools/orvane/ToolError.h"
@@ -18,7 +18,7 @@ orvane::PresetManager& presetManager(headless::HeadlessHost& host) {
 }
 
 orvane::PresetListTableViewController& presetList(headless::HeadlessHost& host) {
-  return host.editor().overlaysView().presetViewOverlay().presetListTableViewController();
+  return host.editor().overlaysView().presetList();
 }
 
 DriveSession::Json currentName(const platform::AudioUnit& unit) {
