@@ -4,7 +4,10 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
+#include "Orvane/ControlBindings.h"
 #include "Orvane/OverlayStyle.h"
+#include "Orvane/ParameterConnection.h"
+#include "Orvane/PresetManager.h"
 #include "platform/Fatal.h"
 #include "toolkit/Window.h"
 
@@ -64,9 +67,9 @@ void KestroAUViewController::viewDidLoad() {
   view().addSubview(overlaysView_);
   view().addSubview(menuBar_);
   view().addSubview(enterValueOverlay_);
-  menuBar_.delegate = this;
+  menuBar_.delegate = {this, *this};
   enterValueOverlay_.setHidden(true);
-  enterValueOverlay_.delegate = this;
+  enterValueOverlay_.delegate = {this, *this};
   if (auto* unit = audioUnit()) {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();

@@ -11,16 +11,12 @@
 
 #include "KestroUI/Container.h"
 #include "Orvane/AUDesign.h"
-#include "Orvane/ControlBindings.h"
-#include "Orvane/ControlCollection.h"
 #include "Orvane/DSPParameters.h"
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/HeldParameters.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/MenuBar.h"
 #include "Orvane/OverlaysView.h"
-#include "Orvane/ParameterConnection.h"
-#include "Orvane/PresetManager.h"
 #include "Orvane/SettingsViewController.h"
 #include "foundation/RunLoop.h"
 #include "platform/AudioUnit.h"
@@ -33,6 +29,10 @@ class DoubleFilterView;
 }  // namespace kestroui
 
 namespace orvane {
+
+class ControlBindings;
+class ParameterConnection;
+class PresetManager;
 
 /// A program that embeds the editor and wants to be reached by it: it captures the MIDI messages
 /// that move parameters and keeps the bindings. Held weakly. User-interface thread only.
@@ -63,13 +63,13 @@ class KestroAUViewControllerDelegate {
 /// shows the editor adds its view, calls appear and disappear, and destroys it at any time.
 /// User-interface thread only; the audio unit's parameters may change on any thread.
 class KestroAUViewController : public toolkit::ViewController,
-                               public kestroui::ContainerDelegate,
-                               public MenuBarDelegate,
-                               public EnterValueOverlayDelegate,
-                               public PresetViewOverlayDelegate,
-                               public AboutOverlayDelegate,
-                               public ResponderViewDelegate,
-                               public platform::DocumentPickerDelegate {
+                               public platform::DocumentPickerDelegate,
+                               private kestroui::ContainerDelegate,
+                               private MenuBarDelegate,
+                               private EnterValueOverlayDelegate,
+                               private PresetViewOverlayDelegate,
+                               private AboutOverlayDelegate,
+                               private ResponderViewDelegate {
  public:
   KestroAUViewController();
   ~KestroAUViewController() override;
@@ -111,8 +111,27 @@ class KestroAUViewController : public toolkit::ViewController,
   virtual void preLoadAction() {}
   /// The user chose a display mode in the menu bar.
   virtual void displayChanged(int /*index*/) {}
+  /// The parameter at this address has a new value: its controls and the sections that it
+  /// switches show it.
+  virtual void updateParameter(platform::AUParameterAddress address);
 
-  // Audio unit
+  // What a plug-in sets before the view is loaded
+
+  /// The page that is shown first.
+  int initPage = 0;
+  /// The preset browser has a column of banks beside its list.
+  bool presetViewUseFilters = false;
+  /// The preset browser offers import and export.
+  bool allowImportAndExport = false;
+  /// A double tap on a control asks for a value.
+  bool doubleTapEnabled = true;
+  /// A double tap resets the parameter instead.
+  bool doubleTapResetOnly = false;
+  bool isStandaloneVersion = false;
+  /// Off: while the host changes the size the pages rest, and are laid out once when it is done.
+  bool layoutWhileResizing = true;
+
+  // What a plug-in and the program around the editor call
 
   platform::AudioUnit* audioUnit() const { return audioUnit_.get(); }
   /// When the view is loaded already, connectViewWithAU has to follow.
@@ -120,23 +139,21 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Builds the controls for the audio unit's parameters and follows their values. May be called
   /// again, for another audio unit or the same.
   void connectViewWithAU();
-  /// Builds, binds and registers the control of each key, then lays the content out.
-  void setupControls(const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys);
-  /// The parameter at this address has a new value: its controls and the sections that it
-  /// switches show it.
-  virtual void updateParameter(platform::AUParameterAddress address);
-  /// Shows the values of six parameters on a double filter view, and the response that the audio
-  /// unit computes for them. A key without a parameter is left out.
-  void updateDoubleFilterViewFrequencyAndMagnitudes(kestroui::DoubleFilterView& view,
-                                                    const std::string& lowPassFrequency,
-                                                    const std::string& lowPassResonance,
-                                                    const std::string& hiPassFrequency,
-                                                    const std::string& hiPassResonance,
-                                                    const std::string& lowPassGain,
-                                                    const std::string& hiPassGain);
+  /// Null for a known key without a control; an unknown key is fatal.
+  std::shared_ptr<kestroui::Container> container(const std::string& key) const;
+  /// Hides the controls that isControlShown denies and shows all others.
+  void updateVisibility();
+  MenuBar& menuBar() { return menuBar_; }
   void randomize();
   /// Sets the parameter that was double-tapped last to its default, and closes the value panel.
   void reset();
+  /// Opens a link outside the editor; nothing happens where the program around it cannot.
+  void openURL(const std::string& url) override;
+  /// Where pickers, share sheets and alerts appear; null where they cannot.
+  platform::Presentation* presentation();
+  /// Adds a child with its view on top, or removes both.
+  void addViewController(toolkit::ViewController& child);
+  void removeViewController(toolkit::ViewController& child);
 
   // Presets
 
@@ -154,52 +171,13 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Its name and categories.
   std::string currentPresetName();
   std::vector<std::string> currentPresetCatgories();
-  /// A file has become a preset, or was one already: it is chosen.
-  void presetWasImported(const std::shared_ptr<UserPreset>& preset);
   void importPreset();
   void importPresetFile(const std::string& url);
   /// Shares the state as it is now under the name of the chosen preset.
   void exportPreset() override;
   void exportAll();
-  void documentPickerDidPick(const std::vector<std::string>& paths) override;
   /// What the user has picked to import, of which the first file counts.
   void documentPickerAction(const std::vector<std::string>& urls);
-  /// Set when a preset was imported before there was a list of presets; nothing clears it.
-  bool isLoadingUserPreset = false;
-
-  // Parts
-
-  SettingsViewController& settingsViewController() { return settingsViewController_; }
-  MenuBar& menuBar() { return menuBar_; }
-  EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
-  OverlaysView& overlaysView() { return overlaysView_; }
-  DSPParameters& parameters() { return parameters_; }
-  ControlCollection& controls() { return *controls_; }
-  /// Null for a known key without a control; an unknown key is fatal.
-  std::shared_ptr<kestroui::Container> container(const std::string& key) const;
-  const std::unordered_map<platform::AUParameterAddress, std::string>& parameterKeyMap() const {
-    return parameterKeyMap_;
-  }
-
-  // Behaviour, set before the view is loaded
-
-  /// The page that is shown first.
-  int initPage = 0;
-  /// The preset browser has a column of banks beside its list.
-  bool presetViewUseFilters = false;
-  /// The preset browser offers import and export.
-  bool allowImportAndExport = false;
-  /// A double tap on a control asks for a value.
-  bool doubleTapEnabled = true;
-  /// A double tap resets the parameter instead.
-  bool doubleTapResetOnly = false;
-  bool isStandaloneVersion = false;
-  /// Off: while the host changes the size the pages rest, and are laid out once when it is done.
-  bool layoutWhileResizing = true;
-  platform::Weak<KestroAUViewControllerDelegate> hostDelegate;
-  /// The entry's; set by the entry.
-  std::function<std::unique_ptr<platform::AudioUnit>()> makeAudioUnit;
-  std::shared_ptr<kestroui::ParamKey> doubleTappedKey() const { return doubleTappedKey_; }
 
   // MIDI learn. The host captures messages and keeps the bindings; the controller shows them and
   // says which control waits. See MidiLearn for a host's side.
@@ -208,6 +186,7 @@ class KestroAUViewController : public toolkit::ViewController,
   using MidiMap =
       std::map<std::shared_ptr<kestroui::ParamKey>, MidiMessage, kestroui::ParamKeyLess>;
 
+  platform::Weak<KestroAUViewControllerDelegate> hostDelegate;
   /// Learn mode: controls show their bindings, and a tap selects instead of moving.
   bool midiMappingEnabled() const { return midiMappingEnabled_; }
   void setMidiMappingEnabled(bool enabled);
@@ -224,62 +203,52 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Sets the parameter of a key as MIDI moves it; see midiParameterValue.
   void setMidiValue(std::uint8_t midiValue, const std::shared_ptr<kestroui::ParamKey>& key);
 
-  // Display
+  // For the parts of the library, its tool and its tests. A plug-in needs none of these.
 
-  void setPresetName(const std::string& name);
-  /// Hides the controls that isControlShown denies and shows all others.
-  void updateVisibility();
-  /// Shows live values, on the page that is shown and wherever else a plug-in has put a control;
-  /// called once per display frame while on screen.
-  void updateUI();
-  /// Opens a link outside the editor; nothing happens where the program around it cannot.
-  void openURL(const std::string& url) override;
-  /// Where pickers, share sheets and alerts appear; null where they cannot.
-  platform::Presentation* presentation();
-  /// Adds a child with its view on top, or removes both.
-  void addViewController(toolkit::ViewController& child);
-  void removeViewController(toolkit::ViewController& child);
-
+  /// The entry's; set by the entry.
+  std::function<std::unique_ptr<platform::AudioUnit>()> makeAudioUnit;
+  SettingsViewController& settingsViewController() { return settingsViewController_; }
+  EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
+  OverlaysView& overlaysView() { return overlaysView_; }
+  DSPParameters& parameters() { return parameters_; }
+  ControlCollection& controls() { return *controls_; }
+  const std::unordered_map<platform::AUParameterAddress, std::string>& parameterKeyMap() const {
+    return parameters_.parameterMap();
+  }
+  std::shared_ptr<kestroui::ParamKey> doubleTappedKey() const { return doubleTappedKey_; }
   /// Null while off screen.
   const foundation::DisplayLink* displayLink() const { return displayLink_.get(); }
   /// The host is changing the size; noticed at most 0.1 s late.
   bool isResizing() const { return resizing_; }
   /// Frame of the content below the menu bar at the last layout.
   const platform::Rect& mainContentFrame() const { return mainContentFrame_; }
+  /// Set when a preset was imported before there was a list of presets; nothing clears it.
+  bool isLoadingUserPreset = false;
 
-  // Actions and callbacks
-
+  /// Builds, binds and registers the control of each key, then lays the content out.
+  void setupControls(const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys);
   /// A control has a new value: sets its parameters. Any sender but a container is ignored.
   void handleValueChanged(toolkit::Control& sender);
-  void didDoubleTap(const std::shared_ptr<kestroui::ParamKey>& key) override;
-  void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
-                                  const std::optional<std::string>& text) override;
-  void enterValueOverlayDidReset() override { reset(); }
-  void presetSelected(const std::shared_ptr<Preset>& preset) override;
-  /// The path of the new preset; see PresetManager::saveNew.
-  std::optional<std::string> saveNewPreset(
-      const std::string& name, const std::vector<std::string>& presetCategories) override;
-  /// Replaces the preset's file by the state as it is now.
-  void savePreset(const UserPreset& preset) override;
-  void deletePreset(const UserPreset& preset) override;
-  void importPresets() override { importPreset(); }
-  void presetViewOverlayDidHide() override {}
-  void didBeginGesture(kestroui::Container& container,
-                       const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
-  void didEndGesture(kestroui::Container& container,
-                     const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
-  void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key,
-                        kestroui::Container* container) override;
-  void wantToDeleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
-  void menuBarDidRequestRandomize() override { randomize(); }
-  void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
-  void menuBarOpenURL(const std::string& url) override { openURL(url); }
-  void aboutOverlayRequestReview() override;
-  bool aboutOverlayCanRequestReview() override;
-  void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }
+  /// Shows the values of six parameters on a double filter view, and the response that the audio
+  /// unit computes for them. A key without a parameter is left out.
+  void updateDoubleFilterViewFrequencyAndMagnitudes(kestroui::DoubleFilterView& view,
+                                                    const std::string& lowPassFrequency,
+                                                    const std::string& lowPassResonance,
+                                                    const std::string& hiPassFrequency,
+                                                    const std::string& hiPassResonance,
+                                                    const std::string& lowPassGain,
+                                                    const std::string& hiPassGain);
+  /// Shows live values, on the page that is shown and wherever else a plug-in has put a control;
+  /// called once per display frame while on screen.
+  void updateUI();
+  void setPresetName(const std::string& name);
+  /// A file has become a preset, or was one already: it is chosen.
+  void presetWasImported(const std::shared_ptr<UserPreset>& preset);
+  void documentPickerDidPick(const std::vector<std::string>& paths) override;
+
+ protected:
   /// Escape closes an overlay, else it ends learn mode.
   bool keyPressed(const platform::KeyEvent& event) override;
-
   void viewDidLoad() override;
   void viewWillLayoutSubviews() override;
   void viewDidLayoutSubviews() override;
@@ -287,6 +256,33 @@ class KestroAUViewController : public toolkit::ViewController,
   void viewDidDisappear() override;
 
  private:
+  // What its parts report
+
+  void didDoubleTap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void didBeginGesture(kestroui::Container& container,
+                       const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
+  void didEndGesture(kestroui::Container& container,
+                     const std::vector<std::shared_ptr<kestroui::ParamKey>>& keys) override;
+  void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key,
+                        kestroui::Container* container) override;
+  void wantToDeleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
+  void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
+                                  const std::optional<std::string>& text) override;
+  void enterValueOverlayDidReset() override { reset(); }
+  void presetSelected(const std::shared_ptr<Preset>& preset) override;
+  std::optional<std::string> saveNewPreset(
+      const std::string& name, const std::vector<std::string>& presetCategories) override;
+  void savePreset(const UserPreset& preset) override;
+  void deletePreset(const UserPreset& preset) override;
+  void importPresets() override { importPreset(); }
+  void presetViewOverlayDidHide() override {}
+  void menuBarDidRequestRandomize() override { randomize(); }
+  void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
+  void menuBarOpenURL(const std::string& url) override { openURL(url); }
+  void aboutOverlayRequestReview() override;
+  bool aboutOverlayCanRequestReview() override;
+  void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }
+
   std::vector<std::shared_ptr<kestroui::ParamKey>> keysToShow() const;
   /// The key of the parameter that was double-tapped last, which some kinds call otherwise.
   const std::string& doubleTappedParameter() const;
@@ -318,7 +314,6 @@ class KestroAUViewController : public toolkit::ViewController,
 
   platform::Weak<platform::AudioUnit> audioUnit_;
   DSPParameters parameters_;
-  std::unordered_map<platform::AUParameterAddress, std::string> parameterKeyMap_;
   std::shared_ptr<ControlCollection> controls_;
   /// Shared with the registry, which tells it of changes.
   std::shared_ptr<ControlBindings> bindings_;

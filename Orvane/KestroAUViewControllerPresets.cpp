@@ -4,6 +4,7 @@
 
 #include "Orvane/FavPresetsStore.h"
 #include "Orvane/KestroAUViewController.h"
+#include "Orvane/PresetManager.h"
 #include "foundation/DispatchQueue.h"
 
 namespace orvane {
@@ -29,9 +30,9 @@ void KestroAUViewController::loadPresetStorage() {
 
 void KestroAUViewController::followAudioUnitWithPresets() {
   if (!presetManager_ || !audioUnit_) return;
+  presetManager_->audioUnit = audioUnit_;
   foundation::DispatchQueue::mainAsync([self = platform::Weak<KestroAUViewController>(this)] {
     if (!self || !self->presetManager_ || !self->audioUnit_) return;
-    self->presetManager_->audioUnit = self->audioUnit_;
     self->rebuildPresetList();
   });
 }
@@ -41,13 +42,13 @@ void KestroAUViewController::setUpOverlays() {
   overlaysView_.setAllowImportAndExport(allowImportAndExport);
   PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
   browser.categories = categories();
-  browser.delegate = this;
-  browser.presetListTableViewController().presetManager = presetManager_.get();
+  browser.delegate = {this, *this};
+  overlaysView_.presetList().presetManager = presetManager_.get();
   const MakerAddresses known = addresses();
   AboutOverlay& about = overlaysView_.aboutViewOverlay();
   about.viewController = this;
-  about.overlayDelegate = this;
-  about.delegate = this;
+  about.overlayDelegate = {this, *this};
+  about.delegate = {this, *this};
   about.setAppLogo(menuBar_.appLogo());
   about.setAddresses(known);
   menuBar_.helpHost = known.helpHost;
@@ -66,14 +67,14 @@ void KestroAUViewController::reloadPresetList() {
 }
 
 void KestroAUViewController::followPresetList() {
-  const auto& list = overlaysView_.presetViewOverlay().presetListTableViewController();
+  const auto& list = overlaysView_.presetList();
   menuBar_.setCanStepPresets(list.presetListForNextAndPrevious().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
   menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && list.presetFileList().empty());
 }
 
 const std::shared_ptr<Preset>& KestroAUViewController::selectedPreset() {
-  return overlaysView_.presetViewOverlay().presetListTableViewController().selectedPreset();
+  return overlaysView_.presetList().selectedPreset();
 }
 
 std::string KestroAUViewController::currentPresetName() {
@@ -86,12 +87,7 @@ std::vector<std::string> KestroAUViewController::currentPresetCatgories() {
 
 void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
   preLoadAction();
-  if (!preset) return;
-  if (const auto* user = dynamic_cast<const UserPreset*>(preset.get())) {
-    if (presetManager_) presetManager_->loadUserPreset(*user);
-  } else if (auto* unit = audioUnit(); unit && preset->preset) {
-    unit->setCurrentPreset(preset->preset->number);
-  }
+  if (presetManager_) presetManager_->load(preset);
 }
 
 void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& preset) {
@@ -108,8 +104,8 @@ void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& prese
 
 void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset) {
   PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
-  browser.presetListTableViewController().setSelectedPreset(preset);
-  browser.presetListTableViewController().moveToSelected();
+  overlaysView_.presetList().setSelectedPreset(preset);
+  overlaysView_.presetList().moveToSelected();
   browser.presetListDidSelect(preset);
 }
 
@@ -136,7 +132,7 @@ void KestroAUViewController::savePreset(const UserPreset& preset) {
 void KestroAUViewController::deletePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->deleteUserPreset(preset);
   // Nothing is selected that is not there any more.
-  auto& list = overlaysView_.presetViewOverlay().presetListTableViewController();
+  auto& list = overlaysView_.presetList();
   if (selectedPreset() && *selectedPreset() == preset) list.setSelectedPreset(nullptr);
   reloadPresetList();
 }

@@ -11,6 +11,7 @@
 #include "Orvane/ControlBuilder.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/MathUtils.h"
+#include "Orvane/ParameterConnection.h"
 #include "Orvane/ParameterMapping.h"
 
 namespace orvane {
@@ -51,9 +52,6 @@ void KestroAUViewController::connectViewWithAU() {
   if (displayLink_) tellAudioUnitOfUI(true);
 
   parameters_.registerParameters(*unit, unit->parametersKeys());
-  parameterKeyMap_.clear();
-  for (const std::string& key : parameters_.keys())
-    parameterKeyMap_[parameters_[key]->address()] = key;
 
   // Before the controls read the present values, so that no change falls in between.
   connection_ = std::make_unique<ParameterConnection>(
@@ -101,7 +99,7 @@ void KestroAUViewController::setupControls(const std::vector<Key>& keys) {
       if (const auto* parameter = bindings_->parameter(*container, i))
         parameters_.setObserver(bindings_, parameter->key());
     container->setMidiMappingEnabled(midiMappingEnabled_);
-    container->delegate = this;
+    container->delegate = {this, *this};
     container->addTarget<&KestroAUViewController::handleValueChanged>(
         *this, toolkit::ControlEvent::valueChanged);
   }

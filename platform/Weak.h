@@ -49,6 +49,9 @@ class Weak {
     if (object) life_ = static_cast<const WeakTarget*>(object)->life();
   }
 
+  /// For an interface that its implementer keeps private: `object` is that part of `owner`.
+  Weak(T* object, const WeakTarget& owner) : object_(object), life_(owner.life()) {}
+
   template <class U>
   requires std::is_convertible_v<U*, T*> Weak(const Weak<U>& other)
       : object_(other.object_), life_(other.life_) {}

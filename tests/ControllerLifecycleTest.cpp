@@ -108,12 +108,12 @@ TEST_F(ControllerLifecycleTest, TheAudioUnitMayGoFirst) {
   window.show(*controller);
   unit->parameter("a")->setValue(1);
   const auto knob = controller->container("a");
-  controller->didBeginGesture(*knob, knob->paramKeys());
+  knob->delegate->didBeginGesture(*knob, knob->paramKeys());
   unit.reset();
   loop.advance(0.5);
   knob->sendActions(toolkit::ControlEvent::valueChanged);
-  controller->didEndGesture(*knob, knob->paramKeys());
-  controller->didDoubleTap(knob->key());
+  knob->delegate->didEndGesture(*knob, knob->paramKeys());
+  knob->delegate->didDoubleTap(knob->key());
   controller->randomize();
   window.host.disappear();
 }
@@ -220,14 +220,14 @@ TEST_F(ControllerLifecycleTest, EveryGestureThatBeganEnds) {
   auto controller = make();
   controller->view();
   auto& knob = *controller->container("a");
-  controller->didBeginGesture(knob, knob.paramKeys());
-  controller->didBeginGesture(knob, knob.paramKeys());
-  controller->didEndGesture(knob, knob.paramKeys());
+  knob.delegate->didBeginGesture(knob, knob.paramKeys());
+  knob.delegate->didBeginGesture(knob, knob.paramKeys());
+  knob.delegate->didEndGesture(knob, knob.paramKeys());
   EXPECT_EQ(gestures.size(), 1u);
-  controller->didEndGesture(knob, knob.paramKeys());
-  controller->didEndGesture(knob, knob.paramKeys());
+  knob.delegate->didEndGesture(knob, knob.paramKeys());
+  knob.delegate->didEndGesture(knob, knob.paramKeys());
   EXPECT_EQ(gestures.size(), 2u);
-  controller->didBeginGesture(knob, knob.paramKeys());
+  knob.delegate->didBeginGesture(knob, knob.paramKeys());
   controller.reset();
   ASSERT_EQ(gestures.size(), 4u);
   EXPECT_EQ(gestures.back(), (std::pair<platform::AUParameterAddress, bool>{1, false}));
@@ -237,22 +237,23 @@ TEST_F(ControllerLifecycleTest, ADoubleTapAsksOrResetsUnlessItIsDisabled) {
   const auto controller = make();
   controller->view();
   unit->parameter("a")->setValue(1);
-  const auto key = controller->container("a")->key();
+  auto& knob = *controller->container("a");
+  const auto key = knob.key();
   controller->doubleTapEnabled = false;
-  controller->didDoubleTap(key);
+  knob.delegate->didDoubleTap(key);
   EXPECT_EQ(controller->doubleTappedKey(), key);
   EXPECT_EQ(unit->parameter("a")->value(), 1);
   EXPECT_TRUE(controller->enterValueOverlay().isHidden());
   controller->doubleTapEnabled = true;
-  controller->didDoubleTap(key);
+  knob.delegate->didDoubleTap(key);
   EXPECT_FALSE(controller->enterValueOverlay().isHidden());
   EXPECT_EQ(controller->enterValueOverlay().textField().placeholder(),
             unit->parameter("a")->stringFromValue(1));
   controller->enterValueOverlay().setHidden(true);
   controller->doubleTapResetOnly = true;
-  controller->didDoubleTap(nullptr);
+  knob.delegate->didDoubleTap(nullptr);
   EXPECT_EQ(unit->parameter("a")->value(), 1);
-  controller->didDoubleTap(key);
+  knob.delegate->didDoubleTap(key);
   EXPECT_EQ(unit->parameter("a")->value(), 0.25f);
   EXPECT_TRUE(controller->enterValueOverlay().isHidden());
 }

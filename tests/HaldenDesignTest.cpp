@@ -136,9 +136,13 @@ TEST(HaldenDesignTest, ControlsStayApartAndInsideOnEveryPageAtEverySize) {
 TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
   support::EditorHands hands(pluginEntry());
   auto& editor = hands.host.editor();
+  const auto select = [&](const std::string& key) {
+    const auto container = editor.container(key);
+    container->delegate->didSelectMidiMap(container->key(), container.get());
+  };
   editor.setMidiMappingEnabled(true);
   hands.host.midiLearn().bind("cutoff", {0xb0, 74});
-  editor.didSelectMidiMap(editor.container("cutoff")->key(), editor.container("cutoff").get());
+  select("cutoff");
   const auto shown = [&] {
     std::vector<kestroui::Container*> containers;
     hands.visitShown(hands.host.rootView(), [&](toolkit::View& view) {
@@ -155,7 +159,7 @@ TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
     EXPECT_TRUE(container->midiMapSelected());
   }
   hands.host.midiLearn().remove("cutoff");
-  editor.didSelectMidiMap(editor.container("volume")->key(), editor.container("volume").get());
+  select("volume");
   for (const kestroui::Container* container : shown()) {
     EXPECT_FALSE(container->midiMapMessage());
     EXPECT_FALSE(container->midiMapSelected());

@@ -86,7 +86,7 @@ class HaldenMonitorTest : public testing::Test {
 TEST_F(HaldenMonitorTest, TheMenuBarChoosesWhatItShows) {
   EXPECT_EQ(host.editor().menuBar().displays().size(), 3u);
   for (int index : {1, 2, 0}) {
-    host.editor().menuBarDidChangeDisplay(index);
+    host.editor().menuBar().delegate->menuBarDidChangeDisplay(index);
     EXPECT_EQ(monitor().mode(), static_cast<MonitorMode>(index));
     // One face at a time, in the same place.
     int shown = 0;
@@ -97,7 +97,7 @@ TEST_F(HaldenMonitorTest, TheMenuBarChoosesWhatItShows) {
     play(0.1, false);
   }
   // The same audio unit connected again keeps what is shown.
-  host.editor().menuBarDidChangeDisplay(1);
+  host.editor().menuBar().delegate->menuBarDidChangeDisplay(1);
   host.editor().connectViewWithAU();
   EXPECT_EQ(monitor().mode(), MonitorMode::spectrum);
   play(0.1, true);

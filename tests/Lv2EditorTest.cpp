@@ -158,8 +158,8 @@ TEST_F(Lv2EditorTest, AsksForMidiWhileAControlWaitsForIt) {
   orvane::MidiLearn& learn = unit.midiLearn();
   learn.setEditor(controller.get());
   learn.setLearning(true);
-  const auto& keys = controller->controls().allParamKeys();
-  controller->didSelectMidiMap(keys.begin()->second, nullptr);
+  const auto& [name, key] = *controller->controls().allParamKeys().begin();
+  controller->container(name)->delegate->didSelectMidiMap(key, nullptr);
   ports->announce();
   learn.setLearning(false);
   EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::opened),

@@ -326,7 +326,8 @@ TEST_F(MidiLearnTest, AnEditorThatGoesWithoutAWordDoesNotKeepTheMessages) {
   learn.setEditor(second.get());
   learn.bind("on", {0xb0, 20});
   learn.setLearning(true);
-  second->didSelectMidiMap(second->container("cutoff")->key(), second->container("cutoff").get());
+  const auto waiting = second->container("cutoff");
+  waiting->delegate->didSelectMidiMap(waiting->key(), waiting.get());
   second.reset();
   send({0xb0, 20, 127});
   send({0xb0, 20, 127});

@@ -43,6 +43,9 @@ class PresetTransferTest : public support::PresetBench {
     loop.runDue();
   }
   orvane::PresetManager& manager() { return *editor.presetManager(); }
+  std::string save(const std::string& name) {
+    return *editor.overlaysView().presetViewOverlay().delegate->saveNewPreset(name, {});
+  }
   std::vector<headless::Event> events() { return application.takeEvents(); }
 
   headless::HeadlessApplication application;
@@ -71,7 +74,7 @@ TEST_F(PresetTransferTest, ThePickedFileIsCopiedAndChosen) {
 
 TEST_F(PresetTransferTest, AnImportNeverReplacesAPresetButChoosesIt) {
   unit.setParameter("cutoff", 500);
-  const std::string there = *editor.saveNewPreset("Lead", {});
+  const std::string there = save("Lead");
   EXPECT_EQ(editor.saves, 1);
   unit.setParameter("cutoff", 700);
   editor.importPresetFile(folder.write("picked/Lead.synth", "other"));
@@ -147,7 +150,7 @@ TEST_F(PresetTransferTest, AnotherAudioUnitIsFollowedAtTheNextTurn) {
   other.setParameter("cutoff", 555);
   editor.setAudioUnit(&other);
   loop.runDue();
-  EXPECT_THAT(textOf(*editor.saveNewPreset("Other", {})), HasSubstr("555"));
+  EXPECT_THAT(textOf(save("Other")), HasSubstr("555"));
   editor.setAudioUnit(nullptr);
 }
 

@@ -217,7 +217,7 @@ TEST_F(ValueConflictTest, AnObserverOfGesturesMayCloseTheEditorAtTheirBeginAndEn
 
 TEST_F(ValueConflictTest, ATypedValueMayCloseTheEditor) {
   show({paramKey("a", ControlType::knob)});
-  controller->didDoubleTap(container("a").key());
+  container("a").delegate->didDoubleTap(container("a").key());
   atNextChange([this] { controller.reset(); });
   controller->enterValueOverlay().delegate->textFieldOverlayDidConfirm(
       controller->enterValueOverlay(), "0.25");
@@ -227,7 +227,7 @@ TEST_F(ValueConflictTest, ATypedValueMayCloseTheEditor) {
 
 TEST_F(ValueConflictTest, ATypedNumberOfAChoiceIsWhole) {
   show({paramKey("letter", ControlType::knob)});
-  controller->didDoubleTap(container("letter").key());
+  container("letter").delegate->didDoubleTap(container("letter").key());
   controller->enterValueOverlay().delegate->textFieldOverlayDidConfirm(
       controller->enterValueOverlay(), "1.6");
   EXPECT_EQ(parameter("letter"), 2);

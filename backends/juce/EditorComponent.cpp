@@ -243,7 +243,7 @@ void EditorComponent::fileDragExit(const juce::StringArray&) { dropHint_.hide();
 void EditorComponent::filesDropped(const juce::StringArray& paths, int, int) {
   dropHint_.hide();
   auto* editor = dynamic_cast<orvane::KestroAUViewController*>(controller_.get());
-  for (const std::string& preset : importable(paths)) editor->documentPickerDidPick({preset});
+  for (const std::string& preset : importable(paths)) editor->documentPickerAction({preset});
 }
 
 }  // namespace juce_backend
