@@ -206,14 +206,18 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   const auto* const user = dynamic_cast<const UserPreset*>(before.get());
   const bool isRenamed = user && isEdit_ && user->name != name;
   const bool wasFavourite = isRenamed && user->isFavourite;
-  const std::optional<std::string> url =
-      owner->saveNewPreset(name, saveNewPresetOverlay_.categorySelector().selectedValues());
+  const std::vector<std::string> chosen = saveNewPresetOverlay_.categorySelector().selectedValues();
+  const std::optional<std::string> url = owner->saveNewPreset(name, chosen);
   if (!self || !delegate) return;
   // Only now, when it is safe under the new name.
   if (url && isRenamed) owner->deletePreset(*user);
   if (!self) return;
   if (url) {
-    list_.setSelectedPreset(std::make_shared<UserPreset>(*url, false));
+    const auto saved = std::make_shared<UserPreset>(*url, false);
+    // As the file has them: a RENAME begins with what the preset has.
+    for (const std::string& category : chosen)
+      saved->categories.push_back(foundation::lowercased(category));
+    list_.setSelectedPreset(saved);
     list_.moveToSelected();
     presetListDidSelect(list_.selectedPreset());
     if (!self) return;
