@@ -161,12 +161,49 @@ TEST_F(AboutOverlayTest, theButtonInTheMenuBarShowsTheLogoOrWhatClosesThePanel) 
   closes([&] { controller.menuBar().onAboutButton(); });
   platform::KeyEvent escape;
   escape.key = platform::Key::escape;
-  closes([&] { window.window.keyPressed(escape); });
+  closes([&] { EXPECT_TRUE(window.window.keyPressed(escape)); });
+  EXPECT_FALSE(window.window.keyPressed(escape)) << "nothing is open: it is the host's";
   closes([&] { window.tap({3, 590}); });
   closes([&] {
     controller.menuBar().onPresetButton();
     EXPECT_FALSE(controller.overlaysView().presetViewOverlay().isHidden());
   });
+  controller.menuBar().onAboutButton();
+  EXPECT_TRUE(controller.overlaysView().presetViewOverlay().isHidden()) << "one at a time";
+  window.tap(about().panelFrame().centre());
+  EXPECT_FALSE(about().isHidden()) << "not beside it";
+}
+
+TEST_F(AboutOverlayTest, aLinkIsAsWideAsItsTextAndHasKeys) {
+  show();
+  const platform::Rect frame = about().link().frame();
+  const auto at = [&](double x) { return about().convertToRoot({x, frame.midY()}); };
+  window.tap(at(frame.x + 2));
+  EXPECT_THAT(program.opened, IsEmpty());
+  window.tap(at(frame.midX()));
+  for (const platform::Key key : {platform::Key::returnKey, platform::Key::space})
+    EXPECT_TRUE(about().link().keyPressed({key, platform::Modifiers::none, ""}));
+  EXPECT_FALSE(
+      about().link().keyPressed({platform::Key::returnKey, platform::Modifiers::control, ""}));
+  EXPECT_EQ(program.opened.size(), 3u);
+}
+
+TEST_F(AboutOverlayTest, whatHasNoAddressIsLeftOutAndTheRestStaysInTheMiddle) {
+  show();
+  const double middle = about().panelFrame().midX();
+  EXPECT_EQ(about().social().shownCount(), 2u);
+  const auto& images = about().social().imageViews();
+  EXPECT_NEAR(images[0].frame().x + images[2].frame().maxX(), about().social().bounds().width,
+              1e-6);
+  MakerAddresses few;
+  few.allApps = "https://store.example.org/all";
+  about().setAddresses(few);
+  window.window.prepareFrame();
+  for (const toolkit::View* part : std::initializer_list<toolkit::View*>{
+           &about().like(), &about().contactUs(), &about().social(), &about().link()})
+    EXPECT_TRUE(part->isHidden());
+  EXPECT_FALSE(about().get_all_apps().isHidden());
+  EXPECT_NEAR(about().get_all_apps().frame().midX(), middle, 1e-6);
 }
 
 TEST_F(AboutOverlayTest, everyPartStaysWithinThePanelAtAnySize) {

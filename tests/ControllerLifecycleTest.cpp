@@ -250,11 +250,13 @@ TEST_F(ControllerLifecycleTest, ADoubleTapAsksOrResetsUnlessItIsDisabled) {
   EXPECT_EQ(controller->enterValueOverlay().textField().placeholder(),
             unit->parameter("a")->stringFromValue(1));
   controller->enterValueOverlay().setHidden(true);
+  knob.control()->setModulatedValue(0.7f);
   controller->doubleTapResetOnly = true;
   knob.delegate->didDoubleTap(nullptr);
   EXPECT_EQ(unit->parameter("a")->value(), 1);
   knob.delegate->didDoubleTap(key);
   EXPECT_EQ(unit->parameter("a")->value(), 0.25f);
+  EXPECT_EQ(knob.control()->modulatedValue(), 0);
   EXPECT_TRUE(controller->enterValueOverlay().isHidden());
 }
 

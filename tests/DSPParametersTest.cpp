@@ -135,6 +135,16 @@ TEST(ParameterMappingTest, PositionsAndValuesAnswerEachOther) {
     EXPECT_NEAR(c.mapping.valueAt(c.position), c.value, std::abs(c.value) * 1e-5);
     EXPECT_NEAR(c.mapping.positionOf(c.value), c.position, 1e-5);
   }
+  // A control of pitch shows 20 Hz to 20 kHz, whatever the parameter allows.
+  const quillon::CommonAudioUnit narrow({{.key = "cutoff",
+                                          .address = 1,
+                                          .minValue = 100,
+                                          .maxValue = 8000,
+                                          .defaultValue = 100,
+                                          .unit = AudioUnitParameterUnit::hertz}});
+  const ParameterMapping shown(*narrow.parameter("cutoff"), kestroui::Container::ValueForm::pitch);
+  EXPECT_NEAR(shown.positionOf(20), 0, 1e-5);
+  EXPECT_NEAR(shown.positionOf(20000), 1, 1e-5);
   const ParameterMapping empty(3, 3, Scale::linear), silent(-1, 0, Scale::pitch);
   EXPECT_EQ(empty.positionOf(3), 0);
   EXPECT_EQ(empty.valueAt(0.5f), 3);

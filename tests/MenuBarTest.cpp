@@ -92,7 +92,7 @@ TEST_F(MenuBarTest, helpIsShownOnceTheServerHasToldItsAddress) {
   EXPECT_THAT(owner.opened, ElementsAre("https://example.org/help?x=1"));
   bar->removeFromSuperview();
   show();
-  loop.settle();
+  std::this_thread::sleep_for(std::chrono::milliseconds(60));
   EXPECT_EQ(server.requests().size(), 1u) << "asked once only";
 }
 
@@ -104,6 +104,22 @@ TEST_F(MenuBarTest, anAddressThatIsNoneIsShownButNotOpened) {
   ASSERT_TRUE(waitUntil([&] { return hasHelp(); }));
   bar->onHelpClicked();
   EXPECT_THAT(owner.opened, IsEmpty());
+}
+
+TEST_F(MenuBarTest, anAnswerThatIsNoneShowsNoHelp) {
+  for (const auto& [status, body] : {std::pair{"404 Not Found", "https://example.org/help"},
+                                     {"200 OK", ""},
+                                     {"200 OK", "https://example.org/\xff"}}) {
+    HttpServer server([&](const std::string&) { return HttpServer::response(status, body); });
+    MenuBar other;
+    other.productId = "foam";
+    other.helpHost = server.address();
+    editor.addSubview(other);
+    ASSERT_TRUE(server.waitForRequest());
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    loop.settle();
+    EXPECT_EQ(other.helpButton().superview(), nullptr) << status << body;
+  }
 }
 
 TEST_F(MenuBarTest, nobodyIsAskedWithoutAProductAHostOrAValidAddress) {

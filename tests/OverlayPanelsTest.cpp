@@ -4,9 +4,11 @@
 
 #include <optional>
 
+#include "Orvane/AlertPanel.h"
 #include "Orvane/ConfirmOverlay.h"
 #include "Orvane/EnterValueOverlay.h"
 #include "Orvane/FiltersTableViewController.h"
+#include "Orvane/ParagraphLabel.h"
 #include "Orvane/PresetViewOverlay.h"
 #include "Orvane/SearchBar.h"
 #include "tests/support/ManualDriver.h"
@@ -64,7 +66,7 @@ TEST_F(OverlayPanelsTest, aTextPanelStartsEmptyEachTimeAndConfirmsOnlyWithOk) {
   EXPECT_EQ(panel.titleLabel().text(), "Please enter a preset name : ");
   type("Foam");
   bench.key(Key::returnKey);
-  EXPECT_FALSE(panel.textField().isFirstResponder());
+  EXPECT_TRUE(panel.okButton().isFirstResponder()) << "a second Return presses it";
   EXPECT_EQ(owner.journal, "");
   tap(panel.okButton());
   EXPECT_EQ(owner.journal, "[Foam]");
@@ -104,6 +106,66 @@ TEST_F(OverlayPanelsTest, aQuestionIsAnsweredByAButtonAndNoIsTheSafeAnswer) {
   bench.key(Key::returnKey);
   bench.key(Key::escape);
   EXPECT_EQ(owner.journal, "YNNN");
+}
+
+TEST_F(OverlayPanelsTest, aPanelGivesTheKeyboardBackToWhoHadIt) {
+  toolkit::TextField before;
+  before.setFrame({0, 0, 100, 20});
+  bench.root().addSubview(before);
+  ConfirmOverlay question;
+  TextFieldOverlay entry;
+  for (toolkit::View* panel : std::initializer_list<toolkit::View*>{&question, &entry}) {
+    panel->setFrame({0, 0, 400, 300});
+    bench.root().addSubview(*panel);
+    panel->setHidden(true);
+    bench.frame();
+    before.becomeFirstResponder();
+    panel->setHidden(false);
+    EXPECT_FALSE(before.isFirstResponder());
+    panel->setHidden(true);
+    EXPECT_TRUE(before.isFirstResponder());
+  }
+}
+
+TEST_F(OverlayPanelsTest, anAlertIsSaidOnceAndKeepsAllKeysButTheHostsShortcuts) {
+  toolkit::TextField before;
+  bench.root().addSubview(before);
+  before.becomeFirstResponder();
+  AlertPanel alert(bench.root());
+  std::vector<std::size_t> answers;
+  const auto ask = [&](const std::string& title) {
+    alert.show({title, "text", {"Keep", "Delete"}, [&](std::size_t i) { answers.push_back(i); }});
+    bench.frame();
+  };
+  ask("First");
+  ask("First");
+  ask("Second");
+  EXPECT_TRUE(alert.button(0).isFirstResponder()) << "the safe one";
+  EXPECT_TRUE(bench.key(Key::character, platform::Modifiers::none, "x"));
+  EXPECT_FALSE(bench.key(Key::character, platform::Modifiers::control, "s"));
+  bench.key(Key::right);
+  bench.key(Key::returnKey);
+  ASSERT_NE(alert.message(), nullptr);
+  EXPECT_EQ(alert.message()->title, "Second");
+  bench.key(Key::escape);
+  EXPECT_EQ(alert.message(), nullptr);
+  EXPECT_EQ(answers, (std::vector<std::size_t>{1, 0}));
+  EXPECT_EQ(alert.superview(), nullptr);
+  EXPECT_TRUE(before.isFirstResponder());
+}
+
+TEST_F(OverlayPanelsTest, textsAreBrokenBetweenWordsAndTheLastLineHasTheRest) {
+  const auto wrapped = [](const std::string& text, std::size_t lines = std::string::npos) {
+    std::string result;
+    for (const std::string& line : wrappedLines(
+             text, 8, [](std::string_view t) { return static_cast<double>(t.size()); }, lines))
+      result += line + '|';
+    return result;
+  };
+  EXPECT_EQ(wrapped(""), "");
+  EXPECT_EQ(wrapped("  one two three\nfour  "), "one two|three|four|");
+  EXPECT_EQ(wrapped("immeasurable one"), "immeasurable|one|");
+  EXPECT_EQ(wrapped("one two three four", 2), "one two|three four|");
 }
 
 TEST_F(OverlayPanelsTest, theSearchBarTellsEveryChangeAndReturnLeavesIt) {

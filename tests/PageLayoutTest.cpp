@@ -148,16 +148,17 @@ TEST_F(SettingsViewControllerTest, ATabShowsItsPageAndTakesTheControlsAlong) {
 
 TEST_F(SettingsViewControllerTest, AFootControlExtendsOverTheEmptyEntriesAfterIt) {
   add("k");
-  settings.foot_stack = {add("A"), nullptr, add("B")};
+  settings.foot_stack = {add("first"), add("A"), nullptr, add("B")};
   settings.footHRatio = 0.1;
-  load(1, {300, 600});
-  EXPECT_EQ(frameOf("A"), (Rect{0, 541, 200, 59}));
-  EXPECT_EQ(frameOf("B"), (Rect{200, 541, 100, 59}));
+  load(1, {400, 600});
+  EXPECT_EQ(frameOf("first"), (Rect{0, 541, 100, 59}));
+  EXPECT_EQ(frameOf("A"), (Rect{100, 541, 200, 59}));
+  EXPECT_EQ(frameOf("B"), (Rect{300, 541, 100, 59}));
   EXPECT_EQ(controls->container("A")->superview(), &settings.view());
   EXPECT_TRUE(controls->container("A")->isVisible());
   settings.foot_stack = {add("A"), support::paramKey("unknown", kestroui::ControlType::knob)};
   settings.layoutFoot();
-  EXPECT_EQ(frameOf("A").width, 150);
+  EXPECT_EQ(frameOf("A").width, 200);
   settings.foot_stack->clear();
   settings.layoutFoot();
 }
@@ -176,15 +177,17 @@ TEST_F(SettingsViewControllerTest, RemovingAPageKeepsTheOneThatIsShown) {
     int shown, removed, current;
   };
   add("k");
-  load(3);
-  for (const Case& c : {Case{2, 0, 1}, {1, 1, 0}}) {
+  load(4);
+  for (const Case& c : {Case{1, 1, 1}, {2, 0, 1}, {1, 1, 0}}) {
     settings.setCurrentPage(c.shown);
     settings.removePage(c.removed);
     EXPECT_EQ(settings.currentPage(), c.current);
     EXPECT_EQ(settings.pageNavigation().pages().size(), settings.pageViews().size());
-    EXPECT_TRUE(settings.pageViews()[static_cast<std::size_t>(c.current)]->isVisible());
+    const auto current = static_cast<std::size_t>(c.current);
+    EXPECT_TRUE(settings.pageViews()[current]->isVisible());
+    EXPECT_TRUE(settings.pageNavigation().pageButtons()[current]->isSelected());
   }
-  EXPECT_EQ(settings.pageNavigation().pages(), std::vector<std::string>{"Page 1"});
+  EXPECT_EQ(settings.pageNavigation().pages(), std::vector<std::string>{"Page 2"});
   EXPECT_TRUE(settings.pageNavigation().isHidden());
   settings.removePage(0);
   EXPECT_EQ(settings.pageViews().size(), 1u);

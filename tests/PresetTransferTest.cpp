@@ -64,6 +64,7 @@ TEST_F(PresetTransferTest, ThePickedFileIsCopiedAndChosen) {
   EXPECT_EQ(shown[0].multiple, true);
   EXPECT_TRUE(application.pick({picked, folder / "ignored.synth"}));
   EXPECT_FALSE(application.pick({picked}));
+  EXPECT_EQ(files.access, "+" + picked + "-" + picked) << "a picked file is another program's";
   EXPECT_EQ(textOf(folder / "data/Presets/Lead.synth"), textOf(picked));
   EXPECT_EQ(unit.parameter("cutoff")->value(), 440);
   EXPECT_EQ(unit.currentPresetName(), "Lead");
@@ -143,6 +144,16 @@ TEST_F(PresetTransferTest, APackReplacesItsEarlierVersionWhole) {
   EXPECT_EQ(namesIn(pads), Names{"c.synth"});
   EXPECT_THAT(events(), IsEmpty());
   EXPECT_EQ(orvane::PresetManager("", {}).presetPackPath("Pads"), "");
+}
+
+TEST_F(PresetTransferTest, WhatIsImportedBeforeThereIsASoundStaysChosen) {
+  Editor early;
+  early.view();
+  early.importPresetFile(folder.write("picked/Lead.synth", textOf(save("Other"))));
+  EXPECT_TRUE(early.isLoadingUserPreset);
+  early.setAudioUnit(&unit);
+  early.connectViewWithAU();
+  EXPECT_EQ(early.currentPresetName(), "Lead");
 }
 
 TEST_F(PresetTransferTest, AnotherAudioUnitIsFollowedAtTheNextTurn) {

@@ -85,6 +85,7 @@ TEST_F(SectionViewTest, TheTitleBandIsAShareOfThePage) {
   EXPECT_EQ(control("state").frame(), (Rect{0, 0, 44, 44}));
   EXPECT_EQ(control("feedback").frame(), (Rect{200 - 0.6 * 44, 0, 0.6 * 44, 0.6 * 44}));
   EXPECT_EQ(control("state").superview(), &view);
+  EXPECT_FALSE(control("state").displayTitle()) << "the section has one";
   const auto& label = dynamic_cast<const toolkit::Label&>(*view.subviews()[0]);
   EXPECT_EQ(label.frame(), (Rect{0, 2, 200, 44}));
   EXPECT_EQ(label.text(), "OSC");
@@ -139,6 +140,39 @@ TEST_F(SectionViewTest, ControlsGoToTheSectionThatIsShown) {
   EXPECT_EQ(control("a").control()->accentColor(), other->color);
   EXPECT_TRUE(control("a").isVisible());
   EXPECT_FALSE(control("b").isVisible());
+}
+
+TEST_F(SectionViewTest, ItTintsItselfAndTheControlsThatHaveNoColourOfTheirOwn) {
+  const platform::Color own = platform::Color::rgb(0x00ff00);
+  kestroui::ParameterUISettings settings;
+  settings.controlColor = own;
+  const auto key = std::make_shared<kestroui::ParamKey>("own", settings);
+  controls->addKey(key);
+  controls->set(key, std::make_shared<kestroui::KnobContainer>());
+  control("own").setControlColor(own);
+  for (const bool displayGradient : {true, false}) {
+    section->displayGradient = displayGradient;
+    show({{{{"a", {}, 1, 0, 1}, {"own", {}, 1, 0, 1}}, 1}});
+    EXPECT_EQ(view.layer().sublayers().front()->isHidden(), !displayGradient);
+  }
+  EXPECT_EQ(control("a").control()->accentColor(), section->color);
+  EXPECT_EQ(control("own").control()->accentColor(), own);
+}
+
+TEST_F(SectionViewTest, OfTwoShownSectionsTheFirstKeepsASwitchThatBothName) {
+  section->stateParameter = "state";
+  const auto other = support::section("B", {"b"}, "state");
+  SectionView second(other, controls);
+  page.addSubview(second);
+  show({{{{"a", {}, 1, 0, 1}}, 1}});
+  second.setFrame({200, 0, 200, 244});
+  second.setIsVisible(true);
+  second.draw(second.bounds());
+  EXPECT_EQ(control("state").superview(), &view);
+  EXPECT_EQ(control("state").frame(), (Rect{0, 0, 44, 44}));
+  view.setIsVisible(false);
+  second.draw(second.bounds());
+  EXPECT_EQ(control("state").superview(), &second);
 }
 
 TEST_F(SectionViewTest, AReplacedControlTakesThePlaceOfTheOld) {

@@ -225,12 +225,20 @@ TEST_F(ValueConflictTest, ATypedValueMayCloseTheEditor) {
   EXPECT_FLOAT_EQ(parameter("a"), 0.25f);
 }
 
-TEST_F(ValueConflictTest, ATypedNumberOfAChoiceIsWhole) {
+TEST_F(ValueConflictTest, ATypedNumberOfAChoiceIsWholeAndAGestureOfItsOwn) {
   show({paramKey("letter", ControlType::knob)});
+  std::string journal;
+  unit->parameterTree().setGestureObserver(
+      [&](platform::AUParameterAddress, bool began) { journal += began ? "began " : "ended "; });
+  unit->parameterTree().tokenByAddingParameterObserver(
+      [&](platform::AUParameterAddress, float) { journal += "set "; });
   container("letter").delegate->didDoubleTap(container("letter").key());
   controller->enterValueOverlay().delegate->textFieldOverlayDidConfirm(
       controller->enterValueOverlay(), "1.6");
   EXPECT_EQ(parameter("letter"), 2);
+  controller->reset();
+  EXPECT_EQ(journal, "began set ended began set ended ");
+  unit->parameterTree().setGestureObserver({});
 }
 
 TEST_F(ValueConflictTest, AnObserverMayConnectAnewWhileAChangeIsShown) {

@@ -37,7 +37,7 @@ class PresetUnit : public quillon::CommonAudioUnit {
   std::string presetExtension() const override { return "synth"; }
 };
 
-/// Counts what is read.
+/// Counts what is read, and keeps whose access was asked for and given back.
 class CountingFiles : public foundation::LocalFileManager {
  public:
   using LocalFileManager::LocalFileManager;
@@ -50,8 +50,15 @@ class CountingFiles : public foundation::LocalFileManager {
     bytesRead += bytes ? bytes->size() : 0;
     return bytes;
   }
+  void startAccessingSecurityScopedResource(const std::string& path) override {
+    access += "+" + path;
+  }
+  void stopAccessingSecurityScopedResource(const std::string& path) override {
+    access += "-" + path;
+  }
   int reads = 0;
   std::size_t bytesRead = 0;
+  std::string access;
 };
 
 /// An app group's container, a cloud that a test may switch on, and the console.

@@ -1,0 +1,257 @@
+// What the browser's list shows and in which order, and what its rows and its name panel do.
+
+#include <gmock/gmock.h>
+
+#include "Orvane/PresetCell.h"
+#include "tests/support/PresetBench.h"
+#include "tests/support/TestEditor.h"
+
+namespace {
+
+using orvane::FavPresetsStore;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Names = std::vector<std::string>;
+
+std::vector<platform::KestroAUPreset> factory() {
+  std::vector<platform::KestroAUPreset> records;
+  for (const auto& preset : std::vector<platform::AUAudioUnitPreset>{
+           {.number = 1, .name = "Zed", .bank = "User", .categories = {"lead"}},
+           {.number = 2, .name = "aleph", .bank = "Coast", .categories = {"bass"}},
+           {.number = 3, .name = "Init"},
+           {.number = 4, .name = "default", .bank = "Coast", .categories = {"bass", "pad"}}})
+    records.emplace_back(preset);
+  return records;
+}
+
+class PresetListTest : public support::PresetBench {
+ protected:
+  PresetListTest() {
+    manager->saveNew("zoo", {"LEAD"});
+    manager->saveNew("Bright", {"pad"});
+    list.presetManager = manager.get();
+    list.factoryPresets = factory();
+    list.useHeaders = false;
+    list.view().setFrame({0, 0, 300, 400});
+    list.reload();
+  }
+  static Names namesOf(const std::vector<std::shared_ptr<orvane::Preset>>& presets) {
+    Names names;
+    for (const auto& preset : presets) names.push_back(preset->name);
+    return names;
+  }
+  std::shared_ptr<orvane::Preset> named(const std::string& name) {
+    for (const auto& preset : list.presetFileList())
+      if (preset->name == name) return preset;
+    return nullptr;
+  }
+
+  std::unique_ptr<orvane::PresetManager> manager = makeManager();
+  orvane::PresetListTableViewController list;
+};
+
+TEST_F(PresetListTest, BankCategoriesAndSearchNarrowItAndDefaultIsFirst) {
+  FavPresetsStore::setFavourite(*named("Init"), true);
+  list.reload();
+  struct Case {
+    const char* bank;
+    Names categories;
+    const char* search;
+    Names shown;
+  };
+  const Names all{"default", "aleph", "Bright", "Init", "Zed", "zoo"};
+  for (const Case& c : {Case{"", {}, "", all},
+                        {"ALL", {}, "", all},
+                        {"USER", {}, "", {"Bright", "zoo"}},
+                        {"FAVOURITES", {}, "", {"Init"}},
+                        {"Coast", {}, "", {"default", "aleph"}},
+                        {"coast", {}, "", {"default", "aleph"}},
+                        {"User", {}, "", {"Zed"}},
+                        {"BANK A", {}, "", {"Init"}},
+                        {"", {"Bass", "Lead"}, "", {"default", "aleph", "Zed", "zoo"}},
+                        {"", {"Pad"}, "", {"default", "Bright"}},
+                        {"Coast", {"Lead"}, "", {}},
+                        {"", {}, "E", {"default", "aleph", "Zed"}},
+                        {"USER", {"Pad"}, "BR", {"Bright"}}}) {
+    list.currentBankFilter = c.bank;
+    list.currentCategoriesFilter = c.categories;
+    list.searchFor(c.search);
+    EXPECT_EQ(namesOf(list.presetFileListFiltered()), c.shown) << c.bank << c.search;
+    EXPECT_EQ(list.numberOfRowsInSection(list.tableView(), 0), static_cast<int>(c.shown.size()));
+  }
+  EXPECT_THAT(namesOf(list.presetListForNextAndPrevious()),
+              ElementsAre("Bright", "zoo", "aleph", "default", "Init", "Zed"))
+      << "the walk is through all of them";
+}
+
+TEST_F(PresetListTest, AStarMarksAPresetForGoodAndIsShownByTheNextRowOfIt) {
+  orvane::PresetCell cell;
+  list.view().addSubview(cell);
+  cell.setPreset(named("zoo"));
+  EXPECT_FALSE(cell.starButton().isSelected());
+  cell.starButton().sendActions(toolkit::ControlEvent::touchDown);
+  EXPECT_TRUE(cell.starButton().isSelected());
+  FavPresetsStore::load();
+  EXPECT_THAT(FavPresetsStore::favouritePresets, Contains(named("zoo")->uniqueName()));
+  cell.setPreset(named("Init"));
+  EXPECT_FALSE(cell.starButton().isSelected()) << "rows are used again";
+  list.reload();
+  cell.setPreset(named("zoo"));
+  EXPECT_TRUE(cell.starButton().isSelected());
+  cell.handleValueChanged();
+  FavPresetsStore::load();
+  EXPECT_THAT(FavPresetsStore::favouritePresets, IsEmpty());
+}
+
+class Editor : public support::TestController {
+ public:
+  Editor() : TestController(std::make_shared<support::GivenDesign>()) {}
+  std::string groupBundleId() override { return group; }
+  std::vector<std::string> categories() override { return {"Bass", "Lead"}; }
+  std::string group = "group.test";
+};
+
+class PresetNamingTest : public support::PresetBench {
+ protected:
+  PresetNamingTest() {
+    editor.setAudioUnit(&unit);
+    window.show(editor);
+    loop.runDue();
+    browser().setHidden(false);
+  }
+  orvane::PresetViewOverlay& browser() { return editor.overlaysView().presetViewOverlay(); }
+  orvane::SaveNewPresetOverlay& panel() { return browser().saveNewPresetOverlay(); }
+  void press(toolkit::Control& button) {
+    button.sendActions(toolkit::ControlEvent::touchDown);
+    window.window.prepareFrame();
+  }
+  void save(const std::string& name, const Names& chosen = {}) {
+    press(browser().saveNewButton());
+    panel().textField().setText(name);
+    panel().categorySelector().setSelectedValues(chosen);
+    press(panel().okButton());
+  }
+  std::string presets() { return folder / "data/Presets"; }
+  /// Of all labels that the browser shows.
+  Names texts() {
+    Names shown;
+    for (toolkit::View* view : browser().subviews())
+      if (auto* label = dynamic_cast<toolkit::Label*>(view); label && !label->isHidden())
+        shown.push_back(label->text());
+    return shown;
+  }
+  void type(const std::string& text) {
+    for (const char c : text)
+      window.window.keyPressed(
+          {platform::Key::character, platform::Modifiers::none, std::string(1, c)});
+  }
+
+  Editor editor;
+  support::EditorWindow window{{800, 600}};
+};
+
+TEST_F(PresetNamingTest, RenameBeginsWithWhatThePresetHasAndTypingReplacesTheName) {
+  save("Foam", {"Lead"});
+  press(browser().editButton());
+  EXPECT_EQ(panel().textField().text(), "Foam");
+  EXPECT_EQ(panel().categorySelector().selectedValues(), Names{"Lead"});
+  type("Spray");
+  EXPECT_EQ(panel().textField().text(), "Spray");
+  press(panel().okButton());
+  EXPECT_EQ(support::namesIn(presets()), std::set<std::string>{"Spray.synth"});
+  EXPECT_EQ(editor.currentPresetCatgories(), Names{"lead"});
+}
+
+TEST_F(PresetNamingTest, RenamedToItsOwnNameItKeepsItsFileAndAsksNothing) {
+  save("Foam");
+  press(browser().editButton());
+  press(panel().okButton());
+  EXPECT_TRUE(browser().replaceOverlay().isHidden());
+  EXPECT_TRUE(panel().isHidden());
+  EXPECT_EQ(support::namesIn(presets()), std::set<std::string>{"Foam.synth"});
+}
+
+TEST_F(PresetNamingTest, AFactoryPresetsNameIsFreeForTheUser) {
+  save("Init");
+  EXPECT_TRUE(browser().replaceOverlay().isHidden());
+  EXPECT_EQ(support::namesIn(presets()), std::set<std::string>{"Init.synth"});
+  unit.setParameter("cutoff", 2000);
+  for (const auto& preset : editor.overlaysView().presetList().presetFileList())
+    if (preset->name == "Init" && !preset->isUserPreset) editor.selectPreset(preset);
+  EXPECT_EQ(unit.currentPreset(), 3) << "not the user's";
+  loop.advance(0.3);
+  EXPECT_FALSE(editor.selectedPreset()->isUserPreset);
+}
+
+TEST_F(PresetNamingTest, ClosingTheBrowserClosesWhatItAsks) {
+  save("Foam");
+  for (auto* button : {&browser().deleteButton(), &browser().saveNewButton()}) {
+    press(*button);
+    browser().setHidden(true);
+    browser().setHidden(false);
+    EXPECT_FALSE(browser().closeDialog()) << "nothing is open";
+  }
+}
+
+TEST_F(PresetNamingTest, KeysThatADialogHasAreNotTheSearchs) {
+  save("Foam");
+  press(browser().deleteButton());
+  type("x");
+  EXPECT_EQ(browser().searchBar().textField().text(), "");
+  EXPECT_FALSE(browser().confirmOverlay().isHidden());
+  browser().closeDialog();
+  type("In");
+  EXPECT_EQ(browser().searchBar().textField().text(), "In");
+  EXPECT_THAT(texts(), Contains("1 of 2"));
+  browser().searchTextChanged("Inox");
+  EXPECT_THAT(texts(), Contains("Nothing matches. Clear the search, the categories or the bank."));
+}
+
+TEST_F(PresetNamingTest, TypingGoesOnWithASearchThatWasLeft) {
+  type("In");
+  window.window.keyPressed({platform::Key::returnKey, platform::Modifiers::none, ""});
+  EXPECT_FALSE(browser().searchBar().textField().isFirstResponder());
+  type("i");
+  EXPECT_EQ(browser().searchBar().textField().text(), "Ini");
+}
+
+TEST_F(PresetNamingTest, BanksAndCategoriesAreThoseOfThePresets) {
+  orvane::PresetViewOverlay other;
+  other.setFactoryPresets(factory());
+  EXPECT_THAT(other.categorySelector().values(), ElementsAre("bass", "lead", "pad"));
+  EXPECT_THAT(other.filtersTableViewController().filterList(),
+              ElementsAre("ALL", "USER", "FAVOURITES", "User", "Coast", "BANK A"));
+}
+
+TEST_F(PresetNamingTest, SavingOverAPresetShowsItsNameAndDeletingItChoosesNone) {
+  save("Foam");
+  unit.setParameter("cutoff", 4321);
+  editor.setPresetName("edited");
+  press(browser().saveButton());
+  EXPECT_EQ(editor.menuBar().presetName(), "Foam");
+  EXPECT_THAT(support::textOf(presets() + "/Foam.synth"), testing::HasSubstr("4321"));
+  EXPECT_TRUE(browser().isHidden());
+  browser().setHidden(false);
+  press(browser().deleteButton());
+  press(browser().confirmOverlay().okButton());
+  EXPECT_EQ(editor.selectedPreset(), nullptr);
+}
+
+TEST_F(PresetNamingTest, AnEditorShowsNoMoreOfPresetsThanItHas) {
+  orvane::MenuBar& bar = editor.menuBar();
+  EXPECT_TRUE(bar.arrowLeft().isHidden()) << "one preset has no neighbour";
+  EXPECT_FALSE(bar.presetNameLabel().isHidden());
+  save("Foam");
+  EXPECT_FALSE(bar.arrowLeft().isHidden());
+
+  quillon::CommonAudioUnit bare({{.key = "cutoff", .address = 0}});
+  Editor plain;
+  plain.group = "";
+  plain.setAudioUnit(&bare);
+  plain.view();
+  EXPECT_TRUE(plain.menuBar().presetNameLabel().isHidden());
+  EXPECT_TRUE(plain.menuBar().arrowRight().isHidden());
+}
+
+}  // namespace
