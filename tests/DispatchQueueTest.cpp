@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -41,6 +42,14 @@ TEST(DispatchQueueTest, AllWorkIsDoneAfterWaiting) {
     });
   DispatchQueue::waitForGlobal();
   EXPECT_EQ(count, 200);
+  const auto owned = std::make_shared<int>(0);
+  DispatchQueue::globalAsync([owned] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    *owned = 1;
+  });
+  DispatchQueue::waitForGlobal();
+  EXPECT_EQ(*owned, 1) << "what has begun is waited for as well";
+  EXPECT_EQ(owned.use_count(), 1);
 }
 
 TEST(DispatchQueueTest, ADelayedTaskRunsOnTheClockOfTheLoop) {
