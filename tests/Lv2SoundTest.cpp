@@ -130,6 +130,16 @@ TEST_F(Lv2SoundTest, CountsTheBeatsBetweenTheHostsReports) {
   EXPECT_THAT(instance.right, Each(8.0f)) << "stopped";
 }
 
+TEST_F(Lv2SoundTest, CountsTheBeatsOfBarsOfAnyLength) {
+  instance.activate();
+  instance.input.bar(0, 2, 1.5f, 3);
+  instance.run(4);
+  EXPECT_THAT(instance.right, Each(7.5f));
+  instance.input.bar(0, 2, 1.5f, 4);
+  instance.run(4);
+  EXPECT_THAT(instance.right, Each(9.5f));
+}
+
 TEST_F(Lv2SoundTest, ReportsLatencyAndMeters) {
   instance.activate();
   instance.run(10);
@@ -219,6 +229,11 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   EXPECT_THAT(messages(), testing::IsEmpty()) << "not before the display's next frame";
   instance.run(400);
   EXPECT_EQ(messages().size(), 1u);
+  port(OddAudioUnit::semitones) = 3;
+  instance.run(800);
+  received = messages();
+  ASSERT_EQ(received.size(), 1u) << "modulation has ended, the value stays";
+  EXPECT_THAT(received[0].modulating, ElementsAre(0));
 
   send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeClosed(forge, urids); });
   instance.run(8);
@@ -226,6 +241,7 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   port(OddAudioUnit::cutoff) = 200;
   instance.run(2000);
   EXPECT_THAT(messages(), testing::IsEmpty());
+  EXPECT_FALSE(OddAudioUnit::isWatched) << "live values may rest";
 }
 
 TEST_F(Lv2SoundTest, SendsTheSoundItselfWhileThereIsNewSound) {
@@ -276,6 +292,10 @@ TEST_F(Lv2SoundTest, PassesOnMidiThatIsBoundOrThatAControlWaitsFor) {
   want(false);
   EXPECT_THAT(passedOn(), ElementsAre(0xb0));
   want(true);
+  instance.run(1);
+  send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeClosed(forge, urids); });
+  EXPECT_THAT(passedOn(), ElementsAre(0xb0)) << "whoever waited has gone";
+  want(true);
   openEditor();
   EXPECT_THAT(passedOn(), ElementsAre(0xb0)) << "the next editor has not asked";
 }
@@ -312,11 +332,24 @@ TEST_F(Lv2SoundTest, TakesThePresetsNameFromTheEditorAndKeepsItsValues) {
   EXPECT_THAT(instance.left, Each(0.375f));
   EXPECT_THAT(instance.save(), HasSubstr(name));
 
+  // A worker that has no room once takes the next.
+  editorsUnit.setCurrentPreset(0);
+  const std::string next =
+      lv2_backend::stateBesideParameters(editorsUnit, orvane::MidiLearn(editorsUnit));
+  for (const bool refuses : {true, false}) {
+    features.refusesWork = refuses;
+    send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, next); });
+    instance.run(8);
+    instance.runWorker();
+    const std::string& kept = refuses ? name : editorsUnit.currentPresetName();
+    EXPECT_THAT(instance.save(), HasSubstr(kept));
+  }
+
   // The next editor learns it.
   openEditor();
   instance.run(8);
   ASSERT_EQ(messages().size(), 1u);
-  EXPECT_THAT(std::string(messages()[0].state), HasSubstr(name));
+  EXPECT_THAT(std::string(messages()[0].state), HasSubstr(editorsUnit.currentPresetName()));
 }
 
 TEST_F(Lv2SoundTest, TellsAnOpenEditorOfARestoredState) {
@@ -339,6 +372,14 @@ TEST(Lv2Ports, HaveSymbolsThatAreIdentifiersAndUnique) {
   for (const auto& port : layout.parameters()) symbols.push_back(port.symbol);
   EXPECT_THAT(symbols, ElementsAre("level", "cutoff", "wave_form", "sync", "_1semi", "twin_a",
                                    "twin_a_2", "longestBlock"));
+
+  quillon::CommonAudioUnit clashing({{.key = "latency", .address = 1},
+                                     {.key = "control", .address = 2},
+                                     {.key = "out_1", .address = 3}});
+  std::vector<std::string> clashed;
+  const lv2_backend::PortLayout clashes(clashing);
+  for (const auto& port : clashes.parameters()) clashed.push_back(port.symbol);
+  EXPECT_THAT(clashed, ElementsAre("latency_2", "control_2", "out_1_2"));
 
   lv2_backend::SymbolSet set;
   for (const auto& [text, symbol] : std::vector<std::pair<std::string, std::string>>{

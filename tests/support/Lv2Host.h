@@ -52,6 +52,8 @@ class Lv2Features {
   }
 
   std::vector<std::string> requests;
+  /// The worker's queue is full.
+  bool refusesWork = false;
 
  private:
   static LV2_URID mapUri(LV2_URID_Map_Handle handle, const char* uri) {
@@ -59,7 +61,9 @@ class Lv2Features {
   }
   static LV2_Worker_Status scheduleWork(LV2_Worker_Schedule_Handle handle, std::uint32_t size,
                                         const void* data) {
-    static_cast<Lv2Features*>(handle)->requests.emplace_back(static_cast<const char*>(data), size);
+    auto& features = *static_cast<Lv2Features*>(handle);
+    if (features.refusesWork) return LV2_WORKER_ERR_NO_SPACE;
+    features.requests.emplace_back(static_cast<const char*>(data), size);
     return LV2_WORKER_SUCCESS;
   }
 
@@ -110,6 +114,19 @@ class EventBuffer {
     lv2_atom_forge_double(&forge_, beat);
     lv2_atom_forge_key(&forge_, features_.id(LV2_TIME__beatsPerMinute));
     lv2_atom_forge_float(&forge_, tempo);
+    lv2_atom_forge_pop(&forge_, &object);
+  }
+  /// The same by bars, as hosts say it that count no beats.
+  void bar(std::int64_t frame, std::int64_t bar, float beatInBar, float beatsPerBar) {
+    LV2_Atom_Forge_Frame object;
+    lv2_atom_forge_frame_time(&forge_, frame);
+    lv2_atom_forge_object(&forge_, &object, 0, features_.id(LV2_TIME__Position));
+    lv2_atom_forge_key(&forge_, features_.id(LV2_TIME__bar));
+    lv2_atom_forge_long(&forge_, bar);
+    lv2_atom_forge_key(&forge_, features_.id(LV2_TIME__barBeat));
+    lv2_atom_forge_float(&forge_, beatInBar);
+    lv2_atom_forge_key(&forge_, features_.id(LV2_TIME__beatsPerBar));
+    lv2_atom_forge_float(&forge_, beatsPerBar);
     lv2_atom_forge_pop(&forge_, &object);
   }
   /// A whole atom, made elsewhere.

@@ -81,7 +81,12 @@ void OddAudioUnit::render(const platform::RenderBlock& block) {
       block.outputs[0][event.frame] += 1 + static_cast<float>(event.bytes[2]);
   if (value(sync) > 0.5f) scope_.append({block.outputs[0], block.frames});
   publishLive(cutoff, value(cutoff) * 2);
-  publishModulating(cutoff, isUIVisible());
+  publishModulating(cutoff, isUIVisible() && value(semitones) == 0);
+}
+
+void OddAudioUnit::hasUI(bool visible) {
+  CommonAudioUnit::hasUI(visible);
+  isWatched = visible;
 }
 
 const orvane::PluginEntry& oddPluginEntry() {

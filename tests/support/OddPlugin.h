@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "Orvane/PluginEntry.h"
 #include "Quillon/CommonAudioUnit.h"
 
@@ -7,7 +9,8 @@ namespace support {
 
 /// An instrument whose every sample says what reached it, with one parameter of each kind and the
 /// names that formats stumble over. Its outputs are the level, with 1 plus the velocity added at
-/// the frame of a note, and the host's beat. While "sync" is on, the level's display shows the first
+/// the frame of a note, and the host's beat. Without semitones the cutoff is modulated for an editor.
+/// While "sync" is on, the level's display shows the first
 /// output.
 class OddAudioUnit : public quillon::CommonAudioUnit {
  public:
@@ -22,6 +25,10 @@ class OddAudioUnit : public quillon::CommonAudioUnit {
   int latencyFrames() const override { return 7; }
   void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
   void render(const platform::RenderBlock& block) override;
+  void hasUI(bool visible) override;
+
+  /// Whether the last one that was told has an editor.
+  static inline std::atomic<bool> isWatched{false};
 
  private:
   quillon::LiveRing& scope_;
