@@ -153,6 +153,7 @@ class PresetNamingTest : public support::PresetBench {
 
 TEST_F(PresetNamingTest, RenameBeginsWithWhatThePresetHasAndTypingReplacesTheName) {
   save("Foam", {"Lead"});
+  panel().categorySelector().setSelectedValues({"Bass"});
   press(browser().editButton());
   EXPECT_EQ(panel().textField().text(), "Foam");
   EXPECT_EQ(panel().categorySelector().selectedValues(), Names{"Lead"});

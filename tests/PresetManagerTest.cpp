@@ -224,6 +224,9 @@ TEST_F(PresetManagerTest, FavouritesAreOneListInOneOrder) {
   EXPECT_THAT(FavPresetsStore::favouritePresets, ElementsAre("/b", "/a"));
   EXPECT_TRUE(FavPresetsStore::contains("/a"));
   FavPresetsStore::remove("/none");
+  FavPresetsStore::remove("/b");
+  FavPresetsStore::load();
+  EXPECT_THAT(FavPresetsStore::favouritePresets, ElementsAre("/a"));
   const std::string store = folder / "data/Library/Preferences/group.test.plist";
   std::ofstream(store) << foundation::writeXmlPropertyList(
       Dictionary{{"favpresets", PropertyList::Array{"x", 5, "y"}}});
