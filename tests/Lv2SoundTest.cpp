@@ -83,6 +83,7 @@ TEST_F(Lv2SoundTest, FollowsTheControlPorts) {
   port(OddAudioUnit::level) = 9;
   instance.run(8);
   EXPECT_THAT(instance.left, Each(1.0f)) << "outside the range";
+  EXPECT_EQ(port(OddAudioUnit::level), 9) << "the host's own";
 }
 
 TEST_F(Lv2SoundTest, PlaysNotesAtTheirFrameHoweverTheCycleIsCut) {
@@ -205,6 +206,7 @@ TEST_F(Lv2SoundTest, KeepsItsStateWhenWhatIsRestoredIsNone) {
   const std::string before = instance.save();
   EXPECT_EQ(instance.restore(""), LV2_STATE_ERR_NO_PROPERTY);
   EXPECT_NE(instance.restore("<not a property list"), LV2_STATE_SUCCESS);
+  EXPECT_EQ(instance.restore(before, LV2_ATOM__Int), LV2_STATE_ERR_BAD_TYPE);
   EXPECT_EQ(instance.save(), before);
 }
 
@@ -242,6 +244,11 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   instance.run(2000);
   EXPECT_THAT(messages(), testing::IsEmpty());
   EXPECT_FALSE(OddAudioUnit::isWatched) << "live values may rest";
+
+  openEditor();
+  instance.run(800);
+  EXPECT_EQ(messages().back().kind, EditorMessage::Kind::live)
+      << "the next editor knows nothing yet";
 }
 
 TEST_F(Lv2SoundTest, SendsTheSoundItselfWhileThereIsNewSound) {

@@ -193,8 +193,8 @@ class Lv2Instance {
     return text;
   }
   /// An empty text stands for a state that has nothing of ours.
-  LV2_State_Status restore(const std::string& text) {
-    Stored stored{text, features.id(LV2_ATOM__String)};
+  LV2_State_Status restore(const std::string& text, const char* type = LV2_ATOM__String) {
+    Stored stored{text, features.id(type)};
     return stateInterface().restore(handle_, retrieveText, &stored, 0, Lv2Features::none());
   }
 
