@@ -13,7 +13,7 @@ using platform::Rect;
 
 namespace {
 
-constexpr std::size_t mostFlags = 24;
+constexpr std::size_t maxFlags = 24;
 
 }  // namespace
 
@@ -56,7 +56,7 @@ void ButtonGroup::setButtonTitles(std::vector<std::string> titles) {
 }
 
 ButtonGrid ButtonGroup::grid(const platform::Size& size) const {
-  const double wantedWidth = std::max(26.0, static_cast<double>(longestTitle_) * 6.6 + 10);
+  const double wantedWidth = std::max(26.0, static_cast<double>(maxTitleLength_) * 6.6 + 10);
   return ButtonGrid::fitting(static_cast<int>(titles_.size()), size,
                              {wantedWidth * faceScale(), 22 * faceScale()});
 }
@@ -93,7 +93,7 @@ void ButtonGroup::touchCancelled(const toolkit::Touch& touch) {
 }
 
 platform::Font ButtonGroup::cellFont(const platform::Size& cell) const {
-  const double perLetter = 0.58 * static_cast<double>(longestTitle_);
+  const double perLetter = 0.58 * static_cast<double>(maxTitleLength_);
   const platform::Font font = faceFont(Theme::smallTitleFont, cell.height);
   return font.withSize(std::min(font.pointSize, std::max(7.0, (cell.width - 6) / perLetter)));
 }
@@ -136,7 +136,7 @@ void RadioButtons::setTitles(std::vector<std::string> titles) {
     else
       longest = std::max(longest, foundation::countCodePoints(titles[i]));
   }
-  setLongestTitle(longest);
+  setMaxTitleLength(longest);
   setButtonTitles(std::move(titles));
 }
 
@@ -199,13 +199,13 @@ void RadioButtons::paint(platform::Canvas& canvas) {
 // Any of them
 
 void BitFlagsGroup::setTitles(std::vector<std::string> titles) {
-  if (titles.size() > mostFlags) titles.resize(mostFlags);
+  if (titles.size() > maxFlags) titles.resize(maxFlags);
   // A value may have bits that no switch shows; they stay as they are.
-  setRange(0, static_cast<float>((1u << mostFlags) - 1));
+  setRange(0, static_cast<float>((1u << maxFlags) - 1));
   std::size_t longest = 1;
   for (const std::string& title : titles)
     longest = std::max(longest, foundation::countCodePoints(title));
-  setLongestTitle(longest);
+  setMaxTitleLength(longest);
   setButtonTitles(std::move(titles));
 }
 
@@ -214,7 +214,7 @@ std::uint32_t BitFlagsGroup::bits() const {
 }
 
 bool BitFlagsGroup::isOn(int index) const {
-  return index >= 0 && index < static_cast<int>(mostFlags) && (bits() >> index & 1u) != 0;
+  return index >= 0 && index < static_cast<int>(maxFlags) && (bits() >> index & 1u) != 0;
 }
 
 void BitFlagsGroup::slideTo(platform::Point point) {

@@ -50,7 +50,7 @@ class ButtonGroup : public KestroControl {
 
   void setButtonTitles(std::vector<std::string> titles);
   /// Letters of the longest title that is shown, at least 1: what the cells make room for.
-  void setLongestTitle(std::size_t letters) { longestTitle_ = letters; }
+  void setMaxTitleLength(std::size_t letters) { maxTitleLength_ = letters; }
   ButtonGrid grid(const platform::Size& size) const;
   bool hasRoom() const { return bounds().width >= 4 && bounds().height >= 4; }
   bool isMuted() const { return isInactive() || !isEnabled(); }
@@ -63,7 +63,7 @@ class ButtonGroup : public KestroControl {
 
  private:
   std::vector<std::string> titles_;
-  std::size_t longestTitle_ = 1;
+  std::size_t maxTitleLength_ = 1;
 };
 
 /// A group of buttons of which one is on. Its value is raw: the minimum for the first button, one

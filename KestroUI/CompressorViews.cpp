@@ -19,7 +19,7 @@ constexpr KeyPart partsOfACompressor[] = {
 constexpr double quietest = -60, loudest = 0;
 constexpr double limit = 20;
 // What the bar of the gain reduction shows, in decibels.
-constexpr double mostReduction = 24;
+constexpr double maxReduction = 24;
 
 std::vector<KeyPart> partsOf(std::size_t compressors) {
   std::vector<KeyPart> parts;
@@ -150,7 +150,7 @@ void CompressorView::paintReduction(platform::Canvas& canvas, std::size_t compre
     const Rect rail{place.maxX() + 4 + 7 * static_cast<double>(compressor), place.y, 4,
                     place.height};
     canvas.fillRoundedRect(rail, 2, Theme::surface);
-    const double length = rail.height * std::min(1.0, reduction / mostReduction);
+    const double length = rail.height * std::min(1.0, reduction / maxReduction);
     if (length > 0.5)
       canvas.fillRoundedRect({rail.x, rail.y, rail.width, length}, 2,
                              color.mixed(Theme::white, 0.3f));

@@ -19,11 +19,11 @@ namespace {
 
 // In points, on the smallest editor.
 constexpr double titleLine = 14.5;
-constexpr double smallestTitleLine = 9.5;
-constexpr double smallestTitleFont = 7;
+constexpr double minTitleLine = 9.5;
+constexpr double minTitleFontSize = 7;
 // Part of the font's size that a letter is wide on average.
 constexpr double letterWidth = 0.56;
-constexpr double smallestControl = 14;
+constexpr double minControlHeight = 14;
 // Places up to this side show their control alone. An exact square may be larger: it is no slot of
 // a column but stands in the corner of a title band.
 constexpr double smallPlace = 26;
@@ -228,8 +228,8 @@ void Container::updateTitleLabel() {
   const std::string& text = showsValue ? value : title_;
   const double fitting = (bounds().width - 2) /
                          (letterWidth * static_cast<double>(foundation::countCodePoints(text) + 1));
-  titleLabel_.setFont(font.withSize(
-      std::min(titleHeight() * titleFontShare, std::max(smallestTitleFont, fitting))));
+  titleLabel_.setFont(
+      font.withSize(std::min(titleHeight() * titleFontShare, std::max(minTitleFontSize, fitting))));
   titleLabel_.setText(showsIcon ? std::string() : text);
   const platform::Color color = inactive_    ? Theme::textDim.withAlpha(0.5f)
                                 : showsValue ? Theme::text
@@ -251,7 +251,7 @@ bool Container::showsTitle() const {
   const bool square = std::fabs(bounds().width - bounds().height) < 0.01;
   const double small = (square ? smallSquare : smallPlace) * std::max(1.0, textScale_);
   if (w <= small && h <= small) return false;
-  return w >= 18 && titleHeight() >= smallestTitleLine && h - titleHeight() >= smallestControl;
+  return w >= 18 && titleHeight() >= minTitleLine && h - titleHeight() >= minControlHeight;
 }
 
 Rect Container::controlFrame() const {

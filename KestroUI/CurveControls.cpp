@@ -157,7 +157,7 @@ namespace {
 
 constexpr std::size_t periodLength = 64;
 // How many waves stand behind each other at most.
-constexpr std::size_t mostShown = 10;
+constexpr std::size_t maxShown = 10;
 
 std::vector<std::vector<float>> plainWaves() {
   std::vector<std::vector<float>> waves(4, std::vector<float>(periodLength));
@@ -244,7 +244,7 @@ std::vector<ShapeControl::Handle> WavetableControl::handles() const {
 void WavetableControl::paintShape(platform::Canvas& canvas, const Rect& plot) {
   const auto points = static_cast<std::size_t>(std::clamp(plot.width / 2, 8.0, 64.0));
   const std::size_t shown = std::clamp<std::size_t>(
-      static_cast<std::size_t>(std::max(0.0, plot.height / 8)), 2, mostShown);
+      static_cast<std::size_t>(std::max(0.0, plot.height / 8)), 2, maxShown);
   const Color accent = stateAccent();
   const double place = liveShare(0).value_or(valueCount() ? share(0) : 0);
   // From the back to the front, the one that sounds between its neighbours.

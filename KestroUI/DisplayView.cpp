@@ -74,7 +74,7 @@ constexpr double stripHeight = 13;
 constexpr double stripWidth = 96;
 constexpr double stripGap = 3;
 // Of the face's height: more would leave too little of the picture.
-constexpr double mostForStrips = 0.42;
+constexpr double maxShareForStrips = 0.42;
 
 }  // namespace
 
@@ -116,8 +116,9 @@ void DisplayView::setOutput(std::size_t index, std::optional<float> value) {
   if (value && !std::isfinite(*value)) value.reset();
   std::optional<float>& output = parameters_[index].output;
   // Meters flicker by less than anyone sees; those steps are not worth a repaint.
-  const float least = 0.002f * (parameters_[index].maximum - parameters_[index].minimum);
-  if (value.has_value() == output.has_value() && (!value || std::fabs(*value - *output) <= least))
+  const float minChange = 0.002f * (parameters_[index].maximum - parameters_[index].minimum);
+  if (value.has_value() == output.has_value() &&
+      (!value || std::fabs(*value - *output) <= minChange))
     return;
   output = value;
   setNeedsDisplay();
@@ -201,7 +202,7 @@ DisplayView::Strips DisplayView::strips() const {
   if (result.values.empty()) return result;
   const Rect face = plot();
   const std::size_t count = result.values.size();
-  const double most = face.height * mostForStrips;
+  const double limit = face.height * maxShareForStrips;
   const auto fitting = [&](double width) {
     return static_cast<std::size_t>(std::clamp(std::floor(face.width / width), 1.0, 64.0));
   };
@@ -210,12 +211,12 @@ DisplayView::Strips DisplayView::strips() const {
   // Too many for their place: narrower, then lower, down to nothing to take hold of.
   for (const double part : {1.0, 0.5, 0.3}) {
     result.perRow = std::min(count, fitting(stripWidth * faceScale() * part));
-    if (rows() * (result.rowHeight + stripGap) <= most) break;
+    if (rows() * (result.rowHeight + stripGap) <= limit) break;
   }
   // Rows of about the same number.
   const auto rowCount = static_cast<std::size_t>(rows());
   result.perRow = (count + rowCount - 1) / rowCount;
-  result.rowHeight = std::min(result.rowHeight, most / rows() - stripGap);
+  result.rowHeight = std::min(result.rowHeight, limit / rows() - stripGap);
   if (result.rowHeight < 5) {
     result.rowHeight = 0;
     return result;

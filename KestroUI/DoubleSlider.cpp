@@ -97,8 +97,8 @@ void DoubleSlider::paintHandle(platform::Canvas& canvas, const Handle& handle,
                                Plot::HandleState state) {
   if (handle.movesAll) return;
   const double along = handleLength();
-  const double most = std::min(bounds().width, bounds().height) - 2;
-  const double across = std::min(most, std::max(along * 1.5, 12.0));
+  const double limit = std::min(bounds().width, bounds().height) - 2;
+  const double across = std::min(limit, std::max(along * 1.5, 12.0));
   const auto sized = [&](double length, double width) {
     const platform::Size size =
         isUpright() ? platform::Size{width, length} : platform::Size{length, width};

@@ -188,8 +188,8 @@ int DropDownPopup::indexAt(Point point) const {
 }
 
 void DropDownPopup::scrollTo(double offset) {
-  const double most = std::max(0.0, count() * rowHeight_ + 2 * padding - list_.height);
-  offset = std::clamp(offset, 0.0, most);
+  const double limit = std::max(0.0, count() * rowHeight_ + 2 * padding - list_.height);
+  offset = std::clamp(offset, 0.0, limit);
   if (offset == offset_) return;
   offset_ = offset;
   setNeedsDisplay();

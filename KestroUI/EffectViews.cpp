@@ -25,7 +25,7 @@ const std::vector<KeyPart> partsOfAShaper = {{"drive|amount|gain", true},
                                              {"mix|wet|blend"}};
 
 // Gain at full drive, in decibels.
-constexpr double mostDrive = 30;
+constexpr double maxDrive = 30;
 constexpr int curvePieces = 72;
 // The input at which the handle rides.
 constexpr double handleInput = 0.4;
@@ -88,7 +88,7 @@ WaveshaperView::Shape WaveshaperView::shape(Source source) const {
 }
 
 double WaveshaperView::out(double in, Source source) const {
-  const double gain = std::pow(10, mostDrive / 20 * amount(drive, 0.2, source));
+  const double gain = std::pow(10, maxDrive / 20 * amount(drive, 0.2, source));
   const double offset = amount(bias, 0.5, source) - 0.5;
   const double wet = shaped(shape(source), (in + offset) * gain);
   const double part = amount(mix, 1, source);
@@ -145,13 +145,13 @@ const std::vector<KeyPart> partsOfAPhaser = {{"freq|cent|manual|cutoff", true},
                                              {"depth|amount|range|width"},
                                              {"stage|pole|notch"}};
 
-constexpr double lowestLevel = -36, highestLevel = 12;
+constexpr double minLevel = -36, maxLevel = 12;
 constexpr double usualCentre = 1000;
-constexpr int usualStages = 6, mostStages = 24;
+constexpr int usualStages = 6, maxStages = 24;
 // Feedback at its maximum: at 1 the loop would sound forever.
-constexpr double mostFeedback = 0.9;
+constexpr double maxFeedback = 0.9;
 // Octaves on each side at full depth.
-constexpr double mostDepth = 2;
+constexpr double maxDepth = 2;
 
 }  // namespace
 
@@ -178,7 +178,7 @@ int PhaserView::stages() const {
     const auto read = std::from_chars(name.data(), name.data() + name.size(), number);
     count = read.ec == std::errc() ? number : 2 + 2 * amount(stageCount, 0) * last;
   }
-  return std::clamp(static_cast<int>(std::lround(count)), 1, mostStages);
+  return std::clamp(static_cast<int>(std::lround(count)), 1, maxStages);
 }
 
 std::vector<ShapeControl::Handle> PhaserView::pictureHandles() const {
@@ -206,13 +206,13 @@ Path PhaserView::path(Source source) const {
   // Around the middle of a range that is symmetrical, else from none.
   const auto [low, high] = range(feedback, 0, 1);
   const double turned = amount(feedback, 0.3, source);
-  const double back = mostFeedback * (low < 0 && high > 0 ? 2 * turned - 1 : turned);
+  const double back = maxFeedback * (low < 0 && high > 0 ? 2 * turned - 1 : turned);
   const int count = stages(), last = points();
   Path path;
   for (int i = 0; i <= last; ++i) {
     const double x = static_cast<double>(i) / last;
     const double level = decibelsAt(Plot::hertzAt(x), at, count, back);
-    const double up = std::clamp((level - lowestLevel) / (highestLevel - lowestLevel), 0.0, 1.0);
+    const double up = std::clamp((level - minLevel) / (maxLevel - minLevel), 0.0, 1.0);
     const Point point{place.x + place.width * x, place.maxY() - place.height * up};
     if (i == 0)
       path.moveTo(point);
@@ -225,12 +225,12 @@ Path PhaserView::path(Source source) const {
 void PhaserView::paintPicture(platform::Canvas& canvas) {
   const Rect place = picture();
   const platform::Color accent = stateAccent();
-  const double zero = (0 - lowestLevel) / (highestLevel - lowestLevel);
+  const double zero = (0 - minLevel) / (maxLevel - minLevel);
   Plot::paintGrid(canvas, place,
                   {Plot::shareOfHertz(100), Plot::shareOfHertz(1000), Plot::shareOfHertz(10000)},
                   {zero / 2, zero}, 0.35f);
   if (valueOf(depth)) {
-    const double sweep = mostDepth * amount(depth, 0, Source::live);
+    const double sweep = maxDepth * amount(depth, 0, Source::live);
     const double middle = hertz(centre, usualCentre);
     const auto xOf = [&](double octaves) {
       return place.x +

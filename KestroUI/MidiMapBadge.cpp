@@ -57,8 +57,8 @@ namespace {
 // Part of the font's size that a letter is wide on average, with the blank at both ends.
 constexpr double letterWidth = 0.58;
 constexpr double lineHeight = 1.35;
-constexpr double smallestFont = 7;
-constexpr double largestCross = 15;
+constexpr double minFontSize = 7;
+constexpr double maxCross = 15;
 // What a finger hits.
 constexpr double fingerSide = 36;
 constexpr const char* waitingText = "Waiting";
@@ -129,7 +129,7 @@ void MidiMapBadge::draw(const Rect&) {
   const double width = std::min(fingerSide, w / 2);
   const double height = std::min(fingerSide, h < 1.2 * fingerSide ? h : h / 2);
   deleteButton_.setFrame({w - width, 0, width, height});
-  deleteButton_.markSide = std::min({largestCross * textScale_, width - 2, height - 2});
+  deleteButton_.markSide = std::min({maxCross * textScale_, width - 2, height - 2});
   deleteButton_.setNeedsDisplay();
 }
 
@@ -159,13 +159,13 @@ void MidiMapBadge::paintText(platform::Canvas& canvas) const {
   if (!bound && !isSelected()) return;
   const Rect room = (face_.isEmpty() ? bounds() : face_).inset(1, 1);
   const double wanted =
-      std::min(Theme::valueFont.pointSize * textScale_, std::max(smallestFont, room.height * 0.5));
+      std::min(Theme::valueFont.pointSize * textScale_, std::max(minFontSize, room.height * 0.5));
 
   std::vector<std::string> lines{bound ? text() : waitingText};
   const bool fits = widthOf(lines[0], wanted) <= room.width;
   if (bound && !fits && !channel_.empty()) {
     lines = {what_};
-    if (room.height >= 2 * lineHeight * smallestFont) lines.push_back(channel_);
+    if (room.height >= 2 * lineHeight * minFontSize) lines.push_back(channel_);
   }
   double size = wanted;
   for (const std::string& text : lines) size = std::min(size, room.width / (widthOf(text, 1)));

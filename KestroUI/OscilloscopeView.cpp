@@ -17,7 +17,7 @@ const std::vector<KeyPart> partsOfAScope = {{"zoom|time|scope|window|length", tr
 
 // The shortest window is this many halvings of the longest.
 constexpr double halvings = 5;
-constexpr std::size_t shortestWindow = 32;
+constexpr std::size_t minWindow = 32;
 
 /// Where a picture of `length` samples begins: at the first rise through zero that leaves room
 /// for it, else as late as possible.
@@ -74,10 +74,10 @@ void OscilloscopeView::paintHandle(platform::Canvas& canvas, const Handle& handl
 std::size_t OscilloscopeView::window(const Trace& trace) const {
   const double share = amount(zoom, 1, Source::live);
   // Half of what there is at most, so that a rise through zero can be looked for in the rest.
-  const auto most = trace.samples.size() / 2;
+  const auto limit = trace.samples.size() / 2;
   const auto wanted = static_cast<std::size_t>(static_cast<double>(longest / 2) *
                                                std::exp2(halvings * (share - 1)));
-  return std::min(most, std::max(wanted, shortestWindow));
+  return std::min(limit, std::max(wanted, minWindow));
 }
 
 void OscilloscopeView::paintPicture(platform::Canvas& canvas) {

@@ -13,7 +13,7 @@ using platform::Rect;
 
 namespace {
 
-constexpr double lowestHertz = 20, highestHertz = 20000;
+constexpr double minHertz = 20, maxHertz = 20000;
 
 Rect disc(Point centre, double radius) {
   return {centre.x - radius, centre.y - radius, 2 * radius, 2 * radius};
@@ -139,10 +139,10 @@ void paintReadout(Canvas& canvas, const Rect& face, std::string_view text, doubl
                   platform::TextAlignment::right, Theme::text);
 }
 
-double hertzAt(double share) { return lowestHertz * std::pow(highestHertz / lowestHertz, share); }
+double hertzAt(double share) { return minHertz * std::pow(maxHertz / minHertz, share); }
 
 double shareOfHertz(double hertz) {
-  return std::log(hertz / lowestHertz) / std::log(highestHertz / lowestHertz);
+  return std::log(hertz / minHertz) / std::log(maxHertz / minHertz);
 }
 
 }  // namespace kestroui::Plot

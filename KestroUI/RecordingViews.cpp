@@ -15,7 +15,7 @@ namespace {
 // Points of width for each pair of extremes: finer is not seen.
 constexpr double columnWidth = 1.5;
 // Samples that are looked at for each column; a long recording is drawn from some of them.
-constexpr std::size_t mostSamples = 512;
+constexpr std::size_t maxSamples = 512;
 
 }  // namespace
 
@@ -41,7 +41,7 @@ const platform::Path& WaveformOverview::outline(const platform::Rect& place) {
   for (std::size_t column = 0; column < columns; ++column) {
     const std::size_t from = column * length / columns;
     const std::size_t to = std::max(from + 1, (column + 1) * length / columns);
-    const std::size_t step = std::max<std::size_t>(1, (to - from) / mostSamples);
+    const std::size_t step = std::max<std::size_t>(1, (to - from) / maxSamples);
     float low = 0, high = 0;
     for (const std::vector<float>& channel : data_->channels)
       for (std::size_t i = from; i < std::min(to, channel.size()); i += step) {
@@ -165,7 +165,7 @@ const std::vector<KeyPart> partsOfGrains = {{"position|offset|start", true},
 
 // Parts of the picture's width.
 constexpr double shortest = 0.012, longest = 0.22;
-constexpr double mostSpray = 0.8;
+constexpr double maxSpray = 0.8;
 
 // The same grain lies at the same place in every frame, so that nothing moves by itself.
 double scattered(std::uint32_t grain, std::uint32_t salt) {
@@ -217,7 +217,7 @@ void GranulizerView::paintGrains(platform::Canvas& canvas) {
   const Rect place = picture();
   const Color accent = stateAccent();
   const double at = amount(position, 0.5, Source::live);
-  const double spread = 0.02 + mostSpray * amount(spray, 0.3, Source::live);
+  const double spread = 0.02 + maxSpray * amount(spray, 0.3, Source::live);
   const double width =
       place.width * (shortest + (longest - shortest) * amount(length, 0.3, Source::live));
   const double lift = (amount(pitch, 0.5, Source::live) - 0.5) * 0.5;

@@ -104,8 +104,8 @@ void CurveSequencerView::paintShape(platform::Canvas& canvas, const Rect& plot) 
 void CurveSequencerView::paintHandle(platform::Canvas& canvas, const Handle& handle,
                                      Plot::HandleState state) {
   // Narrow steps are drawn as a curve alone.
-  const double most = column(0).width * 0.22;
-  const double radius = std::min(Plot::handleRadius(bounds().size()) * 0.75, most);
+  const double limit = column(0).width * 0.22;
+  const double radius = std::min(Plot::handleRadius(bounds().size()) * 0.75, limit);
   if (radius >= 1.25) Plot::paintHandle(canvas, handle.place, radius, stateAccent(), state);
 }
 

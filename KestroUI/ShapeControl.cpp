@@ -195,14 +195,14 @@ std::optional<std::size_t> ShapeControl::handleAt(Point location) const {
 std::optional<std::size_t> ShapeControl::nearestOf(const std::vector<Handle>& handles,
                                                    std::size_t count, Point location) {
   std::optional<std::size_t> nearest;
-  double least = 0;
+  double minDistance = 0;
   for (std::size_t i = 0; i < count; ++i) {
     const Point way = handles[i].place - location;
     const double distance = std::hypot(way.x, way.y);
     // Of several in one place the last is on top.
-    if (nearest && distance > least) continue;
+    if (nearest && distance > minDistance) continue;
     nearest = i;
-    least = distance;
+    minDistance = distance;
   }
   return nearest;
 }

@@ -52,11 +52,11 @@ bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
 }
 
 bool OnOffButton::isLight(const platform::Size& size) const {
-  const double most = 44 * std::max(1.0, faceScale());
+  const double limit = 44 * std::max(1.0, faceScale());
   const double longer = std::max(size.width, size.height);
   const double shorter = std::min(size.width, size.height);
   // A place that is nearly square is a corner of a title band, however large the editor is.
-  return longer <= 1.1 * shorter ? longer <= 3 * most : longer <= 1.3 * shorter && longer <= most;
+  return longer <= 1.1 * shorter ? longer <= 3 * limit : longer <= 1.3 * shorter && longer <= limit;
 }
 
 double OnOffButton::bestHeight(const platform::Size& available) const {

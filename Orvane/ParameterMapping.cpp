@@ -10,7 +10,7 @@ namespace orvane {
 namespace {
 
 // What a control of pitch shows, in hertz.
-constexpr float lowestFrequency = 20, highestFrequency = 20000;
+constexpr float minFrequency = 20, maxFrequency = 20000;
 
 }  // namespace
 
@@ -37,8 +37,8 @@ ParameterMapping::ParameterMapping(const platform::AUParameter& parameter,
   if (form == Form::raw || (form == Form::pitch && scale_ == Scale::linear)) {
     scale_ = Scale::same;
   } else if (form == Form::pitch) {
-    minimum_ = lowestFrequency;
-    maximum_ = highestFrequency;
+    minimum_ = minFrequency;
+    maximum_ = maxFrequency;
   }
 }
 

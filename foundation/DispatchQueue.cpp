@@ -33,7 +33,7 @@ class GlobalQueue {
       const std::lock_guard lock(mutex_);
       if (stopping_) return;
       tasks_.push_back(std::move(task));
-      if (tasks_.size() > waiting_ && threads_.size() < mostThreads)
+      if (tasks_.size() > waiting_ && threads_.size() < maxThreads)
         threads_.emplace_back([this] { run(); });
     }
     work_.notify_one();
@@ -45,7 +45,7 @@ class GlobalQueue {
   }
 
  private:
-  static constexpr std::size_t mostThreads = 4;
+  static constexpr std::size_t maxThreads = 4;
 
   void run() {
     std::unique_lock lock(mutex_);

@@ -25,7 +25,7 @@ constexpr std::int64_t archiverVersion = 100000;
 constexpr const char* nullObject = "$null";
 
 /// Collections within collections; reading and freeing recurse.
-constexpr std::size_t mostDepth = 256;
+constexpr std::size_t maxDepth = 256;
 /// Roughly what one value takes in memory besides its text or data.
 constexpr std::uint64_t nodeSize = 128;
 
@@ -43,7 +43,7 @@ std::uint64_t sizeOf(const PropertyList& list) {
 
 /// What an archive of this size may unfold to: its objects may be shared, so that a few of them
 /// can stand for a tree that no memory holds.
-std::uint64_t mostUnfolded(std::uint64_t size) { return (std::uint64_t{1} << 20) + 2 * size; }
+std::uint64_t maxUnfolded(std::uint64_t size) { return (std::uint64_t{1} << 20) + 2 * size; }
 
 /// Goes from a problem deep in the archive to readKeyedArchive.
 struct Damage : std::runtime_error {
@@ -75,7 +75,7 @@ std::optional<std::uint64_t> referenceOf(const PropertyList& value) {
 
 class Reader {
  public:
-  explicit Reader(const PropertyList& archive) : mostSpent_(mostUnfolded(sizeOf(archive))) {
+  explicit Reader(const PropertyList& archive) : maxSpent_(maxUnfolded(sizeOf(archive))) {
     if (!isKeyedArchive(archive)) throw Damage("this is a property list, but no keyed archive");
     if (*archive.find("$archiver") != PropertyList(archiverName))
       throw Damage("the archive was written by an unknown archiver");
@@ -99,7 +99,7 @@ class Reader {
  private:
   void spend(std::size_t size) {
     spent_ += nodeSize + size;
-    if (spent_ > mostSpent_) throw Damage("the keyed archive unfolds to more than can be read");
+    if (spent_ > maxSpent_) throw Damage("the keyed archive unfolds to more than can be read");
   }
 
   /// What stands in the place of an object: a reference, or the object itself.
@@ -117,7 +117,7 @@ class Reader {
   }
 
   PropertyList object(const PropertyList& given, std::size_t depth) {
-    if (depth > mostDepth) throw Damage("the keyed archive is nested too deeply");
+    if (depth > maxDepth) throw Damage("the keyed archive is nested too deeply");
     if (const auto* text = given.as<std::string>()) {
       spend(text->size());
       return *text == nullObject ? PropertyList() : given;
@@ -235,7 +235,7 @@ class Reader {
     throw Damage("the keyed archive has a number without a value");
   }
 
-  const std::uint64_t mostSpent_;
+  const std::uint64_t maxSpent_;
   const Array* objects_ = nullptr;
   /// Those that are being read, around the one that is read now.
   std::vector<bool> isOpen_;

@@ -26,9 +26,9 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Far above any preset or pack of them.
-constexpr std::uint64_t largestFile = std::uint64_t{256} << 20;
+constexpr std::uint64_t maxFileSize = std::uint64_t{256} << 20;
 /// Folders that are worth keeping a listing of, and how many of them.
-constexpr std::size_t fewestKept = 200, mostListings = 4;
+constexpr std::size_t minKept = 200, maxListings = 4;
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
 std::string environment(const char* name) {
@@ -153,9 +153,9 @@ std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory
     entries.push_back({std::move(name), S_ISDIR(status.st_mode) != 0, stampOf(status)});
   }
   ::closedir(directory);
-  if (canBeKept && entries.size() >= fewestKept) {
+  if (canBeKept && entries.size() >= minKept) {
     const std::lock_guard lock(mutex_);
-    if (listings_.size() >= mostListings) listings_.clear();
+    if (listings_.size() >= maxListings) listings_.clear();
     listings_[path] = {std::move(watch), entries};
   }
   return entries;
@@ -243,7 +243,7 @@ std::optional<PropertyList::Data> LocalFileManager::contents(const std::string& 
   }
   const auto size = static_cast<std::uint64_t>(status.st_size);
   const std::uint64_t wanted = std::min<std::uint64_t>(count, size - std::min(offset, size));
-  if (wanted > largestFile) {
+  if (wanted > maxFileSize) {
     error = fileError(path, "read", "it is too large");
     return std::nullopt;
   }

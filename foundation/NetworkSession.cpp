@@ -15,8 +15,8 @@ using platform::URLSession;
 
 namespace {
 
-constexpr int longestPause = 1000;
-constexpr long mostRedirects = 5;
+constexpr int maxPause = 1000;
+constexpr long maxRedirects = 5;
 
 /// A look-up of a name cannot be called off. What is left of one ends by itself, so libcurl has to
 /// stay in the process even when the plug-in that brought it is unloaded.
@@ -88,7 +88,7 @@ class NetworkTask : public platform::URLSessionDataTask {
     ::curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
     ::curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
     ::curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    ::curl_easy_setopt(handle, CURLOPT_MAXREDIRS, mostRedirects);
+    ::curl_easy_setopt(handle, CURLOPT_MAXREDIRS, maxRedirects);
     ::curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(limits_.connecting));
     ::curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, milliseconds(limits_.whole));
     ::curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
@@ -112,7 +112,7 @@ class NetworkTask : public platform::URLSessionDataTask {
       while (const CURLMsg* message = ::curl_multi_info_read(multi_.get(), &waiting))
         if (message->msg == CURLMSG_DONE) return message->data.result;
       // The destructor wakes it.
-      if (::curl_multi_poll(multi_.get(), nullptr, 0, longestPause, nullptr) != CURLM_OK)
+      if (::curl_multi_poll(multi_.get(), nullptr, 0, maxPause, nullptr) != CURLM_OK)
         return CURLE_RECV_ERROR;
     }
     return CURLE_ABORTED_BY_CALLBACK;

@@ -158,9 +158,9 @@ struct ToNode {
     return plist_new_data(reinterpret_cast<const char*>(value.data()), value.size());
   }
   plist_t operator()(const PropertyList::Date& value) const {
-    constexpr double most = std::numeric_limits<std::int32_t>::max();
+    constexpr double limit = std::numeric_limits<std::int32_t>::max();
     // Written so that a NaN becomes the earliest date.
-    const double seconds = value.seconds > -most ? std::min(value.seconds, most) : -most;
+    const double seconds = value.seconds > -limit ? std::min(value.seconds, limit) : -limit;
     return plist_new_date(static_cast<std::int32_t>(seconds), 0);
   }
   plist_t operator()(const PropertyList::Array& value) const {

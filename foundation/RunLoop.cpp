@@ -18,7 +18,7 @@ using platform::fatal;
 namespace {
 
 /// Of a timer, in seconds.
-constexpr double shortestInterval = 0.0001;
+constexpr double minInterval = 0.0001;
 
 std::atomic<RunLoop*> mainLoop{nullptr};
 std::mutex mainStateMutex;
@@ -143,7 +143,7 @@ Timer::Timer(double interval, Repeat repeat, std::function<void()> action)
   RunLoop& loop = RunLoop::main();
   RunLoop::State& state = *loop.state_;
   // Written so that a NaN becomes the shortest interval too.
-  entry_->interval = interval > shortestInterval ? interval : shortestInterval;
+  entry_->interval = interval > minInterval ? interval : minInterval;
   entry_->deadline = loop.now() + entry_->interval;
   entry_->number = state.timersMade++;
   entry_->repeat = repeat;

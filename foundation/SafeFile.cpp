@@ -23,7 +23,7 @@ using Error = platform::FileManager::Error;
 namespace {
 
 constexpr std::string_view unfinishedPrefix = ".orvane-unfinished-";
-constexpr int mostNames = 100;
+constexpr int maxNames = 100;
 
 }  // namespace
 
@@ -83,7 +83,7 @@ Error SafeFile::failure(int errorNumber) const { return fileError(path_, verb_, 
 
 Error SafeFile::open() {
   if (hasNul(path_)) return failure(EINVAL);
-  for (int i = 0; i < mostNames; ++i) {
+  for (int i = 0; i < maxNames; ++i) {
     const std::string name = folderOf(path_) + '/' + unfinishedName();
     descriptor_ = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor_ >= 0) {

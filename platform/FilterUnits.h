@@ -12,13 +12,13 @@ namespace platform {
 namespace FilterUnits {
 
 /// What a drawn response spans, in hertz.
-inline constexpr double lowest = 20, highest = 20000;
+inline constexpr double minHertz = 20, maxHertz = 20000;
 
 /// The frequency in hertz. A parameter in any other unit holds its place in pitch between `lowest`
 /// and `highest`, from 0 to 1.
 inline double hertz(const AUParameter& parameter, float value) {
   if (parameter.unit() == AudioUnitParameterUnit::hertz) return value;
-  return lowest * std::pow(highest / lowest, std::clamp(double{value}, 0.0, 1.0));
+  return minHertz * std::pow(maxHertz / minHertz, std::clamp(double{value}, 0.0, 1.0));
 }
 
 /// The resonance, or the gain of a peak or shelf, in decibels. A ratio is a factor (as Q is); any

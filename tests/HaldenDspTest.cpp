@@ -156,14 +156,14 @@ TEST(HaldenEnvelopeTest, MovesOnFromWhereItIsWhenItIsStartedAgain) {
   envelope.setSampleRate(48000);
   envelope.setTimes({0.01f, 0.1f, 0.7f, 0.2f});
   Random random(3);
-  float last = 0, widestStep = 0;
+  float last = 0, maxStep = 0;
   for (int i = 0; i < 100000; ++i) {
     if (i % 700 == 0) random.bipolar() > 0 ? envelope.start() : envelope.release();
     const float level = envelope.process();
-    widestStep = std::max(widestStep, std::abs(level - last));
+    maxStep = std::max(maxStep, std::abs(level - last));
     last = level;
   }
-  EXPECT_LT(widestStep, 0.01f);
+  EXPECT_LT(maxStep, 0.01f);
   envelope.fadeOut();
   for (int i = 0; i < 300; ++i) envelope.process();
   EXPECT_TRUE(envelope.isIdle());
@@ -178,15 +178,15 @@ TEST(HaldenLfoTest, EveryShapeStaysInRangeRepeatsAndNeverJumps) {
       lfo.advance(static_cast<LfoWave>(shape), 2, 0, 1 / 3000.0f);
       values.push_back(lfo.value());
     }
-    float widestStep = 0;
+    float maxStep = 0;
     for (std::size_t i = 1; i < values.size(); ++i) {
       EXPECT_LE(std::abs(values[i]), 1.001f);
-      widestStep = std::max(widestStep, std::abs(values[i] - values[i - 1]));
+      maxStep = std::max(maxStep, std::abs(values[i] - values[i - 1]));
       if (i > 3000 && shape != static_cast<int>(LfoWave::random)) {
         EXPECT_NEAR(values[i], values[i - 1500], 0.35f) << shape << " at " << i;
       }
     }
-    EXPECT_LT(widestStep, 0.35f) << shape;
+    EXPECT_LT(maxStep, 0.35f) << shape;
   }
 }
 

@@ -19,12 +19,12 @@ constexpr int a4 = 69;
 
 /// The strongest bend between neighbouring samples: what a click is heard by.
 float roughness(const std::vector<float>& samples, std::size_t from, std::size_t to) {
-  float most = 0;
+  float peak = 0;
   for (std::size_t i = from + 3; i < to; ++i) {
     const float third = samples[i] - 3 * samples[i - 1] + 3 * samples[i - 2] - samples[i - 3];
-    most = std::max(most, std::abs(third));
+    peak = std::max(peak, std::abs(third));
   }
-  return most;
+  return peak;
 }
 
 TEST(HaldenTest, IsInTuneWithEveryWaveAtEverySampleRate) {

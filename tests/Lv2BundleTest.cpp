@@ -186,7 +186,7 @@ TEST_F(Lv2BundleTest, HasTheFactoryPresetsInTheirBanks) {
   EXPECT_EQ(values["No bank"]["cutoff"], 100);
   EXPECT_EQ(values["No bank"]["level"], 0.25f);
   EXPECT_EQ(values["First \u201cquoted\u201d"]["wave_form"], 2);
-  EXPECT_EQ(values["No bank"].count("longestBlock"), 0u) << "a meter";
+  EXPECT_EQ(values["No bank"].count("maxBlock"), 0u) << "a meter";
 }
 
 TEST_F(Lv2BundleTest, HoldsALibraryThatSounds) {

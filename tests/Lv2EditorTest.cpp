@@ -22,7 +22,7 @@ class Lv2EditorTest : public testing::Test {
   static constexpr std::uint32_t controlPort = 2;
   static constexpr std::uint32_t notifyPort = 3;
   static constexpr std::uint32_t levelPort = 5;
-  static constexpr std::uint32_t meterPort = levelPort + OddAudioUnit::longestBlock;
+  static constexpr std::uint32_t meterPort = levelPort + OddAudioUnit::maxBlock;
 
   Lv2EditorTest() { reopen(); }
 
@@ -92,7 +92,7 @@ TEST_F(Lv2EditorTest, ShowsWhatTheHostSetsAndDoesNotWriteItBack) {
   hostSets(levelPort, 0.5f);
   hostSets(meterPort, 99);
   EXPECT_EQ(unit.parameter("level")->value(), 0.5f);
-  EXPECT_EQ(unit.parameter("longestBlock")->value(), 99);
+  EXPECT_EQ(unit.parameter("maxBlock")->value(), 99);
   hostSets(meterPort + 1, 1);
   EXPECT_THAT(log, IsEmpty());
 }

@@ -104,7 +104,7 @@ TEST_F(Lv2SoundTest, PlaysNotesAtTheirFrameHoweverTheCycleIsCut) {
   expected[100] = 5;
   expected[199] = 6;
   EXPECT_EQ(instance.left, expected);
-  EXPECT_EQ(port(OddAudioUnit::longestBlock), 64) << "what the host promised at most";
+  EXPECT_EQ(port(OddAudioUnit::maxBlock), 64) << "what the host promised at most";
 }
 
 TEST_F(Lv2SoundTest, KeepsMessagesOfACycleWithoutFramesForTheNext) {
@@ -145,7 +145,7 @@ TEST_F(Lv2SoundTest, ReportsLatencyAndMeters) {
   instance.activate();
   instance.run(10);
   EXPECT_EQ(instance.controls[firstParameter - 1], 7);
-  EXPECT_EQ(port(OddAudioUnit::longestBlock), 10);
+  EXPECT_EQ(port(OddAudioUnit::maxBlock), 10);
 }
 
 TEST_F(Lv2SoundTest, SavesItsStateAndRestoresIt) {
@@ -378,7 +378,7 @@ TEST(Lv2Ports, HaveSymbolsThatAreIdentifiersAndUnique) {
   std::vector<std::string> symbols;
   for (const auto& port : layout.parameters()) symbols.push_back(port.symbol);
   EXPECT_THAT(symbols, ElementsAre("level", "cutoff", "wave_form", "sync", "_1semi", "twin_a",
-                                   "twin_a_2", "longestBlock"));
+                                   "twin_a_2", "maxBlock"));
 
   quillon::CommonAudioUnit clashing({{.key = "latency", .address = 1},
                                      {.key = "control", .address = 2},

@@ -26,12 +26,12 @@ void DamageList::add(Rect area) {
   }
   const auto size = [](const Rect& r) { return r.width * r.height; };
   std::size_t best = 0;
-  double leastGrowth = 0;
+  double minGrowth = 0;
   for (std::size_t i = 0; i < areas_.size(); ++i) {
     const double growth = size(areas_[i].unionWith(area)) - size(areas_[i]);
-    if (i == 0 || growth < leastGrowth) {
+    if (i == 0 || growth < minGrowth) {
       best = i;
-      leastGrowth = growth;
+      minGrowth = growth;
     }
   }
   const Rect joined = areas_[best].unionWith(area);

@@ -26,7 +26,7 @@ constexpr double tapRadius = 6;
 constexpr double barWidth = 4;
 /// How near to the right end the bar can be taken.
 constexpr double barReach = 14;
-constexpr double shortestThumb = 24;
+constexpr double minThumb = 24;
 /// What is left of the speed of a glide after a second.
 constexpr double keptPerSecond = 0.12;
 /// Slower than this a glide is over, in points a second.
@@ -98,7 +98,7 @@ void ScrollView::updateBar() {
     bar_.setThumb({}, barColor_);
     return;
   }
-  const double length = std::min(height, std::max(shortestThumb, height * height / contentHeight_));
+  const double length = std::min(height, std::max(minThumb, height * height / contentHeight_));
   const bool isHeld = gesture_ == Gesture::bar;
   const double width = isHeld || hovered_ ? barWidth * 1.5 : barWidth;
   bar_.setThumb(

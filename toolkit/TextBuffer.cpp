@@ -8,7 +8,7 @@
 namespace toolkit {
 namespace {
 
-constexpr std::size_t longestHistory = 200;
+constexpr std::size_t maxHistory = 200;
 bool within(char32_t c, char32_t first, char32_t last) { return c >= first && c <= last; }
 
 bool isWord(char32_t c) {
@@ -119,7 +119,7 @@ void TextBuffer::remember(Edit edit) {
   const bool continues = edit == lastEdit_ && edit != Edit::other;
   lastEdit_ = edit;
   if (continues) return;
-  if (undo_.size() == longestHistory) undo_.erase(undo_.begin());
+  if (undo_.size() == maxHistory) undo_.erase(undo_.begin());
   undo_.push_back({text_, caret_, anchor_});
 }
 

@@ -15,7 +15,7 @@ using platform::Rect;
 namespace {
 
 /// How many times in a row a frame may ask for the next one before the clock has to move.
-constexpr int mostFramesAtOnce = 8;
+constexpr int maxFramesAtOnce = 8;
 constexpr int movesOfADrag = 10;
 constexpr int finger = 1;
 
@@ -143,7 +143,7 @@ FrameCount HeadlessHost::takeFrames() {
 
 void HeadlessHost::refresh() {
   const Rect bounds{0, 0, window_.size().width, window_.size().height};
-  for (int frame = 0; frame < mostFramesAtOnce && window_.needsFrame(); ++frame) {
+  for (int frame = 0; frame < maxFramesAtOnce && window_.needsFrame(); ++frame) {
     for (const Rect& area : window_.prepareFrame()) {
       const Rect visible = area.intersection(bounds);
       repaintedArea_ += visible.width * visible.height;

@@ -8,7 +8,7 @@ namespace headless {
 
 namespace {
 
-constexpr int mostTurns = 10000;
+constexpr int maxTurns = 10000;
 
 /// Deadlines are sums of fractions: one that is meant for the end of a stretch of time may come out
 /// a hair later.
@@ -17,7 +17,7 @@ constexpr double tolerance = 1e-9;
 }  // namespace
 
 bool HeadlessRunLoop::runDue() {
-  for (int turn = 0; turn < mostTurns; ++turn) {
+  for (int turn = 0; turn < maxTurns; ++turn) {
     clock_.takeWake();
     loop_.runDue();
     // What was handed to other threads counts as due as well.

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// A dragged folder of the user's whole disk must not hold up the drag.
-constexpr std::size_t mostEntries = 20000;
+constexpr std::size_t maxEntries = 20000;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ std::vector<std::string> droppedPresets(const juce::StringArray& paths,
     std::size_t seen = 0;
     for (fs::directory_iterator entry(path, error), end; !error && entry != end;
          entry.increment(error)) {
-      if (++seen > mostEntries) break;
+      if (++seen > maxEntries) break;
       add(entry->path().string());
     }
     std::sort(presets.begin() + begin, presets.end());

@@ -12,7 +12,7 @@ namespace {
 namespace Theme = kestroui::Theme;
 
 constexpr int line = 26, gap = 12, buttonWidth = 110, rowHeight = 26;
-constexpr int mostWidth = 640, mostHeight = 520;
+constexpr int maxWidth = 640, maxHeight = 520;
 
 }  // namespace
 
@@ -60,8 +60,8 @@ FilePanel::~FilePanel() {
 }
 
 juce::Rectangle<int> FilePanel::panel() const {
-  return getLocalBounds().withSizeKeepingCentre(juce::jmin(mostWidth, getWidth() - 2 * gap),
-                                                juce::jmin(mostHeight, getHeight() - 2 * gap));
+  return getLocalBounds().withSizeKeepingCentre(juce::jmin(maxWidth, getWidth() - 2 * gap),
+                                                juce::jmin(maxHeight, getHeight() - 2 * gap));
 }
 
 void FilePanel::paint(juce::Graphics& graphics) {

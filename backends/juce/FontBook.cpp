@@ -44,7 +44,7 @@ struct FontBook::Face {
   juce::Typeface::Ptr typeface;
   /// JUCE sizes fonts by ascent plus descent.
   double heightPerEm = 1.2;
-  double widestDigit = 0;
+  double maxDigitWidth = 0;
   juce::Path missingGlyph;
 
   struct Character {
@@ -67,7 +67,7 @@ struct FontBook::Face {
   }
 
   double advance(char32_t code, bool tabularFigures) {
-    return tabularFigures && isDigit(code) ? widestDigit : character(code).width;
+    return tabularFigures && isDigit(code) ? maxDigitWidth : character(code).width;
   }
 };
 
@@ -104,7 +104,7 @@ FontBook::Face* FontBook::makeFace(const juce::String& family, const juce::Strin
                           : 1 / juce::jmax(0.5, double(face->typeface->getHeightToPointsFactor()));
   face->typeface->getOutlineForGlyph(static_cast<int>(noncharacter), face->missingGlyph);
   for (char32_t digit = U'0'; digit <= U'9'; ++digit)
-    face->widestDigit = std::max(face->widestDigit, face->advance(digit, false));
+    face->maxDigitWidth = std::max(face->maxDigitWidth, face->advance(digit, false));
   faces_.push_back(std::move(face));
   return faces_.back().get();
 }

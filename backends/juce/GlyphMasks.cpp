@@ -6,7 +6,7 @@ namespace juce_backend {
 namespace {
 
 // Some megabytes. A window that is dragged larger and smaller goes through many sizes.
-constexpr std::size_t mostMasks = 4096;
+constexpr std::size_t maxMasks = 4096;
 
 }  // namespace
 
@@ -24,7 +24,7 @@ std::shared_ptr<const CoverageMask> GlyphMasks::mask(const juce::Path& outline, 
   const auto known = masks_.find(key);
   if (known != masks_.end()) return known->second;
   // Texts that are on screen keep theirs.
-  if (masks_.size() >= mostMasks) masks_.clear();
+  if (masks_.size() >= maxMasks) masks_.clear();
   juce::Path path = outline;
   path.applyTransform(juce::AffineTransform::scale(height).translated(
       static_cast<float>(place) / placesPerPixel, 0));

@@ -8,7 +8,7 @@ namespace juce_backend {
 namespace {
 
 constexpr std::uint32_t evenBytes = 0x00ff00ff;
-constexpr int longestRamp = 1024;
+constexpr int maxRamp = 1024;
 
 std::uint32_t alphaOf(std::uint32_t colour) { return colour >> 24; }
 
@@ -92,7 +92,7 @@ PixelSource::PixelSource(juce::Point<float> from, juce::Point<float> to,
   }
   if (isEvenInRow()) return;
   ramp_.resize(
-      static_cast<std::size_t>(std::clamp(static_cast<int>(std::ceil(length)), 2, longestRamp)));
+      static_cast<std::size_t>(std::clamp(static_cast<int>(std::ceil(length)), 2, maxRamp)));
   for (std::size_t i = 0; i < ramp_.size(); ++i)
     ramp_[i] = colourAt(static_cast<float>(i) / static_cast<float>(ramp_.size() - 1));
 }

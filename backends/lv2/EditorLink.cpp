@@ -33,7 +33,7 @@ EditorLink::EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLe
       sentModulating_(values_.size()),
       sounds_(audioUnit),
       sentSamples_(sounds_.buffers().size()),
-      samples_(mostSamples),
+      samples_(maxSamples),
       livePeriod_(static_cast<std::uint32_t>(sampleRate / displayRate)) {
   // It maps a dozen URIs, once; the structure of the map is only read.
   lv2_atom_forge_init(&forge_, const_cast<LV2_URID_Map*>(&map));
@@ -159,7 +159,7 @@ void EditorLink::writeSounds(std::uint32_t capacity) {
     const std::size_t fitting = (room - EditorMessage::sizeOfSound(0)) / sizeof(float);
     // Where the newest do not fit, the oldest of them are left out: it is only for the eyes.
     const auto wanted = static_cast<std::size_t>(
-        std::min({written - sentSamples_[i], std::uint64_t{mostSamples}, std::uint64_t{fitting}}));
+        std::min({written - sentSamples_[i], std::uint64_t{maxSamples}, std::uint64_t{fitting}}));
     const std::size_t count = buffer.newest({samples_.data(), wanted});
     sentSamples_[i] = written;
     if (count == 0) continue;

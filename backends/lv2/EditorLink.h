@@ -103,7 +103,7 @@ class EditorLink {
   std::vector<float> values_, sentValues_;
   std::vector<std::int32_t> modulating_, sentModulating_;
   /// More than a display shows between two frames.
-  static constexpr std::size_t mostSamples = 4096;
+  static constexpr std::size_t maxSamples = 4096;
   LiveSounds sounds_;
   /// How many samples of each there had been when the last were sent.
   std::vector<std::uint64_t> sentSamples_;

@@ -37,9 +37,9 @@ std::vector<quillon::ParameterDescription> parameters() {
        .unit = Unit::relativeSemiTones},
       {.key = "twin-a", .address = 15, .unit = Unit::milliseconds},
       {.key = "twin+a", .address = 16, .maxValue = 1e-4f, .unit = Unit::seconds},
-      {.key = "longestBlock",
+      {.key = "maxBlock",
        .address = 17,
-       .displayName = "Longest",
+       .displayName = "Longest block",
        .maxValue = 100000,
        .flags = Flags::readable},
   };
@@ -68,11 +68,11 @@ OddAudioUnit::OddAudioUnit()
 
 void OddAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {
   CommonAudioUnit::allocateRenderResources(sampleRate, maximumFrames);
-  parameterTree().at(longestBlock).setValue(0);
+  parameterTree().at(maxBlock).setValue(0);
 }
 
 void OddAudioUnit::render(const platform::RenderBlock& block) {
-  auto& longest = parameterTree().at(longestBlock);
+  auto& longest = parameterTree().at(maxBlock);
   longest.setValue(std::max(longest.value(), static_cast<float>(block.frames)));
   std::fill_n(block.outputs[0], block.frames, value(level));
   std::fill_n(block.outputs[1], block.frames, static_cast<float>(block.transport.beatPosition));

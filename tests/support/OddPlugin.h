@@ -15,8 +15,8 @@ namespace support {
 class OddAudioUnit : public quillon::CommonAudioUnit {
  public:
   /// The order of the parameters.
-  enum Param { level, cutoff, wave, sync, semitones, twin, otherTwin, longestBlock };
-  static constexpr int parameterCount = longestBlock + 1;
+  enum Param { level, cutoff, wave, sync, semitones, twin, otherTwin, maxBlock };
+  static constexpr int parameterCount = maxBlock + 1;
 
   OddAudioUnit();
 

@@ -13,7 +13,7 @@ namespace tool {
 
 namespace {
 
-constexpr double longestWait = 3600;
+constexpr double maxWait = 3600;
 constexpr double farthest = 100000;
 
 double numberOf(const Word& word, double low, double high) {
@@ -96,7 +96,7 @@ void DriveSession::appear(const Words&, Json&) { host_.appear(); }
 void DriveSession::disappear(const Words&, Json&) { host_.disappear(); }
 
 void DriveSession::wait(const Words& words, Json&) {
-  host_.loop().advance(numberOf(words[0], 0, longestWait));
+  host_.loop().advance(numberOf(words[0], 0, maxWait));
 }
 
 void DriveSession::frames(const Words&, Json& answer) {

@@ -150,11 +150,11 @@ std::optional<Color> ObjectReader::color(std::string_view member) {
 void ObjectReader::list(std::string_view member,
                         const std::function<void(const Json&, std::size_t)>& entry) {
   // Far more than any design has; each entry may cost a problem.
-  constexpr std::size_t most = 20000;
+  constexpr std::size_t limit = 20000;
   const Json* value = typed(member, &Json::is_array, "a list");
   if (!value) return;
-  if (value->size() > most)
-    return problem(member, "must hold at most " + std::to_string(most) + " entries, not " +
+  if (value->size() > limit)
+    return problem(member, "must hold at most " + std::to_string(limit) + " entries, not " +
                                std::to_string(value->size()));
   for (std::size_t i = 0; i < value->size(); ++i) entry((*value)[i], i);
 }

@@ -43,14 +43,14 @@ DescribedPage PageReader::readPage(const Json& value, const std::string& place) 
 }
 
 UISection PageReader::readSection(const Json& value, const std::string& place) {
-  constexpr double mostRows = 1e6;
+  constexpr double maxRows = 1e6;
   ObjectReader reader(problems_, value, place);
   const std::string name = reader.text("name", "");
   const platform::Color color = reader.color("color").value_or(kestroui::Theme::accent);
-  const auto row = reader.whole("row", 0, {-mostRows, mostRows});
+  const auto row = reader.whole("row", 0, {-maxRows, maxRows});
   const double width = reader.weight("horizontalWeight", 1);
   const double height = reader.weight("verticalWeight", 1);
-  const auto offset = reader.whole("columnOffset", 0, {-mostRows, mostRows});
+  const auto offset = reader.whole("columnOffset", 0, {-maxRows, maxRows});
   const bool fill = reader.boolean("fillNameSpace", false);
   const bool gradient = reader.boolean("displayGradient", true);
   const auto state = reader.optionalText("state");

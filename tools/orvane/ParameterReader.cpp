@@ -57,7 +57,7 @@ constexpr FlagName flags[] = {
 /// Parameters hold floats; beyond this their sums and differences would not be finite.
 constexpr double largest = 1e30;
 /// Whole numbers up to here are exact in any JSON reader.
-constexpr double largestAddress = 9007199254740992.0;
+constexpr double maxAddress = 9007199254740992.0;
 
 float readFloat(ObjectReader& reader, std::string_view member, double fallback) {
   return static_cast<float>(reader.number(member, fallback, {-largest, largest}));
@@ -123,7 +123,7 @@ DescribedParameter readParameter(ObjectReader& reader, std::size_t place) {
   kestroui::ParameterUISettings& settings = parameter.settings;
   audio.key = reader.requiredText("key");
   audio.address = static_cast<platform::AUParameterAddress>(
-      reader.whole("address", static_cast<std::int64_t>(place), {0, largestAddress}));
+      reader.whole("address", static_cast<std::int64_t>(place), {0, maxAddress}));
   readRange(reader, audio);
   audio.unit = readUnit(reader);
   audio.flags = readFlags(reader);

@@ -14,7 +14,7 @@ namespace tool {
 namespace {
 
 /// A quarter of a gibibyte of picture.
-constexpr double mostPixels = 1 << 26;
+constexpr double maxPixels = 1 << 26;
 
 }  // namespace
 
@@ -22,7 +22,7 @@ void requirePictures() {}
 
 void writePicture(headless::HeadlessHost& host, const std::string& path, double scale) {
   const platform::Size size = host.window().size();
-  if (size.width * scale * size.height * scale > mostPixels)
+  if (size.width * scale * size.height * scale > maxPixels)
     throw Failure(path + ": a picture of " + sizeText(size) + " points at this scale is too large");
   std::string error;
   if (!juce_backend::writeSnapshot(host.window(), scale, path, error)) throw Failure(error);

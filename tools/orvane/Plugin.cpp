@@ -19,7 +19,7 @@ namespace tool {
 namespace {
 
 /// Far above any design, far below what would fill the memory.
-constexpr std::uintmax_t largestFile = 64u << 20;
+constexpr std::uintmax_t maxFileSize = 64u << 20;
 
 std::string readFile(const std::string& path) {
   std::error_code error;
@@ -31,7 +31,7 @@ std::string readFile(const std::string& path) {
   char buffer[1 << 16];
   while (file.read(buffer, sizeof buffer) || file.gcount() > 0) {
     text.append(buffer, static_cast<std::size_t>(file.gcount()));
-    if (text.size() > largestFile) throw Failure(path + ": is larger than 64 MiB");
+    if (text.size() > maxFileSize) throw Failure(path + ": is larger than 64 MiB");
   }
   if (file.bad()) throw Failure(path + ": cannot be read");
   return text;

@@ -11,7 +11,7 @@ namespace tool {
 
 namespace {
 
-constexpr double mostPresets = 1e6;
+constexpr double maxPresets = 1e6;
 
 /// "" when the parameter takes the value.
 std::string whyNot(const nlohmann::json& value, const quillon::ParameterDescription& parameter) {
@@ -60,7 +60,7 @@ std::vector<quillon::PresetDescription> readPresets(
     platform::AUAudioUnitPreset& preset = description.preset;
     preset.name = reader.requiredText("name");
     preset.number =
-        static_cast<int>(reader.whole("number", static_cast<std::int64_t>(i), {0, mostPresets}));
+        static_cast<int>(reader.whole("number", static_cast<std::int64_t>(i), {0, maxPresets}));
     preset.bank = reader.text("bank", "");
     preset.categories = reader.texts("categories");
     preset.pack = reader.text("pack", "");

@@ -14,7 +14,7 @@ namespace tool {
 
 namespace {
 
-constexpr double largestScale = 16;
+constexpr double maxScale = 16;
 
 /// Brings the editor into the state that the picture shows; the first command that fails ends it.
 void runScript(DriveSession& session, const std::string& path) {
@@ -36,7 +36,7 @@ int snapshotCommand(const Words& words, Streams) {
   const std::string name = arguments.positional("PLUGIN");
   const auto file = arguments.text("-o");
   const auto size = arguments.size("--size");
-  const double scale = arguments.number("--scale", largestScale).value_or(1);
+  const double scale = arguments.number("--scale", maxScale).value_or(1);
   const auto page = arguments.count("--page");
   const auto script = arguments.text("--script");
   arguments.finish();

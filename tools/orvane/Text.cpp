@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-constexpr double largestSide = 16384;
+constexpr double maxSide = 16384;
 
 }  // namespace
 
@@ -30,13 +30,13 @@ std::string oneLine(std::string_view text) {
 }
 
 std::string inQuotes(std::string_view text) {
-  constexpr std::size_t most = 60;
+  constexpr std::size_t limit = 60;
   // Cut before the characters are looked at: the text may be a whole file.
-  const std::string line = oneLine(text.substr(0, most * 4));
+  const std::string line = oneLine(text.substr(0, limit * 4));
   std::size_t end = 0;
-  for (std::size_t count = 0; end < line.size() && count < most; ++count)
+  for (std::size_t count = 0; end < line.size() && count < limit; ++count)
     end += foundation::codePointAt(line, end).length;
-  const bool whole = end == line.size() && text.size() <= most * 4;
+  const bool whole = end == line.size() && text.size() <= limit * 4;
   return '"' + line.substr(0, end) + (whole ? "\"" : "...\"");
 }
 
@@ -62,8 +62,7 @@ std::optional<platform::Size> parseSize(std::string_view text) {
   if (cross == std::string_view::npos) return std::nullopt;
   const auto width = parseNumber(text.substr(0, cross));
   const auto height = parseNumber(text.substr(cross + 1));
-  if (!width || !height || *width <= 0 || *height <= 0 || *width > largestSide ||
-      *height > largestSide)
+  if (!width || !height || *width <= 0 || *height <= 0 || *width > maxSide || *height > maxSide)
     return std::nullopt;
   return platform::Size{*width, *height};
 }

@@ -161,7 +161,7 @@ void Controls::advanceSequencers() {
   const float beatsPerSecond = tempo_ / 60;
   const auto run = [&](Sequencer& sequencer, Param division, Param count) {
     const Sequencer::Tempo tempo{beatsPerSecond, divisionBeats(now_.index(division))};
-    const int steps = std::clamp(now_.index(count), 1, static_cast<int>(Sequencer::mostSteps));
+    const int steps = std::clamp(now_.index(count), 1, static_cast<int>(Sequencer::maxSteps));
     if (playing_) sequencer.setBeat(beat_, tempo, steps);
     return std::pair(tempo, steps);
   };
@@ -171,7 +171,7 @@ void Controls::advanceSequencers() {
   };
 
   const auto [stepTempo, steps] = run(steps_, Param::stepsDivision, Param::stepsCount);
-  const float step = steps_.step(now_.from(Param::step1, Sequencer::mostSteps)) / 100;
+  const float step = steps_.step(now_.from(Param::step1, Sequencer::maxSteps)) / 100;
   const float stepSeconds = stepTempo.beatsPerStep / beatsPerSecond;
   const float share = approachShare(0.3f * now_[Param::stepsGlide] / 100 * stepSeconds);
   const float on = now_[Param::stepsOn];
@@ -181,7 +181,7 @@ void Controls::advanceSequencers() {
   steps_.advance(stepTempo, steps, seconds);
 
   const auto [curveTempo, points] = run(curve_, Param::curveDivision, Param::curveCount);
-  const float curve = curve_.curve(now_.from(Param::curve1, Sequencer::mostSteps), points) / 100;
+  const float curve = curve_.curve(now_.from(Param::curve1, Sequencer::maxSteps), points) / 100;
   curveValue_ += approachShare(0) * (curve - curveValue_);
   curve_.advance(curveTempo, points, seconds);
 

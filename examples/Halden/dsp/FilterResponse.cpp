@@ -11,8 +11,8 @@ namespace halden::FilterResponse {
 float quality(float resonance, float steep) {
   // Four poles are flat with one pair at Q 1.31 and the other at 0.54, two with Q 0.71.
   const float flat = 0.7071f + steep * (1.3066f - 0.7071f);
-  constexpr float highestQ = 32;
-  return flat * std::pow(highestQ / flat, resonance);
+  constexpr float maxQ = 32;
+  return flat * std::pow(maxQ / flat, resonance);
 }
 
 float inputGain(float resonance) { return 1 - 0.4f * resonance; }

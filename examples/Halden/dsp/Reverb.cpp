@@ -45,7 +45,7 @@ void Reverb::setSampleRate(float sampleRate) {
     blur_[i].line.resize(blur_[i].length);
   }
   for (DelayLine& line : early_) {
-    line.resize(static_cast<std::size_t>(longestPredelay * sampleRate) + 4);
+    line.resize(static_cast<std::size_t>(maxPredelay * sampleRate) + 4);
   }
   reset();
 }
@@ -63,7 +63,7 @@ void Reverb::reset() {
 void Reverb::process(const Settings& settings, int begin, int count, float* left, float* right) {
   const bool off = settings.amount.isZero();
   if (off && resting_) return;
-  const float predelay = std::clamp(settings.predelay, 0.0f, longestPredelay) * sampleRate_ + 1;
+  const float predelay = std::clamp(settings.predelay, 0.0f, maxPredelay) * sampleRate_ + 1;
   std::array<float, lineCount> gains;
   for (std::size_t i = 0; i < lineCount; ++i) {
     gains[i] = decibelsToGain(-60 * lengths_[i] / (std::max(settings.decay, 0.05f) * sampleRate_));

@@ -11,7 +11,7 @@ namespace halden {
 /// first reflections. Two of the lines breathe slowly, which keeps long tails from ringing.
 class Reverb {
  public:
-  static constexpr float longestPredelay = 0.15f;
+  static constexpr float maxPredelay = 0.15f;
 
   struct Settings {
     /// 0 is off, 1 is on; in between while it is switched.

@@ -10,7 +10,7 @@ namespace halden {
 /// while that plays, by itself from the first step on otherwise.
 class Sequencer {
  public:
-  static constexpr std::size_t mostSteps = 16;
+  static constexpr std::size_t maxSteps = 16;
 
   struct Tempo {
     float beatsPerSecond = 2;

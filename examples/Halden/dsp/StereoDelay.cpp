@@ -12,7 +12,7 @@ constexpr float inaudible = 1e-6f;
 void StereoDelay::setSampleRate(float sampleRate) {
   sampleRate_ = sampleRate;
   for (DelayLine& line : lines_) {
-    line.resize(static_cast<std::size_t>(longestSeconds * sampleRate) + 4);
+    line.resize(static_cast<std::size_t>(maxSeconds * sampleRate) + 4);
   }
   reset();
 }
@@ -26,7 +26,7 @@ void StereoDelay::reset() {
 }
 
 void StereoDelay::chooseTime(float seconds) {
-  const float wanted = std::clamp(seconds, 0.001f, longestSeconds) * sampleRate_;
+  const float wanted = std::clamp(seconds, 0.001f, maxSeconds) * sampleRate_;
   if (resting_) {
     time_ = nextTime_ = wanted;
     fade_ = 0;
@@ -87,7 +87,7 @@ void StereoDelay::process(const Settings& settings, int begin, int count, float*
   }
 
   quietSamples_ = loudest > inaudible ? 0 : quietSamples_ + static_cast<float>(count);
-  if (off && quietSamples_ > longestSeconds * sampleRate_) resting_ = true;
+  if (off && quietSamples_ > maxSeconds * sampleRate_) resting_ = true;
 }
 
 }  // namespace halden

@@ -11,7 +11,7 @@ namespace halden {
 /// over to, so that moving it neither clicks nor bends the pitch.
 class StereoDelay {
  public:
-  static constexpr float longestSeconds = 3;
+  static constexpr float maxSeconds = 3;
 
   struct Settings {
     /// 0 is off, 1 is on; in between while it is switched.

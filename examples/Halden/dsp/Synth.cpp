@@ -124,7 +124,7 @@ void Synth::render(const ParamValues& params, std::span<const platform::MidiEven
 void Synth::renderPart(float* left, float* right, int count) {
   std::fill_n(left, count, 0.0f);
   std::fill_n(right, count, 0.0f);
-  if (quietSamples_ > 1.1 * StereoDelay::longestSeconds * static_cast<double>(sampleRate_)) return;
+  if (quietSamples_ > 1.1 * StereoDelay::maxSeconds * static_cast<double>(sampleRate_)) return;
 
   const ControlFrame& frame = controls_.frame();
   const int begin = framePosition_;
