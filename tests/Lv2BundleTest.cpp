@@ -11,10 +11,13 @@
 
 #include <lv2/presets/presets.h>
 
+#include "backends/lv2/BundleTurtle.h"
 #include "backends/lv2/PortLayout.h"
 #include "backends/lv2/Turtle.h"
 #include "backends/lv2/Uris.h"
+#include "tests/support/GivenUnit.h"
 #include "tests/support/Lv2Host.h"
+#include "tests/support/ManualDriver.h"
 #include "tests/support/OddPlugin.h"
 
 namespace {
@@ -177,6 +180,11 @@ TEST_F(Lv2BundleTest, HasTheFactoryPresetsInTheirBanks) {
               *static_cast<const float*>(value);
         },
         &values[name]);
+    LilvNode* stored = lilv_world_get(world, preset, node(LV2_STATE__state), nullptr);
+    LilvNode* ours = lilv_world_get(world, stored, node(lv2_backend::uri::state), nullptr);
+    EXPECT_THAT(text(ours), testing::HasSubstr(name)) << "what an editor shows";
+    lilv_node_free(ours);
+    lilv_node_free(stored);
     lilv_state_free(state);
     lilv_node_free(bank);
     lilv_node_free(bankName);
@@ -204,6 +212,64 @@ TEST_F(Lv2BundleTest, HoldsALibraryThatSounds) {
     EXPECT_THAT(instance.left, ElementsAre(0.5f, 0.5f, 0.5f, 10.5f, 0.5f));
   }
   lilv_instance_free(made);
+}
+
+TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
+  struct Case {
+    support::GivenUnit::Channels channels;
+    std::vector<std::string> said, unsaid;
+  };
+  const support::ManualLoop loop;
+  for (const auto& [channels, said, unsaid] : std::vector<Case>{
+           {{1, 1, false},
+            {"a lv2:Plugin , doap", "pg:MonoGroup , pg:InputGroup", "lv2:name \"Audio In\" ;"},
+            {"midi:MidiEvent", "pg:left"}},
+           {{2, 2, true},
+            {"a lv2:Plugin , doap", "time:Position , midi:MidiEvent", "pg:StereoGroup",
+             "\"Audio In Right\""},
+            {"InstrumentPlugin"}},
+           {{0, 0, true}, {"a lv2:MIDIPlugin , lv2:Plugin"}, {"pg:MonoGroup"}},
+           {{0, 4, true},
+            {"a lv2:InstrumentPlugin", "\"Audio Out 1\"", "\"Audio Out 4\""},
+            {"\"Audio Out 5\"", "pg:mainOutput", "\"in_1\""}}}) {
+    const orvane::PluginEntry entry =
+        support::entryOf([&] { return std::make_unique<support::GivenUnit>(channels); });
+    lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", ""});
+    const std::string text = bundle.plugin();
+    for (const std::string& each : said) EXPECT_THAT(text, testing::HasSubstr(each));
+    for (const std::string& each : unsaid)
+      EXPECT_THAT(text.substr(text.find("\n\n")), testing::Not(testing::HasSubstr(each)));
+    EXPECT_THAT(text, testing::HasSubstr("lv2:minorVersion 213 ;\n\tlv2:microVersion 4 ;"));
+    EXPECT_EQ(bundle.presets(), "");
+  }
+}
+
+TEST(Lv2Turtle, DescribesOnlyWhatAParameterCanBe) {
+  using Unit = platform::AudioUnitParameterUnit;
+  support::GivenUnit unit({2, 2},
+                          {{.key = "choice",
+                            .address = 1,
+                            .maxValue = 2,
+                            .unit = Unit::indexed,
+                            .valueStrings = {"A", "B", "C", "beyond"}},
+                           {.key = "shift", .address = 2, .maxValue = 5, .unit = Unit::hertz},
+                           {.key = "meter", .address = 3}});
+  const lv2_backend::PortLayout layout(unit);
+  support::GivenDesign design;
+  auto section = support::section("SPACE", {"choice"}, std::nullopt);
+  section->stack[0].params[0].siblings = {std::nullopt, "shift"};
+  section->feedbackParameter = "meter";
+  design.addPage("ONE", {section});
+  const lv2_backend::PortGroups groups(design, layout);
+  for (const char* key : {"choice", "shift", "meter"}) {
+    ASSERT_NE(groups.groupOf(key), nullptr) << key;
+    EXPECT_EQ(groups.groupOf(key)->name, "SPACE");
+  }
+  const std::string text = lv2_backend::PortTurtle(unit, layout, groups, "urn:x").ports();
+  for (const char* said : {"pprops:rangeSteps 3 ;", "rdfs:label \"C\"", "lv2:default 2.0 ;"})
+    EXPECT_THAT(text, testing::HasSubstr(said));
+  for (const char* unsaid : {"beyond", "pprops:logarithmic"})
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr(unsaid)));
 }
 
 TEST(Lv2Turtle, WritesTextsThatReadBack) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "backends/lv2/PortMirror.h"
@@ -24,15 +25,15 @@ class Lv2EditorTest : public testing::Test {
   static constexpr std::uint32_t levelPort = 5;
   static constexpr std::uint32_t meterPort = levelPort + OddAudioUnit::maxBlock;
 
-  Lv2EditorTest() { reopen(); }
+  Lv2EditorTest() { reopen(&touch); }
 
-  void reopen() {
+  void reopen(const LV2UI_Touch* hostsTouch) {
     ports.reset();
     lv2_backend::EditorHost host;
     host.write = write;
     host.controller = this;
     host.map = features.map();
-    host.touch = &touch;
+    host.touch = hostsTouch;
     ports = std::make_unique<lv2_backend::PortMirror>(unit, host);
   }
   void hostSets(std::uint32_t port, float value) {
@@ -118,6 +119,23 @@ TEST_F(Lv2EditorTest, WritesAPresetsValuesAndThenItsName) {
   EXPECT_THAT(state, testing::Not(testing::HasSubstr("cutoff")));
 }
 
+TEST_F(Lv2EditorTest, KeepsToItselfWhatTheHostCannotTake) {
+  reopen(nullptr);
+  platform::AUParameter& level = *unit.parameter("level");
+  level.beginGesture();
+  level.endGesture();
+  unit.parameter("maxBlock")->setValue(9);
+  EXPECT_THAT(log, IsEmpty()) << "neither touch nor outputs";
+
+  using Dictionary = platform::PropertyList::Dictionary;
+  for (const std::size_t size : {100u, 40000u}) {
+    log.clear();
+    unit.setFullState(Dictionary{{"parameters", Dictionary{}}, {"notes", std::string(size, 'x')}});
+    EXPECT_EQ(std::count(log.begin(), log.end(), message(EditorMessage::Kind::state)),
+              size < 1000 ? 1 : 0);
+  }
+}
+
 TEST_F(Lv2EditorTest, TakesTheSoundsStateSilently) {
   OddAudioUnit sound;
   sound.setCurrentPreset(5);
@@ -148,6 +166,8 @@ TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
   lv2_backend::MirrorAudioUnit next(std::make_unique<OddAudioUnit>());
   next.setStateBesideParameters(bound);
   EXPECT_EQ(next.midiLearn().bindings(), unit.midiLearn().bindings());
+  next.midiLearn().removeAll();
+  EXPECT_THAT(next.stateBesideParameters(), testing::Not(testing::HasSubstr("midiMap")));
 }
 
 TEST_F(Lv2EditorTest, AsksForMidiWhileAControlWaitsForIt) {
@@ -171,6 +191,7 @@ TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
   const auto* value = unit.getOutputValues("cutoff");
   const auto* flag = unit.isModulating("cutoff");
   ASSERT_TRUE(value && flag);
+  EXPECT_EQ(*value, unit.parameter("cutoff")->value()) << "before the sound has told";
   EXPECT_EQ(unit.getOutputValues("level"), nullptr);
   const std::vector<float> values{440};
   const std::vector<std::int32_t> flags{1};

@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+#include <memory>
 #include <numeric>
+#include <set>
 
 #include "Quillon/CommonAudioUnit.h"
 #include "backends/lv2/EditorMessages.h"
@@ -10,6 +13,7 @@
 #include "backends/lv2/PortLayout.h"
 #include "backends/lv2/SoundDescriptor.h"
 #include "tests/support/AllocationCounter.h"
+#include "tests/support/GivenUnit.h"
 #include "tests/support/Lv2Host.h"
 #include "tests/support/OddPlugin.h"
 
@@ -116,6 +120,33 @@ TEST_F(Lv2SoundTest, KeepsMessagesOfACycleWithoutFramesForTheNext) {
   EXPECT_THAT(instance.left, ElementsAre(8, 0));
 }
 
+TEST_F(Lv2SoundTest, PlaysLateMessagesAtOnceAndForgetsThoseOfBeforeItWasSwitchedOn) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0;
+  instance.input.position(2, 1, 0, 120);
+  instance.input.midi(1, {0x90, 60, 1});
+  instance.input.midi(9, {0x90, 60, 2});
+  instance.run(4);
+  EXPECT_THAT(instance.left, ElementsAre(0, 0, 2, 0));
+  instance.run(2);
+  EXPECT_THAT(instance.left, ElementsAre(3, 0));
+  instance.input.midi(0, {0x90, 60, 7});
+  instance.run(0);
+  instance.activate();
+  instance.run(2);
+  EXPECT_THAT(instance.left, Each(0.0f));
+}
+
+TEST_F(Lv2SoundTest, PlaysAllNotesOfAFloodThatIsSpreadOverFrames) {
+  instance.activate();
+  port(OddAudioUnit::level) = 0;
+  for (int frame = 0; frame < 2; ++frame) {
+    for (int i = 0; i < 2500; ++i) instance.input.midi(frame, {0x90, 60, 0});
+    instance.run(frame == 0 ? 0 : 2);
+  }
+  EXPECT_THAT(instance.left, ElementsAre(2500, 2500));
+}
+
 TEST_F(Lv2SoundTest, CountsTheBeatsBetweenTheHostsReports) {
   instance.activate();
   instance.input.position(0, 1, 4, 60);
@@ -139,6 +170,33 @@ TEST_F(Lv2SoundTest, CountsTheBeatsOfBarsOfAnyLength) {
   instance.input.bar(0, 2, 1.5f, 4);
   instance.run(4);
   EXPECT_THAT(instance.right, Each(9.5f));
+}
+
+TEST_F(Lv2SoundTest, TakesNumbersOfAnyTypeAndGoesOnWithoutThoseThatCannotBe) {
+  instance.activate();
+  instance.input.position(0, 1, 4, 60);
+  instance.run(48);
+  instance.input.position(0, 1, std::numeric_limits<double>::quiet_NaN(), 0);
+  instance.run(48);
+  EXPECT_THAT(instance.right, Each(testing::FloatEq(4.001f)));
+  instance.run(48);
+  EXPECT_THAT(instance.right, Each(testing::FloatEq(4.002f))) << "a tempo of 0 is none";
+  instance.input.bar(0, 2, 1.5f, 0);
+  instance.run(4);
+  EXPECT_THAT(instance.right, Each(9.5f)) << "nor are bars without beats";
+  send([this](LV2_Atom_Forge& forge) {
+    LV2_Atom_Forge_Frame object;
+    lv2_atom_forge_object(&forge, &object, 0, urids.timePosition);
+    lv2_atom_forge_key(&forge, urids.timeBar);
+    lv2_atom_forge_int(&forge, 3);
+    lv2_atom_forge_key(&forge, urids.timeBarBeat);
+    lv2_atom_forge_double(&forge, 0.5);
+    lv2_atom_forge_key(&forge, urids.timeBeatsPerMinute);
+    lv2_atom_forge_string(&forge, "fast", 4);
+    lv2_atom_forge_pop(&forge, &object);
+  });
+  instance.run(4);
+  EXPECT_THAT(instance.right, Each(12.5f));
 }
 
 TEST_F(Lv2SoundTest, ReportsLatencyAndMeters) {
@@ -249,6 +307,26 @@ TEST_F(Lv2SoundTest, SendsLiveValuesOnlyWhileAnEditorIsOpen) {
   instance.run(800);
   EXPECT_EQ(messages().back().kind, EditorMessage::Kind::live)
       << "the next editor knows nothing yet";
+}
+
+TEST_F(Lv2SoundTest, TellsTheEditorWholeMessagesOrNone) {
+  instance.activate();
+  port(OddAudioUnit::sync) = 1;
+  std::set<EditorMessage::Kind> told;
+  for (instance.room = 24; instance.room < 2400; instance.room += 8) {
+    openEditor();
+    port(OddAudioUnit::cutoff) = 20 + static_cast<float>(instance.room);
+    instance.run(800);
+    ASSERT_LE(instance.output.sequence()->atom.size, instance.room);
+    for (const EditorMessage& message : messages()) {
+      told.insert(message.kind);
+      ASSERT_NE(message.kind, EditorMessage::Kind::other) << instance.room;
+      ASSERT_EQ(message.values.empty(), message.kind == EditorMessage::Kind::state);
+      ASSERT_THAT(std::string(message.state), testing::AnyOf("", testing::EndsWith("</plist>\n")));
+    }
+  }
+  EXPECT_THAT(told, ElementsAre(EditorMessage::Kind::state, EditorMessage::Kind::live,
+                                EditorMessage::Kind::sound));
 }
 
 TEST_F(Lv2SoundTest, SendsTheSoundItselfWhileThereIsNewSound) {
@@ -370,6 +448,35 @@ TEST_F(Lv2SoundTest, TellsAnOpenEditorOfARestoredState) {
   EXPECT_EQ(messages()[0].kind, EditorMessage::Kind::state);
   EXPECT_THAT(std::string(messages()[0].state), testing::Not(HasSubstr("cutoff")))
       << "values are the ports' business";
+}
+
+TEST(Lv2Effect, HearsItsInputsInBlocksAndNeedsNoOtherPorts) {
+  // A host that says no sensible length, or none.
+  support::Lv2Features features(0);
+  const orvane::PluginEntry entry = support::entryOf([] {
+    return std::make_unique<support::GivenUnit>(support::GivenUnit::Channels{2, 2});
+  });
+  const lv2_backend::SoundDescriptor descriptor(entry);
+  LV2_Handle handle = descriptor.instantiate(&descriptor, 48000, "/bundle/", features.list());
+  ASSERT_NE(handle, nullptr);
+  std::vector<std::vector<float>> buffers(4, std::vector<float>(9000));
+  std::iota(buffers[0].begin(), buffers[0].end(), 1.0f);
+  std::iota(buffers[1].begin(), buffers[1].end(), -9000.0f);
+  for (std::uint32_t i = 0; i < 4; ++i) descriptor.connect_port(handle, i, buffers[i].data());
+  descriptor.activate(handle);
+  descriptor.run(handle, 9000);
+  EXPECT_EQ(buffers[2], buffers[0]);
+  EXPECT_EQ(buffers[3], buffers[1]);
+  descriptor.cleanup(handle);
+}
+
+TEST(Lv2Effect, SendsASoundOnceThatSeveralDisplaysShow) {
+  struct Shared : OddAudioUnit {
+    std::vector<const platform::LiveBuffer*> liveBuffers(std::string_view) const override {
+      return OddAudioUnit::liveBuffers("level");
+    }
+  } unit;
+  EXPECT_EQ(lv2_backend::LiveSounds(unit).buffers().size(), 1u);
 }
 
 TEST(Lv2Ports, HaveSymbolsThatAreIdentifiersAndUnique) {

@@ -95,9 +95,7 @@ class EventBuffer {
     lv2_atom_forge_sequence_head(&forge_, &frame_, 0);
   }
   /// Room for a plug-in to write into.
-  void offer() {
-    sequence()->atom = {static_cast<std::uint32_t>(bytes_.size() * 8 - sizeof(LV2_Atom)), 0};
-  }
+  void offer(std::uint32_t room) { sequence()->atom = {room, 0}; }
   void midi(std::int64_t frame, std::vector<std::uint8_t> message) {
     lv2_atom_forge_frame_time(&forge_, frame);
     lv2_atom_forge_atom(&forge_, static_cast<std::uint32_t>(message.size()),
@@ -175,7 +173,7 @@ class Lv2Instance {
     right.assign(frames, -1);
     descriptor_.connect_port(handle_, 0, left.data());
     descriptor_.connect_port(handle_, 1, right.data());
-    output.offer();
+    output.offer(room);
     descriptor_.run(handle_, frames);
     input.clear();
   }
@@ -204,6 +202,8 @@ class Lv2Instance {
   /// By port.
   std::vector<float> controls;
   std::vector<float> left, right;
+  /// Bytes for what the plug-in tells its editor in one cycle.
+  std::uint32_t room = 65536 - sizeof(LV2_Atom);
 
  private:
   struct Stored {
