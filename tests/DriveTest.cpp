@@ -81,6 +81,9 @@ TEST(Drive, ADoubleTapAsksForAValueThatIsTypedOrReset) {
   EXPECT_EQ(last(ask + "type 7\nkey escape\nget cutoff")["value"], 5000);
   EXPECT_EQ(last(ask + "type 7\nkey return\nget cutoff")["value"], 5000);
   EXPECT_EQ(last(ask + "type 700\nkey return\nkey return\nget cutoff")["value"], 700);
+  for (const char* word : {"key shift+control+left", "key control+shift+left"})
+    EXPECT_EQ(last(ask + "type 9000\n" + word + "\ntype +70\ntap \"OK\"\nget cutoff")["value"], 70)
+        << "the word is selected and typed over";
   for (const char* closing : {"key escape", "tap at:3,3", "tap \"OK\"", "tap \"RESET\""})
     EXPECT_EQ(last(ask + closing + "\nstate")["overlays"], json::array()) << closing;
 }
@@ -173,6 +176,37 @@ TEST(Drive, BlankLinesAndCommentsAreNotAnswered) {
   EXPECT_EQ(drive("\n  \n# a comment\n\t# and one more\r\nstate\r\n").size(), 1u);
 }
 
+TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
+  const support::TemporaryFile file(R"({
+    "parameters": [
+      {"key": "a", "max": 100, "default": 25, "control": "multiple", "attached": ["b"]},
+      {"key": "b", "max": 100, "default": 50, "name": "Bee", "flags": ["displaySquared"]},
+      {"key": "c", "default": 0.5, "inverted": true}],
+    "pages": [{"title": "One", "sections": [{"name": "A", "columns": [{"slots": [{"param": "a"}, {"param": "c"}]}]}]}],
+    "factoryPresets": [{"name": "user Mine", "bank": "B1", "categories": ["pad"],
+                        "values": {"a": 70}}]})");
+  const auto lines =
+      linesOf(runTool({"drive", file.path()},
+                      "map b 176,7\nget b\nget a\ndrag key:b 0 -40\nget b\nget a\n"
+                      "preset user Mine\nget a\npresets\ntap \"Bee\"\nset a +3\nget a\n"
+                      "midi b 64\nget b\nwheel key:c 2\nget c")
+                  .out);
+  ASSERT_EQ(lines.size(), 16u);
+  std::vector<json> answers;
+  for (const std::string& line : lines) answers.push_back(json::parse(line));
+  EXPECT_EQ(answers[1]["midi"], (json{176, 7}));
+  EXPECT_EQ(answers[2]["midi"], nullptr);
+  EXPECT_GT(answers[4]["value"], 50);
+  EXPECT_EQ(answers[5]["value"], 25);
+  EXPECT_EQ(answers[6]["selected"], "user Mine") << "a factory preset may have such a name";
+  EXPECT_EQ(answers[7]["value"], 70);
+  EXPECT_EQ(answers[8]["shown"][0]["categories"], json{"pad"});
+  EXPECT_EQ(answers[9]["ok"], true);
+  EXPECT_EQ(answers[11]["value"], 3);
+  EXPECT_NEAR(answers[13]["value"], 100 * (64 / 127.0) * (64 / 127.0), 0.01) << "by its flag";
+  EXPECT_LT(answers[15]["value"], 0.5) << "inverted";
+}
+
 TEST(Drive, AnErrorDoesNotEndTheScript) {
   const auto answers = drive("nonsense\nset cutoff 500\nget cutoff");
   ASSERT_EQ(answers.size(), 3u);
@@ -189,6 +223,7 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"fly", "unknown command \"fly\""},
       {"size 10", "size wants W H"},
       {"size 0 100", "size wants W H in points, above 0 and at most 16384, not \"0 100\""},
+      {"size 100 1e9", "size wants W H in points, above 0 and at most 16384, not \"100 1e9\""},
       {"size 1e9 100", "size wants W H in points, above 0 and at most 16384, not \"1e9 100\""},
       {"page 2", "there is no page 2: the design has 2 pages, counted from 0"},
       {"page -1", "page wants a number from 0 on, not \"-1\""},
@@ -199,6 +234,9 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"tap PageButton#x", "a number from 0 on comes after # in \"PageButton#x\""},
       {"tap \"nowhere\"", "nothing shows the text \"nowhere\""},
       {"tap \"Main", "a quote is not closed"},
+      {"tap \"Main\"x", "a blank is missing after a closing quote"},
+      {R"(tap "say \"hi\" \\")", R"(nothing shows the text "say "hi" \")"},
+      {"preset \"Ghost\"", "no factory preset \"Ghost\""},
       {"tap at:1", "a place is at:X,Y, not \"at:1\""},
       {"tap at:5000,1", "\"at:5000,1\" is outside the editor"},
       {"drag key:cutoff 1", "drag wants TARGET DX DY"},
@@ -221,6 +259,10 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"midi cutoff 128", "midi wants a value from 0 to 127, not \"128\""},
       {"learn maybe", "learn wants on or off, not \"maybe\""},
       {"map cutoff 7", "map wants the bytes of a MIDI message such as 176,7, not \"7\""},
+      {"map cutoff 176,1,2,3",
+       "map wants the bytes of a MIDI message such as 176,7, not \"176,1,2,3\""},
+      {"map cutoff 176,200",
+       "map wants the bytes of a MIDI message such as 176,7, not \"176,200\""},
       {"unmap nothing", "no parameter \"nothing\""},
       {"pick", "pick wants FILE ..."},
       {"export now", "export takes nothing"},

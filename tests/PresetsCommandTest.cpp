@@ -59,6 +59,10 @@ class PresetsCommandTest : public testing::Test {
 TEST_F(PresetsCommandTest, ListShowsWhatIsInTheContainersAndTheCloud) {
   folder.write("data/Presets/b.example", xmlPreset({"pad"}));
   folder.write("data/Presets/a.example", "broken");
+  folder.write(
+      "data/Library/Preferences/group.example.plist",
+      foundation::writeXmlPropertyList(Dictionary{
+          {"favpresets", PropertyList::Array{data + "/Presets/b.example", "BANK A/Bright"}}}));
   folder.write("cloud/Documents/Presets/c.example", archivedPreset({}));
   folder.write("cloud/Documents/Presets/d.example.icloud", "");
   const json list = run({"list", "--data", data, "--cloud", folder / "cloud"});
@@ -66,9 +70,17 @@ TEST_F(PresetsCommandTest, ListShowsWhatIsInTheContainersAndTheCloud) {
   EXPECT_EQ(list[0]["error"], "this is no property list, neither XML nor binary");
   EXPECT_EQ(list[1]["name"], "b");
   EXPECT_EQ(list[1]["categories"], json{"pad"});
+  EXPECT_EQ(list[1]["favourite"], true);
   EXPECT_EQ(list[2]["cloud"], true);
+  EXPECT_EQ(list[2]["favourite"], false);
   const auto text = runTool({"presets", "list", "--data", data});
-  EXPECT_EQ(text.out, "a  this is no property list, neither XML nor binary\nb  (pad)\n");
+  EXPECT_EQ(text.out, "a  this is no property list, neither XML nor binary\nb *  (pad)\n");
+  folder.write("data/Presets/a.example",
+               foundation::writeXmlPropertyList(PropertyList::Array{"b"}));
+  EXPECT_EQ(run({"list", "--data", data})[0]["error"], "the property list is no dictionary");
+  const json shown = drive("presets", {"--data", data})[0]["shown"];
+  for (const json& row : shown)
+    EXPECT_EQ(row["favourite"], row["name"] == "b" || row["name"] == "Bright") << row;
 }
 
 TEST_F(PresetsCommandTest, ShowTellsWhatAFileHolds) {
@@ -88,13 +100,13 @@ TEST_F(PresetsCommandTest, ConvertRewritesArchivesAlone) {
   const std::string plain = xmlPreset({"pad"});
   folder.write("p/a.example", archivedPreset({"pad"}));
   folder.write("p/b.example", plain);
-  folder.write("p/c.example", "x");
+  folder.write("p/0.example", "x");
   const json list = run({"convert", folder / "p"}, 1);
-  EXPECT_EQ(list[0]["result"], "converted");
-  EXPECT_EQ(list[1]["result"], "unchanged");
-  EXPECT_EQ(list[2]["result"], "failed");
+  EXPECT_EQ(list[0]["result"], "failed");
+  EXPECT_EQ(list[1]["result"], "converted");
+  EXPECT_EQ(list[2]["result"], "unchanged");
   EXPECT_EQ(textOf(folder / "p/a.example"), plain);
-  EXPECT_EQ(textOf(folder / "p/c.example"), "x");
+  EXPECT_EQ(textOf(folder / "p/0.example"), "x");
   EXPECT_EQ(run({"convert", folder / "p/a.example"})[0]["result"], "unchanged");
 }
 
@@ -112,6 +124,7 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   const std::string presets = data + "/Presets/";
   folder.write("data/Presets/A.example", xmlPreset({"Bass", "pad"}));
   folder.write("data/Presets/a.other", xmlPreset({}));
+  folder.write("data/Presets/A 2.third", xmlPreset({}));
   folder.write("data/Presets/broken.example", "x");
   const std::string store = folder.write(
       "data/Library/Preferences/group.example.plist",
@@ -128,7 +141,7 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
               ElementsAre("unreadable", "duplicate-name", "categories", "missing-favourite"));
   EXPECT_EQ(namesIn(presets), before);
   EXPECT_EQ(run({"doctor", data + "/Presets", "--fix"}).size(), 4u);
-  EXPECT_EQ(namesIn(presets), (Names{"A.example", "a 2.other"}));
+  EXPECT_EQ(namesIn(presets), (Names{"A.example", "A 2.third", "a 3.other"}));
   EXPECT_EQ(textOf(data + "/Unreadable Presets/broken.example"), "x");
   EXPECT_EQ(textOf(presets + "A.example"), xmlPreset({"bass", "pad"}));
   EXPECT_THAT(textOf(store), testing::Not(HasSubstr("gone")));

@@ -41,7 +41,8 @@ TEST(ToolCommand, UsageErrorsExitWithTwoAndOneLine) {
       {"tree", "halden", "--size", "0x0"},
       {"tree", "halden", "--size", "-5x10"},
       {"tree", "halden", "--size", "10x"},
-      {"tree", "halden", "--size", "99999x99999"},
+      {"tree", "halden", "--size", "99999x10"},
+      {"tree", "halden", "--size", "10x99999"},
       {"tree", "halden", "--size", "10x10", "--size", "20x20"},
       {"tree", "halden", "--page", "first"},
       {"snapshot", "halden"},
@@ -64,7 +65,7 @@ TEST(ToolCommand, OtherFailuresExitWithOneAndOneLineThatNamesTheFile) {
       {"tree", "no-such-plugin"},          {"tree", "/no/such/file.json"},
       {"tree", ORVANE_SOURCE_DIR},         {"tree", "halden", "--page", "99"},
       {"drive", "halden", "--page", "99"}, {"check", "/no/such/file.json"},
-      {"run", "/no/such/file.json"},
+      {"run", "/no/such/file.json"},       {"check", "-"},
   };
   for (const auto& arguments : wrong) {
     const ToolResult result = runTool(arguments);
@@ -120,7 +121,9 @@ TEST(ToolCommand, TheTreeSaysWhatEachViewIs) {
 }
 
 TEST(ToolCommand, TheTreeFollowsSizeAndPage) {
-  const json root = json::parse(runTool({"tree", dataFile("example.json"), "--page", "1"}).out);
+  const json root =
+      json::parse(runTool({"tree", dataFile("example.json"), "--page", "0", "--page", "1"}).out);
+  // Of an option that is given twice the last counts.
   const json shown = find(root, [](const json& node) {
     return node["class"] == "PageView" && node["hidden"] == false;
   });
@@ -136,11 +139,51 @@ TEST(ToolCommand, CheckFindsNothingWrongWithTheSamplesAndBuiltIns) {
   }
 }
 
+TEST(ToolCommand, TheTreeShowsTheSettingsOfADescription) {
+  const TemporaryFile file(R"({
+    "parameters": [
+      {"key": "wet", "unit": "boolean", "control": "onOff", "strings": ["Dry", "Wet"]},
+      {"key": "mute", "unit": "boolean", "control": "onOff", "name": "Silent"}],
+    "pages": [{"title": "One", "sections": [{"name": "A", "state": "mute",
+      "columns": [{"slots": [{"param": "wet", "widthRatio": 0.5}]}]}]}]})");
+  const auto result = runTool({"drive", file.path()}, "tree\nset wet 1\nset mute 1\ntree\nget wet");
+  const auto answers = linesOf(result.out);
+  ASSERT_EQ(answers.size(), 5u);
+  for (const bool isOn : {false, true}) {
+    const json tree = json::parse(answers[isOn ? 3 : 0])["tree"];
+    const auto button = [&](const char* key) {
+      const json container =
+          find(tree, [&](const json& node) { return node.value("key", "") == key; });
+      return find(container, [](const json& node) { return node["class"] == "OnOffButton"; });
+    };
+    EXPECT_EQ(button("wet")["text"], isOn ? "Wet" : "Dry");
+    EXPECT_EQ(button("wet")["selected"], isOn);
+    EXPECT_LT(button("wet")["frame"][2], 600) << "half of the column";
+    const auto shows = [&](const char* text) {
+      return !find(tree, [&](const json& node) {
+                return node.value("text", "") == text;
+              }).is_null();
+    };
+    EXPECT_TRUE(shows("wet")) << "the key stands in for a name";
+    const json save = find(tree, [](const json& node) { return node.value("text", "") == "SAVE"; });
+    EXPECT_EQ(save["enabled"], false) << "no preset is selected";
+  }
+  const json typed = json::parse(
+      linesOf(
+          runTool({"drive", dataFile("example.json")}, "doubletap key:cutoff\ntype 47\ntree\n").out)
+          .back())["tree"];
+  const json field = find(typed, [](const json& node) { return node.value("text", "") == "47"; });
+  EXPECT_EQ(field["class"], "TextField");
+}
+
 TEST(ToolCommand, CheckTakesSeveralSizes) {
   const ToolResult result =
       runTool({"check", "--size", "60x40", "1024x768", "50x30", dataFile("example.json")});
   EXPECT_EQ(result.code, 1);
   EXPECT_THAT(result.out, HasSubstr("too small to use"));
+  for (const char* place :
+       {"pages[0].sections[0].state: \"filterOn\"", "foot[0]: \"gain\"", "foot[2]: \"mix\""})
+    EXPECT_THAT(result.out, HasSubstr(place + std::string(" is too small to use")));
   EXPECT_THAT(result.out, HasSubstr("at 60x40\n"));
   EXPECT_THAT(result.out, HasSubstr("at 50x30\n"));
   EXPECT_THAT(result.out, testing::Not(HasSubstr("at 1024x768")));
@@ -153,6 +196,10 @@ TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
   // The third row begins below the sum of what was above it, outside the page.
   sections.push_back({{"name", "Second"}, {"row", 1}});
   sections.push_back({{"name", "Third"}, {"row", 2}});
+  // The first slot is wider than its section; the last is moved up, but not above its section.
+  sections[1]["columns"] = {
+      {{"slots",
+        {{{"param", "rate"}, {"widthRatio", 1.5}}, {{"param", "depth"}, {"offset", -0.2}}}}}};
   // A slot that reaches beyond its column lies over the next column's.
   sections[0]["columns"][0]["slots"][0]["widthRatio"] = 1.5;
   const TemporaryFile broken(description.dump());
@@ -161,6 +208,9 @@ TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
   EXPECT_THAT(linesOf(result.out),
               Contains(broken.path() + ": pages[0].sections[2]: \"Third\" is outside its page at "
                                        "1024x768"));
+  EXPECT_THAT(result.out, HasSubstr("columns[0].slots[0]: \"rate\" is outside its section"));
+  EXPECT_THAT(result.out, testing::Not(HasSubstr("above its section")));
+  EXPECT_THAT(result.out, testing::Not(HasSubstr("has its place"))) << "rate is on two pages";
   EXPECT_THAT(linesOf(result.out),
               Contains(broken.path() +
                        ": pages[0].sections[0].columns[1].slots[0]: \"mode\" covers \"cutoff\" of "
