@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "backends/lv2/PortMirror.h"
 #include "backends/lv2/SoundInstance.h"
@@ -202,6 +203,16 @@ TEST_F(Lv2EditorTest, ShowsTheSoundsLiveValues) {
   const std::vector<float> tooMany{1, 2, 3};
   soundSends(
       [&](LV2_Atom_Forge& forge) { EditorMessage::forgeLive(forge, urids, tooMany, flags); });
+  soundSends([&](LV2_Atom_Forge& forge) {
+    LV2_Atom_Forge_Frame object;
+    lv2_atom_forge_object(&forge, &object, 0, urids.liveValues);
+    for (const auto& [key, type] :
+         {std::pair{urids.values, urids.atomInt}, std::pair{urids.modulating, urids.atomBool}}) {
+      lv2_atom_forge_key(&forge, key);
+      lv2_atom_forge_vector(&forge, sizeof(std::int32_t), type, 1, flags.data());
+    }
+    lv2_atom_forge_pop(&forge, &object);
+  });
   EXPECT_EQ(*value, 440);
 }
 

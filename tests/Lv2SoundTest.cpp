@@ -454,7 +454,9 @@ TEST(Lv2Effect, HearsItsInputsInBlocksAndNeedsNoOtherPorts) {
   // A host that says no sensible length, or none.
   support::Lv2Features features(0);
   const orvane::PluginEntry entry = support::entryOf([] {
-    return std::make_unique<support::GivenUnit>(support::GivenUnit::Channels{2, 2});
+    return std::make_unique<support::GivenUnit>(
+        support::GivenUnit::Channels{2, 2},
+        std::vector<quillon::ParameterDescription>{{.key = "a", .address = 1}});
   });
   const lv2_backend::SoundDescriptor descriptor(entry);
   LV2_Handle handle = descriptor.instantiate(&descriptor, 48000, "/bundle/", features.list());
