@@ -182,16 +182,18 @@ TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
       {"key": "a", "max": 100, "default": 25, "control": "multiple", "attached": ["b"]},
       {"key": "b", "max": 100, "default": 50, "name": "Bee", "flags": ["displaySquared"]},
       {"key": "c", "default": 0.5, "inverted": true}],
-    "pages": [{"title": "One", "sections": [{"name": "A", "columns": [{"slots": [{"param": "a"}, {"param": "c"}]}]}]}],
+    "pages": [
+      {"title": "One", "sections": [{"name": "A", "columns": [{"slots": [{"param": "a"}]}]}]},
+      {"title": "Two", "sections": [{"name": "B", "columns": [{"slots": [{"param": "c"}]}]}]}],
     "factoryPresets": [{"name": "user Mine", "bank": "B1", "categories": ["pad"],
                         "values": {"a": 70}}]})");
   const auto lines =
       linesOf(runTool({"drive", file.path()},
                       "map b 176,7\nget b\nget a\ndrag key:b 0 -40\nget b\nget a\n"
                       "preset user Mine\nget a\npresets\ntap \"Bee\"\nset a +3\nget a\n"
-                      "midi b 64\nget b\nwheel key:c 2\nget c")
+                      "midi b 64\nget b\npage 1\nget b\nwheel key:c 2\nget c")
                   .out);
-  ASSERT_EQ(lines.size(), 16u);
+  ASSERT_EQ(lines.size(), 18u);
   std::vector<json> answers;
   for (const std::string& line : lines) answers.push_back(json::parse(line));
   EXPECT_EQ(answers[1]["midi"], (json{176, 7}));
@@ -204,7 +206,15 @@ TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
   EXPECT_EQ(answers[9]["ok"], true);
   EXPECT_EQ(answers[11]["value"], 3);
   EXPECT_NEAR(answers[13]["value"], 100 * (64 / 127.0) * (64 / 127.0), 0.01) << "by its flag";
-  EXPECT_LT(answers[15]["value"], 0.5) << "inverted";
+  EXPECT_EQ(answers[15]["midi"], (json{176, 7})) << "also from another page";
+  EXPECT_LT(answers[17]["value"], 0.5) << "inverted";
+
+  // A handle of a shape is dragged by its own place.
+  const auto shape =
+      drive("page 3\ndrag key:release 40 0\nget release\nget attack\nget decay", "all-kinds.json");
+  EXPECT_GT(shape[2]["value"], 700);
+  EXPECT_EQ(shape[3]["value"], 20);
+  EXPECT_EQ(shape[4]["value"], drive("get decay", "all-kinds.json")[0]["value"]);
 }
 
 TEST(Drive, AnErrorDoesNotEndTheScript) {
