@@ -211,9 +211,9 @@ TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
 
   // A handle of a shape is dragged by its own place.
   const auto shape =
-      drive("page 3\ndrag key:release 40 0\nget release\nget attack\nget decay", "all-kinds.json");
-  EXPECT_GT(shape[2]["value"], 700);
-  EXPECT_EQ(shape[3]["value"], 20);
+      drive("page 3\ndrag key:attack 40 0\nget attack\nget release\nget decay", "all-kinds.json");
+  EXPECT_GT(shape[2]["value"], 100);
+  EXPECT_EQ(shape[3]["value"], 600);
   EXPECT_EQ(shape[4]["value"], drive("get decay", "all-kinds.json")[0]["value"]);
 }
 
