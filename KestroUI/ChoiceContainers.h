@@ -47,7 +47,8 @@ class RecContainer : public Container {
 
   RecButton& button() { return button_; }
 
-  /// It is red unless it has a control colour.
+  /// It is red everywhere, unless it has a control colour of its own.
+  void setSectionColor(platform::Color) override {}
   void setColors(const std::vector<platform::Color>&) override {}
   void setValueRange(float minimum, float maximum) override;
   /// The names of its states.

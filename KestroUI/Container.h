@@ -111,6 +111,8 @@ class Container : public toolkit::Control {
   /// given.
   virtual void setColors(const std::vector<platform::Color>& colors);
   virtual void setControlColor(platform::Color color);
+  /// The colour of where it stands, for a control that has none of its own.
+  virtual void setSectionColor(platform::Color color) { setControlColor(color); }
 
   // Live modulation
 

@@ -14,17 +14,19 @@ void KestroAUViewController::instantiatePresetManager() {
 }
 
 void KestroAUViewController::setPresetManager(std::unique_ptr<PresetManager> manager) {
+  // The list lets go of the old one before that dies.
+  overlaysView_.presetList().presetManager = manager.get();
   presetManager_ = std::move(manager);
   if (!presetManager_) return;
   presetManager_->audioUnit = audioUnit_;
   presetManager_->productCode = productId();
+  presetManager_->viewController = this;
 }
 
 void KestroAUViewController::loadPresetStorage() {
   FavPresetsStore::suiteName = groupBundleId();
   FavPresetsStore::load();
   instantiatePresetManager();
-  if (presetManager_) presetManager_->viewController = this;
   setUpOverlays();
 }
 
@@ -43,7 +45,6 @@ void KestroAUViewController::setUpOverlays() {
   PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
   browser.categories = categories();
   browser.delegate = {this, *this};
-  overlaysView_.presetList().presetManager = presetManager_.get();
   const MakerAddresses known = addresses();
   AboutOverlay& about = overlaysView_.aboutViewOverlay();
   about.viewController = this;
@@ -87,7 +88,10 @@ std::vector<std::string> KestroAUViewController::currentPresetCatgories() {
 
 void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
   preLoadAction();
-  if (presetManager_) presetManager_->load(preset);
+  if (presetManager_) return presetManager_->load(preset);
+  // Factory presets are the audio unit's own; they need no store.
+  if (auto* unit = audioUnit(); unit && preset && preset->preset)
+    unit->setCurrentPreset(preset->preset->number);
 }
 
 void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& preset) {

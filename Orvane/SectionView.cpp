@@ -115,7 +115,7 @@ void SectionView::adopt(const Entry& entry) {
   addSubview(*entry.container);
   const kestroui::ParameterUISettings& settings = entry.key->settings();
   if (!settings.controlColor && settings.colors.empty())
-    entry.container->setControlColor(section_->color);
+    entry.container->setSectionColor(section_->color);
 }
 
 void SectionView::adoptAll() {

@@ -78,7 +78,7 @@ void SettingsViewController::layoutFoot() {
       view().addSubview(*container);
       // No section gives it a colour.
       if (!key->settings().controlColor && key->settings().colors.empty())
-        container->setControlColor(kestroui::Theme::accent);
+        container->setSectionColor(kestroui::Theme::accent);
     }
     span = 1;
   }

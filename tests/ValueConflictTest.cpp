@@ -10,6 +10,7 @@
 
 #include "KestroUI/ButtonGroups.h"
 #include "KestroUI/XYControlContainer.h"
+#include "Orvane/PresetManager.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -306,6 +307,22 @@ TEST_F(ValueConflictTest, WhatIsHeldIsLetGoWhenTheEditorGoes) {
       EXPECT_EQ(parameter("OnOff"), 0);
       EXPECT_EQ(open, 0);
     }
+}
+
+TEST_F(ValueConflictTest, APresetManagerMayBeReplacedOrTakenAway) {
+  unit = std::make_unique<quillon::CommonAudioUnit>(
+      std::vector<quillon::ParameterDescription>{{.key = "a", .address = 1}},
+      std::vector<quillon::PresetDescription>{{{.number = 3, .name = "Full"}, {{"a", 1}}}});
+  show({paramKey("a", ControlType::knob)});
+  controller->setPresetManager(
+      std::make_unique<PresetManager>("group.test", std::vector<std::string>{}));
+  controller->rebuildPresetList();
+  controller->setPresetManager(nullptr);
+  controller->rebuildPresetList();
+  // Factory presets are the audio unit's and need no store.
+  const auto preset = std::make_shared<Preset>(unit->factoryPresets().front());
+  controller->load(preset);
+  EXPECT_EQ(parameter("a"), 1);
 }
 
 TEST_F(ValueConflictTest, ConnectingAnewKeepsBindingsAndLabelsAndShowsEachControlOnce) {
