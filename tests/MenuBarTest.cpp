@@ -107,10 +107,14 @@ TEST_F(MenuBarTest, anAddressThatIsNoneIsShownButNotOpened) {
 }
 
 TEST_F(MenuBarTest, anAnswerThatIsNoneShowsNoHelp) {
-  for (const auto& [status, body] : {std::pair{"404 Not Found", "https://example.org/help"},
-                                     {"200 OK", ""},
-                                     {"200 OK", "https://example.org/\xff"}}) {
-    HttpServer server([&](const std::string&) { return HttpServer::response(status, body); });
+  struct Answer {
+    const char *status, *body;
+  };
+  for (const Answer& answer :
+       {Answer{"404 Not Found", "https://example.org/help"}, Answer{"200 OK", ""},
+        Answer{"200 OK", "https://example.org/\xff"}}) {
+    HttpServer server(
+        [&](const std::string&) { return HttpServer::response(answer.status, answer.body); });
     MenuBar other;
     other.productId = "foam";
     other.helpHost = server.address();
@@ -118,7 +122,7 @@ TEST_F(MenuBarTest, anAnswerThatIsNoneShowsNoHelp) {
     ASSERT_TRUE(server.waitForRequest());
     std::this_thread::sleep_for(std::chrono::milliseconds(60));
     loop.settle();
-    EXPECT_EQ(other.helpButton().superview(), nullptr) << status << body;
+    EXPECT_EQ(other.helpButton().superview(), nullptr) << answer.status << answer.body;
   }
 }
 
