@@ -130,6 +130,36 @@ TEST_F(EditorTest, assistiveTechnologyFindsEveryControlWithItsNameRoleAndValue) 
   found["on"]->createAccessibilityHandler()->getActions().invoke(
       juce::AccessibilityActionType::toggle);
   EXPECT_EQ(processor.audioUnit().parameter("on")->value(), 1);
+  const auto isChecked = [&](const char* name) {
+    return found[name]->createAccessibilityHandler()->getCurrentState().isChecked();
+  };
+  EXPECT_TRUE(isChecked("on"));
+  EXPECT_FALSE(isChecked("mix"));
+  found["on"]->createAccessibilityHandler()->getActions().invoke(
+      juce::AccessibilityActionType::toggle);
+  EXPECT_FALSE(isChecked("on"));
+}
+
+TEST_F(EditorTest, anEditorThatClosesInTheMiddleOfADragEndsItsGesture) {
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  juce_backend::AudioUnitProcessor processor(entry);
+  int open = 0, begun = 0;
+  processor.audioUnit().parameterTree().setGestureObserver(
+      [&](platform::AUParameterAddress, bool began) {
+        open += began ? 1 : -1;
+        begun += began;
+      });
+  {
+    EditorComponent editor(entry, processor.audioUnit());
+    editor.window().prepareFrame();
+    auto& controller = static_cast<orvane::KestroAUViewController&>(editor.controller());
+    const platform::Point at = controller.container("mix")->control()->frameInRoot().centre();
+    editor.window().touchBegan(1, toolkit::Touch::Kind::mouse, at, 1);
+    editor.window().touchMoved(1, {at.x, at.y - 20});
+    EXPECT_EQ(open, 1);
+  }
+  EXPECT_EQ(begun, 1);
+  EXPECT_EQ(open, 0);
 }
 
 TEST_F(EditorTest, storedBindingsComeBackWithTheSettings) {

@@ -96,6 +96,8 @@ TEST_F(JucePresentationTest, alertsWaitForEachOtherAndGiveTheKeyboardBack) {
   EXPECT_EQ(alert().message()->text, "No preset selected");
   EXPECT_EQ(alert().frame(), (platform::Rect{0, 0, 600, 400}));
   EXPECT_TRUE(alert().button(0).isFirstResponder());
+  editor.setSize(700, 500);
+  EXPECT_EQ(alert().frame(), (platform::Rect{0, 0, 700, 500}));
   EXPECT_TRUE(key(Key::down)) << "nothing reaches the editor below";
   EXPECT_TRUE(key(Key::returnKey));
   EXPECT_EQ(alertTitle(), "Another");

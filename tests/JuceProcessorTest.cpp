@@ -213,4 +213,18 @@ TEST_F(JuceProcessorTest, aBlockBeforePreparingOrWithTooFewChannelsIsSilent) {
   EXPECT_TRUE(unit().blocks.empty());
 }
 
+TEST_F(JuceProcessorTest, channelsThatThePluginHasNotAreSilentAndItsOwnSound) {
+  processor_.prepareToPlay(48000, 16);
+  juce::AudioBuffer<float> wide(5, 16);
+  for (int channel = 0; channel < 5; ++channel)
+    juce::FloatVectorOperations::fill(wide.getWritePointer(channel), 0.7f, 16);
+  juce::MidiBuffer midi;
+  midi.addEvent(juce::MidiMessage::noteOn(1, 60, 1.0f), 3);
+  processor_.processBlock(wide, midi);
+  EXPECT_EQ(unit().blocks.size(), 1u);
+  for (int channel = 2; channel < 5; ++channel)
+    EXPECT_EQ(wide.getMagnitude(channel, 0, 16), 0) << "what the host left there";
+  EXPECT_TRUE(midi.isEmpty()) << "no plug-in behind this one hears the notes";
+}
+
 }  // namespace
