@@ -233,7 +233,7 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
             {"a lv2:InstrumentPlugin", "\"Audio Out 1\"", "\"Audio Out 4\""},
             {"\"Audio Out 5\"", "pg:mainOutput", "\"in_1\""}}}) {
     const orvane::PluginEntry entry =
-        support::entryOf([&] { return std::make_unique<support::GivenUnit>(channels); });
+        support::entryOf([&made = channels] { return std::make_unique<support::GivenUnit>(made); });
     lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", ""});
     const std::string text = bundle.plugin();
     for (const std::string& each : said) EXPECT_THAT(text, testing::HasSubstr(each));
