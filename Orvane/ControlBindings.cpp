@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "KestroUI/ShapeContainers.h"
 #include "Orvane/ControlBuilder.h"
 
 namespace orvane {
@@ -37,12 +38,14 @@ void ControlBindings::bind(Container& container, const DSPParameters& parameters
   bound.clear();
   const auto& keys = container.paramKeys();
   bound.reserve(keys.size());
+  auto* const doubleFilter = dynamic_cast<kestroui::DoubleFilterViewContainer*>(&container);
   for (std::size_t i = 0; i < keys.size(); ++i) {
     platform::AUParameter* const parameter =
         parameters[ControlBuilder::parameterKey(container, keys[i]->key())];
     const auto form = container.valueForm(keys[i]->key());
     bound.push_back({.container = &container,
                      .index = i,
+                     .doubleFilter = doubleFilter,
                      .parameter = parameter,
                      .mapping = parameter ? ParameterMapping(*parameter, form)
                                           : ParameterMapping(0, 1, ParameterMapping::Scale::same)});
@@ -64,12 +67,13 @@ platform::AUParameter* ControlBindings::parameter(const Container& container,
   return found ? found->parameter : nullptr;
 }
 
-std::vector<Container*> ControlBindings::containers(platform::AUParameterAddress address) const {
-  std::vector<Container*> result;
+std::vector<kestroui::DoubleFilterViewContainer*> ControlBindings::doubleFilters(
+    platform::AUParameterAddress address) const {
+  std::vector<kestroui::DoubleFilterViewContainer*> result;
   const auto entry = places_.find(address);
   if (entry == places_.end()) return result;
   for (const Binding* place : entry->second)
-    if (Container* container = place->container.get()) result.push_back(container);
+    if (place->doubleFilter && place->container) result.push_back(place->doubleFilter);
   return result;
 }
 

@@ -10,6 +10,10 @@
 #include "Orvane/DSPParameters.h"
 #include "Orvane/ParameterMapping.h"
 
+namespace kestroui {
+class DoubleFilterViewContainer;
+}
+
 namespace orvane {
 
 /// Joins the parameters of an audio unit and the places where controls show them. A value goes out
@@ -27,8 +31,10 @@ class ControlBindings : public DSPParameterObserver {
   /// What the key of a container at this place drives; null for a free one, and once the audio unit
   /// is gone.
   platform::AUParameter* parameter(const kestroui::Container& container, std::size_t index) const;
-  /// Those that show the parameter at `address`.
-  std::vector<kestroui::Container*> containers(platform::AUParameterAddress address) const;
+  /// The double filters, whose curve depends on several parameters at once, that show the parameter
+  /// at `address`.
+  std::vector<kestroui::DoubleFilterViewContainer*> doubleFilters(
+      platform::AUParameterAddress address) const;
   /// The places of the keys whose values the user has moved: those that the container names, else
   /// those that are not what was shown there last.
   std::vector<std::size_t> moved(const kestroui::Container& container) const;
@@ -43,6 +49,8 @@ class ControlBindings : public DSPParameterObserver {
   struct Binding {
     platform::Weak<kestroui::Container> container;
     std::size_t index = 0;
+    /// The same container, when it is one.
+    kestroui::DoubleFilterViewContainer* doubleFilter = nullptr;
     /// Null for a key without a parameter.
     platform::AUParameter* parameter = nullptr;
     ParameterMapping mapping;

@@ -218,9 +218,7 @@ void KestroAUViewController::updateParameter(platform::AUParameterAddress addres
 }
 
 void KestroAUViewController::updateDoubleFilters(platform::AUParameterAddress address) {
-  for (Container* const shown : bindings_->containers(address)) {
-    auto* const container = dynamic_cast<kestroui::DoubleFilterViewContainer*>(shown);
-    if (!container) continue;
+  for (auto* const container : bindings_->doubleFilters(address)) {
     std::array<std::string, 6> keys;
     for (std::size_t i = 0; i < std::min(keys.size(), container->paramKeys().size()); ++i)
       keys[i] = container->paramKeys()[i]->key();
