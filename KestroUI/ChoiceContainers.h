@@ -67,7 +67,7 @@ class RadioContainer : public Container {
 
   RadioButtons& buttons() { return buttons_; }
 
-  ValueForm valueForm(const std::string&) const override { return ValueForm::raw; }
+  ValueForm valueForm(std::size_t) const override { return ValueForm::raw; }
   void setValueRange(float minimum, float maximum) override;
   void setStringValues(const std::vector<std::string>& values) override;
 
@@ -82,7 +82,7 @@ class DropDownListContainer : public Container {
 
   DropDownList& list() { return list_; }
 
-  ValueForm valueForm(const std::string&) const override { return ValueForm::raw; }
+  ValueForm valueForm(std::size_t) const override { return ValueForm::raw; }
   void setValueRange(float minimum, float maximum) override;
   void setStringValues(const std::vector<std::string>& values) override;
   /// Closes the list when its page goes.
@@ -99,7 +99,7 @@ class BitFlagsGroupContainer : public Container {
 
   /// The names of the flags, lowest bit first.
   void setFlags(const std::vector<std::string>& flags);
-  ValueForm valueForm(const std::string&) const override { return ValueForm::raw; }
+  ValueForm valueForm(std::size_t) const override { return ValueForm::raw; }
   /// Names the flags where setFlags has not.
   void setStringValues(const std::vector<std::string>& values) override;
 

@@ -55,34 +55,27 @@ std::shared_ptr<ParamKey> Container::key() const {
   return paramKeys_.empty() ? nullptr : paramKeys_.front();
 }
 
-bool Container::isOwnKey(const std::string& key) const {
-  return paramKeys_.empty() || paramKeys_.front()->key() == key;
-}
-
 std::optional<std::size_t> Container::indexOf(const std::string& key) const {
   for (std::size_t i = 0; i < paramKeys_.size(); ++i)
     if (paramKeys_[i]->key() == key) return i;
   return std::nullopt;
 }
 
-float Container::value() const {
-  if (control_) return control_->value();
-  return paramKeys_.empty() ? 0 : value(paramKeys_.front()->key());
-}
+float Container::value() const { return control_ ? control_->value() : value(0); }
 
 void Container::setValue(float value) {
   if (control_)
     control_->setValue(value);
-  else if (!paramKeys_.empty())
-    showValue(paramKeys_.front()->key(), value, valueText_);
+  else
+    showValue(0, value, valueText_);
 }
 
-Container::ValueForm Container::valueForm(const std::string&) const { return ValueForm::position; }
+Container::ValueForm Container::valueForm(std::size_t) const { return ValueForm::position; }
 
-float Container::value(const std::string&) const { return control_ ? control_->value() : 0; }
+float Container::value(std::size_t) const { return control_ ? control_->value() : 0; }
 
-void Container::showValue(const std::string& key, float value, const std::string& text) {
-  if (!isOwnKey(key)) return;
+void Container::showValue(std::size_t index, float value, const std::string& text) {
+  if (index != 0) return;
   if (control_) control_->setValue(value);
   valueText_ = text;
   updateTitleLabel();

@@ -46,7 +46,7 @@ class MidiMapBadge;
 
 /// A control of one or more parameters with its title: what a slot of a design shows. Each kind is
 /// a subclass that owns its control and gives it to `setControl`. The owner listens to
-/// valueChanged and then reads `value(key)` for every key. Shared by the control collection and
+/// valueChanged and then reads the values of its movedIndices. Shared by the control collection and
 /// the design; the view tree only links to it. User-interface thread only.
 class Container : public toolkit::Control {
  public:
@@ -70,17 +70,19 @@ class Container : public toolkit::Control {
   /// Those of the own key.
   float value() const;
   void setValue(float value);
-  /// For one of its keys; the base answers for every key with its one value.
-  virtual ValueForm valueForm(const std::string& key) const;
-  virtual float value(const std::string& key) const;
-  /// Where a finger takes hold of the value of a key, in this view's coordinates; none for kinds of
-  /// one value, which are taken anywhere, and for a key that is none of its own.
-  virtual std::optional<platform::Point> handlePlace(const std::string& /*key*/) const {
+  // Of the key at a place among its keys, the own one at 0.
+
+  virtual ValueForm valueForm(std::size_t index) const;
+  /// The base answers for every place with its one value.
+  virtual float value(std::size_t index) const;
+  /// Where a finger takes hold of the value, in this view's coordinates; none for kinds of one
+  /// value, which are taken anywhere, and where there is no key.
+  virtual std::optional<platform::Point> handlePlace(std::size_t /*index*/) const {
     return std::nullopt;
   }
-  /// Shows a value that the audio unit has, and its text. Sends nothing. Kinds with several values
-  /// tell them apart by key.
-  virtual void showValue(const std::string& key, float value, const std::string& text);
+  /// Shows a value that the audio unit has, and its text. Sends nothing; the base shows the own
+  /// value alone.
+  virtual void showValue(std::size_t index, float value, const std::string& text);
   /// What the value label shows for the own key: the last text given to showValue.
   const std::string& valueText() const { return valueText_; }
   /// The range of the own parameter. Raw kinds take values within it; knobs and sliders fill from
@@ -215,7 +217,7 @@ class Container : public toolkit::Control {
  protected:
   /// Adds the kind's control and listens to it; called once by the kind's constructor.
   void setControl(KestroControl& control);
-  /// The same for a control of several values, which the kind itself tells apart by key.
+  /// The same for a control of several values, which the kind itself tells apart.
   void setFace(GestureControl& face);
   /// The places of the values that the user has moved in `sender`, one of its controls; the own one
   /// in the base class.
@@ -245,8 +247,6 @@ class Container : public toolkit::Control {
   virtual std::string movingText() const { return valueText_; }
   /// The title, or the value while it moves or is hovered over.
   void updateTitleLabel();
-  /// Whether `key` is the own key, or there is none yet.
-  bool isOwnKey(const std::string& key) const;
 
  private:
   /// Below the title, in points.

@@ -15,11 +15,10 @@ void DisplayContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys)
   ShapeContainer::setParamKeys(std::move(keys));
 }
 
-void DisplayContainer::showValue(const std::string& key, float value, const std::string& text) {
+void DisplayContainer::showValue(std::size_t index, float value, const std::string& text) {
   // The strips show texts all the time, other shapes only that of the handle in use.
-  const std::optional<std::size_t> index = indexOf(key);
-  if (index && display_->text(*index) != text) display_->setNeedsDisplay();
-  ShapeContainer::showValue(key, value, text);
+  if (display_->text(index) != text) display_->setNeedsDisplay();
+  ShapeContainer::showValue(index, value, text);
 }
 
 void DisplayContainer::setKeyRange(std::size_t index, float minimum, float maximum) {

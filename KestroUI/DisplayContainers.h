@@ -23,7 +23,7 @@ class DisplayContainer : public ShapeContainer {
   const DisplayView* display() const { return display_; }
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;
   void setColors(const std::vector<platform::Color>& colors) override;
@@ -116,8 +116,8 @@ class OscilloscopeContainer : public DisplayContainer {
   virtual void setBuffers(std::vector<const platform::LiveBuffer*> buffers);
   std::size_t bufferCount() const { return view_.bufferCount(); }
 
-  ValueForm valueForm(const std::string& key) const override {
-    return isOwnKey(key) ? ValueForm::raw : ValueForm::position;
+  ValueForm valueForm(std::size_t index) const override {
+    return index == 0 ? ValueForm::raw : ValueForm::position;
   }
   bool hasModulation() const override {
     return bufferCount() > 0 || DisplayContainer::hasModulation();

@@ -37,20 +37,18 @@ KnobContainer* MultipleContainer::subContainer(const std::string& key) const {
   return nullptr;
 }
 
-float MultipleContainer::value(const std::string& key) const {
-  const KnobContainer* found = subContainer(key);
-  return found ? found->value(key) : 0;
+float MultipleContainer::value(std::size_t index) const {
+  return index < knobs_.size() ? knobs_[index]->value() : 0;
 }
 
-std::optional<platform::Point> MultipleContainer::handlePlace(const std::string& key) const {
-  const KnobContainer* found = subContainer(key);
-  if (!found) return std::nullopt;
-  return convertFromRoot(found->control()->frameInRoot().centre());
+std::optional<platform::Point> MultipleContainer::handlePlace(std::size_t index) const {
+  if (index >= knobs_.size()) return std::nullopt;
+  return convertFromRoot(knobs_[index]->control()->frameInRoot().centre());
 }
 
-void MultipleContainer::showValue(const std::string& key, float value, const std::string& text) {
-  if (KnobContainer* found = subContainer(key)) found->showValue(key, value, text);
-  Container::showValue(key, value, text);
+void MultipleContainer::showValue(std::size_t index, float value, const std::string& text) {
+  if (index < knobs_.size()) knobs_[index]->showValue(0, value, text);
+  Container::showValue(index, value, text);
 }
 
 void MultipleContainer::setKeyRange(std::size_t index, float minimum, float maximum) {

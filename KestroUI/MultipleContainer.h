@@ -21,9 +21,9 @@ class MultipleContainer : public Container, public ContainerDelegate {
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
-  float value(const std::string& key) const override;
-  std::optional<platform::Point> handlePlace(const std::string& key) const override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  float value(std::size_t index) const override;
+  std::optional<platform::Point> handlePlace(std::size_t index) const override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;
   void setInverted(bool inverted) override;

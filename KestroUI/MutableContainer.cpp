@@ -8,6 +8,12 @@ namespace kestroui {
 using platform::Rect;
 using toolkit::ControlEvent;
 
+namespace {
+
+constexpr std::size_t muteIndex = 1;
+
+}  // namespace
+
 MutableContainer::MutableContainer() {
   addSubview(muteButton_);
   muteButton_.addTarget<&MutableContainer::onMuted>(*this, ControlEvent::valueChanged);
@@ -20,17 +26,18 @@ void MutableContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys)
   setNeedsDisplay();
 }
 
-float MutableContainer::value(const std::string& key) const {
-  if (isMuteKey(key)) return muteButton_.value();
-  return indexOf(key) == 0u ? knob().value() : 0;
+float MutableContainer::value(std::size_t index) const {
+  if (index == muteIndex) return muteButton_.value();
+  return index == 0 ? knob().value() : 0;
 }
 
-std::optional<platform::Point> MutableContainer::handlePlace(const std::string& key) const {
-  return isMuteKey(key) ? std::optional(muteButton_.frame().centre()) : std::nullopt;
+std::optional<platform::Point> MutableContainer::handlePlace(std::size_t index) const {
+  const bool isMute = index == muteIndex && index < paramKeys().size();
+  return isMute ? std::optional(muteButton_.frame().centre()) : std::nullopt;
 }
 
-void MutableContainer::showValue(const std::string& key, float value, const std::string& text) {
-  if (!isMuteKey(key)) return KnobContainer::showValue(key, value, text);
+void MutableContainer::showValue(std::size_t index, float value, const std::string& text) {
+  if (index != muteIndex) return KnobContainer::showValue(index, value, text);
   muteButton_.setValue(value);
   style();
 }
@@ -59,12 +66,12 @@ void MutableContainer::style() {
 
 void MutableContainer::onMuted() {
   style();
-  sendMoved({1});
+  sendMoved({muteIndex});
 }
 
-void MutableContainer::onMuteHeld() { tellGesture(Hold::begins, {paramKeys()[1]}); }
+void MutableContainer::onMuteHeld() { tellGesture(Hold::begins, {paramKeys()[muteIndex]}); }
 
-void MutableContainer::onMuteLetGo() { tellGesture(Hold::ends, {paramKeys()[1]}); }
+void MutableContainer::onMuteLetGo() { tellGesture(Hold::ends, {paramKeys()[muteIndex]}); }
 
 void MutableContainer::onEditingDidBegin() {
   updateTitleLabel();
@@ -77,7 +84,7 @@ void MutableContainer::onEditingDidEnd() {
 }
 
 Rect MutableContainer::muteFrame(const Rect& frame) const {
-  if (paramKeys().size() < 2 || std::max(frame.width, frame.height) < 36) return {};
+  if (paramKeys().size() <= muteIndex || std::max(frame.width, frame.height) < 36) return {};
   const double scale = textScale();
   if (frame.width > frame.height * 1.3) {
     const double width = std::min(30 * scale, frame.width * 0.3);

@@ -13,9 +13,9 @@ class MutableContainer : public KnobContainer {
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
-  float value(const std::string& key) const override;
-  std::optional<platform::Point> handlePlace(const std::string& key) const override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  float value(std::size_t index) const override;
+  std::optional<platform::Point> handlePlace(std::size_t index) const override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setInactive(bool inactive) override;
   void updateModulation() override;
@@ -27,7 +27,6 @@ class MutableContainer : public KnobContainer {
   void onEditingDidEnd() override;
 
  private:
-  bool isMuteKey(const std::string& key) const { return indexOf(key) == 1u; }
   void onMuted();
   void onMuteHeld();
   void onMuteLetGo();

@@ -27,23 +27,17 @@ void ShapeContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
   }
 }
 
-float ShapeContainer::value(const std::string& key) const {
-  const std::optional<std::size_t> index = indexOf(key);
-  return index ? shape_->value(*index) : 0;
+float ShapeContainer::value(std::size_t index) const { return shape_->value(index); }
+
+std::optional<platform::Point> ShapeContainer::handlePlace(std::size_t index) const {
+  if (index >= paramKeys().size()) return std::nullopt;
+  return convertFromRoot(shape_->convertToRoot(shape_->placeOf(index)));
 }
 
-std::optional<platform::Point> ShapeContainer::handlePlace(const std::string& key) const {
-  const std::optional<std::size_t> index = indexOf(key);
-  if (!index) return std::nullopt;
-  return convertFromRoot(shape_->convertToRoot(shape_->placeOf(*index)));
-}
-
-void ShapeContainer::showValue(const std::string& key, float value, const std::string& text) {
-  if (const std::optional<std::size_t> index = indexOf(key)) {
-    shape_->setValue(*index, value);
-    shape_->setText(*index, text);
-  }
-  Container::showValue(key, value, text);
+void ShapeContainer::showValue(std::size_t index, float value, const std::string& text) {
+  shape_->setValue(index, value);
+  shape_->setText(index, text);
+  Container::showValue(index, value, text);
 }
 
 void ShapeContainer::setKeyRange(std::size_t index, float minimum, float maximum) {
@@ -62,7 +56,7 @@ void ShapeContainer::setKeyStringValues(std::size_t index, const std::vector<std
 
 void ShapeContainer::configure(std::size_t index) {
   const KeyRange& range = ranges_[index];
-  const ValueForm form = valueForm(paramKeys()[index]->key());
+  const ValueForm form = valueForm(index);
   if (form == ValueForm::raw && range.isKnown)
     shape_->setRange(index, range.minimum, range.maximum);
   const float length = range.maximum - range.minimum;

@@ -20,9 +20,9 @@ class ShapeContainer : public Container {
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
-  float value(const std::string& key) const override;
-  std::optional<platform::Point> handlePlace(const std::string& key) const override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  float value(std::size_t index) const override;
+  std::optional<platform::Point> handlePlace(std::size_t index) const override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   /// Sets the range of a raw value, and for a position where its fill starts.
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;

@@ -81,8 +81,8 @@ class FilterViewContainer : public ShapeContainer {
   FilterView& filterView() { return filterView_; }
   const FilterView& filterView() const { return filterView_; }
 
-  ValueForm valueForm(const std::string& key) const override {
-    return indexOf(key).value_or(0) == 0 ? ValueForm::pitch : ValueForm::raw;
+  ValueForm valueForm(std::size_t index) const override {
+    return index == 0 ? ValueForm::pitch : ValueForm::raw;
   }
 
  private:
@@ -98,8 +98,7 @@ class DoubleFilterViewContainer : public ShapeContainer {
   DoubleFilterView& filterView() { return filterView_; }
   const DoubleFilterView& filterView() const { return filterView_; }
 
-  ValueForm valueForm(const std::string& key) const override {
-    const std::size_t index = indexOf(key).value_or(0);
+  ValueForm valueForm(std::size_t index) const override {
     return index == DoubleFilterView::lowPassFrequency || index == DoubleFilterView::hiPassFrequency
                ? ValueForm::pitch
                : ValueForm::raw;

@@ -47,9 +47,9 @@ void StepperContainer::setStringValues(const std::vector<std::string>& values) {
   stepper_.setValueNames(values);
 }
 
-void StepperContainer::showValue(const std::string& key, float value, const std::string& text) {
-  Container::showValue(key, value, text);
-  if (isOwnKey(key)) stepper_.setText(text);
+void StepperContainer::showValue(std::size_t index, float value, const std::string& text) {
+  Container::showValue(index, value, text);
+  if (index == 0) stepper_.setText(text);
 }
 
 SimpleLabelContainer::SimpleLabelContainer() {
@@ -63,9 +63,9 @@ void SimpleLabelContainer::setTitle(const std::string& title) {
   if (valueText().empty()) label_.setText(title);
 }
 
-void SimpleLabelContainer::showValue(const std::string& key, float value, const std::string& text) {
-  Container::showValue(key, value, text);
-  if (isOwnKey(key)) label_.setText(text.empty() ? title() : text);
+void SimpleLabelContainer::showValue(std::size_t index, float value, const std::string& text) {
+  Container::showValue(index, value, text);
+  if (index == 0) label_.setText(text.empty() ? title() : text);
 }
 
 LEDViewContainer::LEDViewContainer() {

@@ -77,10 +77,10 @@ class StepperContainer : public Container {
  public:
   StepperContainer() { setControl(stepper_); }
 
-  ValueForm valueForm(const std::string&) const override { return ValueForm::raw; }
+  ValueForm valueForm(std::size_t) const override { return ValueForm::raw; }
   void setValueRange(float minimum, float maximum) override;
   void setStringValues(const std::vector<std::string>& values) override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
 
  private:
   Stepper stepper_;
@@ -92,7 +92,7 @@ class SimpleLabelContainer : public Container {
   SimpleLabelContainer();
 
   void setTitle(const std::string& title) override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
 
  private:
   SimpleLabel label_;

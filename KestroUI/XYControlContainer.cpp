@@ -43,29 +43,26 @@ void XYControlContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> key
   setNeedsDisplay();
 }
 
-float XYControlContainer::value(const std::string& key) const {
-  const std::optional<std::size_t> index = indexOf(key);
+float XYControlContainer::value(std::size_t index) const {
   if (on_.drives(index)) return on_.button.value();
   if (hold_.drives(index)) return hold_.button.value();
-  return ShapeContainer::value(key);
+  return ShapeContainer::value(index);
 }
 
-std::optional<platform::Point> XYControlContainer::handlePlace(const std::string& key) const {
-  const std::optional<std::size_t> index = indexOf(key);
+std::optional<platform::Point> XYControlContainer::handlePlace(std::size_t index) const {
   if (on_.drives(index)) return on_.button.frame().centre();
   if (hold_.drives(index)) return hold_.button.frame().centre();
-  return ShapeContainer::handlePlace(key);
+  return ShapeContainer::handlePlace(index);
 }
 
-void XYControlContainer::showValue(const std::string& key, float value, const std::string& text) {
-  const std::optional<std::size_t> index = indexOf(key);
+void XYControlContainer::showValue(std::size_t index, float value, const std::string& text) {
   if (on_.drives(index)) {
     on_.button.setValue(value);
     pad_.setLit(on_.button.isOn());
   } else if (hold_.drives(index)) {
     hold_.button.setValue(value);
   }
-  ShapeContainer::showValue(key, value, text);
+  ShapeContainer::showValue(index, value, text);
 }
 
 void XYControlContainer::switchOn(bool on) {
@@ -100,8 +97,8 @@ void XYControlContainer::tellSwitch(Hold hold, const Switch& part) {
   tellGesture(hold, keys);
 }
 
-bool XYControlContainer::Switch::drives(std::optional<std::size_t> index) const {
-  return index && std::find(indices.begin(), indices.end(), *index) != indices.end();
+bool XYControlContainer::Switch::drives(std::size_t index) const {
+  return std::find(indices.begin(), indices.end(), index) != indices.end();
 }
 
 void XYControlContainer::setControlColor(platform::Color color) {

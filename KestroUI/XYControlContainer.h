@@ -19,9 +19,9 @@ class XYControlContainer : public ShapeContainer {
 
   void setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) override;
   using Container::value;
-  float value(const std::string& key) const override;
-  std::optional<platform::Point> handlePlace(const std::string& key) const override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  float value(std::size_t index) const override;
+  std::optional<platform::Point> handlePlace(std::size_t index) const override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   void setControlColor(platform::Color color) override;
   void setColors(const std::vector<platform::Color>& colors) override;
   void setInactive(bool inactive) override;
@@ -40,7 +40,7 @@ class XYControlContainer : public ShapeContainer {
   struct Switch {
     explicit Switch(std::string title) : button({std::move(title)}) {}
     bool isUsed() const { return !indices.empty(); }
-    bool drives(std::optional<std::size_t> index) const;
+    bool drives(std::size_t index) const;
 
     OnOffButton button;
     /// The places of its keys.

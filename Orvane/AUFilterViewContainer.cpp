@@ -37,10 +37,9 @@ void AUFilterViewContainer::setParamKeys(std::vector<std::shared_ptr<kestroui::P
     if (key()->key().find(word) != std::string::npos) filterView().setType(type);
 }
 
-void AUFilterViewContainer::showValue(const std::string& key, float value,
-                                      const std::string& text) {
+void AUFilterViewContainer::showValue(std::size_t index, float value, const std::string& text) {
   const float frequency = filterView().frequency(), resonance = filterView().resonance();
-  FilterViewContainer::showValue(key, value, text);
+  FilterViewContainer::showValue(index, value, text);
   const bool moved = filterView().frequency() != frequency || filterView().resonance() != resonance;
   // While it is modulated the next frame shows the live values anyway.
   if (filterView().isModulated()) return;

@@ -22,7 +22,7 @@ class AUFilterViewContainer : public kestroui::FilterViewContainer {
   float previousRes = 0;
 
   void setParamKeys(std::vector<std::shared_ptr<kestroui::ParamKey>> keys) override;
-  void showValue(const std::string& key, float value, const std::string& text) override;
+  void showValue(std::size_t index, float value, const std::string& text) override;
   /// Shows the response for the present values of its first two keys.
   void updateViewData();
   void updateFilterViewFrequencyAndMagnitudes(kestroui::FilterView& view,

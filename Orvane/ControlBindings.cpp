@@ -42,14 +42,14 @@ void ControlBindings::bind(Container& container, const DSPParameters& parameters
   for (std::size_t i = 0; i < keys.size(); ++i) {
     platform::AUParameter* const parameter =
         parameters[ControlBuilder::parameterKey(container, keys[i]->key())];
-    const auto form = container.valueForm(keys[i]->key());
+    const auto form = container.valueForm(i);
     bound.push_back({.container = &container,
                      .index = i,
                      .doubleFilter = doubleFilter,
                      .parameter = parameter,
                      .mapping = parameter ? ParameterMapping(*parameter, form)
                                           : ParameterMapping(0, 1, ParameterMapping::Scale::same)});
-    bound.back().held = container.value(keys[i]->key());
+    bound.back().held = container.value(i);
     if (parameter) places_[parameter->address()].push_back(&bound.back());
   }
 }
@@ -82,22 +82,21 @@ std::vector<std::size_t> ControlBindings::moved(const Container& container) cons
   if (!result.empty()) return result;
   for (std::size_t i = 0; i < container.paramKeys().size(); ++i) {
     const Binding* const place = find(container, i);
-    if (place && container.value(container.paramKeys()[i]->key()) != place->held)
-      result.push_back(i);
+    if (place && container.value(i) != place->held) result.push_back(i);
   }
   return result;
 }
 
 void ControlBindings::standStill(const Binding& place) {
   if (Container* const container = place.container.get())
-    container->showValue(container->paramKeys()[place.index]->key(), place.held, {});
+    container->showValue(place.index, place.held, {});
 }
 
 void ControlBindings::write(const Container& container, std::size_t index) {
   Binding* const place = find(container, index);
   if (!place) return;
   if (!place->parameter) return standStill(*place);
-  place->held = container.value(container.paramKeys()[index]->key());
+  place->held = container.value(index);
   place->shown = std::numeric_limits<float>::quiet_NaN();
   // The last line: observers may destroy what is used above.
   place->parameter->setValue(place->mapping.valueAt(place->held));
@@ -111,14 +110,13 @@ void ControlBindings::update(platform::AUParameter& parameter, const std::string
   for (Binding* const place : entry->second) {
     Container* const container = place->container.get();
     if (!container) continue;
-    const kestroui::ParamKey& key = *container->paramKeys()[place->index];
     // A preset sets every parameter, and most of them to what they are.
-    if (value == place->shown && container->value(key.key()) == place->held) continue;
+    if (value == place->shown && container->value(place->index) == place->held) continue;
     place->shown = value;
-    const std::string* const own = ownText(key, parameter, value);
+    const std::string* const own = ownText(*container->paramKeys()[place->index], parameter, value);
     if (!own && text.empty()) text = parameter.stringFromValue(value);
-    container->showValue(key.key(), place->mapping.positionOf(value), own ? *own : text);
-    place->held = container->value(key.key());
+    container->showValue(place->index, place->mapping.positionOf(value), own ? *own : text);
+    place->held = container->value(place->index);
   }
 }
 

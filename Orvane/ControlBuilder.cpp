@@ -140,7 +140,7 @@ void ControlBuilder::applyParameters(Container& container) const {
     const platform::AUParameter* parameter = parameters_[parameterKey(container, key.key())];
     mappings.emplace_back();
     if (parameter) {
-      mappings.back().emplace(*parameter, container.valueForm(key.key()));
+      mappings.back().emplace(*parameter, container.valueForm(i));
       container.setKeyRange(i, parameter->minValue(), parameter->maxValue());
     }
     std::vector<std::string> values = stringValues(key);

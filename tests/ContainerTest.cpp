@@ -16,6 +16,7 @@
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
 #include "KestroUI/ValueContainers.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/ShapeKinds.h"
 #include "tests/support/WindowBench.h"
@@ -75,27 +76,27 @@ class ContainerTest : public testing::Test {
 };
 
 TEST_F(ContainerTest, kindsThatChooseHoldRawValuesAndTheOthersPositions) {
-  EXPECT_EQ(RadioContainer().valueForm("own"), ValueForm::raw);
-  EXPECT_EQ(StepperContainer().valueForm("own"), ValueForm::raw);
-  EXPECT_EQ(DropDownListContainer().valueForm("own"), ValueForm::raw);
-  EXPECT_EQ(BitFlagsGroupContainer().valueForm("own"), ValueForm::raw);
-  EXPECT_EQ(KnobContainer().valueForm("own"), ValueForm::position);
-  EXPECT_EQ(OnOffContainer().valueForm("own"), ValueForm::position);
+  EXPECT_EQ(RadioContainer().valueForm(0), ValueForm::raw);
+  EXPECT_EQ(StepperContainer().valueForm(0), ValueForm::raw);
+  EXPECT_EQ(DropDownListContainer().valueForm(0), ValueForm::raw);
+  EXPECT_EQ(BitFlagsGroupContainer().valueForm(0), ValueForm::raw);
+  EXPECT_EQ(KnobContainer().valueForm(0), ValueForm::position);
+  EXPECT_EQ(OnOffContainer().valueForm(0), ValueForm::position);
   OscilloscopeContainer scope;
   scope.setParamKeys(keys({"own", "second"}));
-  EXPECT_EQ(scope.valueForm("own"), ValueForm::raw);
-  EXPECT_EQ(scope.valueForm("second"), ValueForm::position);
+  EXPECT_EQ(scope.valueForm(0), ValueForm::raw);
+  EXPECT_EQ(scope.valueForm(1), ValueForm::position);
 }
 
 TEST_F(ContainerTest, rawKindsShowTheValueItself) {
   DropDownListContainer list;
   list.setValueRange(0, 7);
   list.setStringValues({"a", "b", "c", "d", "e", "f", "g", "h"});
-  list.showValue("any", 3, "d");
+  list.showValue(0, 3, "d");
   EXPECT_EQ(list.value(), 3);
   StepperContainer stepper;
   stepper.setValueRange(-24, 24);
-  stepper.showValue("any", -12, "-12");
+  stepper.showValue(0, -12, "-12");
   EXPECT_EQ(stepper.value(), -12);
   RadioContainer unnamed;
   unnamed.setValueRange(1, 4);
@@ -114,8 +115,8 @@ TEST_F(ContainerTest, aGestureReachesTheDelegateAroundItsChanges) {
   EXPECT_NEAR(knob.value(), 0.1f, 1e-5);
   doubleTap({140, 135});
   EXPECT_THAT(owner.take(), ElementsAre("[cutoff", "]cutoff", "tap cutoff"));
-  knob.showValue("cutoff", 0.4f, "40 Hz");
-  knob.showValue("another", 0.9f, "90 Hz");
+  knob.showValue(0, 0.4f, "40 Hz");
+  knob.showValue(1, 0.9f, "90 Hz");
   EXPECT_EQ(knob.value(), 0.4f);
   EXPECT_TRUE(owner.take().empty()) << "showing is not sending";
 }
@@ -136,7 +137,7 @@ TEST_F(ContainerTest, theTitleGivesWayToTheValueWhileItIsMovedOrHovered) {
   knob.setParamKeys(keys({"cutoff"}));
   knob.setTitle("Cutoff");
   show(knob, {100, 100, 80, 90});
-  knob.showValue("cutoff", 0.5f, "632 Hz");
+  knob.showValue(0, 0.5f, "632 Hz");
   EXPECT_TRUE(paints("text Cutoff"));
   bench.window.hovered({140, 135});
   EXPECT_TRUE(paints("text 632 Hz"));
@@ -144,7 +145,7 @@ TEST_F(ContainerTest, theTitleGivesWayToTheValueWhileItIsMovedOrHovered) {
   EXPECT_TRUE(paints("text Cutoff"));
   bench.press({140, 135});
   EXPECT_TRUE(paints("text 632 Hz"));
-  knob.showValue("cutoff", 0.6f, "1.1 kHz");
+  knob.showValue(0, 0.6f, "1.1 kHz");
   EXPECT_TRUE(paints("text 1.1 kHz"));
   bench.lift({140, 135});
   EXPECT_TRUE(paints("text Cutoff"));
@@ -171,16 +172,16 @@ TEST_F(ContainerTest, theKnobsOfAMultipleContainerKeepTheirOwnKeys) {
   MultipleContainer multiple;
   multiple.setParamKeys(keys({"bass", "mid", "high"}));
   show(multiple, {0, 0, 240, 90});
-  multiple.showValue("mid", 0.5f, "0 dB");
-  EXPECT_EQ(multiple.value("mid"), 0.5f);
-  EXPECT_EQ(multiple.value("bass"), 0);
+  showValue(multiple, "mid", 0.5f, "0 dB");
+  EXPECT_EQ(valueOf(multiple, "mid"), 0.5f);
+  EXPECT_EQ(valueOf(multiple, "bass"), 0);
   ASSERT_NE(multiple.subContainer("high"), nullptr);
   const platform::Point at = multiple.subContainer("high")->control()->frameInRoot().centre();
   bench.press(at);
   bench.drag({at.x, at.y - 100});
   bench.lift(at);
   EXPECT_THAT(owner.take(), ElementsAre("[high", "v", "]high"));
-  EXPECT_NEAR(multiple.value("high"), 0.5f, 1e-5);
+  EXPECT_NEAR(valueOf(multiple, "high"), 0.5f, 1e-5);
   doubleTap(at);
   EXPECT_EQ(owner.events.back(), "tap high");
   EXPECT_EQ(multiple.subContainer("low"), nullptr);
@@ -190,13 +191,13 @@ TEST_F(ContainerTest, aFilterViewPlacesItsFrequencyInPitchAndKeepsItsResonance) 
   FilterViewContainer filter;
   filter.setParamKeys(keys({"frequency", "resonance"}));
   filter.setKeyRange(1, -20, 20);
-  filter.showValue("frequency", 0.5f, "");
+  showValue(filter, "frequency", 0.5f);
   EXPECT_NEAR(filter.filterView().frequency(), 632.46f, 0.1f);
   filter.filterView().setFrequency(1000);
-  EXPECT_NEAR(filter.value("frequency"), 0.566f, 0.001f);
-  filter.showValue("resonance", -6, "");
-  EXPECT_EQ(filter.value("resonance"), -6);
-  EXPECT_EQ(filter.valueForm("resonance"), ValueForm::raw);
+  EXPECT_NEAR(valueOf(filter, "frequency"), 0.566f, 0.001f);
+  showValue(filter, "resonance", -6);
+  EXPECT_EQ(valueOf(filter, "resonance"), -6);
+  EXPECT_EQ(filter.valueForm(1), ValueForm::raw);
   show(filter, {0, 0, 200, 100});
   bench.press({50, 50});
   bench.drag({50, -300});
@@ -306,7 +307,7 @@ TEST_F(ContainerTest, anIdleEditorRepaintsNothing) {
   for (const std::shared_ptr<Container>& container : all) show(*container, {0, 0, 100, 80});
   bench.frame();
   for (const std::shared_ptr<Container>& container : all) {
-    container->showValue("own", container->value(), "text");
+    container->showValue(0, container->value(), "text");
     container->setInactive(false);
     container->setLabelHRatio(1);
     container->updateModulation();
@@ -314,7 +315,7 @@ TEST_F(ContainerTest, anIdleEditorRepaintsNothing) {
   bench.frame();
   const auto painted = bench.window.paintedViews();
   for (const std::shared_ptr<Container>& container : all)
-    container->showValue("own", container->value(), "text");
+    container->showValue(0, container->value(), "text");
   EXPECT_TRUE(bench.frame().empty());
   EXPECT_EQ(bench.window.paintedViews(), painted);
 }
@@ -336,7 +337,7 @@ TEST_F(ContainerTest, aPluginsOwnControlMayHaveMarginsAndAnIcon) {
   list.setIconPath(icon);
   EXPECT_FALSE(paints("text List"));
   EXPECT_FALSE(list.iconLayer().isHidden());
-  list.showValue("any", 0, "Zero");
+  list.showValue(0, 0, "Zero");
   bench.window.hovered({50, 60});
   EXPECT_TRUE(paints("text Zero")) << "the value takes its place";
   EXPECT_TRUE(list.iconLayer().isHidden());
@@ -351,7 +352,7 @@ TEST_F(ContainerTest, namesThatAreGivenStay) {
   show(label, {0, 0, 100, 40});
   label.setTitle("Tempo");
   EXPECT_TRUE(paints("text Tempo"));
-  label.showValue("any", 0.5f, "120 bpm");
+  label.showValue(0, 0.5f, "120 bpm");
   label.setTitle("Speed");
   EXPECT_TRUE(paints("text 120 bpm"));
   RecContainer rec;

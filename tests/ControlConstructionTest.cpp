@@ -15,6 +15,7 @@
 #include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/AUValueContainers.h"
 #include "Orvane/ControlFactory.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -167,7 +168,7 @@ TEST_F(ControlConstructionTest, ControlsShowThePresentValuesAtOnce) {
   EXPECT_EQ(controller.container("a")->valueText(), unit.parameter("a")->stringFromValue(0.5f));
   EXPECT_EQ(controller.container("shape")->value(), 2);
   EXPECT_EQ(controller.container("shape")->valueText(), "Noise");
-  EXPECT_FLOAT_EQ(controller.container("b")->value("a"), 0.75f);
+  EXPECT_FLOAT_EQ(kestroui::valueOf(*controller.container("b"), "a"), 0.75f);
   EXPECT_FLOAT_EQ(controller.container("a")->positionOfValue(0, 0), 0.5f);
 }
 

@@ -17,6 +17,7 @@
 #include "KestroUI/MutableContainer.h"
 #include "KestroUI/ValueContainers.h"
 #include "tests/support/Drawing.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/ShapeKinds.h"
 
@@ -312,12 +313,12 @@ TEST_F(ControlPicturesTest, ADragMovesTheKeyUnderTheFingerAlone) {
       // In the order that limits ask for.
       for (const char* last :
            {"end", "loopEnd", "high", "highFreq", "MidHighFrequency", "lf", "threshold2", "ratio2"})
-        container->showValue(last, 0.8f, "");
+        if (container->indexOf(last)) showValue(*container, last, 0.8f);
       show(*container);
       support::ContainerOwner owner;
       owner.listenTo(*container);
       std::vector<float> before;
-      for (const std::string& each : kind.keys()) before.push_back(container->value(each));
+      for (std::size_t k = 0; k < kind.keys().size(); ++k) before.push_back(container->value(k));
       const bool sideways = does == 'x' || does == 'r';
       const Point way = sideways ? Point{12, 0} : Point{0, does == 'd' ? 12.0 : -12.0};
       const Point at = placeOf(*container, key),
@@ -330,7 +331,7 @@ TEST_F(ControlPicturesTest, ADragMovesTheKeyUnderTheFingerAlone) {
       }
       bench.lift(origin + at + way);
       for (std::size_t k = 0; k < before.size(); ++k) {
-        const float value = container->value(kind.keys()[k]);
+        const float value = container->value(k);
         if (k == i)
           EXPECT_GT(value, before[k] + 0.02f);
         else
@@ -351,9 +352,9 @@ TEST_F(ControlPicturesTest, ALiveValueIsShownWhereItsHandleWouldStand) {
       SCOPED_TRACE(kind.name + (" " + key));
       const auto container = kind.shown(0.4f);
       show(*container);
-      container->showValue(key, 0.7f, "");
+      showValue(*container, key, 0.7f);
       const Point there = placeOf(*container, key);
-      container->showValue(key, 0.4f, "");
+      showValue(*container, key, 0.4f);
       modulate(*container, i, 0.7f);
       bool found = false;
       for (const auto& dot : Drawing(faceOf(*container)).all(Kind::ellipse, Theme::white))
@@ -385,8 +386,8 @@ double heightAt(const std::vector<Point>& curve, double x, const Rect& face) {
 TEST_F(ControlPicturesTest, AWaveshaperWithoutWetSoundIsAStraightLine) {
   WaveshaperViewContainer shaper;
   show(shaper, {"drive", "shape", "bias", "mix"});
-  shaper.showValue("drive", 0.8f, "");
-  shaper.showValue("bias", 0.5f, "");
+  showValue(shaper, "drive", 0.8f);
+  showValue(shaper, "bias", 0.5f);
   shaper.setKeyStringValues(1, {"Soft", "Hard Clip", "Rectify"});
   shaper.setKeyRange(1, 0, 2);
   ShapeControl& face = faceOf(shaper);
@@ -398,13 +399,13 @@ TEST_F(ControlPicturesTest, AWaveshaperWithoutWetSoundIsAStraightLine) {
     return heightAt(curve, (left + right) / 2 + in * (right - left) / 2, place) -
            heightAt(curve, (left + right) / 2, place);
   };
-  shaper.showValue("mix", 0, "");
+  showValue(shaper, "mix", 0);
   EXPECT_NEAR(at(0.5) * 2, at(0.99) / 0.99, 1);
   EXPECT_NEAR(at(0.25), -at(-0.25), 0.5);
-  shaper.showValue("mix", 1, "");
+  showValue(shaper, "mix", 1);
   EXPECT_NEAR(at(0.5), at(0.9), 1) << "driven far, it is flat";
   EXPECT_NEAR(at(0.5), -at(-0.5), 1) << "an unbiased curve is the same for both signs";
-  shaper.showValue("shape", 1, "");
+  showValue(shaper, "shape", 1);
   EXPECT_NEAR(at(0.5), at(-0.5), 1) << "a rectifier turns the lower half up";
 }
 
@@ -417,7 +418,7 @@ TEST_F(ControlPicturesTest, AWavetableFadesFromWaveToWave) {
   });
   // How far the wave that sounds lies over the middle of its place, which is the handle's height.
   const auto level = [&](float place) {
-    table.showValue("place", place, "");
+    showValue(table, "place", place);
     const auto waves = Drawing(faceOf(table)).all(Kind::stroke, accent);
     EXPECT_EQ(waves.size(), 1u);
     return placeOf(table, "place").y - waves[0].area.y;
@@ -429,7 +430,7 @@ TEST_F(ControlPicturesTest, AWavetableFadesFromWaveToWave) {
   EXPECT_NEAR(level(0.5f), -whole, near);
   table.setParamKeys(keys({"place", "level"}));
   EXPECT_NEAR(level(0), whole / 4, near) << "a low level is a low wave";
-  table.showValue("level", 1, "");
+  showValue(table, "level", 1);
   EXPECT_NEAR(level(0), whole, near);
   table.setParamKeys(keys({"place"}));
   modulate(table, 0, 0);
@@ -439,8 +440,8 @@ TEST_F(ControlPicturesTest, AWavetableFadesFromWaveToWave) {
 TEST_F(ControlPicturesTest, ARangeIsFilledBetweenItsEnds) {
   DoubleSliderContainer range;
   show(range, {"low", "high"}, {0, 0, 300, 40});
-  range.showValue("low", 0.3f, "");
-  range.showValue("high", 0.7f, "");
+  showValue(range, "low", 0.3f);
+  showValue(range, "high", 0.7f);
   const auto fills = Drawing(faceOf(range)).all(Kind::rounded, accent);
   ASSERT_EQ(fills.size(), 1u);
   EXPECT_NEAR(fills[0].area.x, placeOf(range, "low").x, 4);
@@ -452,7 +453,7 @@ TEST_F(ControlPicturesTest, AnEnvelopeRisesToTheHandleOfItsAttackAndFallsToThatO
        {std::vector<std::string>{"attack", "release"}, {"attack", "decay", "sustain", "release"}}) {
     ADSRContainer envelope;
     show(envelope, names);
-    for (const std::string& key : names) envelope.showValue(key, 0.6f, "");
+    for (const std::string& key : names) showValue(envelope, key, 0.6f);
     const auto curve = Drawing(faceOf(envelope)).curve();
     // Each stage has a start, a control and an end.
     EXPECT_EQ(curve[2], placeOf(envelope, "attack"));
@@ -465,7 +466,7 @@ TEST_F(ControlPicturesTest, ThePlayheadStandsAtTheStepThatPlays) {
   CurveSequencerContainer glides;
   for (ShapeContainer* const steps : std::vector<ShapeContainer*>{&bars, &glides}) {
     show(*steps, {"a", "b", "c", "d"});
-    for (const char* key : {"a", "b", "c", "d"}) steps->showValue(key, 0.5f, "");
+    for (const char* key : {"a", "b", "c", "d"}) showValue(*steps, key, 0.5f);
   }
   const auto lines = [&] { return Drawing(faceOf(glides)).all(Kind::rect, Theme::white); };
   const auto columns = [&](ShapeContainer& steps) {
@@ -502,8 +503,8 @@ TEST_F(ControlPicturesTest, StepsAroundACentreGrowFromIt) {
   show(steps, {"a", "b"});
   steps.setKeyRange(0, -12, 12);
   steps.setKeyRange(1, -12, 12);
-  steps.showValue("a", 0.5f, "");
-  steps.showValue("b", 0.75f, "");
+  showValue(steps, "a", 0.5f);
+  showValue(steps, "b", 0.75f);
   const auto bars = [&] {
     std::vector<double> heights;
     for (const auto& shape : Drawing(faceOf(steps)).all(Kind::rounded, accent))
@@ -516,15 +517,15 @@ TEST_F(ControlPicturesTest, StepsAroundACentreGrowFromIt) {
   EXPECT_NEAR(bars()[2], 0.25 * placeOf(steps, "a").y * 2, 8);
   steps.setKeyRange(0, 0, 1);
   steps.setInverted(true);
-  steps.showValue("a", 0, "");
+  showValue(steps, "a", 0);
   EXPECT_EQ(bars().size(), 3u) << "reversed too, the lowest value has no bar";
 }
 
 TEST_F(ControlPicturesTest, APhaserIsDrawnAsItSounds) {
   PhaserViewContainer phaser;
   show(phaser, {"frequency", "feedback", "depth", "stages"});
-  phaser.showValue("frequency", 0.5f, "");
-  phaser.showValue("feedback", 0, "");
+  showValue(phaser, "frequency", 0.5f);
+  showValue(phaser, "feedback", 0);
   const auto curve = [&] { return Drawing(faceOf(phaser)).curve(); };
   const auto notches = [&] {
     const auto points = curve();
@@ -535,17 +536,17 @@ TEST_F(ControlPicturesTest, APhaserIsDrawnAsItSounds) {
   };
   const auto none = curve();
   phaser.setKeyRange(1, -1, 1);
-  phaser.showValue("feedback", 0.5f, "");
+  showValue(phaser, "feedback", 0.5f);
   EXPECT_EQ(curve(), none) << "the middle of a symmetrical range is no feedback";
-  phaser.showValue("feedback", 0, "");
+  showValue(phaser, "feedback", 0);
   EXPECT_NE(curve(), none) << "negative feedback is drawn as such";
-  phaser.showValue("feedback", 0.5f, "");
+  showValue(phaser, "feedback", 0.5f);
   phaser.setKeyRange(3, 0, 2);
   phaser.setKeyStringValues(3, {"4 stages", "8 stages", "2 stages"});
-  phaser.showValue("stages", 0.5f, "");
+  showValue(phaser, "stages", 0.5f);
   EXPECT_EQ(notches(), 4) << "a name says how many";
   // The band that it sweeps lies evenly around the handle.
-  phaser.showValue("depth", 0.5f, "");
+  showValue(phaser, "depth", 0.5f);
   bool found = false;
   for (const auto& band : Drawing(faceOf(phaser)).all(Kind::rect, accent))
     found = found || (band.area.width > 5 &&
@@ -558,10 +559,10 @@ TEST_F(ControlPicturesTest, WhatACompressorMeasuresHangsFromTheTop) {
   show(compressor, {"threshold", "ratio", "gainReduction", "makeup"});
   compressor.setKeyRange(0, -60, 0);
   compressor.setKeyRange(2, -48, 0);
-  compressor.showValue("threshold", 0.5f, "");
-  compressor.showValue("ratio", 0.2f, "");
+  showValue(compressor, "threshold", 0.5f);
+  showValue(compressor, "ratio", 0.2f);
   const Point without = placeOf(compressor, "ratio");
-  compressor.showValue("makeup", 0.5f, "");
+  showValue(compressor, "makeup", 0.5f);
   EXPECT_LT(placeOf(compressor, "ratio").y, without.y) << "make-up lifts the end of the curve too";
   const auto bar = [&](float decibels) {
     std::atomic<float> other{-40}, measured{decibels};
@@ -608,8 +609,8 @@ TEST_F(ControlPicturesTest, EachOfTwoCompressorsHasItsOwnColour) {
 TEST_F(ControlPicturesTest, TheBandsOfACompressorStandSideBySideAndTheirEdgesDoNotPass) {
   ThreeBandCompressorContainer bands;
   show(bands, ThreeBandCompressorContainer::bandKeys());
-  bands.showValue("LowMidFrequency", 0.3f, "");
-  bands.showValue("MidHighFrequency", 0.6f, "");
+  showValue(bands, "LowMidFrequency", 0.3f);
+  showValue(bands, "MidHighFrequency", 0.6f);
   const double low = placeOf(bands, "LowMidFrequency").x,
                high = placeOf(bands, "MidHighFrequency").x;
   EXPECT_LT(placeOf(bands, "LowThreshold").x, low);
@@ -623,8 +624,8 @@ TEST_F(ControlPicturesTest, TheBandsOfACompressorStandSideBySideAndTheirEdgesDoN
     bench.press(at);
     bench.drag(at + Point{way, 0});
     bench.lift(at + Point{way, 0});
-    EXPECT_EQ(bands.value("LowMidFrequency"), bands.value("MidHighFrequency"));
-    bands.showValue("LowMidFrequency", 0.3f, "");
+    EXPECT_EQ(valueOf(bands, "LowMidFrequency"), valueOf(bands, "MidHighFrequency"));
+    showValue(bands, "LowMidFrequency", 0.3f);
   }
 }
 
@@ -644,11 +645,11 @@ TEST_F(ControlPicturesTest, ASampleShowsWhatIsPlayedOfItAndWhere) {
   sample.setParamKeys(keys({"start"}));
   EXPECT_GT(played().second - played().first, 200) << "without an end, all that follows";
   sample.setParamKeys(keys({"start", "end", "head"}));
-  sample.showValue("end", 1, "");
+  showValue(sample, "end", 1);
   const double all = played().second - played().first;
   EXPECT_GT(all, 200);
-  sample.showValue("start", 0.25f, "");
-  sample.showValue("end", 0.5f, "");
+  showValue(sample, "start", 0.25f);
+  showValue(sample, "end", 0.5f);
   EXPECT_NEAR(played().second - played().first, all / 4, near);
   EXPECT_NEAR(played().first, placeOf(sample, "start").x, near);
   // Neither end passes the other.
@@ -657,9 +658,9 @@ TEST_F(ControlPicturesTest, ASampleShowsWhatIsPlayedOfItAndWhere) {
     bench.press(at);
     bench.drag(at + Point{way, 0});
     bench.lift(at + Point{way, 0});
-    EXPECT_EQ(sample.value(key), key == std::string("end") ? 0.25f : 0.5f);
-    sample.showValue("start", 0.25f, "");
-    sample.showValue("end", 0.5f, "");
+    EXPECT_EQ(valueOf(sample, key), key == std::string("end") ? 0.25f : 0.5f);
+    showValue(sample, "start", 0.25f);
+    showValue(sample, "end", 0.5f);
   }
   sample.setKeyRange(2, 0, 8);
   std::atomic<float> head{2};
@@ -675,8 +676,8 @@ TEST_F(ControlPicturesTest, AFilterIsDrawnAsItsTypeAndByWhoeverComputesIt) {
   FilterViewContainer filter;
   show(filter, {"frequency", "gain"});
   filter.setKeyRange(1, -24, 24);
-  filter.showValue("frequency", 0.5f, "");
-  filter.showValue("gain", -24, "");
+  showValue(filter, "frequency", 0.5f);
+  showValue(filter, "gain", -24);
   FilterView& view = filter.filterView();
   const auto level = [&](double share) {
     const auto curve = Drawing(view).curve();
@@ -704,8 +705,8 @@ TEST_F(ControlPicturesTest, AFilterIsDrawnAsItsTypeAndByWhoeverComputesIt) {
 
   DoubleFilterViewContainer both;
   show(both, {"lf", "lr", "hf", "hr", "lg", "hg"});
-  both.showValue("lf", 0.8f, "");
-  both.showValue("hf", 0.3f, "");
+  showValue(both, "lf", 0.8f);
+  showValue(both, "hf", 0.3f);
   EXPECT_LT(placeOf(both, "lg").x, placeOf(both, "hf").x);
   EXPECT_GT(placeOf(both, "hg").x, placeOf(both, "lf").x);
   const auto curve = Drawing(both.filterView()).curve();
@@ -722,7 +723,7 @@ TEST_F(ControlPicturesTest, StripsFillFromTheCentreOfTheirRange) {
   show(compressor, {"threshold", "ratio", "balance"});
   compressor.setKeyRange(2, -1, 1);
   const auto fills = [&](float value) {
-    compressor.showValue("balance", value, "");
+    showValue(compressor, "balance", value);
     return Drawing(faceOf(compressor)).all(Kind::rounded, accent).size();
   };
   EXPECT_EQ(fills(0.5f), 0u);
@@ -735,7 +736,7 @@ TEST_F(ControlPicturesTest, FrequenciesStandInPitch) {
   band.setKeyRange(2, 20, 20000);
   band.setKeyRange(3, 20, 20000);
   const auto x = [&](float value) {
-    band.showValue("highFreq", value, "");
+    showValue(band, "highFreq", value);
     return placeOf(band, "highFreq").x;
   };
   EXPECT_NEAR(x(0.5f), (x(0) + x(1)) / 2, near);
@@ -745,7 +746,7 @@ TEST_F(ControlPicturesTest, FrequenciesStandInPitch) {
                                                            {&band, "highFreq"}};
   for (const auto& [container, key] : moved) {
     container->setKeyRange(*container->indexOf(key), 200, 5000);
-    container->showValue(key, 0.5f, "");
+    showValue(*container, key, 0.5f);
     show(*container);
     const Point at = placeOf(*container, key), origin = container->shape()->frameInRoot().origin();
     bench.press(origin + at);
@@ -759,7 +760,7 @@ TEST_F(ControlPicturesTest, FrequenciesStandInPitch) {
 TEST_F(ControlPicturesTest, ALivePointOfATableBendsTheLiveCurveThere) {
   TableWaveshaperContainer table;
   show(table, {"a", "b", "c", "d", "e"});
-  for (const char* key : {"a", "b", "c", "d", "e"}) table.showValue(key, 0.5f, "");
+  for (const char* key : {"a", "b", "c", "d", "e"}) showValue(table, key, 0.5f);
   modulate(table, 3, 0.9f);
   // The live curve is drawn over the one that is set.
   const auto curves = Drawing(faceOf(table))
@@ -777,7 +778,7 @@ TEST_F(ControlPicturesTest, AFaceWithoutTitleSaysWhatItMoves) {
   ADSRContainer envelope;
   show(envelope, {"a", "d", "s", "r"});
   envelope.setTitle("Envelope");
-  envelope.showValue("r", 0.5f, "80 ms");
+  showValue(envelope, "r", 0.5f, "80 ms");
   bench.frame();
   bench.window.hovered(envelope.shape()->frameInRoot().origin() + placeOf(envelope, "r"));
   EXPECT_FALSE(Drawing(faceOf(envelope)).says("r 80 ms"));
@@ -797,13 +798,13 @@ TEST_F(ControlPicturesTest, APadGlowsWhileItIsOn) {
     return strongest;
   };
   const float off = glow();
-  pad.showValue("OnOff", 1, "");
+  showValue(pad, "OnOff", 1);
   EXPECT_GT(glow(), off);
-  pad.showValue("Hold", 1, "");
-  pad.showValue("OnOff", 0, "");
+  showValue(pad, "Hold", 1);
+  showValue(pad, "OnOff", 0);
   EXPECT_EQ(glow(), off);
-  EXPECT_EQ(pad.value("Hold"), 1);
-  EXPECT_EQ(pad.value("OnOff"), 0);
+  EXPECT_EQ(valueOf(pad, "Hold"), 1);
+  EXPECT_EQ(valueOf(pad, "OnOff"), 0);
 }
 
 TEST_F(ControlPicturesTest, TheSelectedTabIsTheUnderlinedOne) {

@@ -4,6 +4,7 @@
 
 #include "KestroUI/DisplayContainers.h"
 #include "KestroUI/ShapeContainers.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -69,7 +70,7 @@ TEST_F(DisplayBindingTest, TheBandsOfACompressorComeFromTheRegistry) {
   EXPECT_EQ(bands->paramKeys()[2]->key(), "bandsMidThreshold");
   unit->setParameter("LowThreshold", -30);
   loop.advance(0);
-  EXPECT_FLOAT_EQ(bands->value("LowThreshold"), 0.5f);
+  EXPECT_FLOAT_EQ(valueOf(*bands, "LowThreshold"), 0.5f);
 }
 
 TEST_F(DisplayBindingTest, OscilloscopesGetTheSoundsOfTheirKeys) {

@@ -10,6 +10,7 @@
 
 #include "KestroUI/ChoiceContainers.h"
 #include "tests/support/Drawing.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/ShapeKinds.h"
 #include "tests/support/WindowBench.h"
@@ -36,7 +37,7 @@ class DisplayContainersTest : public testing::Test {
     const auto container = kind.shown(0.4f);
     // Ends stand behind starts.
     for (const char* key : {"end", "loopEnd", "high", "highFreq", "MidHighFrequency"})
-      container->showValue(key, 0.9f, "");
+      if (container->indexOf(key)) showValue(*container, key, 0.9f);
     show(*container);
     return container;
   }
@@ -61,10 +62,10 @@ TEST_F(DisplayContainersTest, EveryKeyIsReachedByTheKeyboard) {
     std::size_t reached = 0;
     for (std::size_t i = 0; i < kind.keys().size() + 1; ++i) {
       std::vector<float> before;
-      for (const std::string& key : kind.keys()) before.push_back(container->value(key));
+      for (const std::string& key : kind.keys()) before.push_back(valueOf(*container, key));
       EXPECT_TRUE(bench.key(platform::Key::up));
       for (std::size_t k = 0; k < kind.keys().size(); ++k)
-        reached += container->value(kind.keys()[k]) > before[k];
+        reached += container->value(k) > before[k];
       bench.key(platform::Key::right);
     }
     // Those that only measure are not set.
@@ -92,7 +93,7 @@ TEST_F(DisplayContainersTest, LiveValuesThatRestRepaintNothing) {
     EXPECT_FALSE(bench.frame().empty());
     container->updateModulation();
     for (const std::string& key : kind.keys())
-      container->showValue(key, container->value(key), key + " text");
+      showValue(*container, key, valueOf(*container, key), key + " text");
     bench.frame();
     container->updateModulation();
     EXPECT_TRUE(bench.frame().empty());
@@ -123,12 +124,12 @@ TEST_F(DisplayContainersTest, DisabledInactiveAndFocusedLookDifferent) {
     bench.frame();
     face.setEnabled(false);
     const std::string key = kind.keys().front();
-    const float before = container->value(key);
+    const float before = valueOf(*container, key);
     const Point at = handleOf(*container, key);
     bench.press(at);
     bench.drag(at + Point{20, -20});
     bench.lift(at + Point{20, -20});
-    EXPECT_EQ(container->value(key), before);
+    EXPECT_EQ(valueOf(*container, key), before);
     container->removeFromSuperview();
   }
 }
@@ -274,10 +275,10 @@ TEST_F(DisplayContainersTest, AnOscilloscopeStandsStillAndRepaintsOnlyForNewSoun
   // The value is the parameter's own.
   scope.setParamKeys(keys({"time", "other"}));
   scope.setKeyRange(0, 1, 8);
-  scope.showValue("time", 3, "3 ms");
-  EXPECT_EQ(scope.value("time"), 3);
-  EXPECT_EQ(scope.valueForm("time"), Container::ValueForm::raw);
-  EXPECT_EQ(scope.valueForm("other"), Container::ValueForm::position);
+  showValue(scope, "time", 3, "3 ms");
+  EXPECT_EQ(valueOf(scope, "time"), 3);
+  EXPECT_EQ(scope.valueForm(0), Container::ValueForm::raw);
+  EXPECT_EQ(scope.valueForm(1), Container::ValueForm::position);
 }
 
 TEST_F(DisplayContainersTest, AScopeStandsStillOnTheRiseOfItsSoundAndZoomsIntoIt) {
@@ -290,7 +291,7 @@ TEST_F(DisplayContainersTest, AScopeStandsStillOnTheRiseOfItsSoundAndZoomsIntoIt
   show(scope);
   scope.setBuffers({&sound});
   const auto curve = [&](float zoom) {
-    scope.showValue("time", zoom, "");
+    showValue(scope, "time", zoom);
     return Drawing(faceOf(scope)).curve();
   };
   const platform::Rect place = faceOf(scope).bounds();
@@ -372,7 +373,7 @@ TEST_F(DisplayContainersTest, ARecordingSwitchIsStoppedArmedOrRunning) {
   bench.tap(at);
   EXPECT_EQ(rec.button().state(), State::armed);
   EXPECT_FLOAT_EQ(rec.value(), 0.5f);
-  rec.showValue("rec", 1, "Run");
+  showValue(rec, "rec", 1, "Run");
   EXPECT_EQ(rec.button().state(), State::running);
   bench.tap(at);
   EXPECT_EQ(rec.value(), 0);

@@ -12,6 +12,7 @@
 
 #include "KestroUI/MultipleContainer.h"
 #include "KestroUI/MutableContainer.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/ShapeKinds.h"
 #include "tests/support/WindowBench.h"
@@ -51,7 +52,7 @@ class ShapeKindsTest : public testing::Test {
     bench.frame();
   }
   static Point place(const Container& container, const std::string& key) {
-    return container.convertToRoot(container.handlePlace(key).value());
+    return container.convertToRoot(handleOf(container, key).value());
   }
   void drag(Point from, Point way, int id = 1) {
     bench.press(from, id);
@@ -64,7 +65,7 @@ class ShapeKindsTest : public testing::Test {
   }
   static std::vector<float> values(const Container& container) {
     std::vector<float> result;
-    for (const auto& key : container.paramKeys()) result.push_back(container.value(key->key()));
+    for (const auto& key : container.paramKeys()) result.push_back(valueOf(container, key->key()));
     return result;
   }
 
@@ -76,7 +77,7 @@ class ShapeKindsTest : public testing::Test {
 TEST_F(ShapeKindsTest, aDragMovesTheNearestHandleFromWhereItIs) {
   ADSRContainer envelope;
   show(envelope, {"a", "d", "s", "r"});
-  for (const char* key : {"a", "d", "s", "r"}) envelope.showValue(key, 0.5f, "");
+  for (const char* key : {"a", "d", "s", "r"}) showValue(envelope, key, 0.5f);
   const Point bend = place(envelope, "d");
   EXPECT_EQ(bend, place(envelope, "s"));
   const auto all = [&] { return values(envelope); };
@@ -84,16 +85,16 @@ TEST_F(ShapeKindsTest, aDragMovesTheNearestHandleFromWhereItIs) {
   bench.press({bend.x + 6, bend.y + 6});
   EXPECT_EQ(all(), (std::vector<float>{0.5f, 0.5f, 0.5f, 0.5f}));
   bench.drag({bend.x + 16, bend.y + 6});
-  EXPECT_GT(envelope.value("d"), 0.5f);
-  EXPECT_EQ(envelope.value("s"), 0.5f);
+  EXPECT_GT(valueOf(envelope, "d"), 0.5f);
+  EXPECT_EQ(valueOf(envelope, "s"), 0.5f);
   bench.drag({bend.x + 16, bend.y + 500});
-  EXPECT_EQ(envelope.value("s"), 0);
+  EXPECT_EQ(valueOf(envelope, "s"), 0);
   bench.lift({bend.x + 16, bend.y + 500});
   EXPECT_THAT(owner.take(), ElementsAre("[d", "[s", "v", "v", "]d", "]s"));
 
   drag(place(envelope, "r"), {500, 0});
-  EXPECT_EQ(envelope.value("r"), 1);
-  EXPECT_EQ(envelope.value("a"), 0.5f);
+  EXPECT_EQ(valueOf(envelope, "r"), 1);
+  EXPECT_EQ(valueOf(envelope, "a"), 0.5f);
   EXPECT_THAT(owner.take(), ElementsAre("[r", "v", "]r"));
 }
 
@@ -101,19 +102,19 @@ TEST_F(ShapeKindsTest, shiftIsTenTimesFiner) {
   FilterViewContainer filter;
   show(filter, {"f", "r"});
   filter.setKeyRange(1, 0, 100);
-  filter.showValue("r", 50, "");
+  showValue(filter, "r", 50);
   const Point at = place(filter, "r");
   bench.press(at);
   bench.window.touchMoved(1, {at.x, at.y - 20}, Modifiers::shift);
-  const float fine = filter.value("r") - 50;
+  const float fine = valueOf(filter, "r") - 50;
   bench.window.touchMoved(1, {at.x, at.y - 40});
-  EXPECT_NEAR(filter.value("r") - 50, 11 * fine, 0.01);
+  EXPECT_NEAR(valueOf(filter, "r") - 50, 11 * fine, 0.01);
   bench.lift(at);
-  filter.showValue("r", 50, "");
+  showValue(filter, "r", 50);
   bench.window.wheelTurned({at, 0, 1, Modifiers::none});
-  EXPECT_FLOAT_EQ(filter.value("r"), 51) << "the wheel turns the resonance";
+  EXPECT_FLOAT_EQ(valueOf(filter, "r"), 51) << "the wheel turns the resonance";
   bench.window.wheelTurned({at, 0, 1, Modifiers::shift});
-  EXPECT_FLOAT_EQ(filter.value("r"), 51.1f);
+  EXPECT_FLOAT_EQ(valueOf(filter, "r"), 51.1f);
 }
 
 TEST_F(ShapeKindsTest, leftAndRightChooseWhatUpAndDownMove) {
@@ -142,24 +143,24 @@ TEST_F(ShapeKindsTest, leftAndRightChooseWhatUpAndDownMove) {
 TEST_F(ShapeKindsTest, theFourArrowsMoveTheOnePointOfAPad) {
   XYControlContainer pad;
   show(pad, {"x", "y"});
-  pad.showValue("x", 0.5f, "");
-  pad.showValue("y", 0.5f, "");
+  showValue(pad, "x", 0.5f);
+  showValue(pad, "y", 0.5f);
   bench.tap(place(pad, "x"));
   bench.key(Key::right);
   bench.key(Key::up);
   bench.key(Key::up);
-  EXPECT_NEAR(pad.value("x"), 0.51f, 1e-5);
-  EXPECT_NEAR(pad.value("y"), 0.52f, 1e-5);
+  EXPECT_NEAR(valueOf(pad, "x"), 0.51f, 1e-5);
+  EXPECT_NEAR(valueOf(pad, "y"), 0.52f, 1e-5);
   bench.key(Key::left);
   bench.key(Key::home);
-  EXPECT_NEAR(pad.value("x"), 0.5f, 1e-5);
-  EXPECT_EQ(pad.value("y"), 0);
+  EXPECT_NEAR(valueOf(pad, "x"), 0.5f, 1e-5);
+  EXPECT_EQ(valueOf(pad, "y"), 0);
 }
 
 TEST_F(ShapeKindsTest, aDoubleTapTellsTheKeyBelowTheFinger) {
   ADSRContainer envelope;
   show(envelope, {"a", "d", "s", "r"});
-  for (const char* key : {"a", "d", "s", "r"}) envelope.showValue(key, 0.5f, "");
+  for (const char* key : {"a", "d", "s", "r"}) showValue(envelope, key, 0.5f);
   doubleTap(place(envelope, "r"));
   EXPECT_THAT(owner.take(), ElementsAre("tap r"));
   StepSequencerContainer steps;
@@ -185,7 +186,7 @@ TEST_F(ShapeKindsTest, oneStrokeDrawsEveryStepThatItPasses) {
   const Point first = place(steps, "k0"), last = place(steps, "k7");
   const double bottom = first.y;
   bench.press({first.x, 50});
-  const float middle = steps.value("k0");
+  const float middle = valueOf(steps, "k0");
   EXPECT_GT(middle, 0.3f) << "a touch draws at once";
   // In one leap, as a fast finger does.
   bench.drag({last.x, bottom});
@@ -208,11 +209,11 @@ TEST_F(ShapeKindsTest, fingersOnSeveralHandlesDoNotFight) {
   bench.drag({p.x, p.y - 30}, 1);
   bench.drag({r.x, r.y - 60}, 2);
   bench.drag({p.x, p.y - 90}, 3);
-  EXPECT_NEAR(curve.value("r"), 2 * curve.value("p"), 1e-4) << "the third finger has nothing";
+  EXPECT_NEAR(valueOf(curve, "r"), 2 * valueOf(curve, "p"), 1e-4) << "the third finger has nothing";
   bench.lift(p, 1);
   bench.lift(p, 3);
   bench.drag({r.x, r.y - 500}, 2);
-  EXPECT_EQ(curve.value("r"), 1);
+  EXPECT_EQ(valueOf(curve, "r"), 1);
   bench.lift(r, 2);
   EXPECT_THAT(owner.take(), ElementsAre("[p", "[r", "v", "v", "]p", "v", "]r"));
 }
@@ -220,53 +221,53 @@ TEST_F(ShapeKindsTest, fingersOnSeveralHandlesDoNotFight) {
 TEST_F(ShapeKindsTest, theEndsOfARangeDoNotPassEachOther) {
   DoubleSliderContainer range;
   show(range, {"low", "high"}, {0, 0, 300, 40});
-  range.showValue("low", 0.2f, "");
-  range.showValue("high", 0.6f, "");
+  showValue(range, "low", 0.2f);
+  showValue(range, "high", 0.6f);
   drag(place(range, "low"), {500, 0});
-  EXPECT_EQ(range.value("low"), 0.6f);
-  range.showValue("low", 0.2f, "");
+  EXPECT_EQ(valueOf(range, "low"), 0.6f);
+  showValue(range, "low", 0.2f);
   // Between the ends the whole range moves, as far as it can go.
   const Point low = place(range, "low"), high = place(range, "high");
   owner.take();
   drag({(low.x + high.x) / 2, low.y}, {500, 0});
-  EXPECT_NEAR(range.value("low"), 0.6f, 1e-5);
-  EXPECT_EQ(range.value("high"), 1);
+  EXPECT_NEAR(valueOf(range, "low"), 0.6f, 1e-5);
+  EXPECT_EQ(valueOf(range, "high"), 1);
   EXPECT_THAT(owner.take(), ElementsAre("[low", "[high", "v", "]low", "]high"));
   // A linked end takes the other along.
   range.setLinks({true, false});
   drag(place(range, "low"), {-500, 0});
-  EXPECT_EQ(range.value("low"), 0);
-  EXPECT_NEAR(range.value("high"), 0.4f, 1e-5);
+  EXPECT_EQ(valueOf(range, "low"), 0);
+  EXPECT_NEAR(valueOf(range, "high"), 0.4f, 1e-5);
   drag(place(range, "high"), {500, 0});
-  EXPECT_EQ(range.value("low"), 0);
+  EXPECT_EQ(valueOf(range, "low"), 0);
   // Both at the upper end: the lower one can still be fetched.
   range.setLinks({false, false});
-  range.showValue("low", 1, "");
+  showValue(range, "low", 1);
   drag({place(range, "low").x + 1, low.y}, {-100, 0});
-  EXPECT_LT(range.value("low"), 1);
-  EXPECT_EQ(range.value("high"), 1);
+  EXPECT_LT(valueOf(range, "low"), 1);
+  EXPECT_EQ(valueOf(range, "high"), 1);
 }
 
 TEST_F(ShapeKindsTest, aPadGoesToTheFingerAndItsSwitchesHaveTheirKeys) {
   XYControlContainer pad;
   show(pad, {"x", "padOnOff", "y", "padHold"});
-  pad.showValue("x", 0.5f, "");
-  pad.showValue("y", 0.5f, "");
+  showValue(pad, "x", 0.5f);
+  showValue(pad, "y", 0.5f);
   bench.tap({20, 20});
-  EXPECT_LT(pad.value("x"), 0.2f);
-  EXPECT_GT(pad.value("y"), 0.8f);
-  EXPECT_EQ(pad.value("padOnOff"), 0);
+  EXPECT_LT(valueOf(pad, "x"), 0.2f);
+  EXPECT_GT(valueOf(pad, "y"), 0.8f);
+  EXPECT_EQ(valueOf(pad, "padOnOff"), 0);
   owner.take();
   bench.tap(place(pad, "padOnOff"));
-  EXPECT_EQ(pad.value("padOnOff"), 1);
-  EXPECT_EQ(pad.value("padHold"), 0);
+  EXPECT_EQ(valueOf(pad, "padOnOff"), 1);
+  EXPECT_EQ(valueOf(pad, "padHold"), 0);
   EXPECT_THAT(owner.take(), ElementsAre("[padOnOff", "v", "]padOnOff"));
 }
 
 TEST_F(ShapeKindsTest, timeStandsStillWhileThePadIsTouchedOrHeld) {
   TimeStopXYContainer pad;
   show(pad, {"x", "y", "OnOff", "Hold"});
-  const auto isOn = [&] { return pad.value("OnOff") == 1; };
+  const auto isOn = [&] { return valueOf(pad, "OnOff") == 1; };
   const Point at{30, 100};
   bench.press(at);
   EXPECT_TRUE(isOn());
@@ -300,8 +301,8 @@ TEST_F(ShapeKindsTest, timeStandsStillWhileThePadIsTouchedOrHeld) {
 TEST_F(ShapeKindsTest, aMutedValueKeepsItsValue) {
   MutableContainer send;
   show(send, {"send", "mute"});
-  send.showValue("send", 0.5f, "-6 dB");
-  send.showValue("mute", 0, "Off");
+  showValue(send, "send", 0.5f, "-6 dB");
+  showValue(send, "mute", 0, "Off");
   bench.tap(place(send, "mute"));
   EXPECT_EQ(values(send), (std::vector<float>{0.5f, 1}));
   EXPECT_TRUE(send.knob().isInactive());
@@ -319,12 +320,12 @@ TEST_F(ShapeKindsTest, hoveringShowsTheValueOfTheHandle) {
   envelope.setTitle("Envelope");
   show(envelope, {"a", "d", "s", "r"});
   for (const char* key : {"a", "d", "s", "r"})
-    envelope.showValue(key, 0.5f, key + std::string("!"));
+    showValue(envelope, key, 0.5f, key + std::string("!"));
   bench.window.hovered(place(envelope, "r"));
   EXPECT_EQ(envelope.titleLabel().text(), "r r!");
   bench.window.hovered(place(envelope, "s"));
   EXPECT_EQ(envelope.titleLabel().text(), "d d!  s s!");
-  envelope.showValue("s", 0.5f, "now");
+  showValue(envelope, "s", 0.5f, "now");
   EXPECT_EQ(envelope.titleLabel().text(), "d d!  s now");
   bench.window.hoverEnded();
   EXPECT_EQ(envelope.titleLabel().text(), "Envelope");
@@ -345,11 +346,11 @@ TEST_F(ShapeKindsTest, namedValuesGoFromStepToStep) {
   steps.setKeyRange(0, 0, 4);
   steps.setKeyStringValues(0, {"a", "b", "c", "d", "e"});
   bench.window.wheelTurned({place(steps, "k0"), 0, 0.6, Modifiers::none});
-  EXPECT_EQ(steps.value("k0"), 0) << "half of a notch";
+  EXPECT_EQ(valueOf(steps, "k0"), 0) << "half of a notch";
   bench.window.wheelTurned({place(steps, "k0"), 0, 0.6, Modifiers::none});
-  EXPECT_EQ(steps.value("k0"), 0.25f);
+  EXPECT_EQ(valueOf(steps, "k0"), 0.25f);
   bench.press({place(steps, "k0").x, 75});
-  EXPECT_EQ(std::fmod(steps.value("k0"), 0.25f), 0);
+  EXPECT_EQ(std::fmod(valueOf(steps, "k0"), 0.25f), 0);
   bench.lift({0, 0});
 }
 
@@ -366,13 +367,13 @@ TEST_F(ShapeKindsTest, everyKindTakesAnyNumberOfKeysAndAnyNonsense) {
         container->setKeyRange(i, -60, 12);
         container->setKeyStringValues(i, std::vector<std::string>(i % 2 ? 0 : 1000, "x"));
         container->setKeyRange(i, 5, 1);
-        container->showValue("k" + std::to_string(i), i % 2 ? NAN : 1e9f, "");
+        showValue(*container, "k" + std::to_string(i), i % 2 ? NAN : 1e9f);
       }
       container->setKeyRange(99, 0, 1);
       container->setKeyStringValues(99, {"x"});
-      container->showValue("unknown", 1, "");
-      EXPECT_EQ(container->value("unknown"), 0);
-      EXPECT_EQ(container->handlePlace("unknown"), std::nullopt);
+      container->showValue(99, 1, "");
+      EXPECT_EQ(container->value(99), 0);
+      EXPECT_EQ(container->handlePlace(99), std::nullopt);
       container->setLinks(std::vector<bool>(50, true));
       container->updateModulation();
       bench.frame();
@@ -452,7 +453,7 @@ TEST_F(ShapeKindsTest, aSmoothWheelTurnsStepsAsFarAsANotchedOne) {
   curve.setKeyStringValues(0, std::vector<std::string>(11, "name"));
   const Point at = place(curve, "p");
   for (int i = 0; i < 10; ++i) bench.window.wheelTurned({at, 0, 0.25, {}});
-  EXPECT_NEAR(curve.value("p"), 0.2f, 1e-5);
+  EXPECT_NEAR(valueOf(curve, "p"), 0.2f, 1e-5);
   EXPECT_NEAR(curve.shape()->accessibility().range->step, 0.1, 1e-6);
 }
 
@@ -461,52 +462,52 @@ TEST_F(ShapeKindsTest, whatAnotherFingerHoldsIsNotDrawnOver) {
   show(steps, numbered(4), {0, 0, 400, 100});
   const Point second = place(steps, "k1"), last = place(steps, "k3");
   bench.press({second.x, 20}, 1);
-  const float held = steps.value("k1");
+  const float held = valueOf(steps, "k1");
   bench.press({last.x, 80}, 2);
   bench.drag({place(steps, "k0").x, 80}, 2);
-  EXPECT_EQ(steps.value("k1"), held);
-  EXPECT_LT(steps.value("k0"), held);
+  EXPECT_EQ(valueOf(steps, "k1"), held);
+  EXPECT_LT(valueOf(steps, "k0"), held);
   EXPECT_EQ(std::count(owner.events.begin(), owner.events.end(), "[k1"), 1);
   bench.lift(second, 1);
   bench.lift(last, 2);
   // With Shift a step moves finely from where it is.
   bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {second.x, 50}, 1);
-  const float before = steps.value("k1");
+  const float before = valueOf(steps, "k1");
   bench.window.touchMoved(1, {second.x, 40}, Modifiers::shift);
-  EXPECT_GT(steps.value("k1"), before);
-  EXPECT_LT(steps.value("k1"), before + 0.03f);
+  EXPECT_GT(valueOf(steps, "k1"), before);
+  EXPECT_LT(valueOf(steps, "k1"), before + 0.03f);
   bench.lift({second.x, 40});
 }
 
 TEST_F(ShapeKindsTest, ofHandlesInOnePlaceTheUpperOneIsTaken) {
   DoubleFilterViewContainer filters;
   show(filters, {"lf", "lr", "hf", "hr"});
-  for (const char* key : {"lf", "hf"}) filters.showValue(key, 0.5f, "");
+  for (const char* key : {"lf", "hf"}) showValue(filters, key, 0.5f);
   drag(place(filters, "lf"), {40, 0});
-  EXPECT_EQ(filters.value("lf"), 0.5f);
-  EXPECT_GT(filters.value("hf"), 0.5f);
+  EXPECT_EQ(valueOf(filters, "lf"), 0.5f);
+  EXPECT_GT(valueOf(filters, "hf"), 0.5f);
   // Inverted, both ends stand at the left: the lower one can go right.
   DoubleSliderContainer range;
   show(range, {"low", "high"}, {0, 0, 300, 40});
   range.setInverted(true);
-  for (const char* key : {"low", "high"}) range.showValue(key, 0.5f, "");
+  for (const char* key : {"low", "high"}) showValue(range, key, 0.5f);
   const Point at = place(range, "low");
   drag({at.x + 1, at.y}, {40, 0});
-  EXPECT_LT(range.value("low"), 0.5f);
-  EXPECT_EQ(range.value("high"), 0.5f);
+  EXPECT_LT(valueOf(range, "low"), 0.5f);
+  EXPECT_EQ(valueOf(range, "high"), 0.5f);
 }
 
 TEST_F(ShapeKindsTest, theWayBeyondAnEndDoesNotCount) {
   XYControlContainer pad;
   show(pad, {"x", "y"});
-  for (const char* key : {"x", "y"}) pad.showValue(key, 0.5f, "");
+  for (const char* key : {"x", "y"}) showValue(pad, key, 0.5f);
   const Point at = place(pad, "x");
   bench.press(at);
   bench.drag({at.x + 900, at.y - 900});
   EXPECT_EQ(values(pad), (std::vector<float>{1, 1}));
   bench.drag({at.x + 860, at.y - 860});
-  EXPECT_LT(pad.value("x"), 0.95f);
-  EXPECT_LT(pad.value("y"), 0.95f);
+  EXPECT_LT(valueOf(pad, "x"), 0.95f);
+  EXPECT_LT(valueOf(pad, "y"), 0.95f);
   bench.lift(at);
 }
 
@@ -518,7 +519,7 @@ TEST_F(ShapeKindsTest, aTremblingDoubleTapIsNoDrag) {
   bench.drag({at.x + 2, at.y - 2});
   bench.lift({at.x + 2, at.y - 2});
   EXPECT_THAT(owner.take(), ElementsAre("tap q"));
-  EXPECT_EQ(curve.value("q"), 0);
+  EXPECT_EQ(valueOf(curve, "q"), 0);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "KestroUI/Container.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -57,7 +58,7 @@ class ShapeRoadTest : public testing::TestWithParam<Row> {
     return result;
   }
   platform::Point place(const std::string& key) {
-    const auto own = container().handlePlace(key);
+    const auto own = handleOf(container(), key);
     return own ? container().convertToRoot(*own) : container().control()->frameInRoot().centre();
   }
   void settle() {
@@ -118,14 +119,14 @@ TEST_P(ShapeRoadTest, WhatTheHostSetsIsShownAndNotSentBack) {
   for (const std::string& key : GetParam().keys) {
     SCOPED_TRACE(key);
     auto& parameter = *unit.parameter(key);
-    const float before = container().value(key);
+    const float before = valueOf(container(), key);
     const auto others = parameters();
     const bool isSwitch = parameter.unit() == AudioUnitParameterUnit::boolean;
     const float target = parameter.minValue() +
                          (isSwitch ? 1 : 0.9f) * (parameter.maxValue() - parameter.minValue());
     parameter.setValue(target);
     settle();
-    EXPECT_NE(container().value(key), before);
+    EXPECT_NE(valueOf(container(), key), before);
     // Nothing that the user has not moved is sent.
     container().sendActions(toolkit::ControlEvent::valueChanged);
     auto expected = others;

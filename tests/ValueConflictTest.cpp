@@ -11,6 +11,7 @@
 #include "KestroUI/ButtonGroups.h"
 #include "KestroUI/XYControlContainer.h"
 #include "Orvane/PresetManager.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -39,7 +40,7 @@ class ValueConflictTest : public testing::Test {
   kestroui::Container& container(const std::string& key) { return *controller->container(key); }
   Point place(const std::string& own, const std::string& key) {
     kestroui::Container& shown = container(own);
-    return shown.convertToRoot(shown.handlePlace(key).value_or(shown.bounds().centre()));
+    return shown.convertToRoot(handleOf(shown, key).value_or(shown.bounds().centre()));
   }
   void press(Point at) { editor.window.touchBegan(1, toolkit::Touch::Kind::finger, at, 1); }
   void drag(Point to) { editor.window.touchMoved(1, to); }
@@ -111,7 +112,7 @@ TEST_F(ValueConflictTest, AHandleLeavesWhatTheHostAutomatesMeanwhile) {
     }
     EXPECT_FLOAT_EQ(parameter("d"), 0.1f);
     for (const auto& key : container("a").paramKeys())
-      EXPECT_NEAR(container("a").value(key->key()), parameter(key->key()), 1e-6f) << key->key();
+      EXPECT_NEAR(valueOf(container("a"), key->key()), parameter(key->key()), 1e-6f) << key->key();
   }
 }
 
@@ -125,7 +126,7 @@ TEST_F(ValueConflictTest, EveryStateThatAPadHasKeysForFollowsItsSwitch) {
   EXPECT_EQ(parameter("twoOnOff"), 1);
   automate("twoOnOff", 0);
   settle();
-  EXPECT_EQ(container("a").value("twoOnOff"), 0);
+  EXPECT_EQ(valueOf(container("a"), "twoOnOff"), 0);
 }
 
 TEST_F(ValueConflictTest, AParameterThatCountsGetsWholeNumbersFromEveryControl) {
@@ -153,12 +154,12 @@ TEST_F(ValueConflictTest, AControlWithoutAParameterStaysStill) {
     design->givenPages.clear();
     controller = std::make_unique<support::TestController>(design);
     show({paramKey("ghost", type, {"phantom"})});
-    const float before = container("ghost").value("ghost");
+    const float before = valueOf(container("ghost"), "ghost");
     const Point at = place("ghost", "ghost");
     press(at);
     drag({at.x + 20, at.y - 20});
     lift({at.x + 20, at.y - 20});
-    EXPECT_EQ(container("ghost").value("ghost"), before);
+    EXPECT_EQ(valueOf(container("ghost"), "ghost"), before);
   }
 }
 
@@ -255,7 +256,7 @@ TEST_F(ValueConflictTest, AnObserverMayConnectAnewWhileAChangeIsShown) {
   controller->parameters().setObserver(std::make_shared<Reconnects>(*controller), "hertz");
   automate("hertz", 2000);
   settle();
-  EXPECT_NE(container("hertz").value("hertz"), 0);
+  EXPECT_NE(valueOf(container("hertz"), "hertz"), 0);
 }
 
 TEST_F(ValueConflictTest, ChangesOfAnAudioUnitThatIsGoneAreDropped) {

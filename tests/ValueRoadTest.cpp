@@ -9,6 +9,7 @@
 #include "KestroUI/ValueContainers.h"
 #include "Orvane/AUFilterViewContainer.h"
 #include "Orvane/AUValueContainers.h"
+#include "tests/support/KeyedValues.h"
 #include "tests/support/TestEditor.h"
 
 namespace orvane {
@@ -104,11 +105,11 @@ TEST_F(ValueRoadTest, OneControlOfSeveralParametersSetsThoseThatItMoved) {
   unit.parameter("level")->setValue(-6.3f);
   unit.parameter("padHold")->setValue(1);
   loop.settle();
-  EXPECT_FLOAT_EQ(pad->value("level"), (-6.3f + 60) / 72);
+  EXPECT_FLOAT_EQ(valueOf(*pad, "level"), (-6.3f + 60) / 72);
   EXPECT_FLOAT_EQ(controller.container("level")->value(), (-6.3f + 60) / 72);
-  EXPECT_EQ(pad->value("padHold"), 1);
-  pad->showValue("cutoff", 0.5f, "");
-  pad->showValue("padOnOff", 1, "");
+  EXPECT_EQ(valueOf(*pad, "padHold"), 1);
+  showValue(*pad, "cutoff", 0.5f);
+  showValue(*pad, "padOnOff", 1);
   pad->sendActions(ControlEvent::valueChanged);
   EXPECT_NEAR(parameter("cutoff"), 632.5, 0.1);
   EXPECT_EQ(parameter("padOnOff"), 1);

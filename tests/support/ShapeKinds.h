@@ -82,8 +82,10 @@ struct ShapeKind {
   std::shared_ptr<kestroui::ShapeContainer> shown(float value) const {
     auto container = make();
     container->setParamKeys(support::keys(keys()));
-    for (std::size_t i = 0; i < keys().size(); ++i) container->setKeyRange(i, 0, 1);
-    for (const std::string& key : keys()) container->showValue(key, value, key + " text");
+    for (std::size_t i = 0; i < keys().size(); ++i) {
+      container->setKeyRange(i, 0, 1);
+      container->showValue(i, value, keys()[i] + " text");
+    }
     return container;
   }
 };

@@ -56,9 +56,10 @@ void DriveSession::get(const Words& words, Json& answer) {
   bool isModulated = false;
   if (const auto* flag = host_.audioUnit().isModulating(key)) isModulated = flag->load();
   if (container) {
-    const bool isRaw = container->valueForm(key) == kestroui::Container::ValueForm::raw;
-    position = isRaw ? mapping.positionOf(container->value(key)) : container->value(key);
-    const bool isOwn = container->key() && container->key()->key() == key;
+    const std::size_t index = container->indexOf(key).value_or(0);
+    const bool isRaw = container->valueForm(index) == kestroui::Container::ValueForm::raw;
+    position = isRaw ? mapping.positionOf(container->value(index)) : container->value(index);
+    const bool isOwn = index == 0;
     if (isOwn && !container->valueText().empty()) text = container->valueText();
     if (isOwn && container->control()) isModulated = container->control()->isModulated();
   }

@@ -23,7 +23,8 @@ Point placeOfKey(HeadlessHost& host, const std::string& key) {
   if (!host.audioUnit().parameter(key)) throw Failure("no parameter " + inQuotes(key));
   kestroui::Container* container = shownContainer(host, key);
   if (!container) throw Failure("the parameter " + inQuotes(key) + " is not on the shown page");
-  if (const auto place = container->handlePlace(key)) return container->convertToRoot(*place);
+  if (const auto index = container->indexOf(key))
+    if (const auto place = container->handlePlace(*index)) return container->convertToRoot(*place);
   return valuePart(*container).frameInRoot().centre();
 }
 
