@@ -313,10 +313,15 @@ void Container::sendMoved(std::vector<std::size_t> indices) {
   if (alive) moved_.clear();
 }
 
-void Container::doubleTap() { tellDoubleTap(key()); }
+void Container::doubleTap() { tellDoubleTap(0, {0}); }
 
-void Container::tellDoubleTap(const std::shared_ptr<ParamKey>& key) {
-  if (auto* alive = delegate.get()) alive->didDoubleTap(key);
+void Container::tellDoubleTap(std::size_t index, std::vector<std::size_t> handle) {
+  auto* const owner = delegate.get();
+  if (!owner) return;
+  const platform::Weak<Container> alive = this;
+  tapped_ = std::move(handle);
+  owner->didDoubleTap(index < paramKeys_.size() ? paramKeys_[index] : nullptr);
+  if (alive) tapped_.clear();
 }
 
 void Container::onEditingDidBegin() {

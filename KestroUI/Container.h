@@ -99,6 +99,9 @@ class Container : public toolkit::Control {
   /// The places among its keys of the values that the user has just moved, for whoever is told
   /// valueChanged; empty when somebody else told it.
   const std::vector<std::size_t>& movedIndices() const { return moved_; }
+  /// The places among its keys of the values that the handle under a double tap moves, for whoever
+  /// is told didDoubleTap of one of them; empty at any other time.
+  const std::vector<std::size_t>& tappedIndices() const { return tapped_; }
 
   /// The control that holds the value, or null for kinds that have none or several values.
   KestroControl* control() const { return control_; }
@@ -235,8 +238,9 @@ class Container : public toolkit::Control {
   double textScale() const { return textScale_; }
   /// The accent of its controls: the control colour, else the first of the colours, else grey.
   platform::Color accent() const { return accent_; }
-  /// Tells the delegate of `key`; may destroy the container.
-  void tellDoubleTap(const std::shared_ptr<ParamKey>& key);
+  /// Tells the delegate of the key at `index`, whose handle moves the values at `handle`; may destroy
+  /// the container.
+  void tellDoubleTap(std::size_t index, std::vector<std::size_t> handle);
   /// What a control's gesture tells: passes it to the delegate.
   virtual void onEditingDidBegin();
   virtual void onEditingDidEnd();
@@ -262,6 +266,7 @@ class Container : public toolkit::Control {
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;
   std::vector<std::size_t> moved_;
+  std::vector<std::size_t> tapped_;
   std::vector<LiveKey> liveKeys_;
   KestroControl* control_ = nullptr;
   /// The control, of one value or several: what is laid out and coloured.

@@ -140,7 +140,11 @@ void MultipleContainer::draw(const Rect& rect) {
   }
 }
 
-void MultipleContainer::didDoubleTap(const std::shared_ptr<ParamKey>& key) { tellDoubleTap(key); }
+void MultipleContainer::didDoubleTap(const std::shared_ptr<ParamKey>& key) {
+  const auto found = std::find(paramKeys().begin(), paramKeys().end(), key);
+  const auto index = static_cast<std::size_t>(found - paramKeys().begin());
+  tellDoubleTap(index, {index});
+}
 
 void MultipleContainer::didBeginGesture(Container&,
                                         const std::vector<std::shared_ptr<ParamKey>>& keys) {

@@ -10,8 +10,8 @@ void ShapeContainer::setShape(ShapeControl& shape) {
   shape_ = &shape;
   setFace(shape);
   shape.holdChanged = [this](std::size_t index, bool held) { tellHold(index, held); };
-  shape.valueDoubleTapped = [this](std::size_t index) {
-    tellDoubleTap(index < paramKeys().size() ? paramKeys()[index] : key());
+  shape.valueDoubleTapped = [this](std::size_t index, std::vector<std::size_t> handle) {
+    tellDoubleTap(index, std::move(handle));
   };
   shape.activeChanged = [this] { updateTitleLabel(); };
 }

@@ -69,7 +69,8 @@ class ShapeControl : public GestureControl {
   /// A value is taken hold of (true) or let go (false); between editingDidBegin and
   /// editingDidEnd. May destroy the control, as may the others.
   std::function<void(std::size_t index, bool held)> holdChanged;
-  std::function<void(std::size_t index)> valueDoubleTapped;
+  /// The value that a double tap meant, and all values of its handle.
+  std::function<void(std::size_t index, std::vector<std::size_t> handle)> valueDoubleTapped;
   /// activeText has changed.
   std::function<void()> activeChanged;
 
@@ -147,7 +148,7 @@ class ShapeControl : public GestureControl {
   bool moveTo(std::size_t index, double share, bool withAll = false);
   void choose(std::size_t index) { chosen_ = index; }
   /// Tells that a value has been double-tapped.
-  void tellDoubleTap(std::size_t index);
+  void tellDoubleTap(std::size_t index, const std::vector<Handle>& handles);
   void noteActive();
 
  private:

@@ -62,8 +62,12 @@ void ShapeControl::endGesture() {
   if (alive) noteActive();
 }
 
-void ShapeControl::tellDoubleTap(std::size_t index) {
-  if (const auto action = valueDoubleTapped) action(index);
+void ShapeControl::tellDoubleTap(std::size_t index, const std::vector<Handle>& handles) {
+  const auto own = std::find_if(handles.begin(), handles.end(), [index](const Handle& handle) {
+    return handle.x == index || handle.y == index;
+  });
+  if (own == handles.end()) return;
+  if (const auto action = valueDoubleTapped) action(index, keyOrder({*own}));
 }
 
 std::vector<std::size_t> ShapeControl::movedBy(const Handle& handle) const {
@@ -218,7 +222,7 @@ void ShapeControl::touchEnded(const toolkit::Touch& touch) {
   noteActive();
   if (!alive || !grip.secondTap) return;
   const std::vector<Handle> all = handles();
-  if (grip.handle < all.size()) tellDoubleTap(meant(all[grip.handle]));
+  if (grip.handle < all.size()) tellDoubleTap(meant(all[grip.handle]), {all[grip.handle]});
 }
 
 void ShapeControl::touchCancelled(const toolkit::Touch& touch) {
@@ -314,7 +318,7 @@ bool ShapeControl::keyPressed(const platform::KeyEvent& event) {
   if (chosen == order.end()) chosen = order.begin();
   if (event.key == Key::returnKey) {
     if (!valueDoubleTapped) return false;
-    tellDoubleTap(*chosen);
+    tellDoubleTap(*chosen, all);
     return true;
   }
 

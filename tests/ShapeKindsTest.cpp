@@ -180,6 +180,38 @@ TEST_F(ShapeKindsTest, aDoubleTapTellsTheKeyBelowTheFinger) {
   EXPECT_THAT(owner.take(), ElementsAre("tap r"));
 }
 
+TEST_F(ShapeKindsTest, whoeverIsToldOfADoubleTapMayAskWhatElseTheHandleMoves) {
+  struct Case {
+    std::shared_ptr<Container> container;
+    const char* tapped;
+    std::vector<std::size_t> handle;
+  };
+  for (const Case& k : {Case{std::make_shared<FilterViewContainer>(), "k0", {0, 1}},
+                        Case{std::make_shared<XYControlContainer>(), "k1", {0, 1}},
+                        Case{std::make_shared<DoubleFilterViewContainer>(), "k3", {2, 3}},
+                        Case{std::make_shared<ADSRContainer>(), "k0", {0}},
+                        Case{std::make_shared<MultipleContainer>(), "k2", {2}}}) {
+    Container& container = *k.container;
+    const std::string kind = typeid(container).name();
+    show(container, numbered(4));
+    for (std::size_t i = 0; i < container.paramKeys().size(); ++i)
+      container.showValue(i, 0.2f + 0.1f * static_cast<float>(i), "");
+    bench.frame();
+    bench.tap(place(container, k.tapped));
+    owner.take();
+    std::vector<std::size_t> handle;
+    owner.then = [&] { handle = container.tappedIndices(); };
+    doubleTap(place(container, k.tapped));
+    EXPECT_EQ(handle, k.handle) << kind;
+    handle.clear();
+    bench.key(Key::returnKey);
+    EXPECT_EQ(handle, k.handle) << kind;
+    EXPECT_TRUE(container.tappedIndices().empty()) << kind;
+    owner.then = nullptr;
+    owner.take();
+  }
+}
+
 TEST_F(ShapeKindsTest, oneStrokeDrawsEveryStepThatItPasses) {
   StepSequencerContainer steps;
   show(steps, numbered(8), {0, 0, 400, 100});
