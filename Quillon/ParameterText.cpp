@@ -5,10 +5,13 @@
 #include <cmath>
 #include <cstddef>
 
+#include "platform/ParameterUnit.h"
+
 namespace quillon {
 
 namespace {
 
+using platform::unitSuffix;
 using Unit = platform::AudioUnitParameterUnit;
 
 /// With so many decimals, a point in every locale, and never "-0".
@@ -78,53 +81,12 @@ std::string noteText(double value) {
   return names[number % 12] + std::to_string(number / 12 - 1);
 }
 
-/// What follows the number.
-const char* suffix(Unit unit) {
-  switch (unit) {
-    case Unit::percent:
-    case Unit::equalPowerCrossfade:
-    case Unit::mixerFaderCurve1:
-      return " %";
-    case Unit::seconds:
-    case Unit::milliseconds:
-      return " s";
-    case Unit::hertz:
-      return " Hz";
-    case Unit::cents:
-    case Unit::absoluteCents:
-      return " ct";
-    case Unit::relativeSemiTones:
-      return " st";
-    case Unit::octaves:
-      return " oct";
-    case Unit::decibels:
-      return " dB";
-    case Unit::degrees:
-    case Unit::phase:
-      return "\u00b0";
-    case Unit::meters:
-      return " m";
-    case Unit::bpm:
-      return " bpm";
-    case Unit::beats:
-      return " beats";
-    case Unit::sampleFrames:
-      return " samples";
-    case Unit::rate:
-      return "x";
-    case Unit::ratio:
-      return ":1";
-    default:
-      return "";
-  }
-}
-
 }  // namespace
 
 std::string parameterText(const ParameterDescription& parameter, float single) {
   const Unit unit = parameter.unit;
   if (std::isnan(single)) return "--";
-  if (std::isinf(single)) return std::string(single < 0 ? "-inf" : "inf") + suffix(unit);
+  if (std::isinf(single)) return std::string(single < 0 ? "-inf" : "inf") + unitSuffix(unit);
   const double value = single;
   switch (unit) {
     case Unit::boolean:
@@ -145,27 +107,27 @@ std::string parameterText(const ParameterDescription& parameter, float single) {
     case Unit::midiNoteNumber:
       return noteText(value);
     case Unit::decibels:
-      return fixed(value, 1) + suffix(unit);
+      return fixed(value, 1) + unitSuffix(unit);
     case Unit::percent:
-      return plain(value, 1) + suffix(unit);
+      return plain(value, 1) + unitSuffix(unit);
     case Unit::equalPowerCrossfade:
     case Unit::mixerFaderCurve1:
-      return plain(value * 100, 1) + suffix(unit);
+      return plain(value * 100, 1) + unitSuffix(Unit::percent);
     case Unit::relativeSemiTones:
     case Unit::octaves:
-      return withSign(value, 2) + suffix(unit);
+      return withSign(value, 2) + unitSuffix(unit);
     case Unit::cents:
-      return withSign(value, 1) + suffix(unit);
+      return withSign(value, 1) + unitSuffix(unit);
     case Unit::degrees:
     case Unit::phase:
     case Unit::absoluteCents:
-      return plain(value, 1) + suffix(unit);
+      return plain(value, 1) + unitSuffix(unit);
     case Unit::bpm:
-      return fixed(value, 1) + suffix(unit);
+      return fixed(value, 1) + unitSuffix(unit);
     case Unit::beats:
-      return plain(value, 3) + (std::abs(value - 1) < 0.0005 ? " beat" : suffix(unit));
+      return plain(value, 3) + (std::abs(value - 1) < 0.0005 ? " beat" : unitSuffix(unit));
     case Unit::sampleFrames:
-      return fixed(value, 0) + suffix(unit);
+      return fixed(value, 0) + unitSuffix(unit);
     case Unit::midiController:
       return fixed(value, 0);
     case Unit::linearGain:
@@ -173,7 +135,7 @@ std::string parameterText(const ParameterDescription& parameter, float single) {
     case Unit::rate:
     case Unit::ratio:
     case Unit::meters:
-      return plain(value, 2) + suffix(unit);
+      return plain(value, 2) + unitSuffix(unit);
     case Unit::generic:
     case Unit::customUnit:
       break;
