@@ -269,6 +269,7 @@ class KestroAUViewController : public toolkit::ViewController,
   void textFieldOverlayDidConfirm(TextFieldOverlay& overlay,
                                   const std::optional<std::string>& text) override;
   void enterValueOverlayDidReset() override { reset(); }
+  void enterValueOverlayDidChoose(std::size_t index) override;
   void presetSelected(const std::shared_ptr<Preset>& preset) override;
   std::optional<std::string> saveNewPreset(
       const std::string& name, const std::vector<std::string>& presetCategories) override;
@@ -284,8 +285,16 @@ class KestroAUViewController : public toolkit::ViewController,
   void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }
 
   std::vector<std::shared_ptr<kestroui::ParamKey>> keysToShow() const;
-  /// The key of the parameter that was double-tapped last, which some kinds call otherwise.
-  const std::string& doubleTappedParameter() const;
+  /// A value that the handle under the last double tap moves.
+  struct TappedValue {
+    std::shared_ptr<kestroui::ParamKey> key;
+    /// The key of its parameter, which some kinds call otherwise.
+    std::string parameter;
+    std::string name;
+  };
+  std::vector<TappedValue> tappedValues(const std::shared_ptr<kestroui::ParamKey>& key) const;
+  /// That of doubleTappedKey; null without a key.
+  const TappedValue* doubleTappedValue() const;
   void updateAllParameters();
   void updateDoubleFilters(platform::AUParameterAddress address);
   /// What those of a container's keys drive.
@@ -322,6 +331,7 @@ class KestroAUViewController : public toolkit::ViewController,
   OverlaysView overlaysView_;
   EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
+  std::vector<TappedValue> tappedValues_;
   bool midiMappingEnabled_ = false;
   /// The bindings that controls show, also those that are made later.
   MidiMap midiMap_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <set>
 #include <utility>
 
@@ -13,6 +12,7 @@
 #include "Orvane/MathUtils.h"
 #include "Orvane/ParameterConnection.h"
 #include "Orvane/ParameterMapping.h"
+#include "Orvane/TypedValue.h"
 
 namespace orvane {
 
@@ -59,6 +59,7 @@ void KestroAUViewController::connectViewWithAU() {
       [this] { updateAllParameters(); });
 
   doubleTappedKey_.reset();
+  tappedValues_.clear();
   bindings_->setAudioUnit(unit);
   controls_->clear();
   setupControls(keysToShow());
@@ -155,33 +156,74 @@ bool KestroAUViewController::inGesture(platform::AUParameter& parameter,
 
 void KestroAUViewController::didDoubleTap(const Key& key) {
   doubleTappedKey_ = key;
+  tappedValues_ = tappedValues(key);
   if (!doubleTapEnabled) return;
   if (doubleTapResetOnly) {
     reset();
     return;
   }
-  const platform::AUParameter* parameter =
-      doubleTappedKey_ ? parameters_[doubleTappedParameter()] : nullptr;
-  enterValueOverlay_.setCurrentValueText(parameter ? parameter->stringFromValue(parameter->value())
-                                                   : std::string());
+  std::vector<EnterValueOverlay::Entry> entries;
+  std::size_t chosen = 0;
+  for (const TappedValue& value : tappedValues_) {
+    if (value.key->key() == key->key()) chosen = entries.size();
+    const platform::AUParameter* parameter = parameters_[value.parameter];
+    entries.push_back(
+        {value.name, parameter ? TypedValue::text(*parameter, value.key->settings().stringValues,
+                                                  parameter->value())
+                               : std::string()});
+  }
+  enterValueOverlay_.setEntries(std::move(entries), chosen);
   view().bringSubviewToFront(enterValueOverlay_);
   enterValueOverlay_.setHidden(false);
 }
 
-const std::string& KestroAUViewController::doubleTappedParameter() const {
-  const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
-  return container ? ControlBuilder::parameterKey(*container, doubleTappedKey_->key())
-                   : doubleTappedKey_->key();
+std::vector<KestroAUViewController::TappedValue> KestroAUViewController::tappedValues(
+    const Key& key) const {
+  std::vector<TappedValue> result;
+  if (!key) return result;
+  const auto add = [&](const Container& container, std::size_t index) {
+    const Key& tapped = container.paramKeys()[index];
+    const std::string& name = ControlBuilder::parameterKey(container, tapped->key());
+    const platform::AUParameter* const parameter = parameters_[name];
+    if (!parameter && tapped->key() != key->key()) return;
+    // The title of a control of several values is that of them all.
+    std::string shown = container.paramKeys().size() == 1 ? container.title() : std::string();
+    if (shown.empty() && index > 0) shown = tapped->settings().displayName;
+    if (shown.empty() && parameter) shown = parameter->displayName();
+    result.push_back({tapped, name, shown.empty() ? tapped->key() : shown});
+  };
+  for (const auto& [own, container] : controls_->controls())
+    for (const std::size_t index : container->tappedIndices())
+      if (index < container->paramKeys().size()) add(*container, index);
+  // Told by somebody else than a handle.
+  const auto container = result.empty() ? (*controls_)[key] : nullptr;
+  if (container && container->indexOf(key->key())) add(*container, *container->indexOf(key->key()));
+  if (result.empty()) result.push_back({key, key->key(), key->key()});
+  return result;
+}
+
+const KestroAUViewController::TappedValue* KestroAUViewController::doubleTappedValue() const {
+  const auto found =
+      std::find_if(tappedValues_.begin(), tappedValues_.end(), [this](const TappedValue& value) {
+        return value.key->key() == doubleTappedKey_->key();
+      });
+  return found == tappedValues_.end() ? nullptr : &*found;
+}
+
+void KestroAUViewController::enterValueOverlayDidChoose(std::size_t index) {
+  if (index < tappedValues_.size()) doubleTappedKey_ = tappedValues_[index].key;
 }
 
 void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                         const std::optional<std::string>& text) {
   auto* unit = audioUnit();
-  if (text && !text->empty() && unit && doubleTappedKey_) {
-    const std::string key = doubleTappedParameter();
-    float value = MathUtils::floatValue(*text);
+  const TappedValue* const tapped = doubleTappedValue();
+  if (text && !text->empty() && unit && tapped) {
+    const std::string key = tapped->parameter;
     auto* parameter = parameters_[key];
-    if (parameter && takesWholeValues(*parameter)) value = std::round(value);
+    const float value =
+        parameter ? TypedValue::value(*parameter, tapped->key->settings().stringValues, *text)
+                  : MathUtils::floatValue(*text);
     const auto change = [unit, key, value] { unit->setParameter(key, value); };
     if (!parameter)
       change();
@@ -192,12 +234,13 @@ void KestroAUViewController::textFieldOverlayDidConfirm(TextFieldOverlay&,
 }
 
 void KestroAUViewController::reset() {
-  if (auto* unit = audioUnit(); unit && doubleTappedKey_) {
-    const std::string& key = doubleTappedParameter();
-    auto* parameter = parameters_[key];
-    const float value = unit->defaultValueForKey(key);
+  const TappedValue* const tapped = doubleTappedValue();
+  if (auto* unit = audioUnit(); unit && tapped) {
+    const Key key = tapped->key;
+    auto* parameter = parameters_[tapped->parameter];
+    const float value = unit->defaultValueForKey(tapped->parameter);
     if (parameter && !inGesture(*parameter, [=] { parameter->setValue(value); })) return;
-    const std::shared_ptr<Container> container = (*controls_)[doubleTappedKey_];
+    const std::shared_ptr<Container> container = (*controls_)[key];
     if (container && container->control()) container->control()->setModulatedValue(0);
   }
   enterValueOverlay_.setHidden(true);

@@ -30,6 +30,9 @@ struct Owner : EnterValueOverlayDelegate,
     journal += "[" + text.value_or("none") + "]";
   }
   void enterValueOverlayDidReset() override { journal += "reset"; }
+  void enterValueOverlayDidChoose(std::size_t index) override {
+    journal += "#" + std::to_string(index);
+  }
   void confirmOverlayDidAnswer(ConfirmOverlay&, bool yes) override { journal += yes ? "Y" : "N"; }
   void searchTextChanged(const std::string& text) override { journal += "/" + text; }
   void filterSelected(const std::optional<std::string>& filter) override {
@@ -89,9 +92,42 @@ TEST_F(OverlayPanelsTest, theValuePanelIsWhereItShouldBeAndClosesBesideItself) {
   EXPECT_EQ(panel.outside().frame(), panel.bounds());
   tap(panel.resetButton());
   EXPECT_EQ(owner.journal, "reset");
+  bench.tap({200, 200});
+  EXPECT_FALSE(panel.isHidden()) << "a finger that misses the buttons";
   bench.tap({5, 5});
   EXPECT_TRUE(panel.isHidden());
   EXPECT_EQ(owner.journal, "reset");
+}
+
+TEST_F(OverlayPanelsTest, theValuePanelSaysWhichValueItAsksForAndOffersThoseBesideIt) {
+  EnterValueOverlay panel;
+  panel.delegate = &owner;
+  panel.setEntries({{"Cutoff", "1200 Hz"}}, 0);
+  show(panel);
+  EXPECT_EQ(panel.nameLabel().text(), "Cutoff");
+  EXPECT_FALSE(panel.nameLabel().isHidden());
+  EXPECT_TRUE(panel.nameButtons().isHidden());
+  EXPECT_EQ(panel.textField().placeholder(), "1200 Hz");
+  EXPECT_EQ(panel.textField().accessibility().name, "Cutoff, now 1200 Hz");
+  EXPECT_FALSE(bench.key(Key::down)) << "nothing else to choose";
+
+  panel.setEntries({{"Cutoff", "1200 Hz"}, {"Resonance", "3 dB"}}, 1);
+  bench.frame();
+  EXPECT_TRUE(panel.nameLabel().isHidden());
+  EXPECT_EQ(panel.nameButtons().titles(), (std::vector<std::string>{"Cutoff", "Resonance"}));
+  EXPECT_EQ(panel.textField().placeholder(), "3 dB");
+  type("44");
+  bench.key(Key::up);
+  EXPECT_EQ(panel.textField().placeholder(), "1200 Hz");
+  EXPECT_EQ(panel.textField().text(), "") << "it was meant for the other";
+  const platform::Rect names = panel.nameButtons().frame();
+  bench.tap({names.maxX() - 20, names.midY()});
+  EXPECT_EQ(panel.textField().accessibility().name, "Resonance, now 3 dB");
+  EXPECT_TRUE(panel.textField().isFirstResponder()) << "ready to type";
+  EXPECT_EQ(owner.journal, "#0#1");
+  EXPECT_GE(names.y, 0.225 * 300);
+  EXPECT_LE(names.maxY(), panel.titleLabel().frame().y);
+  EXPECT_GE(names.height, 40) << "enough for a finger";
 }
 
 TEST_F(OverlayPanelsTest, aQuestionIsAnsweredByAButtonAndNoIsTheSafeAnswer) {

@@ -135,6 +135,15 @@ TEST_F(ValueRoadTest, TheSideChainsKeysStandForOtherParameters) {
   EXPECT_NEAR(container.filterView().frequency(), 1000, 5);
   EXPECT_EQ(container.filterView().resonance(), -3);
   EXPECT_EQ(DSPParameters::parameterKey("HighPassFilterRes"), "SidechainHighPassResonance");
+
+  EnterValueOverlay& panel = controller.enterValueOverlay();
+  container.filterView().valueDoubleTapped(1, {0, 1});
+  EXPECT_EQ(panel.textField().placeholder(), "-3 dB");
+  panel.textField().setText("6 dB");
+  panel.handleTouchDown(panel.okButton());
+  EXPECT_EQ(parameter("SidechainLowPassResonance"), 6);
+  controller.reset();
+  EXPECT_EQ(parameter("SidechainLowPassResonance"), 0);
 }
 
 TEST_F(ValueRoadTest, AFilterOfAHertzParameterSetsHertz) {

@@ -8,6 +8,7 @@ orvane_add_tests(examples
     HaldenPresetsTest.cpp
     HaldenTest.cpp
     SelvikTest.cpp
+    TypedRoadTest.cpp
     support/AllocationCounter.cpp
   DEPENDS orvane::gallery orvane::halden orvane::selvik orvane::headless orvane::toolkit
     orvane::foundation Threads::Threads)

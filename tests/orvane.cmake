@@ -16,6 +16,7 @@ orvane_add_tests(orvane
     PluginInfoTest.cpp
     SectionViewTest.cpp
     ShapeRoadTest.cpp
+    TypedValueTest.cpp
     ValueConflictTest.cpp
     ValueRoadTest.cpp
     WebAddressTest.cpp
