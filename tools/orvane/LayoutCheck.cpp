@@ -8,7 +8,6 @@
 
 #include "KestroUI/ValueContainers.h"
 #include "Orvane/ControlBuilder.h"
-#include "tools/orvane/ObjectReader.h"
 #include "tools/orvane/Target.h"
 #include "tools/orvane/Text.h"
 

@@ -1,7 +1,6 @@
 #include "tools/orvane/ObjectReader.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -213,16 +212,6 @@ void ObjectReader::finish() {
   for (const auto& [member, value] : object_->items())
     if (std::find(known_.begin(), known_.end(), member) == known_.end())
       problem(member, "unknown field");
-}
-
-std::string numberText(double number) {
-  char buffer[64];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
-  return std::string(buffer, result.ptr);
-}
-
-std::string rangeText(double low, double high) {
-  return '[' + numberText(low) + ", " + numberText(high) + ']';
 }
 
 }  // namespace tool

@@ -79,9 +79,4 @@ class ObjectReader {
   std::vector<std::string_view> known_;
 };
 
-/// "[0.5, 2]", for messages.
-std::string rangeText(double low, double high);
-/// The shortest decimal of a number, for messages.
-std::string numberText(double number);
-
 }  // namespace tool

@@ -67,13 +67,18 @@ std::optional<platform::Size> parseSize(std::string_view text) {
   return platform::Size{*width, *height};
 }
 
+std::string numberText(double number) {
+  char buffer[64];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
+  return std::string(buffer, result.ptr);
+}
+
+std::string rangeText(double low, double high) {
+  return '[' + numberText(low) + ", " + numberText(high) + ']';
+}
+
 std::string sizeText(const platform::Size& size) {
-  const auto side = [](double length) {
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, length);
-    return std::string(buffer, result.ptr);
-  };
-  return side(size.width) + 'x' + side(size.height);
+  return numberText(size.width) + 'x' + numberText(size.height);
 }
 
 double shortest(float value) {

@@ -20,6 +20,10 @@ std::optional<double> parseNumber(std::string_view text);
 std::optional<int> parseCount(std::string_view text);
 /// "WxH", both above 0 and at most 16384 points.
 std::optional<platform::Size> parseSize(std::string_view text);
+/// The shortest decimal of a number.
+std::string numberText(double number);
+/// "[0.5, 2]"
+std::string rangeText(double low, double high);
 /// "480x320"
 std::string sizeText(const platform::Size& size);
 
