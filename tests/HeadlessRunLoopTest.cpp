@@ -80,6 +80,31 @@ TEST(HeadlessRunLoop, RunsTasksPostedByTasksAndByOtherThreads) {
   EXPECT_EQ(ran, 2);
 }
 
+TEST(HeadlessRunLoop, AnOpenTurnHoldsBackWhatIsQueuedInItsOrder) {
+  HeadlessRunLoop loop;
+  struct Counting : HeadlessRunLoop::Screen {
+    void refresh() override { ++refreshed; }
+    int refreshed = 0;
+  } screen;
+  loop.addScreen(screen);
+  std::string order;
+  loop.beginTurn();
+  EXPECT_TRUE(loop.isInTurn());
+  DispatchQueue::globalAsync([&] { DispatchQueue::mainAsync([&] { order += "a"; }); });
+  EXPECT_TRUE(loop.runDue());
+  DispatchQueue::mainAsync([&] { order += "b"; });
+  EXPECT_TRUE(loop.runDue());
+  EXPECT_EQ(order + std::to_string(screen.refreshed), "0");
+  EXPECT_DEATH(loop.beginTurn(), "A turn of the run loop is open already");
+  EXPECT_DEATH(loop.advance(1), "The clock cannot be moved within a turn");
+  loop.endTurn();
+  EXPECT_FALSE(loop.isInTurn());
+  EXPECT_EQ(order, "ab");
+  EXPECT_GE(screen.refreshed, 1);
+  EXPECT_DEATH(loop.endTurn(), "No turn of the run loop is open");
+  loop.removeScreen(screen);
+}
+
 TEST(HeadlessRunLoop, GivesUpOnATaskThatPostsItselfForEver) {
   HeadlessRunLoop loop;
   std::function<void()> again = [&] { DispatchQueue::mainAsync(again); };

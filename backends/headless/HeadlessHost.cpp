@@ -17,7 +17,8 @@ namespace {
 /// How many times in a row a frame may ask for the next one before the clock has to move.
 constexpr int maxFramesAtOnce = 8;
 constexpr int movesOfADrag = 10;
-constexpr int finger = 1;
+/// Of taps and drags, and the one that is held.
+constexpr int finger = 1, heldFinger = 2;
 
 }  // namespace
 
@@ -67,10 +68,11 @@ bool HeadlessHost::automate(std::string_view key, float value) {
   return true;
 }
 
-void HeadlessHost::receiveMidi(std::span<const std::uint8_t> message) {
-  std::thread([&] { midiLearn_.receive(message); }).join();
-  midiLearn_.poll();
+bool HeadlessHost::receiveMidi(std::span<const std::uint8_t> message) {
+  bool used = false;
+  std::thread([&] { used = midiLearn_.receive(message); }).join();
   loop_.runDue();
+  return used;
 }
 
 void HeadlessHost::tapOnce(Point place, int count) {
@@ -99,6 +101,29 @@ void HeadlessHost::drag(Point place, Point distance) {
   }
   window_.touchEnded(finger, at);
   loop_.runDue();
+}
+
+bool HeadlessHost::press(Point place) {
+  if (held_) return false;
+  held_ = place;
+  window_.touchBegan(heldFinger, toolkit::Touch::Kind::finger, place, 1);
+  loop_.runDue();
+  return true;
+}
+
+bool HeadlessHost::move(Point distance) {
+  if (!held_) return false;
+  held_ = *held_ + distance;
+  window_.touchMoved(heldFinger, *held_);
+  loop_.runDue();
+  return true;
+}
+
+bool HeadlessHost::lift() {
+  if (!held_) return false;
+  window_.touchEnded(heldFinger, *std::exchange(held_, std::nullopt));
+  loop_.runDue();
+  return true;
 }
 
 bool HeadlessHost::turnWheel(Point place, double notches) {
@@ -142,6 +167,8 @@ FrameCount HeadlessHost::takeFrames() {
 }
 
 void HeadlessHost::refresh() {
+  // A real host does it at each tick of a timer; here nothing is to depend on the clock.
+  midiLearn_.poll();
   const Rect bounds{0, 0, window_.size().width, window_.size().height};
   for (int frame = 0; frame < maxFramesAtOnce && window_.needsFrame(); ++frame) {
     for (const Rect& area : window_.prepareFrame()) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,7 +32,7 @@ struct FrameCount {
 
 /// A host without a display that holds one editor: it has the editor's audio unit and window, and
 /// its hands are functions. Each of them ends with everything that is due having run and been laid
-/// out. The clock moves only through the run loop.
+/// out, unless a turn of the loop is open. The clock moves only through the run loop.
 ///
 ///     HeadlessHost host(loop, entry);
 ///     host.appear();
@@ -61,8 +62,8 @@ class HeadlessHost : private platform::WindowHost, private HeadlessRunLoop::Scre
   void resize(const platform::Size& size);
   /// Sets a parameter on a thread of its own, as automation does; false for an unknown key.
   bool automate(std::string_view key, float value);
-  /// A message from a MIDI device, on a thread of its own.
-  void receiveMidi(std::span<const std::uint8_t> message);
+  /// A message from a MIDI device, on a thread of its own; false when nothing used it.
+  bool receiveMidi(std::span<const std::uint8_t> message);
 
   // What a user does; places are in root coordinates.
 
@@ -70,6 +71,12 @@ class HeadlessHost : private platform::WindowHost, private HeadlessRunLoop::Scre
   void doubleTap(platform::Point place);
   /// A finger that moves by `distance` in ten moves.
   void drag(platform::Point place, platform::Point distance);
+  /// One more finger, which stays where it is; false while it is down already.
+  bool press(platform::Point place);
+  /// Moves that finger on; false when it is not down.
+  bool move(platform::Point distance);
+  /// False when it was not down.
+  bool lift();
   /// Notches, positive away from the user. False when nothing used it.
   bool turnWheel(platform::Point place, double notches);
   /// False when nothing used it, so that it went back to the host.
@@ -102,6 +109,8 @@ class HeadlessHost : private platform::WindowHost, private HeadlessRunLoop::Scre
   orvane::MidiLearn midiLearn_;
   std::unique_ptr<orvane::KestroAUViewController> editor_;
   std::string clipboard_;
+  /// Where the finger is that was pressed and not lifted yet.
+  std::optional<platform::Point> held_;
   bool appeared_ = false;
   double repaintedArea_ = 0;
   std::uint64_t countedFrames_ = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "foundation/DispatchQueue.h"
+#include "platform/Fatal.h"
 
 namespace headless {
 
@@ -17,6 +18,11 @@ constexpr double tolerance = 1e-9;
 }  // namespace
 
 bool HeadlessRunLoop::runDue() {
+  if (inTurn_) {
+    // Else what they post would be queued before or after what the turn itself queues next, by chance.
+    foundation::DispatchQueue::waitForGlobal();
+    return true;
+  }
   for (int turn = 0; turn < maxTurns; ++turn) {
     clock_.takeWake();
     loop_.runDue();
@@ -29,7 +35,19 @@ bool HeadlessRunLoop::runDue() {
   return false;
 }
 
+void HeadlessRunLoop::beginTurn() {
+  if (inTurn_) platform::fatal("A turn of the run loop is open already");
+  inTurn_ = true;
+}
+
+void HeadlessRunLoop::endTurn() {
+  if (!inTurn_) platform::fatal("No turn of the run loop is open");
+  inTurn_ = false;
+  runDue();
+}
+
 void HeadlessRunLoop::advance(double seconds) {
+  if (inTurn_) platform::fatal("The clock cannot be moved within a turn of the run loop");
   const double end = clock_.now() + seconds;
   runDue();
   for (;;) {

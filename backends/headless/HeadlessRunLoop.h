@@ -34,10 +34,19 @@ class HeadlessRunLoop {
   double now() const { return clock_.now(); }
   /// Runs everything that is due without moving the clock, and what that makes due in turn; then
   /// refreshes the screens. False when it gave up after many turns, because of a task that posts
-  /// itself again for ever.
+  /// itself again for ever. Within a turn that is open it only waits for what was handed to other
+  /// threads.
   bool runDue();
   /// Moves the clock on by `seconds`, stopping at every timer and display frame on the way.
   void advance(double seconds);
+
+  /// Opens a turn of the loop: until endTurn nothing that is queued is delivered and no screen is
+  /// refreshed, as between two turns of a real event loop that is kept busy. The clock cannot be
+  /// moved meanwhile, nor another turn be opened.
+  void beginTurn();
+  /// Closes it and runs everything that is due.
+  void endTurn();
+  bool isInTurn() const { return inTurn_; }
 
   /// Frames at which display links were called.
   std::uint64_t displayFrames() const { return displayFrames_; }
@@ -53,6 +62,7 @@ class HeadlessRunLoop {
   /// Ticks of the display since the loop was made, shown or not; a whole number in a type that
   /// divides without a cast.
   double ticks_ = 0;
+  bool inTurn_ = false;
 };
 
 }  // namespace headless
