@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include <nlohmann/json.hpp>
 
 #include "tests/support/RunTool.h"
@@ -10,6 +12,7 @@ namespace {
 
 using nlohmann::json;
 using support::dataFile;
+using support::isOneLine;
 using support::linesOf;
 using support::runTool;
 using support::ToolResult;
@@ -19,7 +22,7 @@ using testing::HasSubstr;
 /// The answers of a script that must run to its end.
 std::vector<json> drive(const std::string& script, const std::string& plugin = "example.json",
                         std::vector<std::string> options = {}) {
-  std::vector<std::string> arguments{"drive", dataFile(plugin)};
+  std::vector<std::string> arguments{"drive", plugin[0] == '/' ? plugin : dataFile(plugin)};
   arguments.insert(arguments.end(), options.begin(), options.end());
   const ToolResult result = runTool(arguments, script);
   EXPECT_EQ(result.code, 0);
@@ -187,15 +190,12 @@ TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
       {"title": "Two", "sections": [{"name": "B", "columns": [{"slots": [{"param": "c"}]}]}]}],
     "factoryPresets": [{"name": "user Mine", "bank": "B1", "categories": ["pad"],
                         "values": {"a": 70}}]})");
-  const auto lines =
-      linesOf(runTool({"drive", file.path()},
-                      "map b 176,7\nget b\nget a\ndrag key:b 0 -40\nget b\nget a\n"
-                      "preset user Mine\nget a\npresets\ntap \"Bee\"\nset a +3\nget a\n"
-                      "midi b 64\nget b\npage 1\nget b\nwheel key:c 2\nget c")
-                  .out);
-  ASSERT_EQ(lines.size(), 18u);
-  std::vector<json> answers;
-  for (const std::string& line : lines) answers.push_back(json::parse(line));
+  const auto answers = drive(
+      "map b 176,7\nget b\nget a\ndrag key:b 0 -40\nget b\nget a\n"
+      "preset user Mine\nget a\npresets\ntap \"Bee\"\nset a +3\nget a\n"
+      "midi b 64\nget b\npage 1\nget b\nwheel key:c 2\nget c",
+      file.path());
+  ASSERT_EQ(answers.size(), 18u);
   EXPECT_EQ(answers[1]["midi"], (json{176, 7}));
   EXPECT_EQ(answers[2]["midi"], nullptr);
   EXPECT_GT(answers[4]["value"], 50);
@@ -276,6 +276,14 @@ TEST(Drive, EveryWrongCommandIsAnsweredWithWhatIsWrong) {
       {"unmap nothing", "no parameter \"nothing\""},
       {"pick", "pick wants FILE ..."},
       {"export now", "export takes nothing"},
+      {"move 1 1", "no finger is pressed"},
+      {"lift", "no finger is pressed"},
+      {"receive 64", "receive wants the bytes of a MIDI message such as 176,7,64, not \"64\""},
+      {"end", "end is without together"},
+      {"together now", "together takes nothing"},
+      {"expect cutoff", "expect wants KEY VALUE"},
+      {"expect ghost 1", "no parameter \"ghost\""},
+      {"expect cutoff high", "expect wants a number, not \"high\""},
   };
   for (const Wrong& each : wrong) EXPECT_EQ(errorOf(each.command), each.error) << each.command;
 }
@@ -296,9 +304,129 @@ TEST(Drive, LearnModeTakesTapsAndBindingsAreShown) {
   EXPECT_EQ(answers[13]["midi"], nullptr);
 }
 
+TEST(Drive, AHandleKeepsWhatTheHostAutomatesBesideItInTheSameTurn) {
+  for (const std::string type :
+       {"adsr", "multiple", "stepSequencer", "xyControl", "doubleSlider", "simpleCurve"}) {
+    SCOPED_TRACE(type);
+    const support::TemporaryFile file(R"({"parameters": [
+        {"key": "a", "default": 0.3, "attached": ["b", "c", "d"], "control": ")" +
+                                      type + R"("},
+        {"key": "b", "default": 0.6}, {"key": "c", "default": 0.6}, {"key": "d", "default": 0.6}],
+      "pages": [{"sections": [{"columns": [{"slots": [{"param": "a"}]}]}]}]})");
+    const auto answers = drive(
+        "press key:a\nmove 6 -6\ntogether\nmove 6 -6\nset b 0.9\nset d 0.1\nget d\nmove 6 -6\n"
+        "frames\nend\nlift\nget a\nget b\nget c\nget d\nexpect d 0.1\nexpect b 0.9\n",
+        file.path());
+    EXPECT_EQ(answers[6]["value"], 0.1);
+    EXPECT_NE(answers[6]["position"], 0.1) << "not delivered yet";
+    EXPECT_NE(answers[11]["value"], 0.3);
+    for (std::size_t i = 11; i < 15; ++i) EXPECT_EQ(answers[i]["position"], answers[i]["value"]);
+    EXPECT_EQ(answers[15]["ok"], true);
+    EXPECT_TRUE(answers[16]["ok"] == true || type == "xyControl") << "a pad's finger moves both";
+  }
+}
+
+TEST(Drive, APresetThatIsLoadedWhileAKnobIsHeldIsShownAndTheFingerMovesOnlyItsOwn) {
+  const std::string held = "press key:cutoff\nmove 0 -20\ntogether\npreset Bright\n";
+  const auto loaded = drive(held + "end\nget cutoff\nlift\nmove 1 1\npress Knob");
+  EXPECT_EQ(loaded[5]["position"], last("preset Bright\nget cutoff")["position"]);
+  EXPECT_EQ(loaded[7]["ok"], false) << "lifted";
+  EXPECT_EQ(loaded[8]["ok"], true) << "and pressed again";
+
+  const auto moved = drive(held + "move 0 -2\nend\nlift\nexpect mode 2\nget cutoff");
+  EXPECT_EQ(moved[7]["ok"], true);
+  EXPECT_NE(moved[8]["value"], 8000) << "the finger came after the preset";
+  const std::string value = moved[8]["value"].dump();
+  EXPECT_EQ(moved[8]["position"], last("set cutoff " + value + "\nget cutoff")["position"]);
+}
+
+TEST(Drive, AMessageAtOnceWithTheTapOfLearnModeBindsTheControl) {
+  const auto answers = drive(
+      "learn on\ntogether\ntap key:cutoff\nreceive 176,7,1\nget cutoff\nend\nget cutoff\n"
+      "learn off\nreceive 176,7,127\nget cutoff\nreceive 176,8,127");
+  EXPECT_EQ(answers[4]["midi"], nullptr);
+  EXPECT_EQ(answers[6]["midi"], (json{176, 7}));
+  EXPECT_EQ(answers[6]["value"], 1000) << "the message that binds moves nothing";
+  EXPECT_EQ(answers[8]["used"], true);
+  EXPECT_EQ(answers[9]["value"], 20000);
+  EXPECT_EQ(answers[10]["used"], false);
+}
+
+TEST(Drive, SizesPagesAndLivesOfOneTurnEndAsOneByOne) {
+  const std::string steps =
+      "size 500 400\npage 1\nset rate 7\ndisappear\nsize 800 600\nappear\nmidi depth 0\n";
+  const std::string result = "page 0\npage 1\nwait 1\ntree\nget rate";
+  const auto one = drive(steps + result);
+  const auto atOnce = drive("together\n" + steps + "tree\nend\n" + result);
+  EXPECT_TRUE(atOnce[8]["tree"] != one[10]["tree"]);
+  EXPECT_TRUE(atOnce[13]["tree"] == one[10]["tree"]);
+  EXPECT_EQ(atOnce[14], one[11]);
+}
+
+TEST(Drive, ATurnThatIsWrittenWronglySaysHow) {
+  const std::pair<const char*, const char*> wrong[] = {
+      {"together", "together is within together: a turn holds no other turn"},
+      {"wait 1", "the clock stands still within together: wait comes after end"},
+      {"snapshot /nowhere/a.png", "nothing is painted within together: snapshot comes after end"},
+      {"page 1\ntap key:rate", "\"rate\" has no size yet"},
+      {"press Knob\npress Knob", "a finger is pressed already"},
+  };
+  for (const auto& [command, error] : wrong) {
+    const auto answers = drive(std::string("together\n") + command + "\nend\nend");
+    EXPECT_EQ(answers.at(answers.size() - 3).value("error", ""), error) << command;
+    EXPECT_EQ(answers.at(answers.size() - 2)["ok"], true) << "the turn goes on";
+    EXPECT_EQ(answers.back()["ok"], false);
+  }
+  const auto open = drive("together\nset cutoff 5");
+  ASSERT_EQ(open.size(), 3u);
+  EXPECT_EQ(open[2]["error"], "the script ends within together: end is missing");
+}
+
+TEST(Drive, ExpectationsHoldToATenThousandthAndTellBothValues) {
+  EXPECT_EQ(last("set cutoff 1000.09\nexpect cutoff 1000\nset gain 0\nexpect gain 0\n"
+                 "set gain -6\nexpect gain -6.0001")["ok"],
+            true);
+  const auto answers = drive("share\nset cutoff 1000.2\nexpect cutoff 1000");
+  EXPECT_EQ(answers[2], (json{{"ok", false},
+                              {"error", "\"cutoff\" is 1000.2, not 1000"},
+                              {"value", 1000.2},
+                              {"expected", 1000}}));
+}
+
+TEST(Drive, AStrictScriptFailsAtItsEndWhenACommandDid) {
+  const auto strict = [](const std::string& script) {
+    return runTool({"drive", dataFile("example.json"), "--strict"}, script);
+  };
+  EXPECT_EQ(strict("set gain 1\nexpect gain 1").code, 0);
+  for (const char* last : {"fly", "expect gain 2", "together"}) {
+    const ToolResult result = strict("set gain 1\n\n" + std::string(last) + "\nset gain 3");
+    EXPECT_EQ(result.code, 1) << last;
+    EXPECT_TRUE(isOneLine(result.err)) << result.err;
+    EXPECT_THAT(result.err, HasSubstr("orvane drive: line "));
+    EXPECT_GE(linesOf(result.out).size(), 3u) << "the script runs to its end";
+  }
+  EXPECT_THAT(strict("\nfly\nsink").err, HasSubstr("line 2: unknown command \"fly\""));
+}
+
+TEST(Drive, TheTreeTellsTextAndPlaceholderOfATextField) {
+  // The fields in the tree's order: of the browser's search, of a preset's name, of a value.
+  std::vector<json> fields;
+  const std::function<void(const json&)> visit = [&](const json& node) {
+    if (node["class"] == "TextField") fields.push_back(node);
+    for (const json& child : node["children"]) visit(child);
+  };
+  visit(last("doubletap key:cutoff\ntype 12\ntree")["tree"]);
+  ASSERT_EQ(fields.size(), 3u);
+  EXPECT_EQ(fields[0]["text"], "");
+  EXPECT_EQ(fields[0]["placeholder"], "SEARCH ...");
+  EXPECT_EQ(fields[2]["text"], "12");
+  EXPECT_FALSE(fields[1].contains("placeholder")) << "it has none";
+}
+
 TEST(Drive, TheSameScriptGivesTheSameBytes) {
   const std::string script =
-      "wait 0.35\ndrag key:cutoff 7 -31\ntap DiceButton\nsize 700 500\nwait 0.5\nframes\n"
+      "wait 0.35\ntogether\nset cutoff 9000\ndrag key:cutoff 7 -31\nnext\nend\ntap "
+      "DiceButton\nsize 700 500\nwait 0.5\nframes\n"
       "page 3\ntree\nstate\nnext\nframes\nget cutoff\nget attack\n";
   const auto run = [&] { return runTool({"drive", dataFile("all-kinds.json")}, script).out; };
   EXPECT_EQ(run(), run());

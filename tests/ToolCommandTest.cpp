@@ -49,6 +49,7 @@ TEST(ToolCommand, UsageErrorsExitWithTwoAndOneLine) {
       {"snapshot", "halden", "-o", "x.png", "--scale", "0"},
       {"snapshot", "halden", "-o", "x.png", "--scale", "100"},
       {"drive"},
+      {"drive", "halden", "--strict=yes"},
       {"check"},
       {"run"},
   };

@@ -73,7 +73,8 @@ TEST(ToolNonsense, DamagedScriptsAreAnsweredLineByLine) {
       "size 400 300\npage 1\ntap \"Main\"\ntap key:cutoff\ndoubletap KnobContainer#1\n"
       "drag key:mode 3 4\nwheel at:100,120 -2\nkey shift+tab\ntype abc\nset cutoff 440\n"
       "get cutoff\nlive cutoff 1\nmodulate cutoff on\npreset Bright\nnext\nprevious\npresets\n"
-      "disappear\nappear\nwait 0.05\nframes\nstate\n";
+      "together\npress key:cutoff\nset mode 1\nmove 3 -9\nreceive 176,7,9\npage 0\nlift\nend\n"
+      "disappear\nappear\nwait 0.05\nframes\nstate\nexpect mode 1\n";
   std::mt19937 random(7);
   for (int i = 0; i < 150; ++i) {
     const std::string script = damaged(original, random);

@@ -84,38 +84,6 @@ class ValueConflictTest : public testing::Test {
   support::EditorWindow editor{{600, 400}};
 };
 
-TEST_F(ValueConflictTest, AHandleLeavesWhatTheHostAutomatesMeanwhile) {
-  for (const ControlType type :
-       {ControlType::adsr, ControlType::multiple, ControlType::stepSequencer,
-        ControlType::xyControl, ControlType::doubleSlider, ControlType::simpleCurve}) {
-    SCOPED_TRACE(kestroui::rawValue(type));
-    design->givenPages.clear();
-    controller = std::make_unique<support::TestController>(design);
-    show({paramKey("a", type, {"b", "c", "d"})});
-    for (const char* key : {"a", "b", "c", "d"})
-      unit->parameter(key)->setValue(*key == 'a' ? 0.3f : 0.6f);
-    settle();
-    const Point at = place("a", "a");
-    press(at);
-    settle();
-    drag({at.x + 6, at.y - 6});
-    // The control's own change is on its way back as well.
-    automate("b", 0.9f);
-    automate("d", 0.1f);
-    drag({at.x + 12, at.y - 12});
-    lift({at.x + 12, at.y - 12});
-    settle();
-    const bool movesTwo = type == ControlType::xyControl;
-    EXPECT_NE(parameter("a"), 0.3f);
-    if (!movesTwo) {
-      EXPECT_FLOAT_EQ(parameter("b"), 0.9f);
-    }
-    EXPECT_FLOAT_EQ(parameter("d"), 0.1f);
-    for (const auto& key : container("a").paramKeys())
-      EXPECT_NEAR(valueOf(container("a"), key->key()), parameter(key->key()), 1e-6f) << key->key();
-  }
-}
-
 TEST_F(ValueConflictTest, EveryStateThatAPadHasKeysForFollowsItsSwitch) {
   show({paramKey("a", ControlType::xyControl, {"b", "OnOff", "twoOnOff"})});
   const Point at = place("a", "OnOff");

@@ -37,6 +37,8 @@ ArgumentParser::ArgumentParser(std::string command, const std::vector<std::strin
       afterSize = false;
       continue;
     }
+    if (std::find(flags.begin(), flags.end(), option) != flags.end())
+      fail(option + " takes no value");
     if (std::find(options.begin(), options.end(), option) == options.end())
       fail("unknown option " + inQuotes(option));
     if (equals != std::string::npos)

@@ -1,5 +1,7 @@
 // What a script asks the editor and its audio unit.
 
+#include <cmath>
+
 #include "KestroUI/MultipleContainer.h"
 #include "Orvane/ParameterMapping.h"
 #include "toolkit/Button.h"
@@ -71,6 +73,19 @@ void DriveSession::get(const Words& words, Json& answer) {
   answer["modulated"] = isModulated;
 }
 
+void DriveSession::expect(const Words& words, Json& answer) {
+  constexpr double tolerance = 1e-4;
+  const double value = shortest(parameter(words[0].text).value());
+  const auto expected = parseNumber(words[1].text);
+  if (!expected) throw Failure("expect wants a number, not " + inQuotes(words[1].text));
+  if (std::abs(value - *expected) <= tolerance * std::abs(*expected)) return;
+  answer = {{"ok", false},
+            {"error", inQuotes(words[0].text) + " is " + numberText(value) + ", not " +
+                          numberText(*expected)},
+            {"value", value},
+            {"expected", *expected}};
+}
+
 void DriveSession::live(const Words& words, Json&) {
   DescribedAudioUnit& unit = describedUnit(host_);
   parameter(words[0].text);
@@ -111,6 +126,10 @@ void DriveSession::state(const Words&, Json& answer) {
   answer["buttons"] = std::move(buttons);
 }
 
-void DriveSession::snapshot(const std::string& file, Json&) { writePicture(host_, file, 1); }
+void DriveSession::snapshot(const std::string& file, Json&) {
+  if (host_.loop().isInTurn())
+    throw Failure("nothing is painted within together: snapshot comes after end");
+  writePicture(host_, file, 1);
+}
 
 }  // namespace tool

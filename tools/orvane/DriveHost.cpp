@@ -23,6 +23,10 @@ double numberOf(const Word& word, double low, double high) {
                 std::to_string(static_cast<int>(high)) + " is wanted, not " + inQuotes(word.text));
 }
 
+platform::Point distanceOf(const Word& x, const Word& y) {
+  return {numberOf(x, -farthest, farthest), numberOf(y, -farthest, farthest)};
+}
+
 }  // namespace
 
 void DriveSession::size(const Words& words, Json&) {
@@ -46,9 +50,20 @@ void DriveSession::doubleTap(const Words& words, Json&) {
 }
 
 void DriveSession::drag(const Words& words, Json&) {
-  const platform::Point distance{numberOf(words[1], -farthest, farthest),
-                                 numberOf(words[2], -farthest, farthest)};
+  const platform::Point distance = distanceOf(words[1], words[2]);
   host_.drag(placeOfTarget(host_, words[0]), distance);
+}
+
+void DriveSession::press(const Words& words, Json&) {
+  if (!host_.press(placeOfTarget(host_, words[0]))) throw Failure("a finger is pressed already");
+}
+
+void DriveSession::move(const Words& words, Json&) {
+  if (!host_.move(distanceOf(words[0], words[1]))) throw Failure("no finger is pressed");
+}
+
+void DriveSession::lift(const Words&, Json&) {
+  if (!host_.lift()) throw Failure("no finger is pressed");
 }
 
 void DriveSession::wheel(const Words& words, Json& answer) {
@@ -96,7 +111,21 @@ void DriveSession::appear(const Words&, Json&) { host_.appear(); }
 void DriveSession::disappear(const Words&, Json&) { host_.disappear(); }
 
 void DriveSession::wait(const Words& words, Json&) {
-  host_.loop().advance(numberOf(words[0], 0, maxWait));
+  const double seconds = numberOf(words[0], 0, maxWait);
+  if (host_.loop().isInTurn())
+    throw Failure("the clock stands still within together: wait comes after end");
+  host_.loop().advance(seconds);
+}
+
+void DriveSession::together(const Words&, Json&) {
+  if (host_.loop().isInTurn())
+    throw Failure("together is within together: a turn holds no other turn");
+  host_.loop().beginTurn();
+}
+
+void DriveSession::end(const Words&, Json&) {
+  if (!host_.loop().isInTurn()) throw Failure("end is without together");
+  host_.loop().endTurn();
 }
 
 void DriveSession::frames(const Words&, Json& answer) {

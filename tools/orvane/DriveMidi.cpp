@@ -41,6 +41,14 @@ void DriveSession::midi(const Words& words, Json&) {
   host_.loop().runDue();
 }
 
+void DriveSession::receive(const Words& words, Json& answer) {
+  const auto message = messageOf(words[0].text);
+  if (!message)
+    throw Failure("receive wants the bytes of a MIDI message such as 176,7,64, not " +
+                  inQuotes(words[0].text));
+  answer["used"] = host_.receiveMidi(*message);
+}
+
 void DriveSession::learn(const Words& words, Json& answer) {
   const std::string& mode = words[0].text;
   if (mode != "on" && mode != "off") throw Failure("learn wants on or off, not " + inQuotes(mode));

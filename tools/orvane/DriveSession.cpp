@@ -14,13 +14,18 @@ const std::vector<DriveSession::Command>& DriveSession::commands() {
       {"tap", "TARGET", 1, &DriveSession::tap},
       {"doubletap", "TARGET", 1, &DriveSession::doubleTap},
       {"drag", "TARGET DX DY", 3, &DriveSession::drag},
+      {"press", "TARGET", 1, &DriveSession::press},
+      {"move", "DX DY", 2, &DriveSession::move},
+      {"lift", "", 0, &DriveSession::lift},
       {"wheel", "TARGET DY", 2, &DriveSession::wheel},
       {"key", "NAME", 1, &DriveSession::key},
       {"set", "KEY VALUE", 2, &DriveSession::set},
       {"get", "KEY", 1, &DriveSession::get},
+      {"expect", "KEY VALUE", 2, &DriveSession::expect},
       {"live", "KEY VALUE", 2, &DriveSession::live},
       {"modulate", "KEY on/off", 2, &DriveSession::modulate},
       {"midi", "KEY N", 2, &DriveSession::midi},
+      {"receive", "STATUS,NUMBER,VALUE", 1, &DriveSession::receive},
       {"learn", "on/off", 1, &DriveSession::learn},
       {"map", "KEY STATUS,NUMBER", 2, &DriveSession::map},
       {"unmap", "KEY", 1, &DriveSession::unmap},
@@ -34,6 +39,8 @@ const std::vector<DriveSession::Command>& DriveSession::commands() {
       {"appear", "", 0, &DriveSession::appear},
       {"disappear", "", 0, &DriveSession::disappear},
       {"wait", "SECONDS", 1, &DriveSession::wait},
+      {"together", "", 0, &DriveSession::together},
+      {"end", "", 0, &DriveSession::end},
       {"frames", "", 0, &DriveSession::frames},
       {"tree", "", 0, &DriveSession::tree},
       {"state", "", 0, &DriveSession::state},
@@ -60,6 +67,8 @@ std::optional<DriveSession::Json> DriveSession::run(std::string_view text) {
   } catch (const std::exception& error) {
     return Json{{"ok", false}, {"error", error.what()}};
   }
+  // What has left the editor is told with the next command that succeeds.
+  if (answer["ok"] == false) return answer;
   Json& events = answer["events"] = Json::array();
   for (const headless::Event& event : host_.application()->takeEvents()) {
     Json& entry = events.emplace_back(Json{{"type", event.type}});
@@ -68,6 +77,11 @@ std::optional<DriveSession::Json> DriveSession::run(std::string_view text) {
     if (event.multiple) entry["multiple"] = *event.multiple;
   }
   return answer;
+}
+
+std::optional<DriveSession::Json> DriveSession::finish() const {
+  if (!host_.loop().isInTurn()) return std::nullopt;
+  return Json{{"ok", false}, {"error", "the script ends within together: end is missing"}};
 }
 
 void DriveSession::execute(const ScriptLine& line, Json& answer) {

@@ -11,7 +11,7 @@
 namespace tool {
 
 /// Carries out the commands of a script on one editor. Each command ends with everything that is
-/// due having run; time passes only by `wait`.
+/// due having run, or between `together` and `end` with nothing of it; time passes only by `wait`.
 class DriveSession {
  public:
   using Json = nlohmann::ordered_json;
@@ -21,6 +21,8 @@ class DriveSession {
   /// The answer to one line; none for a line that says nothing. Whatever goes wrong is told in the
   /// answer.
   std::optional<Json> run(std::string_view line);
+  /// The answer to the end of the script; none when there is nothing to say.
+  std::optional<Json> finish() const;
 
  private:
   using Words = std::vector<Word>;
@@ -42,6 +44,9 @@ class DriveSession {
 
   void execute(const ScriptLine& line, Json& answer);
 
+  // The turn of the loop
+  void together(const Words& words, Json& answer);
+  void end(const Words& words, Json& answer);
   // The host
   void size(const Words& words, Json& answer);
   void set(const Words& words, Json& answer);
@@ -52,6 +57,7 @@ class DriveSession {
   void respond(const std::string& text, Json& answer);
   // MIDI
   void midi(const Words& words, Json& answer);
+  void receive(const Words& words, Json& answer);
   void learn(const Words& words, Json& answer);
   void map(const Words& words, Json& answer);
   void unmap(const Words& words, Json& answer);
@@ -61,6 +67,9 @@ class DriveSession {
   void tap(const Words& words, Json& answer);
   void doubleTap(const Words& words, Json& answer);
   void drag(const Words& words, Json& answer);
+  void press(const Words& words, Json& answer);
+  void move(const Words& words, Json& answer);
+  void lift(const Words& words, Json& answer);
   void wheel(const Words& words, Json& answer);
   void key(const Words& words, Json& answer);
   void type(const std::string& text, Json& answer);
@@ -76,6 +85,7 @@ class DriveSession {
   void exportAll(const Words& words, Json& answer);
   // What is shown
   void get(const Words& words, Json& answer);
+  void expect(const Words& words, Json& answer);
   void tree(const Words& words, Json& answer);
   void state(const Words& words, Json& answer);
   void snapshot(const std::string& file, Json& answer);

@@ -21,12 +21,17 @@ void runScript(DriveSession& session, const std::string& path) {
   std::ifstream file(path);
   if (!file) throw Failure(path + ": cannot be read");
   std::string line;
-  for (int number = 1; std::getline(file, line); ++number) {
-    const auto answer = session.run(line);
-    if (answer && !answer->at("ok").get<bool>())
+  int number = 0;
+  const auto check = [&](const std::optional<DriveSession::Json>& answer) {
+    if (answer && answer->at("ok") == false)
       throw Failure(path + ": line " + std::to_string(number) + ": " +
                     answer->at("error").get<std::string>());
+  };
+  while (std::getline(file, line)) {
+    ++number;
+    check(session.run(line));
   }
+  check(session.finish());
 }
 
 }  // namespace

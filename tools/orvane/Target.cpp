@@ -19,13 +19,18 @@ using toolkit::View;
 
 namespace {
 
+Point centreOf(const View& view, const std::string& name) {
+  if (view.bounds().isEmpty()) throw Failure(inQuotes(name) + " has no size yet");
+  return view.frameInRoot().centre();
+}
+
 Point placeOfKey(HeadlessHost& host, const std::string& key) {
   if (!host.audioUnit().parameter(key)) throw Failure("no parameter " + inQuotes(key));
   kestroui::Container* container = shownContainer(host, key);
   if (!container) throw Failure("the parameter " + inQuotes(key) + " is not on the shown page");
   if (const auto index = container->indexOf(key))
     if (const auto place = container->handlePlace(*index)) return container->convertToRoot(*place);
-  return valuePart(*container).frameInRoot().centre();
+  return centreOf(valuePart(*container), key);
 }
 
 Point placeOfText(HeadlessHost& host, const std::string& text) {
@@ -36,8 +41,8 @@ Point placeOfText(HeadlessHost& host, const std::string& text) {
     View*& found = dynamic_cast<toolkit::Control*>(&view) ? button : label;
     if (!found) found = &view;
   });
-  if (button) return button->frameInRoot().centre();
-  if (label) return label->frameInRoot().centre();
+  if (button) return centreOf(*button, text);
+  if (label) return centreOf(*label, text);
   // A row of a list, or one of several buttons in one control: what is painted last is on top.
   RecordingCanvas canvas;
   host.composite(canvas);
@@ -75,8 +80,8 @@ Point placeOfClass(HeadlessHost& host, const std::string& text) {
                   (views.size() == 1 ? " is shown" : " are shown"));
   View& view = *views[static_cast<std::size_t>(*index)];
   if (auto* container = dynamic_cast<kestroui::Container*>(&view); container && container->key())
-    return valuePart(*container).frameInRoot().centre();
-  return view.frameInRoot().centre();
+    return centreOf(valuePart(*container), text);
+  return centreOf(view, text);
 }
 
 }  // namespace

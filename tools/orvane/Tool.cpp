@@ -32,8 +32,9 @@ constexpr std::string_view help = R"(usage: orvane COMMAND ...
                         a picture of the editor
   tree PLUGIN [--size WxH] [--page N]
                         the view tree as JSON
-  drive PLUGIN [--size WxH] [--page N] [< SCRIPT]
-                        a scripted editor: commands in, JSON out
+  drive PLUGIN [--size WxH] [--page N] [--strict] [< SCRIPT]
+                        a scripted editor: commands in, JSON out; --strict fails at the end if
+                        a command did
   check PLUGIN [--size WxH ...]
                         what is wrong with a design
   presets list          the user presets

@@ -57,6 +57,9 @@ ordered_json viewTree(const View& view) {
   if (const auto* container = dynamic_cast<const kestroui::Container*>(&view))
     if (const auto key = container->key()) node["key"] = key->key();
   if (const auto text = textOf(view)) node["text"] = *text;
+  if (const auto* field = dynamic_cast<const toolkit::TextField*>(&view);
+      field && !field->placeholder().empty())
+    node["placeholder"] = field->placeholder();
   const platform::Rect& frame = view.frame();
   node["frame"] = {tidy(frame.x), tidy(frame.y), tidy(frame.width), tidy(frame.height)};
   node["hidden"] = view.isHidden();
