@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 
 namespace tool {
 

@@ -8,7 +8,6 @@
 #include "tools/orvane/DataFolders.h"
 #include "tools/orvane/DesignCheck.h"
 #include "tools/orvane/Editor.h"
-#include "tools/orvane/LayoutCheck.h"
 #include "tools/orvane/Plugin.h"
 #include "tools/orvane/Text.h"
 

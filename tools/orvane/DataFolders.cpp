@@ -6,7 +6,7 @@
 
 #include "backends/headless/FolderDownloader.h"
 #include "foundation/FolderCloud.h"
-#include "tools/orvane/ToolError.h"
+#include "tools/orvane/Problems.h"
 
 namespace tool {
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Orvane/AUDesign.h"
+#include "backends/headless/HeadlessHost.h"
 #include "tools/orvane/DescribedPlugin.h"
 #include "tools/orvane/Problems.h"
 
@@ -43,5 +44,13 @@ class DesignCheck {
   /// Where each key has its place on the page that is being checked.
   std::map<std::string, std::string> places_;
 };
+
+/// Looks at every page of an editor at the size that it has now, and adds what nobody could use or
+/// what lies where it does not belong: controls that are too small, that leave their section or
+/// cover another that is no sibling; sections that leave their page or cover another.
+void checkLayout(headless::HeadlessHost& host, Problems& problems);
+/// Adds the parameters that no control of any page drives. After checkLayout, by which each page has
+/// been shown.
+void checkUse(headless::HeadlessHost& host, Problems& problems);
 
 }  // namespace tool

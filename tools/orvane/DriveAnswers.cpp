@@ -5,11 +5,11 @@
 #include "KestroUI/MultipleContainer.h"
 #include "Orvane/ParameterMapping.h"
 #include "toolkit/Button.h"
-#include "tools/orvane/DescribedAudioUnit.h"
+#include "tools/orvane/DescribedPlugin.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Picture.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 #include "tools/orvane/ViewTree.h"
 
 namespace tool {

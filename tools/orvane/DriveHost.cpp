@@ -1,15 +1,22 @@
-// What a script does as the host and as the user.
+// What a script does as the host, as the user and as a MIDI device.
 
 #include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
+#include "platform/Responder.h"
 #include "tools/orvane/DriveSession.h"
 #include "tools/orvane/Editor.h"
-#include "tools/orvane/KeyNames.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 
 namespace tool {
+
+using platform::Key;
+using platform::KeyEvent;
+using platform::Modifiers;
 
 namespace {
 
@@ -25,6 +32,76 @@ double numberOf(const Word& word, double low, double high) {
 
 platform::Point distanceOf(const Word& x, const Word& y) {
   return {numberOf(x, -farthest, farthest), numberOf(y, -farthest, farthest)};
+}
+
+constexpr std::pair<std::string_view, Key> keys[] = {
+    {"return", Key::returnKey},
+    {"escape", Key::escape},
+    {"tab", Key::tab},
+    {"space", Key::space},
+    {"backspace", Key::backspace},
+    {"delete", Key::deleteForward},
+    {"left", Key::left},
+    {"right", Key::right},
+    {"up", Key::up},
+    {"down", Key::down},
+    {"pageup", Key::pageUp},
+    {"pagedown", Key::pageDown},
+    {"home", Key::home},
+    {"end", Key::end},
+};
+
+constexpr std::pair<std::string_view, Modifiers> modifiers[] = {
+    {"shift+", Modifiers::shift},
+    {"control+", Modifiers::control},
+    {"alt+", Modifiers::alt},
+    {"command+", Modifiers::command},
+};
+
+/// The key press that a script names: "return", "shift+tab", "control+left", "a". Throws a Failure
+/// for a name that is none.
+KeyEvent keyEventOf(std::string_view name) {
+  KeyEvent event;
+  std::string_view rest = name;
+  for (bool found = true; found;) {
+    found = false;
+    for (const auto& [prefix, modifier] : modifiers) {
+      if (!rest.starts_with(prefix)) continue;
+      event.modifiers = event.modifiers | modifier;
+      rest.remove_prefix(prefix.size());
+      found = true;
+    }
+  }
+  for (const auto& [keyName, key] : keys) {
+    if (rest != keyName) continue;
+    event.key = key;
+    if (key == Key::space) event.text.assign(1, ' ');
+    return event;
+  }
+  const bool isOneCharacter =
+      rest.size() == 1 && static_cast<unsigned char>(rest[0]) > 0x20 && rest[0] != 0x7F;
+  if (!isOneCharacter) throw Failure("no key " + inQuotes(name));
+  event.text.assign(rest);
+  return event;
+}
+
+std::shared_ptr<kestroui::ParamKey> keyNamed(const std::string& key) {
+  return std::make_shared<kestroui::ParamKey>(key);
+}
+
+/// "176,7" as bytes, of which the first is a status byte; none for anything else.
+std::optional<orvane::MidiLearn::Message> messageOf(std::string_view text) {
+  orvane::MidiLearn::Message message;
+  while (true) {
+    const std::size_t comma = std::min(text.find(','), text.size());
+    const auto byte = parseCount(text.substr(0, comma));
+    if (!byte || *byte > (message.empty() ? 255 : 127)) return std::nullopt;
+    message.push_back(static_cast<std::uint8_t>(*byte));
+    if (comma == text.size()) break;
+    text.remove_prefix(comma + 1);
+  }
+  if (message.size() > 3 || message[0] < 128) return std::nullopt;
+  return message;
 }
 
 }  // namespace
@@ -133,6 +210,54 @@ void DriveSession::frames(const Words&, Json& answer) {
   answer["displayFrames"] = count.displayFrames;
   answer["repaints"] = count.repaints;
   answer["repaintedArea"] = tidy(count.repaintedArea);
+}
+
+// MIDI
+
+void DriveSession::midi(const Words& words, Json&) {
+  parameter(words[0].text);
+  const auto value = parseCount(words[1].text);
+  if (!value || *value > 127)
+    throw Failure("midi wants a value from 0 to 127, not " + inQuotes(words[1].text));
+  host_.editor().setMidiValue(static_cast<std::uint8_t>(*value), keyNamed(words[0].text));
+  host_.loop().runDue();
+}
+
+void DriveSession::receive(const Words& words, Json& answer) {
+  const auto message = messageOf(words[0].text);
+  if (!message)
+    throw Failure("receive wants the bytes of a MIDI message such as 176,7,64, not " +
+                  inQuotes(words[0].text));
+  answer["used"] = host_.receiveMidi(*message);
+}
+
+void DriveSession::learn(const Words& words, Json& answer) {
+  const std::string& mode = words[0].text;
+  if (mode != "on" && mode != "off") throw Failure("learn wants on or off, not " + inQuotes(mode));
+  host_.midiLearn().setLearning(mode == "on");
+  host_.loop().runDue();
+  const auto key = host_.editor().lastMidiMapKey();
+  answer["key"] = key ? Json(key->key()) : Json();
+}
+
+void DriveSession::map(const Words& words, Json&) {
+  parameter(words[0].text);
+  const auto message = messageOf(words[1].text);
+  if (!message || !host_.midiLearn().bind(words[0].text, *message))
+    throw Failure("map wants the bytes of a MIDI message such as 176,7, not " +
+                  inQuotes(words[1].text));
+  host_.loop().runDue();
+}
+
+void DriveSession::unmap(const Words& words, Json&) {
+  parameter(words[0].text);
+  host_.midiLearn().remove(words[0].text);
+  host_.loop().runDue();
+}
+
+void DriveSession::unmapAll(const Words&, Json&) {
+  host_.midiLearn().removeAll();
+  host_.loop().runDue();
 }
 
 }  // namespace tool

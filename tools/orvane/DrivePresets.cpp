@@ -5,8 +5,8 @@
 #include "Orvane/FavPresetsStore.h"
 #include "Orvane/PresetManager.h"
 #include "tools/orvane/DriveSession.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 
 namespace tool {
 

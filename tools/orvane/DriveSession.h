@@ -1,14 +1,18 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
 #include "backends/headless/HeadlessHost.h"
-#include "tools/orvane/ScriptLine.h"
+#include "tools/orvane/Target.h"
 
 namespace tool {
+
+class ScriptLine;
 
 /// Carries out the commands of a script on one editor. Each command ends with everything that is
 /// due having run, or between `together` and `end` with nothing of it; time passes only by `wait`.

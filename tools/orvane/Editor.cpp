@@ -1,7 +1,7 @@
 #include "tools/orvane/Editor.h"
 
 #include "Quillon/CommonAudioUnit.h"
-#include "tools/orvane/ToolError.h"
+#include "tools/orvane/Problems.h"
 
 namespace tool {
 

@@ -1,6 +1,6 @@
 #include "tools/orvane/Picture.h"
 
-#include "tools/orvane/ToolError.h"
+#include "tools/orvane/Problems.h"
 
 #ifdef ORVANE_HAS_JUCE
 #include "backends/juce/Snapshot.h"

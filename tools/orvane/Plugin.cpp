@@ -8,11 +8,13 @@
 #include <system_error>
 #include <utility>
 
-#include "tools/orvane/BuiltIns.h"
+#include "examples/Gallery/GalleryPlugin.h"
+#include "examples/Halden/HaldenPlugin.h"
+#include "examples/Selvik/SelvikPlugin.h"
 #include "tools/orvane/DescribedPlugin.h"
 #include "tools/orvane/DescriptionReader.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 
 namespace tool {
 
@@ -38,6 +40,13 @@ std::string readFile(const std::string& path) {
 }
 
 }  // namespace
+
+const std::vector<BuiltIn>& builtIns() {
+  static const std::vector<BuiltIn> all{{"halden", &halden::pluginEntry},
+                                        {"gallery", &gallery::pluginEntry},
+                                        {"selvik", &selvik::pluginEntry}};
+  return all;
+}
 
 Plugin loadPlugin(const std::string& name, Problems& problems) {
   for (const BuiltIn& builtIn : builtIns())

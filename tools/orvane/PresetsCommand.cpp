@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <ostream>
+#include <string>
+#include <utility>
+
+#include <nlohmann/json.hpp>
 
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetManager.h"
@@ -10,15 +14,15 @@
 #include "foundation/Console.h"
 #include "foundation/DefaultFileManager.h"
 #include "platform/FilePath.h"
+#include "platform/PropertyList.h"
 #include "tools/orvane/ArgumentParser.h"
 #include "tools/orvane/Commands.h"
 #include "tools/orvane/DataFolders.h"
 #include "tools/orvane/Plugin.h"
 #include "tools/orvane/PresetDoctor.h"
 #include "tools/orvane/PresetFolder.h"
-#include "tools/orvane/PropertyListJson.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 #include "tools/orvane/ViewTree.h"
 
 namespace tool {
@@ -26,10 +30,37 @@ namespace tool {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using platform::PropertyList;
 using WithoutData = DataFolders::WithoutData;
 namespace fs = std::filesystem;
 
 const std::vector<std::string> jsonFlag{"--json"};
+
+/// Dictionaries and arrays as JSON has them; data as {"bytes": count} and dates as {"date": seconds
+/// since 2001}, since JSON has neither. Numbers that are none are null.
+Json jsonOf(const PropertyList& list);
+
+struct ToJson {
+  Json operator()(std::monostate) const { return nullptr; }
+  Json operator()(const PropertyList::Data& value) const { return {{"bytes", value.size()}}; }
+  Json operator()(const PropertyList::Date& value) const { return {{"date", value.seconds}}; }
+  Json operator()(const PropertyList::Array& value) const {
+    Json list = Json::array();
+    for (const PropertyList& item : value) list.push_back(jsonOf(item));
+    return list;
+  }
+  Json operator()(const PropertyList::Dictionary& value) const {
+    Json object = Json::object();
+    for (const auto& [key, item] : value) object[key] = jsonOf(item);
+    return object;
+  }
+  template <class Plain>
+  Json operator()(const Plain& value) const {
+    return value;
+  }
+};
+
+Json jsonOf(const PropertyList& list) { return std::visit(ToJson(), list.value()); }
 
 void print(Streams streams, const Json& json) {
   streams.out << dump(json, Layout::indented) << '\n';

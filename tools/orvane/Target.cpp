@@ -6,8 +6,8 @@
 #include "backends/headless/RecordingCanvas.h"
 #include "toolkit/Button.h"
 #include "toolkit/Label.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 #include "tools/orvane/ViewTree.h"
 
 namespace tool {

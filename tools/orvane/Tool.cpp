@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "tools/orvane/Commands.h"
+#include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
-#include "tools/orvane/ToolError.h"
 
 namespace tool {
 
