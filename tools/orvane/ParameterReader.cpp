@@ -135,7 +135,6 @@ DescribedParameter readParameter(ObjectReader& reader, std::size_t place) {
   settings.controlType = readControl(reader);
   settings.attachedParameters = reader.texts("attached");
   settings.inverted = reader.boolean("inverted", false);
-  settings.stringValues = audio.valueStrings;
   settings.links = reader.booleans("links", settings.links);
   settings.colors = reader.colors("colors");
   settings.controlColor = reader.color("controlColor");
