@@ -30,10 +30,35 @@ constexpr double smallPlace = 26;
 constexpr double smallSquare = 44;
 // Of the title's line.
 constexpr double titleFontShare = 0.74;
+// The shape of a badge that its texts fill best: as many times as wide as it is high.
+constexpr double badgeShape = 2.4;
+
+/// Rows of equal places, in reading order, of the shape that suits badges best.
+std::vector<Rect> badgeTiles(const Rect& area, std::size_t count) {
+  std::vector<Rect> tiles;
+  if (count == 0) return tiles;
+  std::size_t columns = 1;
+  double best = -1;
+  for (std::size_t tried = 1; tried <= count; ++tried) {
+    const auto rows = static_cast<double>((count + tried - 1) / tried);
+    const double size =
+        std::min(area.width / static_cast<double>(tried) / badgeShape, area.height / rows);
+    if (size <= best) continue;
+    best = size;
+    columns = tried;
+  }
+  const std::size_t rows = (count + columns - 1) / columns;
+  const double width = area.width / static_cast<double>(columns);
+  const double height = area.height / static_cast<double>(rows);
+  for (std::size_t i = 0; i < count; ++i)
+    tiles.push_back({area.x + static_cast<double>(i % columns) * width,
+                     area.y + static_cast<double>(i / columns) * height, width, height});
+  return tiles;
+}
 
 }  // namespace
 
-Container::Container() {
+Container::Container() : midi_(1) {
   titleLabel_.setFont(Theme::labelFont);
   titleLabel_.setTextColor(Theme::textDim);
   titleLabel_.setTextAlignment(platform::TextAlignment::centre);
@@ -49,6 +74,8 @@ Container::~Container() = default;
 
 void Container::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
   paramKeys_ = std::move(keys);
+  midi_.resize(std::max<std::size_t>(1, paramKeys_.size()));
+  if (midiMappingEnabled_) updateMidiMappingVisibility();
 }
 
 std::shared_ptr<ParamKey> Container::key() const {
@@ -283,7 +310,7 @@ void Container::draw(const Rect&) {
     }
   }
   updateTitleLabel();
-  if (badge_) placeBadge();
+  if (midiMappingEnabled_) placeBadges();
 }
 
 // Actions
@@ -362,55 +389,110 @@ void Container::setMidiMappingEnabled(bool enabled) {
   updateMidiMappingVisibility();
 }
 
+bool Container::midiMapSelected() const {
+  return std::any_of(midi_.begin(), midi_.end(),
+                     [](const MidiValue& each) { return each.selected; });
+}
+
+bool Container::midiMapSelected(std::size_t index) const {
+  return index < midi_.size() && midi_[index].selected;
+}
+
 void Container::setMidiMapSelected(bool selected) {
-  midiMapSelected_ = selected;
-  if (badge_) badge_->setSelected(selected);
+  for (std::size_t i = 0; i < midi_.size(); ++i) setMidiMapSelected(i, selected);
+}
+
+void Container::setMidiMapSelected(std::size_t index, bool selected) {
+  if (index >= midi_.size()) return;
+  midi_[index].selected = selected;
+  if (midi_[index].badge) midi_[index].badge->setSelected(selected);
+}
+
+std::optional<Container::MidiMessage> Container::midiMapMessage(std::size_t index) const {
+  return index < midi_.size() ? midi_[index].message : std::nullopt;
 }
 
 void Container::setMidiMapMessage(std::optional<MidiMessage> message) {
-  midiMapMessage_ = std::move(message);
-  if (badge_) badge_->setMessage(midiMapMessage_);
+  setMidiMapMessage(0, std::move(message));
+}
+
+void Container::setMidiMapMessage(std::size_t index, std::optional<MidiMessage> message) {
+  if (index >= midi_.size()) return;
+  midi_[index].message = std::move(message);
+  if (midi_[index].badge) midi_[index].badge->setMessage(midi_[index].message);
+}
+
+MidiMapBadge* Container::midiMapBadge(std::size_t index) const {
+  return index < midi_.size() ? midi_[index].badge.get() : nullptr;
 }
 
 void Container::updateMidiMappingVisibility() {
-  const bool shown = midiMappingEnabled_ && mappable_;
-  if (!badge_) {
-    if (!shown) return;
-    badge_ = std::make_unique<MidiMapBadge>();
-    badge_->setMessage(midiMapMessage_);
-    badge_->setSelected(midiMapSelected_);
-    badge_->addTarget<&Container::handleSelected>(*this, ControlEvent::touchDown);
-    badge_->deleteButton().addTarget<&Container::wantsToDeleteMap>(*this,
-                                                                   ControlEvent::touchUpInside);
-  }
   toolkit::View* const focused = window() ? window()->firstResponder() : nullptr;
   const bool hasKeyboard = focused && focused->isDescendantOf(*this);
-  if (shown) {
-    // On top, also of what was added since.
-    addSubview(*badge_);
-    placeBadge();
+  bool wasOnBadge = false;
+  MidiMapBadge* first = nullptr;
+  for (std::size_t i = 0; i < midi_.size(); ++i) {
+    const bool shown = midiMappingEnabled_ && hasBadge(i);
+    if (shown) showBadge(i);
+    MidiMapBadge* const badge = midi_[i].badge.get();
+    if (!badge) continue;
+    wasOnBadge = wasOnBadge || focused == badge;
+    badge->setHidden(!shown);
+    if (shown && !first) first = badge;
   }
-  badge_->setHidden(!shown);
+  if (first) placeBadges();
   if (!hasKeyboard) return;
-  // What the badge covers is not moved by keys either.
-  if (shown)
-    badge_->becomeFirstResponder();
-  else if (focused == badge_.get() && control_)
-    control_->becomeFirstResponder();
+  // What the badges cover is not moved by keys either.
+  if (first)
+    first->becomeFirstResponder();
+  else if (wasOnBadge && face_)
+    face_->becomeFirstResponder();
 }
 
-void Container::placeBadge() {
-  badge_->setFrame(bounds());
-  badge_->setFace(controlFrame());
-  badge_->setTextScale(textScale_);
+void Container::showBadge(std::size_t index) {
+  MidiValue& value = midi_[index];
+  if (!value.badge) {
+    value.badge = std::make_unique<MidiMapBadge>();
+    value.badge->setMessage(value.message);
+    value.badge->setSelected(value.selected);
+    value.badge->addTarget<&Container::handleSelected>(*this, ControlEvent::touchDown);
+    value.badge->deleteButton().addTarget<&Container::wantsToDeleteMap>(
+        *this, ControlEvent::touchUpInside);
+  }
+  // On top, also of what was added since.
+  addSubview(*value.badge);
 }
 
-void Container::handleSelected(toolkit::Control&) {
-  if (auto* alive = delegate.get()) alive->didSelectMidiMap(key(), this);
+void Container::placeBadges() {
+  std::vector<std::size_t> shown;
+  for (std::size_t i = 0; i < midi_.size(); ++i)
+    if (midi_[i].badge && !midi_[i].badge->isHidden()) shown.push_back(i);
+  const bool isAlone = shown.size() == 1;
+  // All that is above the title, whatever the kind leaves of it for its control.
+  const std::vector<Rect> tiles = badgeTiles(Container::controlFrame(), shown.size());
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    MidiMapBadge& badge = *midi_[shown[i]].badge;
+    badge.setFrame(isAlone ? bounds() : tiles[i]);
+    badge.setFace(isAlone ? controlFrame() : Rect{});
+    badge.setTextScale(textScale_);
+    badge.setTitle(isAlone ? std::string() : paramKeys_[shown[i]]->title());
+  }
 }
 
-void Container::wantsToDeleteMap(toolkit::Control&) {
-  if (auto* alive = delegate.get()) alive->wantToDeleteMidiMap(key());
+std::shared_ptr<ParamKey> Container::keyOfBadge(const toolkit::Control& sender) const {
+  for (std::size_t i = 0; i < std::min(midi_.size(), paramKeys_.size()); ++i)
+    if (MidiMapBadge* const badge = midi_[i].badge.get();
+        badge && (badge == &sender || &badge->deleteButton() == &sender))
+      return paramKeys_[i];
+  return nullptr;
+}
+
+void Container::handleSelected(toolkit::Control& sender) {
+  if (auto* alive = delegate.get()) alive->didSelectMidiMap(keyOfBadge(sender), this);
+}
+
+void Container::wantsToDeleteMap(toolkit::Control& sender) {
+  if (auto* alive = delegate.get()) alive->wantToDeleteMidiMap(keyOfBadge(sender));
 }
 
 }  // namespace kestroui

@@ -146,27 +146,35 @@ class Container : public toolkit::Control {
   /// From a value of the parameter of a key to what `showValue` takes for it; the identity at first.
   std::function<float(std::size_t index, float value)> positionOfValue;
 
-  // MIDI learn: in learn mode a badge covers the control; a tap selects it instead of moving it.
+  // MIDI learn: in learn mode a badge covers each value; a tap selects it instead of moving it.
 
   /// The bytes of the message that moves the control, its status byte first.
   using MidiMessage = std::vector<std::uint8_t>;
 
-  /// May be bound to a message. On at first; kinds that only show are not.
+  /// May be bound to messages. On at first; kinds that only show are not.
   bool mappable() const { return mappable_; }
   virtual void setMappable(bool mappable);
+  /// Whether the value at this place among its keys has a badge: the own one, and in kinds of several
+  /// values each that the user can move.
+  virtual bool hasBadge(std::size_t index) const { return mappable_ && index == 0; }
   /// Learn mode.
   bool midiMappingEnabled() const { return midiMappingEnabled_; }
   virtual void setMidiMappingEnabled(bool enabled);
-  /// It is the one that waits for a message.
-  bool midiMapSelected() const { return midiMapSelected_; }
-  virtual void setMidiMapSelected(bool selected);
-  /// Its binding, or null.
-  const std::optional<MidiMessage>& midiMapMessage() const { return midiMapMessage_; }
-  virtual void setMidiMapMessage(std::optional<MidiMessage> message);
-  /// Shows the badge in learn mode and hides it otherwise.
+  /// The value at this place, or any that has a badge of this container, waits for a message.
+  bool midiMapSelected() const;
+  virtual bool midiMapSelected(std::size_t index) const;
+  /// All of its values, or one.
+  void setMidiMapSelected(bool selected);
+  virtual void setMidiMapSelected(std::size_t index, bool selected);
+  /// The binding of a value, or null.
+  std::optional<MidiMessage> midiMapMessage() const { return midiMapMessage(0); }
+  virtual std::optional<MidiMessage> midiMapMessage(std::size_t index) const;
+  void setMidiMapMessage(std::optional<MidiMessage> message);
+  virtual void setMidiMapMessage(std::size_t index, std::optional<MidiMessage> message);
+  /// Shows the badges in learn mode and hides them otherwise.
   virtual void updateMidiMappingVisibility();
-  /// Null until learn mode was on.
-  MidiMapBadge* midiMapBadge() const { return badge_.get(); }
+  /// Null until learn mode was on, and for a value that has none.
+  MidiMapBadge* midiMapBadge(std::size_t index = 0) const;
 
   // Presentation
 
@@ -207,9 +215,9 @@ class Container : public toolkit::Control {
   /// The second tap of a double tap: tells the delegate of the own key.
   void doubleTap();
 
-  /// The badge was tapped: tells the delegate to select the own key.
+  /// A badge was tapped: tells the delegate to select its key.
   void handleSelected(toolkit::Control& sender);
-  /// The badge's cross was tapped: asks the delegate to delete the own key's binding.
+  /// A badge's cross was tapped: asks the delegate to delete its key's binding.
   void wantsToDeleteMap(toolkit::Control& sender);
 
   /// While the mouse is over it, the title shows the value.
@@ -256,13 +264,23 @@ class Container : public toolkit::Control {
   /// Below the title, in points.
   double bottomGap() const;
   void updateTextScale();
-  void placeBadge();
+  void showBadge(std::size_t index);
+  void placeBadges();
+  /// The key whose badge, or the cross of whose badge, this is.
+  std::shared_ptr<ParamKey> keyOfBadge(const toolkit::Control& sender) const;
 
   /// Where the live value and the flag of a key are among those that are watched.
   struct LiveKey {
     std::size_t index, value;
     std::optional<std::size_t> flag;
   };
+  /// What is known of a value in learn mode.
+  struct MidiValue {
+    std::optional<MidiMessage> message;
+    bool selected = false;
+    std::unique_ptr<MidiMapBadge> badge;
+  };
+
   std::vector<std::shared_ptr<ParamKey>> paramKeys_;
   std::vector<bool> links_;
   std::vector<std::size_t> moved_;
@@ -287,9 +305,8 @@ class Container : public toolkit::Control {
   bool inactive_ = false;
   bool mappable_ = true;
   bool midiMappingEnabled_ = false;
-  bool midiMapSelected_ = false;
-  std::optional<MidiMessage> midiMapMessage_;
-  std::unique_ptr<MidiMapBadge> badge_;
+  /// In the order of the keys, and never empty.
+  std::vector<MidiValue> midi_;
 };
 
 }  // namespace kestroui

@@ -32,6 +32,10 @@ void DisplayContainer::setKeyStringValues(std::size_t index,
   ShapeContainer::setKeyStringValues(index, values);
 }
 
+bool DisplayContainer::hasBadge(std::size_t index) const {
+  return ShapeContainer::hasBadge(index) && !display_->isMeasuredValue(index);
+}
+
 void DisplayContainer::setColors(const std::vector<platform::Color>& colors) {
   ShapeContainer::setColors(colors);
   display_->setColors(colors);

@@ -26,6 +26,8 @@ class DisplayContainer : public ShapeContainer {
   void showValue(std::size_t index, float value, const std::string& text) override;
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;
+  /// What is only measured has none.
+  bool hasBadge(std::size_t index) const override;
   void setColors(const std::vector<platform::Color>& colors) override;
   void updateModulation() override;
 

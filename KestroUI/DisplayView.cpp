@@ -81,10 +81,7 @@ constexpr double maxShareForStrips = 0.42;
 void DisplayView::setKeys(const std::vector<std::shared_ptr<ParamKey>>& keys) {
   played_ = playedParts(keys, parts_);
   parameters_.assign(keys.size(), {});
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    const std::string& name = keys[i]->settings().displayName;
-    parameters_[i].title = name.empty() ? keys[i]->key() : name;
-  }
+  for (std::size_t i = 0; i < keys.size(); ++i) parameters_[i].title = keys[i]->title();
   setValueCount(keys.size());
   for (std::size_t part = 0; part < played_.size(); ++part) {
     if (!played_[part]) continue;
@@ -138,6 +135,10 @@ double DisplayView::amount(std::size_t part, double otherwise, Source source) co
   if (source == Source::live)
     if (const auto live = liveShare(*index)) return *live;
   return share(*index);
+}
+
+bool DisplayView::isMeasuredValue(std::size_t index) const {
+  return index < parameters_.size() && parameters_[index].measured;
 }
 
 bool DisplayView::hasUnit(const Parameter& parameter) const {

@@ -45,6 +45,8 @@ class DisplayView : public ShapeControl {
   /// Colours beside the accent, for pictures of several things.
   void setColors(const std::vector<platform::Color>& colors);
 
+  /// Whether a value plays a part that only shows what is measured.
+  bool isMeasuredValue(std::size_t index) const;
   /// The place of a value's strip, in this view's coordinates; empty for one that has none.
   platform::Rect stripOf(std::size_t index) const;
 

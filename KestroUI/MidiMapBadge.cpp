@@ -84,6 +84,12 @@ void MidiMapBadge::setMessage(const std::optional<std::vector<std::uint8_t>>& me
 
 std::string MidiMapBadge::text() const { return channel_.empty() ? what_ : what_ + ' ' + channel_; }
 
+void MidiMapBadge::setTitle(const std::string& title) {
+  if (title == title_) return;
+  title_ = title;
+  setNeedsDisplay();
+}
+
 void MidiMapBadge::setTextScale(double scale) {
   if (scale == textScale_) return;
   textScale_ = scale;
@@ -117,7 +123,8 @@ bool MidiMapBadge::keyPressed(const platform::KeyEvent& event) {
 platform::Accessibility MidiMapBadge::accessibility() const {
   const auto* owner = dynamic_cast<const Container*>(superview());
   return {platform::Accessibility::Role::button,
-          "MIDI " + (owner ? owner->accessibilityName() : std::string()),
+          "MIDI " + (owner ? owner->accessibilityName() : std::string()) +
+              (title_.empty() ? "" : ", " + title_),
           !what_.empty() ? text()
           : isSelected() ? waitingText
                          : "Not bound"};
@@ -138,6 +145,8 @@ void MidiMapBadge::paint(platform::Canvas& canvas) {
   if (!(place.width >= 6) || !(place.height >= 6)) return;
   const double radius = Theme::cornerRadius + 2;
   const bool bound = !what_.empty();
+  // Among several the picture below is not the value's own; their names stand on it.
+  if (!title_.empty()) canvas.fillRect(bounds(), Theme::background.withAlpha(0.6f));
   canvas.fillRoundedRect(place, radius, Theme::background.withAlpha(isSelected() ? 0.35f : 0.5f));
   if (isSelected())
     canvas.fillRoundedRect(place, radius, Theme::learn.withAlpha(0.16f));
@@ -154,10 +163,25 @@ void MidiMapBadge::paint(platform::Canvas& canvas) {
   paintText(canvas);
 }
 
+Rect MidiMapBadge::paintTitle(platform::Canvas& canvas, Rect room) const {
+  const bool isAlone = what_.empty() && !isSelected();
+  const double wanted = std::min(Theme::labelFont.pointSize * textScale_, room.height * 0.4);
+  const double size = std::max(minFontSize, std::min(wanted, room.width / widthOf(title_, 1)));
+  const double height = lineHeight * size;
+  // What is bound or waits says so first.
+  if (height > (isAlone ? room.height : room.height - lineHeight * minFontSize)) return room;
+  Rect line{room.x, room.y, room.width, height};
+  if (isAlone) line.y = room.centre().y - height / 2;
+  canvas.drawText(title_, Theme::labelFont.withSize(size), line, platform::TextAlignment::centre,
+                  isHovered() || isSelected() ? Theme::text : Theme::lightGrey);
+  return {room.x, room.y + height, room.width, room.height - height};
+}
+
 void MidiMapBadge::paintText(platform::Canvas& canvas) const {
   const bool bound = !what_.empty();
+  const Rect face = (face_.isEmpty() ? bounds() : face_).inset(1, 1);
+  const Rect room = title_.empty() ? face : paintTitle(canvas, face.inset(2, 2));
   if (!bound && !isSelected()) return;
-  const Rect room = (face_.isEmpty() ? bounds() : face_).inset(1, 1);
   const double wanted =
       std::min(Theme::valueFont.pointSize * textScale_, std::max(minFontSize, room.height * 0.5));
 

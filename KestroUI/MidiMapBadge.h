@@ -21,10 +21,10 @@ struct MidiMapText {
   std::string whole() const { return channel.empty() ? what : what + ' ' + channel; }
 };
 
-/// What covers a control in learn mode: it shows the control's MIDI binding, whether the control
-/// waits for a message (selected), and a cross that deletes the binding. It takes every touch, so
-/// that a tap selects (touchDown) where it would move the control otherwise. Return and Space
-/// select, Delete deletes. Owned by a container.
+/// What covers a control, or one of several values of it, in learn mode: it shows the MIDI binding,
+/// whether the value waits for a message (selected), and a cross that deletes the binding. It takes
+/// every touch, so that a tap selects (touchDown) where it would move the control otherwise. Return
+/// and Space select, Delete deletes. Owned by a container.
 class MidiMapBadge : public toolkit::Control {
  public:
   MidiMapBadge();
@@ -33,6 +33,8 @@ class MidiMapBadge : public toolkit::Control {
   void setMessage(const std::optional<std::vector<std::uint8_t>>& message);
   /// Empty without a binding.
   std::string text() const;
+  /// The name of its value, where the control has several; empty at first.
+  void setTitle(const std::string& title);
   /// Sends touchUpInside.
   toolkit::Control& deleteButton() { return deleteButton_; }
   /// How much larger texts are than on the smallest editor.
@@ -56,7 +58,10 @@ class MidiMapBadge : public toolkit::Control {
   };
 
   void paintText(platform::Canvas& canvas) const;
+  /// Paints the title above `room`, and gives what is left of it.
+  platform::Rect paintTitle(platform::Canvas& canvas, platform::Rect room) const;
 
+  std::string title_;
   std::string what_;
   std::string channel_;
   DeleteButton deleteButton_;

@@ -17,9 +17,8 @@ void MultipleContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys
   knobs_.clear();
   for (const std::shared_ptr<ParamKey>& key : paramKeys()) {
     auto knob = std::make_unique<KnobContainer>();
-    const std::string& name = key->settings().displayName;
     knob->setParamKeys({key});
-    knob->setTitle(name.empty() ? key->key() : name);
+    knob->setTitle(key->title());
     knob->delegate = this;
     knob->addTarget<&MultipleContainer::handleValueChanged>(*this, ControlEvent::valueChanged);
     knob->setMappable(mappable());
@@ -98,12 +97,22 @@ void MultipleContainer::setMidiMappingEnabled(bool enabled) {
   for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->setMidiMappingEnabled(enabled);
 }
 
-void MultipleContainer::setMidiMapSelected(bool selected) {
-  Container::setMidiMapSelected(selected);
-  for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->setMidiMapSelected(selected);
+bool MultipleContainer::midiMapSelected(std::size_t index) const {
+  return index < knobs_.size() && knobs_[index]->midiMapSelected();
 }
 
-// Each knob has a badge of its own; one over all of them would cover those.
+std::optional<Container::MidiMessage> MultipleContainer::midiMapMessage(std::size_t index) const {
+  return index < knobs_.size() ? knobs_[index]->midiMapMessage() : std::nullopt;
+}
+
+void MultipleContainer::setMidiMapSelected(std::size_t index, bool selected) {
+  if (index < knobs_.size()) knobs_[index]->setMidiMapSelected(selected);
+}
+
+void MultipleContainer::setMidiMapMessage(std::size_t index, std::optional<MidiMessage> message) {
+  if (index < knobs_.size()) knobs_[index]->setMidiMapMessage(std::move(message));
+}
+
 void MultipleContainer::updateMidiMappingVisibility() {
   for (const std::unique_ptr<KnobContainer>& knob : knobs_) knob->updateMidiMappingVisibility();
 }

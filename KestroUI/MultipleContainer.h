@@ -33,8 +33,17 @@ class MultipleContainer : public Container, public ContainerDelegate {
   void setInactive(bool inactive) override;
   void setMappable(bool mappable) override;
   void setMidiMappingEnabled(bool enabled) override;
-  /// Marks or unmarks all of its knobs.
-  void setMidiMapSelected(bool selected) override;
+  // Each knob has a badge of its own; one over all of them would cover those.
+
+  bool hasBadge(std::size_t) const override { return false; }
+  using Container::midiMapMessage;
+  using Container::midiMapSelected;
+  using Container::setMidiMapMessage;
+  using Container::setMidiMapSelected;
+  bool midiMapSelected(std::size_t index) const override;
+  std::optional<MidiMessage> midiMapMessage(std::size_t index) const override;
+  void setMidiMapSelected(std::size_t index, bool selected) override;
+  void setMidiMapMessage(std::size_t index, std::optional<MidiMessage> message) override;
   void updateMidiMappingVisibility() override;
   void draw(const platform::Rect& rect) override;
 

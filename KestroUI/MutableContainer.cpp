@@ -46,6 +46,10 @@ void MutableContainer::setKeyRange(std::size_t index, float minimum, float maxim
   if (index == 0) setValueRange(minimum, maximum);
 }
 
+bool MutableContainer::hasBadge(std::size_t index) const {
+  return mappable() && index <= muteIndex;
+}
+
 void MutableContainer::setInactive(bool inactive) {
   KnobContainer::setInactive(inactive);
   style();

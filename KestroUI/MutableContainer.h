@@ -17,6 +17,7 @@ class MutableContainer : public KnobContainer {
   std::optional<platform::Point> handlePlace(std::size_t index) const override;
   void showValue(std::size_t index, float value, const std::string& text) override;
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
+  bool hasBadge(std::size_t index) const override;
   void setInactive(bool inactive) override;
   void updateModulation() override;
   void draw(const platform::Rect& rect) override;

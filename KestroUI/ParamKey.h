@@ -17,6 +17,10 @@ class ParamKey {
 
   const std::string& key() const { return key_; }
   const ParameterUISettings& settings() const { return settings_; }
+  /// What its control is called: the display name, or the key where it has none.
+  const std::string& title() const {
+    return settings_.displayName.empty() ? key_ : settings_.displayName;
+  }
 
  private:
   std::string key_;

@@ -21,8 +21,7 @@ void ShapeContainer::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
   ranges_.assign(paramKeys().size(), {});
   shape_->setValueCount(paramKeys().size());
   for (std::size_t i = 0; i < paramKeys().size(); ++i) {
-    const std::string& name = paramKeys()[i]->settings().displayName;
-    shape_->setName(i, name.empty() ? paramKeys()[i]->key() : name);
+    shape_->setName(i, paramKeys()[i]->title());
     configure(i);
   }
 }

@@ -26,6 +26,10 @@ class ShapeContainer : public Container {
   /// Sets the range of a raw value, and for a position where its fill starts.
   void setKeyRange(std::size_t index, float minimum, float maximum) override;
   void setKeyStringValues(std::size_t index, const std::vector<std::string>& values) override;
+  /// All of its values are moved by the user.
+  bool hasBadge(std::size_t index) const override {
+    return mappable() && index < paramKeys().size();
+  }
   void setInverted(bool inverted) override;
   void setLinks(std::vector<bool> links) override;
   void updateModulation() override;

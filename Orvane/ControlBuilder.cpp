@@ -124,7 +124,7 @@ std::vector<std::string> ControlBuilder::stringValues(const kestroui::ParamKey& 
 
 void ControlBuilder::applySettings(Container& container, const kestroui::ParamKey& key) const {
   const kestroui::ParameterUISettings& settings = key.settings();
-  container.setTitle(settings.displayName.empty() ? key.key() : settings.displayName);
+  container.setTitle(key.title());
   container.setInverted(settings.inverted);
   container.setLinks(settings.links);
   if (!settings.colors.empty()) container.setColors(settings.colors);

@@ -316,8 +316,6 @@ class KestroAUViewController : public toolkit::ViewController,
   void loadPresetStorage();
   void followAudioUnitWithPresets();
   platform::Application* application();
-  /// The control that shows the key's binding: its own, or the part of one that holds several.
-  kestroui::Container* midiMapContainer(const kestroui::ParamKey& key) const;
   /// In every place that shows the key's parameter.
   void markMidiMap(const kestroui::ParamKey& key, bool selected);
 

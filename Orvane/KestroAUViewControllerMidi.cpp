@@ -17,12 +17,15 @@ using Key = std::shared_ptr<kestroui::ParamKey>;
 
 namespace {
 
-/// A design may show a parameter both by its own control and by a part of others.
+/// A design may show a parameter in several places; calls `visit` with each container and the place
+/// of the key among its keys.
 template <class Visit>
-void visitParts(const ControlCollection& controls, const std::string& key, const Visit& visit) {
-  for (const auto& [own, container] : controls.controls())
-    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
-      if (Container* part = several->subContainer(key)) visit(*part);
+void visitPlaces(const ControlCollection& controls, const std::string& key, const Visit& visit) {
+  for (const auto& [own, container] : controls.controls()) {
+    const auto& keys = container->paramKeys();
+    for (std::size_t i = 0; i < keys.size(); ++i)
+      if (keys[i]->key() == key) visit(*container, i);
+  }
 }
 
 }  // namespace
@@ -38,23 +41,9 @@ void KestroAUViewController::setMidiMappingEnabled(bool enabled) {
 }
 
 void KestroAUViewController::markMidiMap(const kestroui::ParamKey& key, bool selected) {
-  if (Container* const own = midiMapContainer(key)) own->setMidiMapSelected(selected);
-  visitParts(*controls_, key.key(),
-             [selected](Container& part) { part.setMidiMapSelected(selected); });
-}
-
-Container* KestroAUViewController::midiMapContainer(const kestroui::ParamKey& key) const {
-  const auto& known = controls_->allParamKeys();
-  if (const auto entry = known.find(key.key()); entry != known.end()) {
-    const std::shared_ptr<Container> own = (*controls_)[entry->second];
-    auto* several = dynamic_cast<MultipleContainer*>(own.get());
-    if (own) return several ? several->subContainer(key.key()) : own.get();
-  }
-  Container* first = nullptr;
-  visitParts(*controls_, key.key(), [&](Container& part) {
-    if (!first) first = &part;
+  visitPlaces(*controls_, key.key(), [selected](Container& container, std::size_t index) {
+    container.setMidiMapSelected(index, selected);
   });
-  return first;
 }
 
 void KestroAUViewController::setMap(const std::optional<MidiMessage>& map, const Key& key) {
@@ -63,8 +52,9 @@ void KestroAUViewController::setMap(const std::optional<MidiMessage>& map, const
     midiMap_[key] = *map;
   else
     midiMap_.erase(key);
-  if (Container* const container = midiMapContainer(*key)) container->setMidiMapMessage(map);
-  visitParts(*controls_, key->key(), [&](Container& part) { part.setMidiMapMessage(map); });
+  visitPlaces(*controls_, key->key(), [&](Container& container, std::size_t index) {
+    container.setMidiMapMessage(index, map);
+  });
 }
 
 void KestroAUViewController::update(const MidiMap& map) {
@@ -74,20 +64,18 @@ void KestroAUViewController::update(const MidiMap& map) {
 
 void KestroAUViewController::removeAllMap() {
   midiMap_.clear();
-  for (const auto& [key, container] : controls_->controls()) {
-    container->setMidiMapMessage(std::nullopt);
-    if (auto* several = dynamic_cast<MultipleContainer*>(container.get()))
-      for (const auto& part : several->subContainers()) part->setMidiMapMessage(std::nullopt);
-  }
+  for (const auto& [key, container] : controls_->controls())
+    for (std::size_t i = 0; i < container->paramKeys().size(); ++i)
+      container->setMidiMapMessage(i, std::nullopt);
 }
 
 void KestroAUViewController::setMidiValue(std::uint8_t midiValue, const Key& key) {
   auto* unit = audioUnit();
   if (!unit || !key) return;
-  const auto container = controls_->controls().find(key);
-  const std::string& name = container == controls_->controls().end()
-                                ? key->key()
-                                : ControlBuilder::parameterKey(*container->second, key->key());
+  std::string name = key->key();
+  visitPlaces(*controls_, key->key(), [&](const Container& container, std::size_t) {
+    name = ControlBuilder::parameterKey(container, key->key());
+  });
   const platform::AUParameter* registered = parameters_[name];
   auto* parameter =
       registered ? unit->parameterTree().parameterWithAddress(registered->address()) : nullptr;

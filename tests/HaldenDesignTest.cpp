@@ -1,10 +1,15 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
 
 #include "KestroUI/Container.h"
+#include "KestroUI/MidiMapBadge.h"
+#include "KestroUI/MultipleContainer.h"
 #include "examples/Halden/HaldenAudioUnit.h"
 #include "examples/Halden/HaldenDesign.h"
 #include "examples/Halden/HaldenPlugin.h"
@@ -164,6 +169,47 @@ TEST(HaldenDesignTest, AKeyInTwoPlacesShowsItsBindingAndItsSelectionInBoth) {
     EXPECT_FALSE(container->midiMapMessage());
     EXPECT_FALSE(container->midiMapSelected());
   }
+}
+
+TEST(HaldenDesignTest, EveryParameterThatAControlMovesIsLearnedFromThatControl) {
+  support::EditorHands hands(pluginEntry());
+  auto& editor = hands.host.editor();
+  std::set<std::string> shown, learnt;
+  for (const auto& [own, container] : editor.controls().controls())
+    for (std::size_t i = 0; i < container->paramKeys().size(); ++i) {
+      shown.insert(container->paramKeys()[i]->key());
+      if (container->hasBadge(i) || dynamic_cast<kestroui::MultipleContainer*>(container.get()))
+        learnt.insert(container->paramKeys()[i]->key());
+    }
+  std::vector<std::string> left;
+  std::set_difference(shown.begin(), shown.end(), learnt.begin(), learnt.end(),
+                      std::back_inserter(left));
+  // Lights and numbers that nobody moves.
+  EXPECT_THAT(left, testing::ElementsAre("clipLight", "levelLight", "lfo1Light", "lfo2Light",
+                                         "voiceCount"));
+  EXPECT_GT(learnt.size(), 120u);
+}
+
+TEST(HaldenDesignTest, TheSecondValueOfAHandleIsBoundAndUnboundAtItsControl) {
+  support::EditorHands hands(pluginEntry());
+  orvane::MidiLearn& learn = hands.host.midiLearn();
+  hands.showPage(2);
+  const auto filter = hands.host.editor().container("cutoff");
+  const auto parts = hands.host.editor().container("filterDrive");
+  const auto tap = [&](const toolkit::View& view) { hands.host.tap(view.frameInRoot().centre()); };
+  learn.setLearning(true);
+  hands.loop.advance(0.1);
+  tap(*filter->midiMapBadge(1));
+  learn.receive(std::vector<std::uint8_t>{0xb0, 71, 5});
+  learn.poll();
+  EXPECT_EQ(learn.bindings(), (orvane::MidiLearn::Bindings{{"resonance", {0xb0, 71}}}));
+  EXPECT_TRUE(filter->midiMapMessage(1) && parts->midiMapMessage(2)) << "wherever it is shown";
+  EXPECT_FALSE(filter->midiMapMessage(0));
+  learn.receive(std::vector<std::uint8_t>{0xb0, 71, 127});
+  EXPECT_EQ(hands.host.audioUnit().parameter("resonance")->value(), 100);
+  tap(filter->midiMapBadge(1)->deleteButton());
+  EXPECT_TRUE(learn.bindings().empty());
+  EXPECT_FALSE(filter->midiMapMessage(1) || parts->midiMapMessage(2));
 }
 
 TEST(HaldenPluginTest, MakesItsParts) {

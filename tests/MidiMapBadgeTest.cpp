@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "KestroUI/MultipleContainer.h"
+#include "KestroUI/ShapeContainers.h"
 #include "KestroUI/ValueContainers.h"
 #include "tests/support/Drawing.h"
 #include "tests/support/ManualDriver.h"
@@ -142,6 +143,64 @@ TEST_F(MidiMapBadgeTest, EachKnobOfAGroupIsLearnedByItself) {
   EXPECT_NE(group.subContainer("mid")->midiMapBadge(), nullptr) << "learn mode is still on";
   group.setMappable(false);
   EXPECT_TRUE(group.subContainer("high")->midiMapBadge()->isHidden());
+}
+
+TEST_F(MidiMapBadgeTest, EachValueOfAShapeIsLearnedByItself) {
+  for (const auto& kind : support::shapeKinds())
+    for (const platform::Rect& frame : {platform::Rect{0, 0, 400, 150}, {0, 0, 120, 220}}) {
+      SCOPED_TRACE(kind.name);
+      const auto container = kind.shown(0.5f);
+      container->setTitle("Title");
+      owner.listenTo(*container);
+      bench.root().addSubview(*container);
+      container->setFrame(frame);
+      container->setMidiMappingEnabled(true);
+      bench.frame();
+      std::vector<platform::Rect> places;
+      for (std::size_t i = 0; i < kind.keys().size(); ++i) {
+        MidiMapBadge* const badge = container->midiMapBadge(i);
+        // Reductions and places that are only shown are nothing to be bound.
+        ASSERT_EQ(badge == nullptr, kind.drags[i] == '-' && !container->hasBadge(i));
+        if (!badge) continue;
+        const platform::Rect place = badge->frame();
+        for (const platform::Rect& other : places)
+          EXPECT_FALSE(place.inset(1, 1).intersects(other));
+        EXPECT_TRUE(container->bounds().inset(-0.01, -0.01).contains(place));
+        places.push_back(place);
+        bench.tap(place.centre());
+        EXPECT_THAT(owner.take(), testing::ElementsAre("select " + kind.keys()[i]));
+        container->setMidiMapMessage(i, {{0xb0, static_cast<std::uint8_t>(i)}});
+        bench.frame();
+        bench.tap({place.maxX() - 4, place.y + 4});
+        EXPECT_THAT(owner.take(), testing::ElementsAre("delete " + kind.keys()[i]));
+      }
+      EXPECT_FALSE(places.empty());
+      container->setMidiMapSelected(places.size() - 1, true);
+      EXPECT_TRUE(container->midiMapSelected());
+      for (std::size_t i = 0; i < places.size(); ++i)
+        EXPECT_EQ(container->midiMapSelected(i), i == places.size() - 1);
+      container->removeFromSuperview();
+    }
+}
+
+TEST_F(MidiMapBadgeTest, ABadgeOfSeveralNamesItsValueAndHasTheKeyboardInTurn) {
+  FilterViewContainer filter;
+  show(filter, {"cutoff", "resonance"}, {0, 0, 300, 150});
+  filter.setTitle("Filter");
+  filter.setMidiMappingEnabled(true);
+  filter.setMidiMapMessage(1, {{0xb0, 71}});
+  bench.frame();
+  const support::Drawing picture(*filter.midiMapBadge(1));
+  EXPECT_TRUE(picture.says("resonance") && picture.says("CC 71 ch 1"));
+  EXPECT_EQ(filter.midiMapBadge(1)->accessibility().name, "MIDI Filter, resonance");
+  EXPECT_FALSE(support::Drawing(*filter.midiMapBadge(0)).says("CC 71 ch 1"));
+  filter.midiMapBadge(1)->becomeFirstResponder();
+  EXPECT_TRUE(bench.key(platform::Key::space));
+  EXPECT_TRUE(bench.key(platform::Key::deleteForward));
+  EXPECT_THAT(owner.take(), testing::ElementsAre("select resonance", "delete resonance"));
+  filter.setMidiMappingEnabled(false);
+  EXPECT_TRUE(filter.midiMapBadge(0)->isHidden() && filter.midiMapBadge(1)->isHidden());
+  EXPECT_TRUE(filter.shape()->isFirstResponder()) << "the keyboard goes back to the control";
 }
 
 }  // namespace

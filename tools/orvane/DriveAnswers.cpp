@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "KestroUI/MultipleContainer.h"
 #include "Orvane/ParameterMapping.h"
 #include "toolkit/Button.h"
 #include "tools/orvane/DescribedPlugin.h"
@@ -33,11 +32,9 @@ kestroui::Container* containerOf(headless::HeadlessHost& host, const std::string
 
 /// The bytes of the binding that the control shows for a key, or null.
 nlohmann::ordered_json bindingOf(const kestroui::Container* container, const std::string& key) {
-  if (const auto* several = dynamic_cast<const kestroui::MultipleContainer*>(container))
-    container = several->subContainer(key);
-  const bool isOwn = container && container->key() && container->key()->key() == key;
-  if (!isOwn || !container->midiMapMessage()) return nullptr;
-  return *container->midiMapMessage();
+  const auto index = container ? container->indexOf(key) : std::nullopt;
+  const auto message = index ? container->midiMapMessage(*index) : std::nullopt;
+  return message ? nlohmann::ordered_json(*message) : nlohmann::ordered_json();
 }
 
 nlohmann::ordered_json presetName(const platform::AudioUnit& unit) {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "KestroUI/MidiMapBadge.h"
 #include "backends/headless/RecordingCanvas.h"
 #include "toolkit/Button.h"
 #include "toolkit/Label.h"
@@ -28,8 +29,12 @@ Point placeOfKey(HeadlessHost& host, const std::string& key) {
   if (!host.audioUnit().parameter(key)) throw Failure("no parameter " + inQuotes(key));
   kestroui::Container* container = shownContainer(host, key);
   if (!container) throw Failure("the parameter " + inQuotes(key) + " is not on the shown page");
-  if (const auto index = container->indexOf(key))
+  if (const auto index = container->indexOf(key)) {
+    // In learn mode its badge is what a finger reaches.
+    const kestroui::MidiMapBadge* const badge = container->midiMapBadge(*index);
+    if (badge && !badge->isHidden()) return badge->frameInRoot().centre();
     if (const auto place = container->handlePlace(*index)) return container->convertToRoot(*place);
+  }
   return centreOf(valuePart(*container), key);
 }
 
