@@ -62,23 +62,29 @@ void AUFilterViewContainer::updateFilterViewFrequencyAndMagnitudes(
 
 void AUFilterViewContainer::updateModulation() {
   // The live values die with it.
-  if (!audioUnit) return;
+  if (!audioUnit) watchNothing();
   FilterViewContainer::updateModulation();
-  if (!allowModulation) return;
-  filterView().setModulated(std::any_of(
-      isModulating.begin(), isModulating.end(),
-      [](const std::atomic<bool>* flag) { return flag && flag->load(std::memory_order_relaxed); }));
-  if (watchedValues.size() < 2) return;
+  const bool wasModulated = filterView().isModulated();
+  filterView().setModulated(
+      allowModulation &&
+      std::any_of(isModulating.begin(), isModulating.end(), [](const std::atomic<bool>* flag) {
+        return flag && flag->load(std::memory_order_relaxed);
+      }));
+  const bool ended = wasModulated && !filterView().isModulated();
+  // The live values may stay for ever what they were last.
+  if (ended) updateViewData();
+  if (!allowModulation || watchedValues.size() < 2) return;
   const float freq = watchedValues[0]->load(std::memory_order_relaxed);
   const float res = watchedValues[1]->load(std::memory_order_relaxed);
   if (!std::isfinite(freq) || !std::isfinite(res)) return;
-  if (!filterView().isModulated() && freq == previousFreq && res == previousRes) return;
+  const bool unchanged = freq == previousFreq && res == previousRes;
+  previousFreq = freq;
+  previousRes = res;
+  if (ended || (!filterView().isModulated() && unchanged)) return;
   if (const auto* unit = audioUnit.get())
     filterView().setFilterMagnitudes(
         unit->magnitudesForFrequencies(filterView().frequencies(), filterView().typeName(),
                                        liveHertz(*unit, freq), liveDecibels(*unit, res)));
-  previousFreq = freq;
-  previousRes = res;
 }
 
 const platform::AUParameter* AUFilterViewContainer::parameterAt(const platform::AudioUnit& unit,

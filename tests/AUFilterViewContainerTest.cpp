@@ -132,6 +132,38 @@ TEST_F(AUFilterViewContainerTest, UnchangedLiveValuesComputeNothing) {
   EXPECT_EQ(unit->frequency, 2000) << "while it is modulated the live values stay";
 }
 
+TEST_F(AUFilterViewContainerTest, TheCurveIsTheParametersAgainWhenModulationEnds) {
+  auto& filter = build("cutoff", {"resonance"});
+  const auto plain = filter.filterView().filterMagnitudes();
+  const auto modulate = [&](float hertz) {
+    filter.allowModulation = true;
+    unit->publishModulating(0, true);
+    unit->publishLive(0, hertz);
+    filter.updateModulation();
+    EXPECT_NE(filter.filterView().filterMagnitudes(), plain);
+  };
+  modulate(4000);
+  unit->publishModulating(0, false);
+  filter.updateModulation();
+  EXPECT_EQ(filter.filterView().filterMagnitudes(), plain);
+  filter.updateModulation();
+  EXPECT_EQ(filter.filterView().filterMagnitudes(), plain) << "the live value has not moved since";
+  modulate(5000);
+  unit->publishLive(0, 6000);
+  unit->publishModulating(0, false);
+  filter.updateModulation();
+  EXPECT_EQ(filter.filterView().filterMagnitudes(), plain) << "it moved with the last of it";
+
+  modulate(7000);
+  filter.allowModulation = false;
+  filter.updateModulation();
+  EXPECT_FALSE(filter.filterView().isModulated());
+  EXPECT_EQ(filter.filterView().filterMagnitudes(), plain);
+  unit->setParameter("cutoff", 300);
+  loop.advance(0);
+  EXPECT_NE(filter.filterView().filterMagnitudes(), plain) << "it follows its parameters";
+}
+
 TEST_F(AUFilterViewContainerTest, TheSideChainsKeysStandForItsParameters) {
   auto& filter = build("HighPassFilterFreq", {"HighPassFilterRes"});
   EXPECT_EQ(unit->keys,
@@ -144,10 +176,12 @@ TEST_F(AUFilterViewContainerTest, TheSideChainsKeysStandForItsParameters) {
 
 TEST_F(AUFilterViewContainerTest, OutlivesItsAudioUnit) {
   auto& filter = build("cutoff", {"resonance"});
-  filter.watchedValues.clear();
+  unit->publishModulating(0, true);
+  filter.updateModulation();
   unit.reset();
   filter.updateViewData();
   filter.updateModulation();
+  EXPECT_FALSE(filter.filterView().isModulated());
   EXPECT_FALSE(filter.filterView().filterMagnitudes().empty());
 }
 
