@@ -38,6 +38,11 @@ SectionView::SectionView(std::shared_ptr<Section> section,
   titleLabel_.setTextColor(Theme::lightGrey);
 }
 
+SectionView::~SectionView() {
+  for (Untitled* untitled : {&untitledState_, &untitledFeedback_})
+    if (*untitled) release(**untitled);
+}
+
 void SectionView::setColor(platform::Color color) {
   color_ = color;
   setBackgroundColor(platform::Color::clear());
@@ -111,7 +116,18 @@ bool SectionView::canAdopt(const Container& container, Claim claim) const {
   return other && (claim == Claim::slot || !other->isVisible());
 }
 
+void SectionView::release(Container& container) {
+  for (Untitled* untitled : {&untitledState_, &untitledFeedback_}) {
+    if (untitled->get() != &container) continue;
+    container.setDisplayTitle(true);
+    *untitled = nullptr;
+  }
+  container.setInactive(false);
+}
+
 void SectionView::adopt(const Entry& entry) {
+  auto* const before = dynamic_cast<SectionView*>(entry.container->superview());
+  if (before && before != this) before->release(*entry.container);
   addSubview(*entry.container);
   const kestroui::ParameterUISettings& settings = entry.key->settings();
   if (!settings.controlColor && settings.colors.empty())
@@ -149,9 +165,12 @@ void SectionView::updateState() {
   resolve();
   const float state = state_.container ? state_.container->value() : 0;
   const bool inactive = !(state >= 1);
-  for (const Entry& entry : slots_)
-    if (entry.container && entry.container != state_.container)
-      entry.container->setInactive(inactive);
+  for (const Entry& entry : slots_) {
+    if (!entry.container || entry.container == state_.container) continue;
+    // One that stands elsewhere looks as that place wants it.
+    const View* const place = entry.container->superview();
+    if (!place || place == this) entry.container->setInactive(inactive);
+  }
 }
 
 void SectionView::setNeedsDisplay() {
@@ -188,8 +207,8 @@ void SectionView::draw(const platform::Rect& rect) {
   layoutTitle(bandHeight);
 
   const double side = 0.6 * bandHeight;
-  placeInCorner(state_, {0, 0, bandHeight, bandHeight});
-  placeInCorner(feedback_, {bounds().width - side, 0, side, side});
+  placeInCorner(state_, {0, 0, bandHeight, bandHeight}, untitledState_);
+  placeInCorner(feedback_, {bounds().width - side, 0, side, side}, untitledFeedback_);
   layoutSlots(bandHeight);
 }
 
@@ -207,15 +226,25 @@ void SectionView::place(const Entry& entry, const platform::Rect& frame) {
     // One that the foot strip or another shown section has is placed there.
     if (!canAdopt(*entry.container, Claim::shared)) return;
     adopt(entry);
+    updateState();
   }
   entry.container->setFrame(frame);
   entry.container->setIsVisible(visible_);
 }
 
-void SectionView::placeInCorner(const Entry& entry, const platform::Rect& frame) {
+void SectionView::placeInCorner(const Entry& entry, const platform::Rect& frame,
+                                Untitled& untitled) {
   place(entry, frame);
-  if (entry.container && entry.container->superview() == this)
-    entry.container->setDisplayTitle(false);
+  const bool hasSlot = std::any_of(slots_.begin(), slots_.end(), [&](const Entry& slot) {
+    return slot.container == entry.container;
+  });
+  const bool stands = entry.container && entry.container->superview() == this && !hasSlot;
+  Container* const corner = stands ? entry.container : nullptr;
+  if (corner == untitled.get()) return;
+  if (untitled) untitled->setDisplayTitle(true);
+  // One that never shows its title is left as it is.
+  untitled = corner && corner->displayTitle() ? corner : nullptr;
+  if (untitled) untitled->setDisplayTitle(false);
 }
 
 void SectionView::layoutSlots(double bandHeight) {

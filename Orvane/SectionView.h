@@ -21,6 +21,7 @@ class SectionView : public toolkit::View {
  public:
   /// `controls` may be null; one without keys counts as not filled yet, and nothing is placed.
   SectionView(std::shared_ptr<Section> section, std::shared_ptr<ControlCollection> controls);
+  ~SectionView() override;
 
   Section& section() const { return *section_; }
   const std::string& title() const { return title_; }
@@ -38,8 +39,10 @@ class SectionView : public toolkit::View {
   /// The control of a key, or null when there is no collection or the key has no control. A key
   /// that the collection does not know is fatal.
   std::shared_ptr<kestroui::Container> container(const std::string& key) const;
-  /// Shows the controls as inactive while the state parameter is below 1.
+  /// Shows the controls that stand here as inactive while the state parameter is below 1.
   void updateState();
+  /// Undoes what standing here did to a control, which is about to stand elsewhere.
+  void release(kestroui::Container& container);
 
   /// Does nothing while it is not visible; else all its subviews are displayed anew as well.
   void setNeedsDisplay() override;
@@ -65,8 +68,10 @@ class SectionView : public toolkit::View {
   bool canAdopt(const kestroui::Container& container, Claim claim) const;
   void adopt(const Entry& entry);
   void place(const Entry& entry, const platform::Rect& frame);
-  /// The same without a title, for which a corner has no room.
-  void placeInCorner(const Entry& entry, const platform::Rect& frame);
+  /// A control without its title, for which a corner has no room.
+  using Untitled = platform::Weak<kestroui::Container>;
+  /// One that also has a slot here stands there, with its title.
+  void placeInCorner(const Entry& entry, const platform::Rect& frame, Untitled& untitled);
   void layoutTitle(double bandHeight);
   void layoutSlots(double bandHeight);
 
@@ -83,6 +88,7 @@ class SectionView : public toolkit::View {
   std::vector<Entry> slots_;
   Entry state_;
   Entry feedback_;
+  Untitled untitledState_, untitledFeedback_;
   std::uint64_t resolvedGeneration_ = 0;
 };
 

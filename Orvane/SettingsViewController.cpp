@@ -75,6 +75,8 @@ void SettingsViewController::layoutFoot() {
                          cellWidth * span, footHeight - g});
     container->setIsVisible(true);
     if (container->superview() != &view()) {
+      if (auto* before = dynamic_cast<SectionView*>(container->superview()))
+        before->release(*container);
       view().addSubview(*container);
       // No section gives it a colour.
       if (!key->settings().controlColor && key->settings().colors.empty())

@@ -150,13 +150,20 @@ TEST_F(SectionViewTest, ItTintsItselfAndTheControlsThatHaveNoColourOfTheirOwn) {
   controls->addKey(key);
   controls->set(key, std::make_shared<kestroui::KnobContainer>());
   control("own").setControlColor(own);
+  settings = {};
+  settings.colors = {own};
+  const auto several = std::make_shared<kestroui::ParamKey>("several", settings);
+  controls->addKey(several);
+  controls->set(several, std::make_shared<kestroui::KnobContainer>());
+  control("several").setColors({own});
   for (const bool displayGradient : {true, false}) {
     section->displayGradient = displayGradient;
-    show({{{{"a", {}, 1, 0, 1}, {"own", {}, 1, 0, 1}}, 1}});
+    show({{{{"a", {}, 1, 0, 1}, {"own", {"several"}, 1, 0, 1}}, 1}});
     EXPECT_EQ(view.layer().sublayers().front()->isHidden(), !displayGradient);
   }
   EXPECT_EQ(control("a").control()->accentColor(), section->color);
   EXPECT_EQ(control("own").control()->accentColor(), own);
+  EXPECT_EQ(control("several").control()->accentColor(), own);
 }
 
 TEST_F(SectionViewTest, OfTwoShownSectionsTheFirstKeepsASwitchThatBothName) {
@@ -173,6 +180,55 @@ TEST_F(SectionViewTest, OfTwoShownSectionsTheFirstKeepsASwitchThatBothName) {
   view.setIsVisible(false);
   second.draw(second.bounds());
   EXPECT_EQ(control("state").superview(), &second);
+}
+
+TEST_F(SectionViewTest, AControlLooksAsThePlaceWantsWhereItStands) {
+  section->stateParameter = "state";
+  const auto other = support::section("B", {"state", "a"});
+  auto second = std::make_unique<SectionView>(other, controls);
+  page.addSubview(*second);
+  control("c").setDisplayTitle(false);
+  section->feedbackParameter = "c";
+  show({{{{"a", {}, 1, 0, 1}}, 1}});
+  control("state").setValue(0);
+  const auto showSecond = [&](bool shown) {
+    view.setIsVisible(!shown);
+    second->setIsVisible(shown);
+    view.setIsVisible(!shown);
+    SectionView& front = shown ? *second : view;
+    front.draw(front.bounds());
+  };
+  for (int round = 0; round < 2; ++round) {
+    showSecond(false);
+    EXPECT_FALSE(control("state").displayTitle()) << round;
+    EXPECT_TRUE(control("a").isInactive()) << round;
+    EXPECT_FALSE(control("c").displayTitle()) << round;
+    showSecond(true);
+    EXPECT_TRUE(control("state").displayTitle()) << "a slot has room for it";
+    EXPECT_FALSE(control("a").isInactive()) << "this section has no switch";
+    view.updateState();
+    EXPECT_FALSE(control("a").isInactive()) << "it stands in the other one";
+  }
+  // What is off in both of two sections is off, and on in the one that is on.
+  other->stateParameter = "b";
+  control("b").setValue(0);
+  showSecond(true);
+  EXPECT_TRUE(control("a").isInactive());
+  control("b").setValue(1);
+  second->updateState();
+  view.updateState();
+  EXPECT_FALSE(control("a").isInactive());
+  EXPECT_FALSE(control("b").displayTitle());
+  second.reset();
+  EXPECT_TRUE(control("b").displayTitle());
+  EXPECT_FALSE(control("c").displayTitle()) << "it never had one";
+}
+
+TEST_F(SectionViewTest, ASwitchThatAlsoHasASlotOfItsSectionKeepsItsTitle) {
+  section->stateParameter = "state";
+  show({{{{"a", {}, 1, 0, 1}, {"state", {}, 1, 0, 1}}, 1}});
+  EXPECT_EQ(control("state").frame(), (Rect{0, 144, 201, 101}));
+  EXPECT_TRUE(control("state").displayTitle());
 }
 
 TEST_F(SectionViewTest, AReplacedControlTakesThePlaceOfTheOld) {
