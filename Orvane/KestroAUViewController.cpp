@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/DisplayContainers.h"
 #include "KestroUI/Theme.h"
 #include "Orvane/ControlBindings.h"
 #include "Orvane/OverlayStyle.h"
@@ -104,6 +106,9 @@ void KestroAUViewController::viewDidAppear() {
 void KestroAUViewController::viewDidDisappear() {
   ViewController::viewDidDisappear();
   letGo();
+  for (const auto& [key, container] : controls_->controls())
+    if (auto* choice = dynamic_cast<kestroui::DropDownListContainer*>(container.get()))
+      choice->list().close();
   tellAudioUnitOfUI(false);
   displayLink_.reset();
   checkTimer_.invalidate();
@@ -130,11 +135,23 @@ void KestroAUViewController::followPresetName() {
 }
 
 void KestroAUViewController::updateUI() {
+  if (!connection_) return;
   // The live values belong to the audio unit whose controls these are.
-  if (!connection_ || !connection_->audioUnit()) return;
+  if (!connection_->audioUnit()) return forgetLiveValues();
   for (const auto& [key, container] : controls_->controls())
     if (container->hasModulation() && (container->isVisible() || container->isShown()))
       container->updateModulation();
+}
+
+void KestroAUViewController::forgetLiveValues() {
+  connection_.reset();
+  for (const auto& [key, container] : controls_->controls()) {
+    container->watchNothing();
+    if (auto* scope = dynamic_cast<kestroui::OscilloscopeContainer*>(container.get()))
+      scope->setBuffers({});
+    if (container->control()) container->control()->setModulated(false);
+    container->updateModulation();
+  }
 }
 
 void KestroAUViewController::updateVisibility() {

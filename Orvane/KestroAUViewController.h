@@ -297,6 +297,8 @@ class KestroAUViewController : public toolkit::ViewController,
   const TappedValue* doubleTappedValue() const;
   void updateAllParameters();
   void updateDoubleFilters(platform::AUParameterAddress address);
+  /// The audio unit has gone: nothing is shown as modulated any more.
+  void forgetLiveValues();
   /// What those of a container's keys drive.
   std::vector<platform::AUParameter*> parametersOf(
       const kestroui::Container& container,

@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+#include "KestroUI/ChoiceContainers.h"
+#include "KestroUI/Theme.h"
 #include "KestroUI/ValueContainers.h"
 #include "tests/support/TestEditor.h"
 
@@ -21,6 +23,7 @@ class TestUnit : public quillon::CommonAudioUnit {
                         {{{.number = 10, .name = "Ten"}, {{"a", 0.1f}}},
                          {{.number = 20, .name = "Twenty"}, {{"a", 0.2f}}},
                          {{.number = 30, .name = "Thirty"}, {{"a", 0.3f}}}}) {}
+  using CommonAudioUnit::publishModulating;
   bool hasStore() const override { return store; }
   void hasUI(bool visible) override {
     CommonAudioUnit::hasUI(visible);
@@ -109,8 +112,12 @@ TEST_F(ControllerLifecycleTest, TheAudioUnitMayGoFirst) {
   unit->parameter("a")->setValue(1);
   const auto knob = controller->container("a");
   knob->delegate->didBeginGesture(*knob, knob->paramKeys());
+  unit->publishModulating(0, true);
+  loop.advance(0.5);
+  EXPECT_TRUE(knob->control()->isModulated());
   unit.reset();
   loop.advance(0.5);
+  EXPECT_FALSE(knob->control()->isModulated()) << "by nothing any more";
   knob->sendActions(toolkit::ControlEvent::valueChanged);
   knob->delegate->didEndGesture(*knob, knob->paramKeys());
   knob->delegate->didDoubleTap(knob->key());
@@ -198,8 +205,22 @@ TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   EXPECT_EQ(controller->container("b")->frame().width, 400);
   // Although a section names it too, and nothing is laid out for ever.
   EXPECT_EQ(controller->container("b")->superview(), &controller->settingsViewController().view());
+  EXPECT_EQ(controller->container("b")->control()->accentColor(), kestroui::Theme::accent);
   window.window.prepareFrame();
   EXPECT_FALSE(window.window.needsFrame());
+}
+
+TEST_F(ControllerLifecycleTest, AListThatIsOpenClosesWhenTheEditorGoes) {
+  design->givenKeys = {support::paramKey("a", kestroui::ControlType::dropdownList)};
+  const auto controller = make();
+  support::EditorWindow window({400, 300});
+  window.show(*controller);
+  auto& choice = *controller->control<kestroui::DropDownListContainer>("a");
+  choice.setStringValues({"One", "Two"});
+  choice.list().open();
+  EXPECT_TRUE(choice.list().isOpen());
+  window.host.disappear();
+  EXPECT_FALSE(choice.list().isOpen());
 }
 
 TEST_F(ControllerLifecycleTest, TheEditorMayOpenOnAnotherPage) {
