@@ -122,7 +122,7 @@ void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>
 std::optional<std::string> KestroAUViewController::saveNewPreset(
     const std::string& name, const std::vector<std::string>& presetCategories) {
   preSaveAction();
-  const auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
+  auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
   reloadPresetList();
   return url;
 }

@@ -14,7 +14,9 @@ std::vector<std::string> wrappedLines(std::string_view text, double width,
   std::istringstream words{std::string(text)};
   std::string line;
   for (std::string word; words >> word;) {
-    std::string longer = line.empty() ? word : line + ' ' + word;
+    std::string longer = line;
+    if (!longer.empty()) longer += ' ';
+    longer += word;
     if (line.empty() || lines.size() + 1 == maximumLines || textWidth(longer) <= width)
       line = std::move(longer);
     else

@@ -12,7 +12,6 @@ namespace orvane {
 
 using platform::FileError;
 using platform::FileManager;
-using platform::PropertyList;
 
 namespace {
 

@@ -10,6 +10,13 @@ namespace quillon {
 
 namespace {
 
+/// What is wrong with a value of a preset; empty when nothing is.
+std::string faultOf(const std::string& key, float value, const ParameterTree& tree) {
+  if (!tree.indexOfKey(key)) return "there is no parameter '" + key + "'";
+  if (!std::isfinite(value)) return "the value of '" + key + "' is not a finite number";
+  return {};
+}
+
 void checkPresets(const std::vector<PresetDescription>& presets, const ParameterTree& tree) {
   std::set<int> numbers;
   for (const PresetDescription& description : presets) {
@@ -19,12 +26,9 @@ void checkPresets(const std::vector<PresetDescription>& presets, const Parameter
     if (!numbers.insert(description.preset.number).second)
       throw std::invalid_argument(place + "number " + std::to_string(description.preset.number) +
                                   " appears twice");
-    for (const auto& [key, value] : description.values) {
-      if (!tree.indexOfKey(key))
-        throw std::invalid_argument(place + "there is no parameter '" + key + "'");
-      if (!std::isfinite(value))
-        throw std::invalid_argument(place + "the value of '" + key + "' is not a finite number");
-    }
+    for (const auto& [key, value] : description.values)
+      if (const std::string fault = faultOf(key, value, tree); !fault.empty())
+        throw std::invalid_argument(place + fault);
   }
 }
 

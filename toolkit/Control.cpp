@@ -5,7 +5,6 @@
 namespace toolkit {
 
 using platform::Weak;
-using platform::WeakTarget;
 
 void Control::addRegistration(WeakTarget* target, const void* action, Call call,
                               ControlEvent events) {
