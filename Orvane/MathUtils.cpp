@@ -1,15 +1,34 @@
 #include "Orvane/MathUtils.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <system_error>
 
 namespace orvane {
 
 namespace {
+
 constexpr float noPitch = -1500.0f;
+
+/// Whether a number that no double holds is too near to 0, rather than too large.
+bool isTooSmall(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const auto point = static_cast<std::int64_t>(std::min(number.find('.'), mark));
+  // The power of ten of the first digit that counts, without the exponent.
+  const std::int64_t order = point - static_cast<std::int64_t>(number.find_first_of("123456789"));
+  std::string_view exponent = number.substr(std::min(mark + 1, number.size()));
+  const bool isNegative = exponent.starts_with('-');
+  if (isNegative || exponent.starts_with('+')) exponent.remove_prefix(1);
+  std::int64_t power = 0;
+  const auto result = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+  if (result.ec == std::errc::result_out_of_range) return isNegative;
+  return order + (isNegative ? -power : power) < 0;
 }
+
+}  // namespace
 
 float MathUtils::toMidi(float frequency) {
   // 1 / 8.175799, the frequency of note 0, and 12 / ln 2.
@@ -33,10 +52,8 @@ float MathUtils::floatValue(std::string_view text) {
   double value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   constexpr float largest = std::numeric_limits<float>::max();
-  // Out of range is also what is too near to 0, which only a negative exponent makes.
   if (result.ec == std::errc::result_out_of_range)
-    value = text.substr(0, static_cast<std::size_t>(result.ptr - text.data())).find("e-") !=
-                    std::string_view::npos
+    value = isTooSmall(text.substr(0, static_cast<std::size_t>(result.ptr - text.data())))
                 ? 0
                 : largest;
   const float number = value > largest ? largest : static_cast<float>(value);

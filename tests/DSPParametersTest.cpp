@@ -101,7 +101,9 @@ TEST(MathUtilsTest, PitchAndFrequency) {
 }
 
 TEST(MathUtilsTest, ANumberIsReadFromTheFrontOfATextInEveryLanguage) {
-  const std::pair<const char*, float> cases[] = {{"12.5 Hz", 12.5f},
+  constexpr float largest = std::numeric_limits<float>::max();
+  const std::string zeros(400, '0');
+  const std::pair<std::string, float> cases[] = {{"12.5 Hz", 12.5f},
                                                  {" \t-3", -3.0f},
                                                  {"+4.", 4.0f},
                                                  {".5", 0.5f},
@@ -115,9 +117,17 @@ TEST(MathUtilsTest, ANumberIsReadFromTheFrontOfATextInEveryLanguage) {
                                                  {"0x10", 0.0f},
                                                  {"--4", 0.0f},
                                                  {"1e-400", 0.0f},
+                                                 {"1E-400", 0.0f},
+                                                 {"0." + zeros + "1", 0.0f},
+                                                 {"0." + zeros + "1e-9 e5", 0.0f},
+                                                 {"5e-99999999999999999999", 0.0f},
+                                                 {"1e99999999999999999999", largest},
+                                                 {"1" + zeros, largest},
+                                                 {"1" + zeros + "E-9", largest},
+                                                 {"0.01E+400", largest},
                                                  {"- 4", 0.0f},
-                                                 {"1e400", std::numeric_limits<float>::max()},
-                                                 {"-1e40", -std::numeric_limits<float>::max()}};
+                                                 {"1e400", largest},
+                                                 {"-1e40", -largest}};
   for (const auto& [text, value] : cases) EXPECT_EQ(MathUtils::floatValue(text), value) << text;
 }
 
