@@ -212,8 +212,15 @@ Error LocalFileManager::copyFolder(const std::string& from, const std::string& t
   struct stat status {};
   if (hasNul(to)) return fileError(to, "copied", EINVAL);
   if (::lstat(to.c_str(), &status) == 0) return fileError(to, "copied", EEXIST);
-  const std::string unfinished = folderOf(to) + '/' + SafeFile::unfinishedName();
   std::error_code error, ignored;
+  // What is copied would be found, and copied, again.
+  const fs::path folder = fs::canonical(from, error);
+  const fs::path around = error ? fs::path() : fs::canonical(folderOf(to), error);
+  if (error) return fileError(to, "copied", error.value());
+  if (std::mismatch(folder.begin(), folder.end(), around.begin(), around.end()).first ==
+      folder.end())
+    return fileError(to, "copied", "it lies within the folder that is copied");
+  const std::string unfinished = folderOf(to) + '/' + SafeFile::unfinishedName();
   fs::copy(from, unfinished, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
   if (!error) fs::rename(unfinished, to, error);
   if (!error) return {};

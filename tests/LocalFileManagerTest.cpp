@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,10 +19,24 @@
 #include <thread>
 
 #include "foundation/DefaultFileManager.h"
+#include "foundation/DispatchQueue.h"
 #include "foundation/FileLock.h"
 #include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+/// Called before anything is brought to the disk.
+std::atomic<void (*)(int descriptor)> whenSynced{nullptr};
+
+}  // namespace
+
+// Stands in for the C library's.
+extern "C" int fsync(int descriptor) {
+  if (auto* const called = whenSynced.load()) called(descriptor);
+  return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
 
 namespace {
 
@@ -79,6 +94,34 @@ TEST(LocalFileManagerTest, AFileIsReplacedWholeAndKeepsItsPermissions) {
   ::stat(path.c_str(), &status);
   EXPECT_EQ(status.st_mode & 0777, 0600u);
   EXPECT_EQ(namesIn(folder.path()), Names{"a.preset"});
+}
+
+TEST(LocalFileManagerTest, AFileIsOnTheDiskBeforeItTakesItsNameAndItsFolderIsAfterwards) {
+  static TemporaryFolder* folder = nullptr;
+  static std::atomic<int> whole, folders;
+  TemporaryFolder made;
+  folder = &made;
+  LocalFileManager files(made.path());
+  const std::string from = made.write("from", "new");
+  const auto save = [&] { return files.write(bytesOf("new"), *folder / "to"); };
+  const auto copy = [&] { return files.copyItem(from, *folder / "to"); };
+  const auto remove = [&] { return files.removeItem(*folder / "to"); };
+  const auto counts = [&](const auto& act) {
+    whole = folders = 0;
+    EXPECT_FALSE(act());
+    foundation::DispatchQueue::waitForGlobal();
+    return std::pair(whole.load(), folders.load());
+  };
+  whenSynced = [](int descriptor) {
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    if (S_ISDIR(status.st_mode)) ++folders;
+    if (status.st_size == 3 && textOf(*folder / "to") != "new") ++whole;
+  };
+  EXPECT_EQ(counts(save), std::pair(1, 1));
+  EXPECT_EQ(counts(remove), std::pair(0, 1));
+  EXPECT_EQ(counts(copy), std::pair(1, 1));
+  whenSynced = nullptr;
 }
 
 TEST(LocalFileManagerTest, ASaveThatFailsLeavesEverythingAsItWas) {
@@ -156,6 +199,28 @@ TEST(LocalFileManagerTest, ACopyNeverReplacesAnything) {
   folder.write("to/d", "theirs");
   EXPECT_EQ(late.commitNew()->code, FileError::Code::fileExists) << "another was quicker";
   EXPECT_EQ(textOf(folder / "to/d"), "theirs");
+}
+
+TEST(LocalFileManagerTest, AFolderIsCopiedWholeOrNotAtAllAndNeverIntoItself) {
+  const TemporaryFolder folder;
+  LocalFileManager files(folder.path());
+  folder.write("from/deep/a", "one");
+  std::filesystem::create_symlink("deep", folder / "from/link");
+  std::filesystem::create_symlink("from", folder / "way");
+  for (const char* to : {"from/copy", "from/deep/copy", "from/link/copy", "way/copy"}) {
+    const auto error = files.copyItem(folder / "from", folder / to);
+    ASSERT_TRUE(error) << to;
+    EXPECT_EQ(error->localizedDescription,
+              "\"copy\" could not be copied: it lies within the folder that is copied");
+  }
+  EXPECT_EQ(namesIn(folder / "from"), (Names{"deep", "link"}));
+  EXPECT_TRUE(files.copyItem(folder / "from", folder / "none/copy"));
+  EXPECT_FALSE(files.copyItem(folder / "from", folder / "from 2"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "from 2/link"));
+  // A pipe cannot be copied.
+  ::mkfifo((folder / "from/pipe").c_str(), 0600);
+  EXPECT_TRUE(files.copyItem(folder / "from", folder / "from 3"));
+  EXPECT_EQ(namesIn(folder.path()), (Names{"from", "from 2", "way"}));
 }
 
 TEST(LocalFileManagerTest, FoldersAreMadeAndRemoved) {
