@@ -77,19 +77,21 @@ TEST(NetworkSession, SaysInOneLineWhyThereIsNoAnswer) {
     closed = server.address();
   }
   HttpServer broken([](const std::string&) { return ""; });
+  // More than arrives at a time.
+  constexpr std::size_t most = 100000;
   HttpServer sized([](const std::string& line) {
     return HttpServer::response("200 OK",
-                                std::string(line.starts_with("GET /4096 ") ? 4096 : 4097, 'x'));
+                                std::string(line.starts_with("GET /most ") ? most : most + 1, 'x'));
   });
   HttpServer sendsOn([](const std::string& line) {
     const bool toFile = line.starts_with("GET /file ");
     return HttpServer::response(
         "302 Found", "", toFile ? "Location: file:///etc/hostname\r\n" : "Location: /round\r\n");
   });
-  NetworkSession session(NetworkSession::Limits{.connecting = 2, .whole = 2, .answer = 4096});
-  EXPECT_EQ(ask(session, sized.address() + "/4096")->error, "");
+  NetworkSession session(NetworkSession::Limits{.connecting = 2, .whole = 2, .answer = most});
+  EXPECT_EQ(ask(session, sized.address() + "/most")->error, "");
   for (const std::string& url :
-       {closed, broken.address(), sized.address() + "/4097", sendsOn.address() + "/file",
+       {closed, broken.address(), sized.address() + "/more", sendsOn.address() + "/file",
         sendsOn.address() + "/round", std::string("file:///etc/hostname"), std::string("nonsense:"),
         std::string()}) {
     const auto answer = ask(session, url);

@@ -5,10 +5,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "foundation/Console.h"
 #include "foundation/DefaultFileManager.h"
+#include "foundation/FileLock.h"
 #include "foundation/LocalFileManager.h"
 #include "foundation/PropertyListCoding.h"
 #include "foundation/RunLoop.h"
@@ -106,6 +110,24 @@ TEST_F(UserDefaultsTest, WhatAnotherProcessHasChangedMeanwhileIsKept) {
   open().setObject("list", {"a", "c", "mine"});
   EXPECT_EQ(*stored("list"), (Array{"c", "theirs", "mine"}));
   EXPECT_EQ(*open().array("list"), (Array{"c", "theirs", "mine"}));
+}
+
+TEST_F(UserDefaultsTest, AChangeWaitsForAnotherProcessThatWrites) {
+  open().setObject("list", {"a"});
+  std::atomic<bool> isWritten{false};
+  std::thread writing;
+  {
+    const foundation::FileLock theirs(file() + ".lock");
+    writing = std::thread([&] {
+      open().setObject("list", {"a", "b"});
+      isWritten = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_FALSE(isWritten);
+    storeElsewhere({{"list", Array{"a", "theirs"}}});
+  }
+  writing.join();
+  EXPECT_EQ(*stored("list"), (Array{"a", "theirs", "b"}));
 }
 
 TEST_F(UserDefaultsTest, ABrokenFileIsToldAndReplaced) {
