@@ -206,7 +206,7 @@ class Reader {
       spend(text->size());
       return *text;
     }
-    const PropertyList result = value(*entry, depth + 1);
+    PropertyList result = value(*entry, depth + 1);
     if (!result.as<T>())
       throw Damage(std::string("the keyed archive has an object with another kind of ") + name);
     return result;

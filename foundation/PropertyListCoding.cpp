@@ -217,7 +217,7 @@ std::string writeXmlPropertyList(const PropertyList& list) {
   char* text = nullptr;
   std::uint32_t length = 0;
   plist_to_xml(root.get(), &text, &length);
-  const std::string result = text ? std::string(text, length) : std::string();
+  std::string result = text ? std::string(text, length) : std::string();
   plist_to_xml_free(text);
   return result;
 }

@@ -155,7 +155,7 @@ void DescribedAudioUnit::render(const platform::RenderBlock& block) {
   for (float* output : block.outputs) std::fill_n(output, block.frames, 0.0f);
 }
 
-orvane::PluginEntry entryOf(std::shared_ptr<const DescribedPlugin> plugin) {
+orvane::PluginEntry entryOf(const std::shared_ptr<const DescribedPlugin>& plugin) {
   constexpr double longSide = 1024;
   orvane::PluginEntry entry;
   entry.identifier = plugin->productId;

@@ -70,6 +70,6 @@ class DescribedAudioUnit : public quillon::CommonAudioUnit {
 };
 
 /// The plug-in that a description describes.
-orvane::PluginEntry entryOf(std::shared_ptr<const DescribedPlugin> plugin);
+orvane::PluginEntry entryOf(const std::shared_ptr<const DescribedPlugin>& plugin);
 
 }  // namespace tool

@@ -73,7 +73,7 @@ const ObjectReader::Json* ObjectReader::typed(std::string_view member,
 
 std::string ObjectReader::text(std::string_view member, std::string fallback) {
   const Json* value = typed(member, &Json::is_string, "a text");
-  return value ? value->get<std::string>() : fallback;
+  return value ? value->get<std::string>() : std::move(fallback);
 }
 
 std::string ObjectReader::requiredText(std::string_view member) {
@@ -185,7 +185,8 @@ std::vector<std::optional<std::string>> ObjectReader::optionalTexts(std::string_
   return texts;
 }
 
-std::vector<bool> ObjectReader::booleans(std::string_view member, std::vector<bool> fallback) {
+std::vector<bool> ObjectReader::booleans(std::string_view member,
+                                         const std::vector<bool>& fallback) {
   std::vector<bool> booleans;
   list(member, [&](const Json& entry, std::size_t index) {
     const bool right = checkEntry(member, index, entry, entry.is_boolean(), "true or false");

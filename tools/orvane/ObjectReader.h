@@ -61,7 +61,7 @@ class ObjectReader {
             const std::function<void(const Json& entry, std::size_t index)>& entry);
   std::vector<std::string> texts(std::string_view member);
   std::vector<std::optional<std::string>> optionalTexts(std::string_view member);
-  std::vector<bool> booleans(std::string_view member, std::vector<bool> fallback);
+  std::vector<bool> booleans(std::string_view member, const std::vector<bool>& fallback);
   std::vector<platform::Color> colors(std::string_view member);
 
   /// Every member that nobody has asked for is a problem.

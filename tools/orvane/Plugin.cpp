@@ -54,10 +54,10 @@ Plugin loadPlugin(const std::string& name, Problems& problems) {
   if (!name.ends_with(".json"))
     throw Failure(name + ": no built-in plug-in has this name, and a description ends in .json");
   const std::string text = readFile(name);
-  auto described = std::make_shared<DescribedPlugin>(
+  const auto described = std::make_shared<DescribedPlugin>(
       readDescription(text, std::filesystem::path(name).stem().string(), problems));
   if (!problems.empty()) return {{}, name};
-  return {entryOf(std::move(described)), name};
+  return {entryOf(described), name};
 }
 
 Plugin loadPlugin(const std::string& name) {

@@ -76,7 +76,7 @@ std::string PresetDoctor::move(const std::string& from, const std::string& to) {
 }
 
 void PresetDoctor::findUnreadable() {
-  const std::string aside = foundation::folderOf(folder_.presets) + "/Unreadable Presets";
+  const std::string aside = foundation::folderOf(folder_.presets) + "/Unreadable Presets/";
   for (const PresetEntry& preset : presets_) {
     if (preset.error.empty()) continue;
     found(Kind::unreadable, preset.path, preset.error, [&] {
@@ -84,10 +84,10 @@ void PresetDoctor::findUnreadable() {
           files_.createDirectory(aside, platform::FileManager::Intermediates::mustExist));
       // An earlier mending may have put a file of this name there.
       std::string name = platform::lastPathComponent(preset.path);
-      for (int number = 2; files_.fileExists(aside + '/' + name); ++number)
+      for (int number = 2; files_.fileExists(aside + name); ++number)
         name =
             numbered(platform::fileStem(preset.path), number, platform::pathExtension(preset.path));
-      return move(preset.path, aside + '/' + name);
+      return move(preset.path, aside + name);
     });
   }
   std::erase_if(presets_, [](const PresetEntry& preset) { return !preset.error.empty(); });
@@ -106,7 +106,7 @@ void PresetDoctor::findDuplicates() {
         const std::string path = folder_.presets + '/' + numbered(preset.name, number, extension);
         const std::string name = preset.name + ' ' + std::to_string(number);
         if (firstOf.count(foundation::lowercased(name)) || files_.fileExists(path)) continue;
-        const std::string whyNot = move(preset.path, path);
+        std::string whyNot = move(preset.path, path);
         if (whyNot.empty()) {
           preset.path = path;
           firstOf.emplace(foundation::lowercased(name), path);

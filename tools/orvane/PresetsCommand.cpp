@@ -191,7 +191,7 @@ int convertPresets(const Words& words, Streams streams) {
 
 std::string groupOf(const std::string& plugin) {
   const headless::HeadlessRunLoop loop;
-  const std::string group = loadPlugin(plugin).entry.createViewController()->groupBundleId();
+  std::string group = loadPlugin(plugin).entry.createViewController()->groupBundleId();
   if (group.empty()) throw Failure(plugin + ": the plug-in keeps no presets");
   return group;
 }
