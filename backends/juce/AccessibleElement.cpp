@@ -1,12 +1,12 @@
 #include "backends/juce/AccessibleElement.h"
 
+#include "backends/juce/JuceInput.h"
+
 namespace juce_backend {
 namespace {
 
 using platform::Accessibility;
 using ViewPointer = platform::Weak<toolkit::View>;
-
-juce::String text(const std::string& utf8) { return juce::String::fromUTF8(utf8.c_str()); }
 
 Accessibility told(const ViewPointer& view) {
   return view ? view->accessibility() : Accessibility();
@@ -50,7 +50,7 @@ class ViewValue : public juce::AccessibilityValueInterface {
     const auto range = told(view_).range;
     return range ? range->value : 0;
   }
-  juce::String getCurrentValueAsString() const override { return text(told(view_).value); }
+  juce::String getCurrentValueAsString() const override { return toText(told(view_).value); }
   void setValue(double value) override {
     if (view_) view_->setAccessibilityValue(value);
   }
@@ -72,7 +72,7 @@ class ViewHandler : public juce::AccessibilityHandler {
       : AccessibilityHandler(component, role, actionsOf(view), std::move(interfaces)),
         view_(std::move(view)) {}
 
-  juce::String getTitle() const override { return text(told(view_).name); }
+  juce::String getTitle() const override { return toText(told(view_).name); }
   juce::AccessibleState getCurrentState() const override {
     // JUCE passes over what cannot have the focus of a screen reader, which goes to texts too.
     juce::AccessibleState state = juce::AccessibleState().withFocusable();
@@ -117,13 +117,13 @@ class ViewHandler : public juce::AccessibilityHandler {
 }  // namespace
 
 AccessibleElement::AccessibleElement(toolkit::View& view)
-    : view_(&view), announced_(text(view.accessibility().value)) {
+    : view_(&view), announced_(toText(view.accessibility().value)) {
   setInterceptsMouseClicks(false, false);
   setWantsKeyboardFocus(false);
 }
 
 void AccessibleElement::announceChanges() {
-  const juce::String value = text(told(view_).value);
+  const juce::String value = toText(told(view_).value);
   if (value == announced_) return;
   announced_ = value;
   if (auto* handler = getAccessibilityHandler())

@@ -2,12 +2,11 @@
 
 #include <utility>
 
+#include "backends/juce/JuceInput.h"
 #include "platform/FilePath.h"
 
 namespace juce_backend {
 namespace {
-
-juce::String text(const std::string& utf8) { return juce::String::fromUTF8(utf8.c_str()); }
 
 std::string pathOf(const juce::File& file) { return file.getFullPathName().toStdString(); }
 
@@ -16,7 +15,7 @@ juce::String wildcardFor(const std::vector<std::string>& types) {
   juce::StringArray wildcards;
   for (const std::string& type : types) {
     const std::string extension = platform::pathExtension(type);
-    if (!extension.empty()) wildcards.add("*." + text(extension));
+    if (!extension.empty()) wildcards.add("*." + toText(extension));
   }
   return wildcards.joinIntoString(";");
 }
@@ -50,7 +49,7 @@ void DesktopPresentation::present(const platform::DocumentPicker& picker) {
 }
 
 void DesktopPresentation::present(const platform::ActivitySheet& sheet) {
-  if (sheet.paths.size() == 1 && !juce::File(text(sheet.paths.front())).isDirectory()) {
+  if (sheet.paths.size() == 1 && !juce::File(toText(sheet.paths.front())).isDirectory()) {
     saveAs(sheet.paths.front());
     return;
   }
@@ -70,12 +69,12 @@ void DesktopPresentation::present(const platform::Alert& alert) {
 }
 
 void DesktopPresentation::saveAs(const std::string& path) {
-  const juce::String extension = "." + text(platform::pathExtension(path));
+  const juce::String extension = "." + toText(platform::pathExtension(path));
   FileChoice choice;
   choice.kind = FileChoice::Kind::fileToSave;
   choice.title = "Export preset";
   choice.verb = "SAVE";
-  choice.start = folder_.getChildFile(text(platform::lastPathComponent(path)));
+  choice.start = folder_.getChildFile(toText(platform::lastPathComponent(path)));
   choice.wildcard = "*" + extension;
   choose(choice, [this, path, extension](const std::vector<juce::File>& files) {
     juce::File target = files.front();

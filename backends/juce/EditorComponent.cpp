@@ -99,7 +99,7 @@ std::string EditorComponent::clipboardText() {
 }
 
 void EditorComponent::setClipboardText(const std::string& text) {
-  juce::SystemClipboard::copyTextToClipboard(juce::String::fromUTF8(text.c_str()));
+  juce::SystemClipboard::copyTextToClipboard(toText(text));
 }
 
 void EditorComponent::frameWanted() {

@@ -80,4 +80,8 @@ juce::Colour toColour(platform::Color color) {
   return juce::Colour::fromFloatRGBA(color.red, color.green, color.blue, color.alpha);
 }
 
+juce::String toText(std::string_view utf8) {
+  return juce::String::fromUTF8(utf8.data(), static_cast<int>(utf8.size()));
+}
+
 }  // namespace juce_backend

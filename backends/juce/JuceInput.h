@@ -2,12 +2,14 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <string_view>
+
 #include "platform/Color.h"
 #include "platform/Responder.h"
 
 namespace juce_backend {
 
-// JUCE's input in the terms of the platform, and the platform's colours in those of JUCE.
+// JUCE's input in the terms of the platform, and the platform's colours and texts in those of JUCE.
 
 platform::Modifiers toModifiers(const juce::ModifierKeys& modifiers);
 platform::KeyEvent toKeyEvent(const juce::KeyPress& key);
@@ -16,5 +18,6 @@ platform::WheelEvent toWheelEvent(platform::Point location, const juce::MouseWhe
                                   const juce::ModifierKeys& modifiers);
 platform::Point toPoint(juce::Point<float> point);
 juce::Colour toColour(platform::Color color);
+juce::String toText(std::string_view utf8);
 
 }  // namespace juce_backend

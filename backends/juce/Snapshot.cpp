@@ -7,6 +7,7 @@
 #include "Orvane/KestroAUViewController.h"
 #include "backends/juce/FontBook.h"
 #include "backends/juce/JuceCanvas.h"
+#include "backends/juce/JuceInput.h"
 #include "backends/juce/PluginBundle.h"
 #include "foundation/RunLoop.h"
 
@@ -35,8 +36,7 @@ class StillWindow : public platform::WindowHost {
 };
 
 juce::File fileAt(const std::string& path) {
-  return juce::File::getCurrentWorkingDirectory().getChildFile(
-      juce::String::fromUTF8(path.c_str()));
+  return juce::File::getCurrentWorkingDirectory().getChildFile(toText(path));
 }
 
 juce::Image picture(toolkit::Window& window, double scale) {

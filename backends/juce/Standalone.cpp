@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "Orvane/KestroAUViewController.h"
+#include "backends/juce/JuceInput.h"
 #include "backends/juce/PluginBundle.h"
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StandaloneSound.h"
@@ -17,11 +18,9 @@ namespace {
 
 constexpr double pictureScale = 2;
 
-juce::String text(const std::string& utf8) { return juce::String::fromUTF8(utf8.c_str()); }
-
 int writePictures(const orvane::PluginEntry& entry) {
   const std::string folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                                 .getNonexistentChildFile(text(entry.identifier), {}, false)
+                                 .getNonexistentChildFile(toText(entry.identifier), {}, false)
                                  .getFullPathName()
                                  .toStdString();
   std::string error;
@@ -39,9 +38,9 @@ juce::File settingsFile(const orvane::PluginEntry& entry, const StandaloneOption
   const juce::File folder =
       options.settingsFolder.empty()
           ? juce::File::getSpecialLocation(juce::File::userApplicationDataDirectory)
-                .getChildFile(text(entry.manufacturer.empty() ? "Orvane" : entry.manufacturer))
-          : juce::File::getCurrentWorkingDirectory().getChildFile(text(options.settingsFolder));
-  return folder.getChildFile(text(entry.identifier) + ".settings");
+                .getChildFile(toText(entry.manufacturer.empty() ? "Orvane" : entry.manufacturer))
+          : juce::File::getCurrentWorkingDirectory().getChildFile(toText(options.settingsFolder));
+  return folder.getChildFile(toText(entry.identifier) + ".settings");
 }
 
 juce::PropertiesFile::Options settingsOptions() {
@@ -61,8 +60,8 @@ class StandaloneApplication : public juce::JUCEApplication {
   /// JUCE makes the application through a plain function.
   static inline const Launch* launch = nullptr;
 
-  const juce::String getApplicationName() override { return text(launch->entry.name); }
-  const juce::String getApplicationVersion() override { return text(launch->entry.version); }
+  const juce::String getApplicationName() override { return toText(launch->entry.name); }
+  const juce::String getApplicationVersion() override { return toText(launch->entry.version); }
   bool moreThanOneInstanceAllowed() override { return true; }
 
   void initialise(const juce::String&) override {
@@ -87,7 +86,7 @@ class StandaloneApplication : public juce::JUCEApplication {
     editor_->setSize(static_cast<int>(entry.preferredSize.width),
                      static_cast<int>(entry.preferredSize.height));
     window_ = std::make_unique<StandaloneWindow>(
-        text(entry.name), *editor_, *settings_, processor_->midiLearn(),
+        toText(entry.name), *editor_, *settings_, processor_->midiLearn(),
         [this](const juce::MidiMessage& message) { sound_->play(message); });
   }
 
