@@ -1,5 +1,6 @@
 orvane_add_tests(juce
   SOURCES
+    AudioUnitParameterTest.cpp
     JuceCanvasTest.cpp
     JuceEditorTest.cpp
     JuceLinkTest.cpp

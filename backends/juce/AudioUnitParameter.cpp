@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "backends/juce/JuceInput.h"
+
 namespace juce_backend {
 namespace {
 
@@ -19,13 +21,45 @@ bool isEvenInPitch(const platform::AUParameter& parameter) {
          parameter.maxValue() > parameter.minValue();
 }
 
+/// Hosts show it, and neither set nor record it.
+bool isMeter(const platform::AUParameter& parameter) {
+  namespace Flags = platform::AudioUnitParameterFlags;
+  return (parameter.flags() & (Flags::readable | Flags::writable)) == Flags::readable;
+}
+
+juce::AudioProcessorParameterWithIDAttributes attributesOf(const platform::AUParameter& parameter) {
+  juce::AudioProcessorParameterWithIDAttributes attributes;
+  if (!isMeter(parameter)) return attributes;
+  return attributes.withAutomatable(false).withCategory(juce::AudioProcessorParameter::outputMeter);
+}
+
+/// What the number of a text stands for in the parameter's own unit; `rest` is the text without it.
+double inOwnUnit(const platform::AUParameter& parameter, double number, const juce::String& rest) {
+  if (rest.startsWithChar('k')) number *= 1000;
+  switch (parameter.unit()) {
+    case Unit::seconds:
+      return rest.startsWith("ms") ? number / 1000 : number;
+    case Unit::milliseconds:
+      return rest == "s" ? number * 1000 : number;
+    case Unit::equalPowerCrossfade:
+    case Unit::mixerFaderCurve1:
+      return number / 100;
+    case Unit::pan: {
+      const float reach = std::max(std::abs(parameter.minValue()), std::abs(parameter.maxValue()));
+      return number / 100 * static_cast<double>(rest.startsWithChar('l') ? -reach : reach);
+    }
+    default:
+      return number;
+  }
+}
+
 }  // namespace
 
 AudioUnitParameter::AudioUnitParameter(platform::AUParameter& parameter, float defaultValue)
     : juce::AudioProcessorParameterWithID(
           // Formats that number parameters need to know since when one exists.
-          juce::ParameterID(juce::String::fromUTF8(parameter.key().c_str()), 1),
-          juce::String::fromUTF8(parameter.displayName().c_str())),
+          juce::ParameterID(toText(parameter.key()), 1), toText(parameter.displayName()),
+          attributesOf(parameter)),
       parameter_(parameter),
       isStepped_(juce_backend::isStepped(parameter)),
       isEvenInPitch_(juce_backend::isEvenInPitch(parameter)) {
@@ -70,28 +104,24 @@ void AudioUnitParameter::setValue(float normalised) {
 }
 
 juce::String AudioUnitParameter::getText(float normalised, int maximumLength) const {
-  const auto text =
-      juce::String::fromUTF8(parameter_.stringFromValue(fromNormalised(normalised)).c_str());
+  const juce::String text = toText(parameter_.stringFromValue(fromNormalised(normalised)));
   return maximumLength > 0 ? text.substring(0, maximumLength) : text;
 }
 
 float AudioUnitParameter::getValueForText(const juce::String& text) const {
-  const juce::String wanted = text.trim();
-  if (isStepped_) {
-    for (int step = 0; step < getNumSteps(); ++step) {
-      const float value = parameter_.minValue() + static_cast<float>(step);
-      if (wanted.equalsIgnoreCase(
-              juce::String::fromUTF8(parameter_.stringFromValue(value).c_str())))
+  const juce::String wanted = text.trim().toLowerCase();
+  // Names before numbers: a choice may be called "2".
+  if (isStepped_ || parameter_.unit() == Unit::midiNoteNumber) {
+    for (float value = parameter_.minValue(); value <= parameter_.maxValue(); ++value)
+      if (wanted == toText(parameter_.stringFromValue(value)).toLowerCase())
         return toNormalised(value);
-    }
   }
+  if (parameter_.unit() == Unit::pan && wanted == "c") return toNormalised(0);
+  constexpr const char* figures = "+-.,0123456789";
   if (!wanted.containsAnyOf("0123456789")) return getValue();
-  double value = wanted.getDoubleValue();
-  const juce::String unit = wanted.trimCharactersAtStart("+-.,0123456789 ");
-  if (unit.startsWithChar('k')) value *= 1000;
-  if (parameter_.unit() == Unit::seconds && unit.startsWith("ms")) value /= 1000;
-  if (parameter_.unit() == Unit::milliseconds && unit == "s") value *= 1000;
-  return toNormalised(static_cast<float>(value));
+  const double number = wanted.substring(wanted.indexOfAnyOf(figures)).getDoubleValue();
+  const juce::String rest = wanted.removeCharacters(figures).trim();
+  return toNormalised(static_cast<float>(inOwnUnit(parameter_, number, rest)));
 }
 
 int AudioUnitParameter::getNumSteps() const {
@@ -104,8 +134,7 @@ bool AudioUnitParameter::isBoolean() const { return parameter_.unit() == Unit::b
 
 juce::StringArray AudioUnitParameter::getAllValueStrings() const {
   juce::StringArray strings;
-  for (const std::string& string : parameter_.valueStrings())
-    strings.add(juce::String::fromUTF8(string.c_str()));
+  for (const std::string& string : parameter_.valueStrings()) strings.add(toText(string));
   return strings;
 }
 
