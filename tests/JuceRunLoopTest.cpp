@@ -1,11 +1,14 @@
 #include "backends/juce/JuceRunLoop.h"
 
 #include <gtest/gtest.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
 
 #include <thread>
 
 #include "foundation/DispatchQueue.h"
 #include "foundation/RealtimePort.h"
+#include "tests/support/OffScreenWindow.h"
 
 namespace {
 
@@ -94,6 +97,26 @@ TEST_F(JuceRunLoopTest, aClientMayTakeAnotherOutOfTheFrameUnderWay) {
   runLoop_->requestFrame(victim);
   run(0.15);
   EXPECT_EQ(victim.frames, 0);
+}
+
+TEST(JuceRunLoop, aLoopThatIsDestroyedWhileItIsDueIsNotCalledAnyMore) {
+  const juce::ScopedJuceInitialiser_GUI juceIsUp;
+  // Called before the loop's own, as its number is lower.
+  const int closing = ::eventfd(1, EFD_NONBLOCK);
+  auto loop = std::make_unique<JuceRunLoop>();
+  int reused = -1;
+  juce::LinuxEventLoop::registerFdCallback(closing, [&](int) {
+    loop.reset();
+    reused = ::eventfd(7, EFD_NONBLOCK);
+  });
+  foundation::DispatchQueue::mainAsync([] {});
+  support::runUntil([&] { return reused >= 0; });
+  eventfd_t kept = 0;
+  ::eventfd_read(reused, &kept);
+  EXPECT_EQ(kept, 7u) << "the dead loop has read what is not its own";
+  juce::LinuxEventLoop::unregisterFdCallback(closing);
+  ::close(closing);
+  ::close(reused);
 }
 
 }  // namespace

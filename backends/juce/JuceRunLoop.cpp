@@ -21,11 +21,15 @@ JuceRunLoop::JuceRunLoop()
       frameTimer_([this] { frame(); }),
       loop_(*this) {
   if (wakeDescriptor_ < 0) platform::fatal("No event descriptor is left for the run loop");
-  juce::LinuxEventLoop::registerFdCallback(wakeDescriptor_, [this](int descriptor) {
+  // JUCE collects the callbacks that are due and then calls them, also those of loops that have been
+  // destroyed meanwhile.
+  const auto wakened = [this, alive = std::weak_ptr<const bool>(alive_)](int descriptor) {
+    if (alive.expired()) return;
     eventfd_t ignored = 0;
     ::eventfd_read(descriptor, &ignored);
     runDue();
-  });
+  };
+  juce::LinuxEventLoop::registerFdCallback(wakeDescriptor_, wakened);
 }
 
 JuceRunLoop::~JuceRunLoop() {

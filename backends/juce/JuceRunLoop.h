@@ -3,6 +3,7 @@
 #include <juce_events/juce_events.h>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "foundation/RunLoop.h"
@@ -52,6 +53,7 @@ class JuceRunLoop : private foundation::RunLoop::Driver {
   void frame();
   void schedule();
 
+  const std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
   /// Becomes readable on wake.
   int wakeDescriptor_ = -1;
   CallbackTimer deadlineTimer_;
