@@ -122,7 +122,7 @@ endfunction()
 # each case an entry of CTest named <area>.<Suite>.<case>. A test finds the files of the repository
 # below ORVANE_SOURCE_DIR and the built programs in ORVANE_BIN_DIR.
 function(orvane_add_tests area)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "ON_DISPLAY" "" "SOURCES;DEPENDS")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_tests(${area}): what is ${arg_UNPARSED_ARGUMENTS}?")
   endif()
@@ -136,6 +136,17 @@ function(orvane_add_tests area)
   target_compile_definitions(${target} PRIVATE
     ORVANE_SOURCE_DIR="${Orvane_SOURCE_DIR}"
     ORVANE_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  if(arg_ON_DISPLAY)
+    find_program(ORVANE_XVFB_RUN xvfb-run)
+    mark_as_advanced(ORVANE_XVFB_RUN)
+    set(display)
+    if(ORVANE_XVFB_RUN)
+      set(display ${ORVANE_XVFB_RUN} -a -s "-screen 0 1280x1024x24 -noreset")
+    endif()
+    add_test(NAME ${area} COMMAND ${display} $<TARGET_FILE:${target}>)
+    set_tests_properties(${area} PROPERTIES TIMEOUT 120)
+    return()
+  endif()
   gtest_discover_tests(${target}
     TEST_PREFIX "${area}."
     # Asked when ctest starts rather than after each link, so that a build runs nothing.

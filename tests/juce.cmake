@@ -9,3 +9,7 @@ orvane_add_tests(juce
     JuceRunLoopTest.cpp
     support/AllocationCounter.cpp
   DEPENDS orvane::juce orvane::quillon Threads::Threads)
+
+orvane_add_tests(desktop ON_DISPLAY
+  SOURCES StandaloneTest.cpp
+  DEPENDS orvane::juce orvane::quillon)

@@ -19,6 +19,8 @@ namespace {
 constexpr double pictureScale = 2;
 
 int writePictures(const orvane::PluginEntry& entry) {
+  // What JUCE keeps for its fonts is given back at the end.
+  const juce::ScopedJuceInitialiser_GUI juceIsUp;
   const std::string folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
                                  .getNonexistentChildFile(toText(entry.identifier), {}, false)
                                  .getFullPathName()
@@ -134,6 +136,7 @@ int runStandalone(const orvane::PluginEntry& entry, const StandaloneOptions& opt
   };
   const int result = juce::JUCEApplicationBase::main();
   juce::JUCEApplicationBase::createInstance = nullptr;
+  StandaloneApplication::launch = nullptr;
   return result;
 }
 

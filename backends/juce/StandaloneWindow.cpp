@@ -20,7 +20,8 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
     : juce::DocumentWindow(title, juce::Colours::black,
                            juce::DocumentWindow::minimiseButton |
                                juce::DocumentWindow::maximiseButton |
-                               juce::DocumentWindow::closeButton),
+                               juce::DocumentWindow::closeButton,
+                           false),
       keyboard_(std::move(playNote)),
       settings_(settings),
       midiLearn_(midiLearn) {
@@ -46,6 +47,8 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
       juce::jlimit(AudioUnitEditor::minimumHeight,
                    juce::jmax(AudioUnitEditor::minimumHeight, screen.getHeight()), height) +
           menuHeight);
+  // With its size already: a late answer to an earlier one would bring that back.
+  addToDesktop();
   setVisible(true);
   editor.grabKeyboardFocus();
 }
