@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <set>
 
 #include "backends/juce/AudioUnitEditor.h"
 #include "backends/juce/ComputerKeyboard.h"
@@ -220,6 +221,17 @@ TEST(JuceInput, keysKeepTheirMeaning) {
       {KeyPress(KeyPress::deleteKey, {}, 127), Key::deleteForward, Modifiers::none, ""},
       {KeyPress(KeyPress::upKey, ModifierKeys::altModifier, 0), Key::up, Modifiers::alt, ""},
       {KeyPress(KeyPress::F5Key), Key::character, Modifiers::none, ""},
+      {KeyPress('?', {}, 127), Key::character, Modifiers::none, ""},
+      {KeyPress(KeyPress::escapeKey, {}, 27), Key::escape, Modifiers::none, ""},
+      {KeyPress(KeyPress::returnKey, {}, 'x'), Key::returnKey, Modifiers::none, ""},
+      {KeyPress(KeyPress::leftKey, ModifierKeys::ctrlModifier, 0), Key::left, Modifiers::control,
+       ""},
+      {KeyPress(KeyPress::rightKey), Key::right, Modifiers::none, ""},
+      {KeyPress(KeyPress::downKey), Key::down, Modifiers::none, ""},
+      {KeyPress(KeyPress::pageUpKey), Key::pageUp, Modifiers::none, ""},
+      {KeyPress(KeyPress::pageDownKey), Key::pageDown, Modifiers::none, ""},
+      {KeyPress(KeyPress::homeKey), Key::home, Modifiers::none, ""},
+      {KeyPress(KeyPress::endKey), Key::end, Modifiers::none, ""},
   };
   for (const auto& c : cases) {
     const platform::KeyEvent event = juce_backend::toKeyEvent(c.press);
@@ -229,10 +241,31 @@ TEST(JuceInput, keysKeepTheirMeaning) {
   }
 }
 
+TEST(JuceInput, fingersPensAndTheMouseAreTouchesOfTheirOwnAtOnce) {
+  using Source = juce::MouseInputSource::InputSourceType;
+  std::set<int> ids;
+  for (const auto type : {Source::mouse, Source::touch, Source::pen})
+    for (int index = 0; index < 10; ++index) ids.insert(juce_backend::toTouchId(type, index));
+  EXPECT_EQ(ids.size(), 30u);
+}
+
+TEST(JuceInput, coloursAndTextsArePassedOnWhole) {
+  EXPECT_EQ(juce_backend::toColour(platform::Color::rgb(0x123456).withAlpha(0.5f)).getARGB(),
+            0x80123456u);
+  EXPECT_EQ(juce_backend::toText("S\u00e4ge \u266f").length(), 6);
+  EXPECT_EQ(juce_backend::toText(""), juce::String());
+}
+
 TEST(JuceInput, oneNotchOfTheWheelIsOne) {
   juce::MouseWheelDetails wheel{};
   wheel.deltaY = -50.0f / 256.0f;
-  EXPECT_NEAR(juce_backend::toWheelEvent({}, wheel, {}).deltaY, -1, 1e-6);
+  wheel.deltaX = 100.0f / 256.0f;
+  const platform::WheelEvent event =
+      juce_backend::toWheelEvent({3, 4}, wheel, juce::ModifierKeys::shiftModifier);
+  EXPECT_NEAR(event.deltaY, -1, 1e-6);
+  EXPECT_NEAR(event.deltaX, 2, 1e-6);
+  EXPECT_EQ(event.location, (platform::Point{3, 4}));
+  EXPECT_EQ(event.modifiers, Modifiers::shift);
 }
 
 TEST(ComputerKeyboard, isLaidOutAsAPiano) {

@@ -9,6 +9,7 @@
 #include "foundation/LocalFileManager.h"
 #include "foundation/PropertyListCoding.h"
 #include "tests/support/JuceBench.h"
+#include "tests/support/OffScreenWindow.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -122,6 +123,9 @@ TEST_F(JucePresentationTest, anExportedFileIsSavedWhereTheUserSaysAndReplacesNot
     presentation().present(platform::ActivitySheet{{from}, {}});
     saveTo(to);
     EXPECT_EQ(alertTitle(), "Replace?");
+    ASSERT_TRUE(alert().message());
+    EXPECT_THAT(alert().message()->text, HasSubstr("\"Mine.preset\" exists"));
+    EXPECT_EQ(alert().message()->buttons, (std::vector<std::string>{"CANCEL", "REPLACE"}));
     alert().answer(button);
     EXPECT_EQ(textOf(to) == first, button == 0);
   }
@@ -134,6 +138,62 @@ TEST_F(JucePresentationTest, anExportedFileIsSavedWhereTheUserSaysAndReplacesNot
   ASSERT_TRUE(alert().message());
   EXPECT_THAT(alert().message()->text, HasSubstr("\"Lead.preset\" could not be read"));
   EXPECT_THAT(namesIn(folder.path()), testing::Not(testing::Contains("Other.preset")));
+}
+
+TEST_F(JucePresentationTest, onlyOneChooserIsOpenAndTheNextBeginsWhereTheUserWas) {
+  const std::string from = preset("tmp/Lead.preset", 10);
+  std::filesystem::create_directory(folder / "out");
+  presentation().present(platform::ActivitySheet{{}, {}});
+  EXPECT_FALSE(presentation().filePanel()) << "nothing to export";
+  support::OffScreenWindow window(editor);
+  presentation().present(platform::ActivitySheet{{from}, {}});
+  presentation().present(platform::ActivitySheet{{from}, {}});
+  int shown = 0;
+  for (juce::Component* child : editor.getChildren())
+    shown += child->isVisible() && dynamic_cast<juce_backend::FilePanel*>(child);
+  EXPECT_EQ(shown, 1);
+  EXPECT_TRUE(presentation().filePanel()->hasKeyboardFocus(true));
+  saveTo(folder / "out/Mine.preset");
+  EXPECT_TRUE(editor.hasKeyboardFocus(false)) << "the keyboard comes back";
+  const juce::File out(folder / "out");
+  presentation().present(platform::ActivitySheet{{from}, {}});
+  EXPECT_EQ(presentation().filePanel()->browser().getRoot(), out);
+  presentation().present(platform::ActivitySheet{{folder / "tmp/"}, {}});
+  EXPECT_EQ(presentation().filePanel()->browser().getRoot(), out);
+  presentation().filePanel()->okButton().onClick();
+  presentation().present(platform::DocumentPicker{{"org.test.preset"}, false, nullptr});
+  EXPECT_EQ(presentation().filePanel()->browser().getRoot(), out) << "and not the folder above";
+}
+
+TEST_F(JucePresentationTest, pickedFilesAreImportedOneByOneOrTheFirstAlone) {
+  struct Delegate : toolkit::View, platform::DocumentPickerDelegate {
+    void documentPickerDidPick(const std::vector<std::string>& paths) override {
+      for (const std::string& path : paths) picked.push_back(path);
+      ++picks;
+    }
+    std::vector<std::string> picked;
+    int picks = 0;
+  } delegate;
+  const std::string a = preset("in/a.preset", 1), b = preset("in/b.preset", 2);
+  folder.write("in/Read.me", "x");
+  for (const bool all : {false, true}) {
+    presentation().present(platform::DocumentPicker{{"org.test.preset"}, all, &delegate});
+    auto& browser = presentation().filePanel()->browser();
+    browser.setRoot(juce::File(folder / "in"));
+    auto& list = dynamic_cast<juce::FileListComponent&>(*browser.getDisplayComponent());
+    // The list is read on a thread of its own.
+    ASSERT_TRUE(support::runUntil([&] {
+      list.selectRow(0);
+      list.selectRow(1, true, false);
+      return list.getNumSelectedRows() == 2;
+    }));
+    EXPECT_EQ(list.directoryContentsList.getNumFiles(), 2) << "only presets are offered";
+    delegate.picked.clear();
+    delegate.picks = 0;
+    presentation().filePanel()->okButton().onClick();
+    EXPECT_EQ(delegate.picked, all ? (std::vector<std::string>{a, b}) : std::vector{a});
+    EXPECT_EQ(delegate.picks, all ? 2 : 1);
+  }
 }
 
 TEST_F(JucePresentationTest, aFolderIsExportedIntoAFolderAndOneAnswerCountsForAllItsFiles) {

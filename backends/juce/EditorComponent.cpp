@@ -23,9 +23,8 @@ EditorComponent::ControllerFactory controllerFor(const orvane::PluginEntry& entr
   };
 }
 
-// Fingers and the mouse may be down at once, and JUCE counts each kind from 0.
 int touchId(const juce::MouseInputSource& source) {
-  return source.getIndex() * 2 + (source.isTouch() ? 1 : 0);
+  return toTouchId(source.getType(), source.getIndex());
 }
 
 }  // namespace
@@ -176,7 +175,10 @@ void EditorComponent::copy(juce::Graphics& graphics, juce::Rectangle<int> part) 
 
 void EditorComponent::mouseDown(const juce::MouseEvent& event) {
   if (event.mods.isPopupMenu() && menu) {
-    menu().showMenuAsync(juce::PopupMenu::Options().withParentComponent(this).withMousePosition());
+    juce::PopupMenu shown = menu();
+    // A menu takes its look before it is inside of anything.
+    shown.setLookAndFeel(&*look_);
+    shown.showMenuAsync(juce::PopupMenu::Options().withParentComponent(this).withMousePosition());
     return;
   }
   // The other buttons mean nothing to an editor made for fingers.

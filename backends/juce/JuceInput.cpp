@@ -34,6 +34,11 @@ const NamedKey namedKeys[] = {
 
 }  // namespace
 
+int toTouchId(juce::MouseInputSource::InputSourceType type, int index) {
+  constexpr int types = 3;
+  return index * types + static_cast<int>(type);
+}
+
 platform::Modifiers toModifiers(const juce::ModifierKeys& modifiers) {
   platform::Modifiers result = platform::Modifiers::none;
   if (modifiers.isShiftDown()) result = result | platform::Modifiers::shift;
