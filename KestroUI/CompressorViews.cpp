@@ -126,8 +126,8 @@ void CompressorView::paintPicture(platform::Canvas& canvas) {
   const Rect place = curvePlace();
   const Scale all = scale();
   std::vector<double> lines;
-  for (double level = std::ceil(all.low / 12) * 12; level <= all.high; level += 12)
-    lines.push_back((level - all.low) / (all.high - all.low));
+  for (int line = static_cast<int>(std::ceil(all.low / 12)); line * 12 <= all.high; ++line)
+    lines.push_back((line * 12 - all.low) / (all.high - all.low));
   Plot::paintGrid(canvas, place, lines, lines, 0.3f);
   Path unity;
   unity.moveTo({place.x, place.maxY()});

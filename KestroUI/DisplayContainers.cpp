@@ -1,5 +1,7 @@
 #include "KestroUI/DisplayContainers.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace kestroui {
@@ -54,9 +56,9 @@ const std::vector<std::string>& ThreeBandCompressorContainer::bandKeys() {
   return keys;
 }
 
-void OscilloscopeContainer::setBuffers(std::vector<const platform::LiveBuffer*> buffers) {
-  if (buffers.size() > 1) buffers.erase(buffers.begin() + 1, buffers.end());
-  view_.setBuffers(std::move(buffers));
+void OscilloscopeContainer::setBuffers(const std::vector<const platform::LiveBuffer*>& buffers) {
+  const auto count = static_cast<std::ptrdiff_t>(std::min<std::size_t>(1, buffers.size()));
+  view_.setBuffers({buffers.begin(), buffers.begin() + count});
 }
 
 void OscilloscopeContainer::updateModulation() {

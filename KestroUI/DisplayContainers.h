@@ -115,7 +115,7 @@ class OscilloscopeContainer : public DisplayContainer {
 
   /// The sounds that it may show, of which it shows the first. They must live as long as
   /// updateModulation is called.
-  virtual void setBuffers(std::vector<const platform::LiveBuffer*> buffers);
+  virtual void setBuffers(const std::vector<const platform::LiveBuffer*>& buffers);
   std::size_t bufferCount() const { return view_.bufferCount(); }
 
   ValueForm valueForm(std::size_t index) const override {
@@ -136,8 +136,8 @@ class OscilloscopeContainer : public DisplayContainer {
 /// Several sounds as they are now, each in a colour of its own.
 class MultiOscilloscopeContainer : public OscilloscopeContainer {
  public:
-  void setBuffers(std::vector<const platform::LiveBuffer*> buffers) override {
-    view().setBuffers(std::move(buffers));
+  void setBuffers(const std::vector<const platform::LiveBuffer*>& buffers) override {
+    view().setBuffers(buffers);
   }
 };
 

@@ -207,7 +207,8 @@ DisplayView::Strips DisplayView::strips() const {
   const auto fitting = [&](double width) {
     return static_cast<std::size_t>(std::clamp(std::floor(face.width / width), 1.0, 64.0));
   };
-  const auto rows = [&] { return static_cast<double>((count - 1) / result.perRow + 1); };
+  const auto rowsOf = [count](std::size_t perRow) { return (count + perRow - 1) / perRow; };
+  const auto rows = [&] { return static_cast<double>(rowsOf(result.perRow)); };
   result.rowHeight = stripHeight * faceScale();
   // Too many for their place: narrower, then lower, down to nothing to take hold of.
   for (const double part : {1.0, 0.5, 0.3}) {
@@ -215,8 +216,7 @@ DisplayView::Strips DisplayView::strips() const {
     if (rows() * (result.rowHeight + stripGap) <= limit) break;
   }
   // Rows of about the same number.
-  const auto rowCount = static_cast<std::size_t>(rows());
-  result.perRow = (count + rowCount - 1) / rowCount;
+  result.perRow = rowsOf(rowsOf(result.perRow));
   result.rowHeight = std::min(result.rowHeight, limit / rows() - stripGap);
   if (result.rowHeight < 5) {
     result.rowHeight = 0;
@@ -230,7 +230,8 @@ DisplayView::Strips DisplayView::strips() const {
 Rect DisplayView::stripAt(const Strips& strips, std::size_t place) const {
   if (strips.area.isEmpty()) return {};
   const auto column = static_cast<double>(place % strips.perRow);
-  const auto row = static_cast<double>(place / strips.perRow);
+  const std::size_t rowsAbove = place / strips.perRow;
+  const auto row = static_cast<double>(rowsAbove);
   const double width = strips.area.width / static_cast<double>(strips.perRow);
   return {strips.area.x + column * width,
           strips.area.y + stripGap + row * (strips.rowHeight + stripGap),

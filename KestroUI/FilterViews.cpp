@@ -53,8 +53,8 @@ void ResponseView::paintShape(Canvas& canvas, const Rect& plot) {
   }
   std::vector<double> lines{levelShare(0)};
   if (isRoomy)
-    for (double level = std::ceil(bottom / 12) * 12; level < top; level += 12)
-      if (level != 0 && level > bottom) lines.push_back(levelShare(level));
+    for (int line = static_cast<int>(std::floor(bottom / 12)) + 1; line * 12 < top; ++line)
+      if (line != 0) lines.push_back(levelShare(line * 12));
   Plot::paintGrid(canvas, plot,
                   {Plot::shareOfHertz(100), Plot::shareOfHertz(1000), Plot::shareOfHertz(10000)},
                   lines, 0.45f);

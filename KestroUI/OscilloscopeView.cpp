@@ -32,7 +32,7 @@ std::size_t risingEdge(const std::vector<float>& samples, std::size_t length) {
 
 OscilloscopeView::OscilloscopeView() : DisplayView(partsOfAScope) {}
 
-void OscilloscopeView::setBuffers(std::vector<const platform::LiveBuffer*> buffers) {
+void OscilloscopeView::setBuffers(const std::vector<const platform::LiveBuffer*>& buffers) {
   traces_.clear();
   for (const platform::LiveBuffer* buffer : buffers)
     if (buffer) traces_.push_back({buffer, 0, {}});
@@ -75,7 +75,7 @@ std::size_t OscilloscopeView::window(const Trace& trace) const {
   const double share = amount(zoom, 1, Source::live);
   // Half of what there is at most, so that a rise through zero can be looked for in the rest.
   const auto limit = trace.samples.size() / 2;
-  const auto wanted = static_cast<std::size_t>(static_cast<double>(longest / 2) *
+  const auto wanted = static_cast<std::size_t>(0.5 * static_cast<double>(longest) *
                                                std::exp2(halvings * (share - 1)));
   return std::min(limit, std::max(wanted, minWindow));
 }

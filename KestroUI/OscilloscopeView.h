@@ -20,7 +20,7 @@ class OscilloscopeView : public DisplayView {
   OscilloscopeView();
 
   /// Read at once. They must live until the next call, or until `read` is called no more.
-  void setBuffers(std::vector<const platform::LiveBuffer*> buffers);
+  void setBuffers(const std::vector<const platform::LiveBuffer*>& buffers);
   std::size_t bufferCount() const { return traces_.size(); }
   /// Copies what is new; nothing is repainted when there is nothing.
   void read();

@@ -90,7 +90,8 @@ void ShapeControl::setText(std::size_t index, const std::string& text) {
 
 const std::string& ShapeControl::text(std::size_t index) const {
   static const std::string none;
-  return at(index) ? at(index)->text : none;
+  const Value* const known = at(index);
+  return known ? known->text : none;
 }
 
 void ShapeControl::setLive(std::size_t index, std::optional<float> value) {

@@ -265,9 +265,9 @@ void ShapeControl::nudge(std::size_t index, double shareBy, bool all) {
   choose(index);
   setNeedsDisplay();
   const double target = share(index) + shareBy;
-  changeOnce([this, index, target, all] {
+  changeOnce([this, index, target, all, together = movedWith(index, all)] {
     const platform::Weak<ShapeControl> alive = this;
-    for (const std::size_t moved : movedWith(index, all))
+    for (const std::size_t moved : together)
       if (alive && !isHeld(moved)) hold(moved);
     if (!alive) return;
     const bool changed = moveTo(index, target, all);

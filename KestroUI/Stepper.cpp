@@ -65,7 +65,8 @@ void Stepper::touchBegan(const toolkit::Touch& touch) {
     DragControl::touchBegan(touch);
     return;
   }
-  KestroControl::touchBegan(touch);
+  // A press of a sign is no drag.
+  KestroControl::touchBegan(touch);  // NOLINT(bugprone-parent-virtual-call)
   if (!alive) return;
   pressed_ = part;
   beginGesture();
@@ -102,7 +103,7 @@ void Stepper::touchEnded(const toolkit::Touch& touch) {
     return;
   }
   const platform::Weak<Stepper> alive = this;
-  KestroControl::touchEnded(touch);
+  KestroControl::touchEnded(touch);  // NOLINT(bugprone-parent-virtual-call)
   if (alive) stopRepeating();
 }
 
@@ -112,7 +113,7 @@ void Stepper::touchCancelled(const toolkit::Touch& touch) {
     return;
   }
   const platform::Weak<Stepper> alive = this;
-  KestroControl::touchCancelled(touch);
+  KestroControl::touchCancelled(touch);  // NOLINT(bugprone-parent-virtual-call)
   if (alive) stopRepeating();
 }
 

@@ -167,7 +167,7 @@ void ControlBuilder::applyDisplay(Container& container) const {
       if (audioUnit_)
         for (const platform::LiveBuffer* buffer : audioUnit_->liveBuffers(key->key()))
           buffers.push_back(buffer);
-    scope->setBuffers(std::move(buffers));
+    scope->setBuffers(buffers);
   }
   if (!container.key()) return;
   const auto source = [unit = platform::Weak<platform::AudioUnit>(audioUnit_),

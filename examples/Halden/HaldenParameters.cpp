@@ -84,7 +84,9 @@ void addRow(std::vector<ParameterDescription>& all, const std::string& key, cons
   int number_ = 0;
   for (const float standard : standards) {
     const std::string place = std::to_string(++number_);
-    all.push_back(number(key + place, name + " " + place, Unit::percent, minimum, 100, standard));
+    std::string title = name;
+    title.append(" ").append(place);
+    all.push_back(number(key + place, title, Unit::percent, minimum, 100, standard));
     all.back().publishesLive = number_ == 1;
   }
 }
@@ -100,6 +102,7 @@ std::vector<std::string> lfoWaves() {
 
 std::vector<std::string> divisionNames() {
   std::vector<std::string> names;
+  names.reserve(std::size(divisions));
   for (const Division& division : divisions) names.emplace_back(division.name);
   return names;
 }

@@ -19,10 +19,10 @@ void MonitorContainer::setMode(MonitorMode mode) {
   setNeedsDisplay();
 }
 
-void MonitorContainer::setBuffers(std::vector<const platform::LiveBuffer*> buffers) {
+void MonitorContainer::setBuffers(const std::vector<const platform::LiveBuffer*>& buffers) {
   const auto buffer = [&](std::size_t i) { return i < buffers.size() ? buffers[i] : nullptr; };
   monitor_.setBuffers(buffer(0), buffer(1));
-  OscilloscopeContainer::setBuffers(std::move(buffers));
+  OscilloscopeContainer::setBuffers(buffers);
 }
 
 void MonitorContainer::updateModulation() {

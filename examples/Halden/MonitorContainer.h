@@ -20,7 +20,7 @@ class MonitorContainer : public kestroui::OscilloscopeContainer {
   /// In hertz; asked at each display frame that shows a spectrum. Must be set.
   std::function<double()> sampleRate;
 
-  void setBuffers(std::vector<const platform::LiveBuffer*> buffers) override;
+  void setBuffers(const std::vector<const platform::LiveBuffer*>& buffers) override;
   void updateModulation() override;
   void draw(const platform::Rect& rect) override;
 

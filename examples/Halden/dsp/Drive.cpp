@@ -82,8 +82,8 @@ float Drive::Channel::process(float input, const Settings& settings, int sample)
   // Each history is written twice, half its length apart, so that it can be read in one piece.
   position = (position + historyLength - 1) % historyLength;
   const auto write = [this](History& history, float value) {
-    history[static_cast<std::size_t>(position)] = value;
-    history[static_cast<std::size_t>(position + historyLength)] = value;
+    const auto place = static_cast<std::size_t>(position);
+    history[place] = history[place + historyLength] = value;
   };
   const auto at = [this](const History& history) { return history.data() + position; };
 
@@ -109,7 +109,7 @@ void Drive::process(const Settings& settings, int begin, int count, float* left,
       const float input = sides[side][i];
       const float clipped = channel.process(input, settings, at);
       const float wet = channel.tone.low(clipped, toneShare) * settings.outputGain.at(at);
-      const float dry = channel.slow[static_cast<std::size_t>(channel.position + latency)];
+      const float dry = channel.slow[static_cast<std::size_t>(channel.position) + latency];
       const float mixed = dry + settings.mix.at(at) * (wet - dry);
       sides[side][i] = input + settings.amount.at(at) * (mixed - input);
     }

@@ -43,7 +43,7 @@ class Drive {
   /// Half-band filter: `taps` of its coefficients are not zero beside the middle one.
   static constexpr int taps = 8;
   static constexpr int historyLength = 32;
-  using History = std::array<float, 2 * historyLength>;
+  using History = std::array<float, std::size_t{2} * historyLength>;
 
   struct Channel {
     float process(float input, const Settings& settings, int sample);

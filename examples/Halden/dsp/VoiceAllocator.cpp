@@ -59,10 +59,10 @@ VoiceAllocator::Slot& VoiceAllocator::freeSlot() {
     if (slot.voice.isIdle()) return slot;
   }
   // More than sixteen were stolen within the time of one fade: the one that is nearest its end.
-  Slot* quietest = nullptr;
+  Slot* quietest = slots_.data();
   for (Slot& slot : slots_) {
-    if (slot.fading && (!quietest || slot.voice.level() < quietest->voice.level()))
-      quietest = &slot;
+    const bool isSofter = !quietest->fading || slot.voice.level() < quietest->voice.level();
+    if (slot.fading && isSofter) quietest = &slot;
   }
   quietest->voice.reset();
   return *quietest;

@@ -61,7 +61,7 @@ class VoiceAllocator {
   void removeKey(int note);
   void fade(Slot& slot);
 
-  std::array<Slot, 2 * polyphony> slots_;
+  std::array<Slot, std::size_t{2} * polyphony> slots_;
   std::array<Key, 128> keys_{};
   int keyCount_ = 0;
   std::uint64_t order_ = 0;
