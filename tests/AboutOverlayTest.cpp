@@ -93,6 +93,20 @@ TEST_F(AboutOverlayTest, likeAsksTheStoreWhereAHostHasOneAndOpensItsPageElsewher
   }
 }
 
+TEST_F(AboutOverlayTest, whatIsOpenedLastIsInFront) {
+  window.show(controller);
+  MenuBar& bar = controller.menuBar();
+  OverlaysView& overlays = controller.overlaysView();
+  for (int round = 0; round < 2; ++round) {
+    bar.onAboutButton();
+    EXPECT_EQ(overlays.subviews().back(), &about());
+    EXPECT_EQ(bar.subviews().back(), &bar.aboutButton()) << "it closes what it has opened";
+    bar.onPresetButton();
+    EXPECT_EQ(overlays.subviews().back(), &overlays.presetViewOverlay());
+    bar.onPresetButton();
+  }
+}
+
 TEST_F(AboutOverlayTest, likeIsLeftOutWithoutAnIdentifierOrAPage) {
   {
     const foundation::MainBundle bundle({{"CFBundleDisplayName", "Foam"},

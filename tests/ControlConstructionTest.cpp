@@ -197,9 +197,19 @@ TEST_F(ControlConstructionTest, AReadyMadeControlIsBoundAnewByEachConnection) {
   EXPECT_EQ(own.use_count(), 1);
 }
 
+TEST_F(ControlConstructionTest, AKnobOfASwitchHasTwoPlaces) {
+  build({paramKey("on", ControlType::knob), paramKey("a", ControlType::multiple, {"on"})});
+  EXPECT_EQ(control<AUKnobContainer>("on").knob().stepCount(), 1);
+  EXPECT_EQ(control<kestroui::MultipleContainer>("a").subContainer("on")->control()->stepCount(),
+            1);
+}
+
 TEST_F(ControlConstructionTest, KeysThatThePagesUseNeedNoSettings) {
-  design->addPage("P", {support::section("S", {"a", "shape"}, "on")});
+  const auto section = support::section("S", {"a", "shape"}, "on");
+  section->feedbackParameter = "b";
+  design->addPage("P", {section});
   build({});
+  EXPECT_EQ(controller.container("b")->title(), "Beta") << "which only a corner names";
   EXPECT_EQ(typeOf(*controller.container("a")), type<AUKnobContainer>());
   EXPECT_EQ(controller.container("a")->title(), "Alpha");
   EXPECT_EQ(typeOf(*controller.container("shape")), type<kestroui::DropDownListContainer>());

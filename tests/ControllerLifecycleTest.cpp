@@ -60,6 +60,7 @@ TEST_F(ControllerLifecycleTest, APluginMustSayWhatItIs) {
   controller->givenProductId = "org.example.test";
   controller->view();
   EXPECT_EQ(controller->controls().count(), 2u);
+  EXPECT_EQ(controller->menuBar().productId, "org.example.test") << "for the address of its help";
 }
 
 TEST_F(ControllerLifecycleTest, AnErrorOfTheAudioUnitReachesTheHost) {
@@ -278,6 +279,26 @@ TEST_F(ControllerLifecycleTest, ADoubleTapAsksOrResetsUnlessItIsDisabled) {
   EXPECT_EQ(unit->parameter("a")->value(), 0.25f);
   EXPECT_EQ(knob.control()->modulatedValue(), 0);
   EXPECT_TRUE(controller->enterValueOverlay().isHidden());
+  controller->connectViewWithAU();
+  EXPECT_EQ(controller->doubleTappedKey(), nullptr) << "what it named is gone";
+  unit->parameter("a")->setValue(0.5f);
+  controller->reset();
+  EXPECT_EQ(unit->parameter("a")->value(), 0.5f);
+}
+
+TEST_F(ControllerLifecycleTest, OfTwoFactoryPresetsOfOneNameTheOneThatIsSetIsChosen) {
+  quillon::CommonAudioUnit twins({{.key = "a", .address = 1}, {.key = "b", .address = 2}},
+                                 {{{.number = 1, .name = "Twin"}, {{"a", 0.1f}}},
+                                  {{.number = 2, .name = "Twin"}, {{"a", 0.2f}}}});
+  support::TestController controller(design);
+  controller.setAudioUnit(&twins);
+  controller.view();
+  for (const int number : {2, 1, 2}) {
+    twins.setCurrentPreset(number);
+    controller.rebuildPresetList();
+    ASSERT_NE(controller.selectedPreset(), nullptr);
+    EXPECT_EQ(controller.selectedPreset()->id, number);
+  }
 }
 
 TEST_F(ControllerLifecycleTest, TheMenuBarStepsThroughThePresets) {

@@ -63,6 +63,13 @@ TEST_F(MenuBarTest, itsViewsAreInTheOrderInWhichTheyAreDrawn) {
                           &bar->arrowLeft(), &bar->arrowRight(), &bar->randomizeButton()));
 }
 
+TEST_F(MenuBarTest, withoutAListOfPresetsThereIsNothingToStepThroughOrToOpen) {
+  show();
+  EXPECT_TRUE(bar->arrowLeft().isHidden());
+  EXPECT_TRUE(bar->arrowRight().isHidden());
+  EXPECT_TRUE(bar->presetNameLabel().isHidden());
+}
+
 TEST_F(MenuBarTest, thePresetButtonShowsItsPictureUntilThereIsAName) {
   kestroui::SimpleButton& button = bar->presetNameLabel();
   const platform::Image picture = button.image();

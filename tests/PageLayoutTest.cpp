@@ -177,17 +177,25 @@ TEST_F(SettingsViewControllerTest, RemovingAPageKeepsTheOneThatIsShown) {
     int shown, removed, current;
   };
   add("k");
-  load(4);
-  for (const Case& c : {Case{1, 1, 1}, {2, 0, 1}, {1, 1, 0}}) {
+  load(5);
+  support::EditorWindow window({900, 600});
+  window.host.addChild(settings);
+  window.host.view().addSubview(settings.view());
+  for (const Case& c : {Case{1, 1, 1}, {1, 0, 0}, {2, 0, 1}, {1, 1, 0}}) {
     settings.setCurrentPage(c.shown);
+    window.window.prepareFrame();
     settings.removePage(c.removed);
+    window.window.prepareFrame();
     EXPECT_EQ(settings.currentPage(), c.current);
+    const auto& tabs = settings.pageNavigation().pageButtons();
+    EXPECT_NEAR(tabs.back()->frame().maxX(), tabs.size() > 1 ? 900 : 450, 0.01)
+        << "the tabs that are left share the width";
     EXPECT_EQ(settings.pageNavigation().pages().size(), settings.pageViews().size());
     const auto current = static_cast<std::size_t>(c.current);
     EXPECT_TRUE(settings.pageViews()[current]->isVisible());
     EXPECT_TRUE(settings.pageNavigation().pageButtons()[current]->isSelected());
   }
-  EXPECT_EQ(settings.pageNavigation().pages(), std::vector<std::string>{"Page 2"});
+  EXPECT_EQ(settings.pageNavigation().pages(), std::vector<std::string>{"Page 3"});
   EXPECT_TRUE(settings.pageNavigation().isHidden());
   settings.removePage(0);
   EXPECT_EQ(settings.pageViews().size(), 1u);

@@ -183,6 +183,11 @@ TEST_F(PresetNamingTest, AFactoryPresetsNameIsFreeForTheUser) {
   EXPECT_EQ(unit.currentPreset(), 3) << "not the user's";
   loop.advance(0.3);
   EXPECT_FALSE(editor.selectedPreset()->isUserPreset);
+  for (const auto& preset : editor.overlaysView().presetList().presetFileList())
+    if (preset->name == "Init" && preset->isUserPreset) editor.selectPreset(preset);
+  editor.overlaysView().presetList().setSelectedPreset(nullptr);
+  editor.rebuildPresetList();
+  EXPECT_TRUE(editor.selectedPreset()->isUserPreset) << "not the factory's";
 }
 
 TEST_F(PresetNamingTest, ClosingTheBrowserClosesWhatItAsks) {
@@ -207,6 +212,26 @@ TEST_F(PresetNamingTest, KeysThatADialogHasAreNotTheSearchs) {
   EXPECT_THAT(texts(), Contains("1 of 2"));
   browser().searchTextChanged("Inox");
   EXPECT_THAT(texts(), Contains("Nothing matches. Clear the search, the categories or the bank."));
+}
+
+TEST_F(PresetNamingTest, TheArrowsInTheMenuBarMoveTheMarkInTheOpenList) {
+  save("Foam");
+  save("Spray");
+  browser().setHidden(false);
+  orvane::PresetListTableViewController& list = editor.overlaysView().presetList();
+  for (int i = 0; i < 3; ++i) {
+    editor.menuBar().onPresetArrow(editor.menuBar().arrowRight());
+    const auto row = list.tableView().indexPathForSelectedRow();
+    ASSERT_TRUE(row.has_value());
+    auto* cell = dynamic_cast<orvane::PresetCell*>(&list.cellForRowAt(list.tableView(), *row));
+    EXPECT_EQ(cell->textLabel().text(), editor.selectedPreset()->name);
+  }
+}
+
+TEST_F(PresetNamingTest, TheHostsShortcutsAreNoSearch) {
+  EXPECT_FALSE(
+      window.window.keyPressed({platform::Key::character, platform::Modifiers::control, "s"}));
+  EXPECT_EQ(browser().searchBar().textField().text(), "");
 }
 
 TEST_F(PresetNamingTest, TypingGoesOnWithASearchThatWasLeft) {

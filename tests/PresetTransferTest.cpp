@@ -36,7 +36,7 @@ class Editor : public support::TestController {
 
 class PresetTransferTest : public support::PresetBench {
  protected:
-  PresetTransferTest() {
+  explicit PresetTransferTest(bool hasCloud = false) : PresetBench(hasCloud) {
     editor.setAudioUnit(&unit);
     window.show(editor);
     manager().createPresetDirectories();
@@ -127,6 +127,43 @@ TEST_F(PresetTransferTest, AllPresetsLeaveAsPropertyLists) {
   EXPECT_EQ(namesIn(folder / "tmp/UserPresets"), (Names{"old.synth", "plain.other.synth"}));
   EXPECT_EQ(listAt(folder / "tmp/UserPresets/old.synth"), PropertyList(Dictionary{{"a", 1}}));
   EXPECT_EQ(textOf(folder / "tmp/UserPresets/plain.other.synth"), xml);
+}
+
+struct CloudTransferTest : PresetTransferTest {
+  CloudTransferTest() : PresetTransferTest(true) {}
+};
+
+TEST_F(CloudTransferTest, AllPresetsAreThoseOfTheCloudToo) {
+  const std::string xml = foundation::writeXmlPropertyList(Dictionary{{"b", 2}});
+  folder.write("data/Presets/here.synth", xml);
+  folder.write("cloud/Documents/Presets/there.synth", xml);
+  editor.exportAll();
+  EXPECT_EQ(namesIn(folder / "tmp/UserPresets"), (Names{"here.synth", "there.synth"}));
+}
+
+TEST_F(PresetTransferTest, WhereThereIsRoomTheSheetStandsByTheEditor) {
+  struct Screen : platform::Application, platform::Presentation {
+    bool open(const std::string&) override { return false; }
+    platform::Presentation* presentation() override { return this; }
+    Idiom userInterfaceIdiom() const override { return idiom; }
+    void present(const platform::ActivitySheet& sheet) override { shown = sheet; }
+    void present(const platform::DocumentPicker&) override {}
+    void present(const platform::Alert&) override {}
+    Idiom idiom = Idiom::phone;
+    std::optional<platform::ActivitySheet> shown;
+  } screen;
+  Editor other;
+  other.setAudioUnit(&unit);
+  support::EditorWindow wide({800, 600}, &screen);
+  wide.show(other);
+  other.exportAll();
+  ASSERT_TRUE(screen.shown.has_value());
+  EXPECT_FALSE(screen.shown->popover.has_value());
+  screen.idiom = platform::Presentation::Idiom::pad;
+  other.exportAll();
+  ASSERT_TRUE(screen.shown->popover.has_value());
+  EXPECT_EQ(screen.shown->popover->sourceRect, (platform::Rect{0, 0, 800, 600}));
+  EXPECT_EQ(screen.shown->popover->contentSize, (platform::Size{320, 400}));
 }
 
 TEST_F(PresetTransferTest, APackReplacesItsEarlierVersionWhole) {
