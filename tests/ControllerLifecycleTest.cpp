@@ -198,6 +198,7 @@ TEST_F(ControllerLifecycleTest, TheContentKeepsItsProportions) {
 
 TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   const auto controller = make();
+  design->givenPages[0]->sections[0].section->color = platform::Color::rgb(0x00ff00);
   controller->givenFoot = {support::paramKey("b", kestroui::ControlType::slider), nullptr};
   controller->givenFootRatio = 0.25;
   support::EditorWindow window({400, 300});
