@@ -6,7 +6,11 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "Orvane/KestroAUViewController.h"
 #include "tests/support/RunTool.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tools/orvane/DescriptionReader.h"
+#include "tools/orvane/Plugin.h"
 
 namespace {
 
@@ -199,6 +203,89 @@ TEST(Description, AMemberThatIsGivenTwiceIsToldAtEachLevel) {
               ElementsAre("name: this member is given twice",
                           "parameters[1].min: this member is given twice",
                           "parameters[1].min.x: this member is given twice"));
+}
+
+TEST(Description, EveryFieldIsTakenAsItStands) {
+  const TemporaryFile file(R"({
+    "name": "N", "version": "2", "build": "3", "productId": "p", "presetExtension": "e",
+    "contentRatio": 2, "footHeightRatio": 0.2, "foot": [null, "b"], "categories": ["C"],
+    "storeIdentifier": "id7", "displays": ["Sine", "Saw"], "areDisplaysIconWaveforms": true,
+    "presetViewUseFilters": true, "allowImportAndExport": true,
+    "addresses": {"maker": "M", "helpHost": "1", "reviewPage": "2", "allApps": "3", "feedback": "4",
+      "website": "5", "facebook": "6", "youtube": "7", "instagram": "8", "twitter": "9"},
+    "parameters": [
+      {"key": "a", "address": 40, "min": -1, "max": 1, "default": 0.5, "unit": "indexed",
+       "flags": ["displayLogarithmic", "nonRealTime"], "strings": ["x", "y", "z"], "name": "A",
+       "control": "simpleCurve", "attached": ["b"], "inverted": true, "links": [true, false, true],
+       "colors": ["#010203", "#0a0b0c80"], "controlColor": "#ff0000"}, {"key": "b"}],
+    "pages": [{"title": "T", "sections": [{"name": "S", "color": "#00ff00"}, {
+      "name": "R", "row": 4, "horizontalWeight": 2, "verticalWeight": 3, "columnOffset": 0,
+      "fillNameSpace": true, "displayGradient": false, "state": "b", "feedback": "a",
+      "columns": [{"weight": 5, "slots": [
+        {"param": "a", "weight": 6, "offset": 7, "widthRatio": 8, "siblings": [null]}]}]}]}],
+    "factoryPresets": [{"name": "F", "number": 9, "bank": "B", "categories": ["c"], "pack": "K",
+      "values": {"a": 1}}]})");
+  tool::Problems problems;
+  const tool::DescribedPlugin read =
+      tool::readDescription(support::textOf(file.path()), "other", problems);
+  ASSERT_TRUE(problems.empty()) << problems.front().text;
+  const std::string texts[] = {read.name,      read.version,         read.build,
+                               read.productId, read.presetExtension, read.storeIdentifier};
+  EXPECT_THAT(texts, ElementsAre("N", "2", "3", "p", "e", "id7"));
+  EXPECT_EQ(read.contentRatio + read.footHeightRatio, 2.2);
+  EXPECT_THAT(read.foot, ElementsAre(std::nullopt, "b"));
+  EXPECT_THAT(read.displays, ElementsAre("Sine", "Saw"));
+  EXPECT_TRUE(read.areDisplaysIconWaveforms && read.presetViewUseFilters &&
+              read.allowImportAndExport);
+  const orvane::MakerAddresses& at = read.addresses;
+  EXPECT_EQ(at.maker + at.helpHost + at.reviewPage + at.allApps + at.feedback, "M1234");
+  EXPECT_EQ(at.website + at.facebook + at.youtube + at.instagram + at.twitter, "56789");
+
+  const auto& [audio, settings] = read.parameters.at(0);
+  EXPECT_EQ(audio.address, 40u);
+  EXPECT_EQ(audio.minValue, -1);
+  EXPECT_EQ(audio.defaultValue, 0.5f);
+  EXPECT_EQ(audio.unit, platform::AudioUnitParameterUnit::indexed);
+  namespace Flags = platform::AudioUnitParameterFlags;
+  EXPECT_EQ(audio.flags,
+            Flags::readable | Flags::writable | Flags::displayLogarithmic | Flags::nonRealTime);
+  EXPECT_THAT(audio.valueStrings, ElementsAre("x", "y", "z"));
+  EXPECT_EQ(settings.displayName, "A");
+  EXPECT_THAT(settings.attachedParameters, ElementsAre("b"));
+  EXPECT_TRUE(settings.inverted);
+  EXPECT_THAT(settings.links, ElementsAre(true, false, true));
+  EXPECT_THAT(settings.colors,
+              ElementsAre(platform::Color::rgb(0x010203), *platform::Color::parse("#0a0b0c80")));
+  EXPECT_EQ(settings.controlColor, platform::Color::rgb(0xff0000));
+
+  const orvane::UISection& placed = read.pages.at(0).sections.at(1);
+  const double places[] = {placed.horizontalWeightInPage, placed.verticalWeightInPage,
+                           static_cast<double>(placed.rowIndex),
+                           placed.section->stack[0].horizontalWeightInSection};
+  EXPECT_THAT(places, ElementsAre(2, 3, 4, 5));
+  EXPECT_TRUE(placed.section->fillNameSpace && !placed.section->displayGradient);
+  EXPECT_EQ(*placed.section->stateParameter + *placed.section->feedbackParameter, "ba");
+  EXPECT_EQ(read.pages[0].sections[0].section->color, platform::Color::rgb(0x00ff00));
+  const orvane::UIParameter& slot = placed.section->stack[0].params[0];
+  const double shares[] = {slot.verticalWeightInColumn, slot.verticalOffsetInColumn,
+                           slot.widthRatio};
+  EXPECT_THAT(shares, ElementsAre(6, 7, 8));
+  EXPECT_THAT(slot.siblings, ElementsAre(std::nullopt));
+  const auto& [preset, values] = read.factoryPresets.at(0);
+  EXPECT_EQ(preset.number, 9);
+  EXPECT_EQ(preset.name + preset.bank + preset.pack + preset.categories[0], "FBKc");
+  EXPECT_EQ(values.at("a"), 1);
+}
+
+TEST(Description, ItsPluginHasTheSizeAndTheGroupThatItSays) {
+  for (const auto& [ratio, size] :
+       {std::pair("0.5", platform::Size{1024, 512}), std::pair("2", platform::Size{512, 1024})}) {
+    const TemporaryFile file(std::string(R"({"name": "\u00dcber 9", "contentRatio": )") + ratio +
+                             R"(, "pages": [{"sections": [{}]}]})");
+    const tool::Plugin plugin = tool::loadPlugin(file.path());
+    EXPECT_EQ(plugin.entry.preferredSize, size);
+    EXPECT_EQ(plugin.entry.createViewController()->groupBundleId(), "group.ber9");
+  }
 }
 
 TEST(Description, NearlyEverythingMayBeLeftOut) {

@@ -123,11 +123,13 @@ TEST(Drive, OnlyTheControlsOfTheShownPageAreFound) {
 
 TEST(Drive, LiveValuesAreShownAtTheNextFrame) {
   const auto answers = drive(
-      "modulate cutoff on\nlive cutoff 5000\nwait 0.1\nget cutoff\n"
-      "modulate cutoff off\nwait 0.1\nget cutoff");
-  EXPECT_EQ(answers[3]["modulated"], true);
-  EXPECT_EQ(answers[3]["value"], 1000);
-  EXPECT_EQ(answers[6]["modulated"], false);
+      "modulate cutoff on\nget cutoff\nlive cutoff 5000\nwait 0.1\nget cutoff\nframes\n"
+      "live cutoff 9000\nwait 0.1\nframes\nmodulate cutoff off\nwait 0.1\nget cutoff");
+  EXPECT_EQ(answers[1]["modulated"], false) << "not shown yet";
+  EXPECT_EQ(answers[4]["modulated"], true);
+  EXPECT_EQ(answers[4]["value"], 1000);
+  EXPECT_GE(answers[8]["repaints"], 1) << "where it is";
+  EXPECT_EQ(answers[11]["modulated"], false);
 }
 
 TEST(Drive, TimePassesOnlyByWaiting) {
@@ -166,6 +168,7 @@ TEST(Drive, PresetsAreChosenByNameAndStepped) {
 TEST(Drive, KeysGoToTheControlThatHasTheKeyboard) {
   const auto answers = drive("key q\ntap key:cutoff\nkey tab\nkey up\nkey shift+tab\n");
   EXPECT_EQ(answers[0]["used"], false);
+  EXPECT_EQ(answers[3]["used"], true);
   for (const json& answer : answers) EXPECT_EQ(answer["ok"], true) << answer;
 }
 
@@ -215,6 +218,14 @@ TEST(Drive, AControlOfSeveralParametersIsReachedByEachKey) {
   EXPECT_GT(shape[2]["value"], 100);
   EXPECT_EQ(shape[3]["value"], 600);
   EXPECT_EQ(shape[4]["value"], drive("get decay", "all-kinds.json")[0]["value"]);
+}
+
+TEST(Drive, AParameterIsReachedInItsOwnControlBeforeAnothers) {
+  const support::TemporaryFile file(R"({
+    "parameters": [{"key": "own", "default": 0.5},
+      {"key": "attack", "control": "adsr", "attached": ["own"], "default": 0.5}],
+    "pages": [{"sections": [{"columns": [{"slots": [{"param": "own"}, {"param": "attack"}]}]}]}]})");
+  EXPECT_GT(drive("drag key:own 0 -40\nget own", file.path())[1]["value"], 0.5);
 }
 
 TEST(Drive, AnErrorDoesNotEndTheScript) {
@@ -415,11 +426,11 @@ TEST(Drive, TheTreeTellsTextAndPlaceholderOfATextField) {
     if (node["class"] == "TextField") fields.push_back(node);
     for (const json& child : node["children"]) visit(child);
   };
-  visit(last("doubletap key:cutoff\ntype 12\ntree")["tree"]);
+  visit(last("doubletap key:cutoff\ntype 1\nkey space\nkey 2\ntree")["tree"]);
   ASSERT_EQ(fields.size(), 3u);
   EXPECT_EQ(fields[0]["text"], "");
   EXPECT_EQ(fields[0]["placeholder"], "SEARCH ...");
-  EXPECT_EQ(fields[2]["text"], "12");
+  EXPECT_EQ(fields[2]["text"], "1 2");
   EXPECT_FALSE(fields[1].contains("placeholder")) << "it has none";
 }
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
@@ -116,6 +117,17 @@ TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
   const json installed = run({"pack", "install", folder / "Pads/", "--data", data});
   EXPECT_EQ(installed["files"], 1);
   EXPECT_EQ(namesIn(data + "/PresetPacks/Pads"), Names{"a.example"});
+  const std::string own = data + "/PresetPacks/Pads";
+  EXPECT_THAT(runTool({"presets", "pack", "install", own, "--data", data}).err,
+              HasSubstr(": is installed already"));
+  EXPECT_EQ(namesIn(own), Names{"a.example"});
+  ::mkfifo((folder / "Pads/pipe").c_str(), 0600);
+  const json most = run({"pack", "install", folder / "Pads", "--data", data}, 1);
+  EXPECT_EQ(most["files"], 1);
+  EXPECT_EQ(most["errors"].size(), 1u);
+  const auto told = runTool({"presets", "pack", "install", folder / "Pads", "--data", data});
+  EXPECT_EQ(told.code, 1);
+  EXPECT_THAT(told.err, HasSubstr("\"pipe\""));
   EXPECT_EQ(runTool({"presets", "pack", "install", folder / "Pads"}).code, 2);
   EXPECT_EQ(runTool({"presets", "pack", "install", folder / "none", "--data", data}).code, 1);
 }
@@ -129,8 +141,8 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   const std::string store = folder.write(
       "data/Library/Preferences/group.example.plist",
       foundation::writeXmlPropertyList(Dictionary{
-          {"favpresets",
-           PropertyList::Array{presets + "A.example", presets + "gone.example", "BANK A/Init"}}}));
+          {"favpresets", PropertyList::Array{presets + "A.example", presets + "gone.example",
+                                             "BANK A/Init", "/Init"}}}));
   const auto kinds = [](const json& list) {
     std::vector<std::string> all;
     for (const json& problem : list) all.push_back(problem["kind"]);
@@ -146,6 +158,7 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   EXPECT_EQ(textOf(presets + "A.example"), xmlPreset({"bass", "pad"}));
   EXPECT_THAT(textOf(store), testing::Not(HasSubstr("gone")));
   EXPECT_THAT(textOf(store), HasSubstr("BANK A/Init"));
+  EXPECT_THAT(textOf(store), HasSubstr(">/Init<")) << "a factory preset without a bank";
   EXPECT_EQ(runTool({"presets", "doctor", data}).out, data + ": no problems\n");
 }
 

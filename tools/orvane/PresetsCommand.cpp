@@ -211,8 +211,11 @@ int installPack(const Words& words, Streams streams) {
       [&](const std::string& line) { printed.push_back(line); });
   // With --data all groups have the same container.
   orvane::PresetManager manager(plugin ? groupOf(*plugin) : "presets", {});
-  manager.copyPresetsFromFolder(absolute(folder));
   const std::string pack = manager.presetPackPath(platform::lastPathComponent(absolute(folder)));
+  // Else it would be removed to make room for itself.
+  std::error_code error;
+  if (fs::equivalent(folder, pack, error)) throw Failure(folder + ": is installed already");
+  manager.copyPresetsFromFolder(absolute(folder));
   const auto installed = folders.files().contentsOfDirectory(pack);
   if (!installed) throw Failure(folder + ": the pack could not be installed");
   if (arguments.flag("--json"))
