@@ -5,8 +5,12 @@
 #include <sys/stat.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
+#include <istream>
 #include <nlohmann/json.hpp>
+#include <sstream>
+#include <streambuf>
 
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
@@ -129,6 +133,9 @@ TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
   EXPECT_EQ(told.code, 1);
   EXPECT_THAT(told.err, HasSubstr("\"pipe\""));
   EXPECT_EQ(runTool({"presets", "pack", "install", folder / "Pads"}).code, 2);
+  const json users =
+      run({"pack", "install", folder / "Pads", support::dataFile("example.json")}, 1);
+  EXPECT_THAT(users["pack"], testing::EndsWith("/orvane/group.example/PresetPacks/Pads"));
   EXPECT_EQ(runTool({"presets", "pack", "install", folder / "none", "--data", data}).code, 1);
 }
 
@@ -245,6 +252,36 @@ TEST_F(PresetsCommandTest, WithoutDataAScriptLeavesNothingBehind) {
   EXPECT_EQ(answers[0]["events"].back()["message"], "No preset selected");
   EXPECT_EQ(answers[1]["ok"], true);
   EXPECT_EQ(namesIn(folder / "cloud/Documents"), Names{"Presets"});
+
+  std::filesystem::create_directory(folder / "tmp");
+  const std::string before = std::filesystem::temp_directory_path();
+  ::setenv("TMPDIR", (folder / "tmp").c_str(), 1);
+  EXPECT_EQ(runTool({"tree", support::dataFile("example.json")}).code, 0);
+  ::setenv("TMPDIR", before.c_str(), 1);
+  EXPECT_EQ(namesIn(folder / "tmp"), Names{});
+}
+
+TEST_F(PresetsCommandTest, AUserPresetThatCameWhileTheEditorIsOpenIsFoundByItsName) {
+  // What comes after the first line is asked for when that has been answered.
+  struct Script : std::streambuf {
+    int underflow() override {
+      if (line++ == 1) folder->write("data/Presets/Late.example", xmlPreset({}));
+      text = line == 1 ? "preset user Late\n" : line == 2 ? "preset user Late\nget cutoff\n" : "";
+      setg(text.data(), text.data(), text.data() + text.size());
+      return text.empty() ? traits_type::eof() : text[0];
+    }
+    const support::TemporaryFolder* folder = nullptr;
+    std::string text;
+    int line = 0;
+  } script;
+  script.folder = &folder;
+  std::istream in(&script);
+  std::ostringstream out, err;
+  tool::runTool({"drive", support::dataFile("example.json"), "--data", data}, in, out, err);
+  const auto answers = support::linesOf(out.str());
+  ASSERT_EQ(answers.size(), 3u);
+  EXPECT_THAT(answers[0], HasSubstr("no user preset"));
+  EXPECT_THAT(answers[2], HasSubstr("440.5"));
 }
 
 }  // namespace

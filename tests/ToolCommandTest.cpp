@@ -190,6 +190,17 @@ TEST(ToolCommand, CheckTakesSeveralSizes) {
   EXPECT_THAT(result.out, testing::Not(HasSubstr("at 1024x768")));
 }
 
+TEST(ToolCommand, CheckWantsTwelvePointsForAFinger) {
+  std::ifstream file(dataFile("example.json"));
+  json description = json::parse(file);
+  description["pages"][0]["sections"][0]["feedback"] = "depth";
+  const TemporaryFile plugin(description.dump());
+  const auto lines = linesOf(runTool({"check", plugin.path(), "--size", "250x190", "800x600"}).out);
+  ASSERT_EQ(lines.size(), 3u) << "and one for the parameter whose place is taken";
+  EXPECT_THAT(lines[0], HasSubstr(".state: \"filterOn\" is too small to use: 10.3 by 10.3 points"));
+  EXPECT_THAT(lines[1], HasSubstr(".feedback: \"depth\" is too small to use"));
+}
+
 TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
   std::ifstream file(dataFile("example.json"));
   json description = json::parse(file);
