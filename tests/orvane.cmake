@@ -19,5 +19,6 @@ orvane_add_tests(orvane
     TypedValueTest.cpp
     ValueConflictTest.cpp
     ValueRoadTest.cpp
+    ValueStressTest.cpp
     WebAddressTest.cpp
   DEPENDS orvane::orvane orvane::quillon orvane::toolkit orvane::foundation Threads::Threads)
