@@ -41,11 +41,14 @@ double SettingsViewController::navigationH() {
 void SettingsViewController::doLayout() {
   const platform::Rect bounds = view().bounds();
   const double top = navigationH() + spaceAbovePage;
-  for (std::size_t i = 0; i < pageViews_.size(); ++i) {
-    PageView& page = *pageViews_[i];
-    page.setIsVisible(static_cast<int>(i) == currentPage());
-    if (page.isVisible())
-      page.setFrame({0, top, bounds.width, bounds.height - top - bounds.height * footHRatio});
+  const auto current = static_cast<std::size_t>(currentPage());
+  // Pages that go first give up what they share with the one that comes.
+  for (std::size_t i = 0; i < pageViews_.size(); ++i)
+    if (i != current) pageViews_[i]->setIsVisible(false);
+  if (current < pageViews_.size()) {
+    pageViews_[current]->setIsVisible(true);
+    pageViews_[current]->setFrame(
+        {0, top, bounds.width, bounds.height - top - bounds.height * footHRatio});
   }
   if (pageViews_.size() < 2)
     pageNavigation_.setHidden(true);

@@ -146,6 +146,28 @@ TEST_F(SettingsViewControllerTest, ATabShowsItsPageAndTakesTheControlsAlong) {
   EXPECT_DEATH(settings.setCurrentPage(-1), "There is no page -1");
 }
 
+TEST_F(SettingsViewControllerTest, TheKeyboardGoesInTheDesignsOrderWhicheverPageWasBefore) {
+  for (const char* name : {"switch", "a", "c"}) add(name);
+  const auto design = std::make_shared<support::GivenDesign>();
+  design->addPage("0", {support::section("A", {"a"}, "switch")});
+  design->addPage("1", {support::section("B", {"c"}, "switch")});
+  settings.design = design;
+  settings.controls = controls;
+  settings.view().setFrame({0, 0, 900, 600});
+  settings.viewDidLayoutSubviews();
+  for (const int page : {1, 0, 1}) {
+    settings.setCurrentPage(page);
+    const auto& [name, section] =
+        *settings.pageViews()[static_cast<std::size_t>(page)]->sectionViews().begin();
+    section->draw(section->bounds());
+    const std::vector<toolkit::View*> order(section->subviews().end() - 2,
+                                            section->subviews().end());
+    EXPECT_EQ(order, (std::vector<toolkit::View*>{controls->container("switch").get(),
+                                                  controls->container(page ? "c" : "a").get()}))
+        << page;
+  }
+}
+
 TEST_F(SettingsViewControllerTest, AFootControlExtendsOverTheEmptyEntriesAfterIt) {
   add("k");
   settings.foot_stack = {add("first"), add("A"), nullptr, add("B")};
