@@ -76,7 +76,7 @@ void KestroAUViewController::viewDidLoad() {
     if (unit->hasStore() && productId().empty()) platform::fatal("Must override this");
     connectViewWithAU();
   } else {
-    reloadPresetList();
+    overlaysView_.reloadPresetList();
   }
 }
 

@@ -277,6 +277,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void deletePreset(const UserPreset& preset) override;
   void importPresets() override { importPreset(); }
   void presetViewOverlayDidHide() override {}
+  /// The menu bar shows what the list can do.
+  void presetViewOverlayListDidChange() override;
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
@@ -311,9 +313,6 @@ class KestroAUViewController : public toolkit::ViewController,
   void followHostFrame();
   void followPresetName();
   void setUpOverlays();
-  void reloadPresetList();
-  /// The menu bar shows what the list can do.
-  void followPresetList();
   void tellAudioUnitOfUI(bool visible);
   void loadPresetStorage();
   void followAudioUnitWithPresets();

@@ -59,15 +59,9 @@ void KestroAUViewController::rebuildPresetList() {
   auto* unit = audioUnit();
   if (unit) unit->rebuildPresetList();
   overlaysView_.initPresetList(unit, isLoadingUserPreset);
-  followPresetList();
 }
 
-void KestroAUViewController::reloadPresetList() {
-  overlaysView_.reloadPresetList();
-  followPresetList();
-}
-
-void KestroAUViewController::followPresetList() {
+void KestroAUViewController::presetViewOverlayListDidChange() {
   const auto& list = overlaysView_.presetList();
   menuBar_.setCanStepPresets(list.presetListForNextAndPrevious().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
@@ -102,7 +96,7 @@ void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& prese
   // A file that is gone, or is no preset, has left the sound as it was: then the list says so.
   const std::string name = unit->currentPresetName();
   if (name.empty() || name == preset->name) return;
-  reloadPresetList();
+  overlaysView_.reloadPresetList();
   overlaysView_.followCurrentPreset(*unit);
 }
 
@@ -115,7 +109,7 @@ void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset)
 
 void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>& preset) {
   if (!overlaysView_.isInit()) isLoadingUserPreset = true;
-  reloadPresetList();
+  overlaysView_.reloadPresetList();
   selectPreset(preset);
 }
 
@@ -123,14 +117,14 @@ std::optional<std::string> KestroAUViewController::saveNewPreset(
     const std::string& name, const std::vector<std::string>& presetCategories) {
   preSaveAction();
   auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
-  reloadPresetList();
+  overlaysView_.reloadPresetList();
   return url;
 }
 
 void KestroAUViewController::savePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->savePreset(preset.url, preset.categories);
   if (const auto* unit = audioUnit()) setPresetName(unit->currentPresetName());
-  reloadPresetList();
+  overlaysView_.reloadPresetList();
 }
 
 void KestroAUViewController::deletePreset(const UserPreset& preset) {
@@ -138,7 +132,7 @@ void KestroAUViewController::deletePreset(const UserPreset& preset) {
   // Nothing is selected that is not there any more.
   auto& list = overlaysView_.presetList();
   if (selectedPreset() && *selectedPreset() == preset) list.setSelectedPreset(nullptr);
-  reloadPresetList();
+  overlaysView_.reloadPresetList();
 }
 
 void KestroAUViewController::importPreset() {

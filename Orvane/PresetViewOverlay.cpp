@@ -130,6 +130,7 @@ void PresetViewOverlay::presetListDidChange() {
   emptyLabel_.setText(all == 0 ? "No presets yet: SAVE NEW keeps the sound as it is now."
                                : "Nothing matches. Clear the search, the categories or the bank.");
   updateButtons();
+  if (auto* owner = delegate.get()) owner->presetViewOverlayListDidChange();
 }
 
 void PresetViewOverlay::updateButtons() {

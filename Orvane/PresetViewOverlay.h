@@ -34,6 +34,8 @@ class PresetViewOverlayDelegate {
   virtual void importPresets() = 0;
   virtual void exportPreset() = 0;
   virtual void presetViewOverlayDidHide() = 0;
+  /// The list was made anew, or shows others of its presets.
+  virtual void presetViewOverlayListDidChange() = 0;
 };
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and

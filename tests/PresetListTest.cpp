@@ -268,8 +268,13 @@ TEST_F(PresetNamingTest, AnEditorShowsNoMoreOfPresetsThanItHas) {
   orvane::MenuBar& bar = editor.menuBar();
   EXPECT_TRUE(bar.arrowLeft().isHidden()) << "one preset has no neighbour";
   EXPECT_FALSE(bar.presetNameLabel().isHidden());
+  Editor neighbour;
+  neighbour.setAudioUnit(&unit);
+  neighbour.view();
   save("Foam");
   EXPECT_FALSE(bar.arrowLeft().isHidden());
+  neighbour.overlaysView().presetViewOverlay().setHidden(false);
+  EXPECT_FALSE(neighbour.menuBar().arrowLeft().isHidden()) << "it has read what another has saved";
 
   quillon::CommonAudioUnit bare({{.key = "cutoff", .address = 0}});
   Editor plain;
