@@ -209,7 +209,7 @@ void AboutOverlay::layoutHero(const Rect& place, double unit) {
 
 void AboutOverlay::layoutButtons(const Rect& place, double unit) {
   const platform::Font font =
-      Theme::regularFont.withSize(std::clamp(4.1 * unit, 9.0, place.height * 0.5));
+      Theme::regularFont.withSize(std::min(std::max(4.1 * unit, 9.0), place.height * 0.5));
   std::vector<std::pair<kestroui::SimpleButton*, double>> shown;
   double sum = 0;
   for (kestroui::SimpleButton* button : {&like_, &contactUs_, &get_all_apps_}) {

@@ -163,7 +163,10 @@ void MenuBar::draw(const platform::Rect& rect) {
 
   if (!displayMode_) return;
   const double left = randomizeButton_.frame().maxX();
-  const double right = helpButton_.superview() ? helpButton_.frame().x : logoView_.frame().x;
+  const double atHelp = helpButton_.frame().x;
+  // In a bar that is too narrow for both, help lies on it.
+  const bool givesWay = helpButton_.superview() && atHelp - left >= height;
+  const double right = givesWay ? atHelp : logoView_.frame().x;
   const double room = right - left;
   displayMode_->setFaceScale(height / 56);
   displayMode_->setFrame(platform::Rect{left, 0, room, height}.inset(room * 0.07, 1.0));

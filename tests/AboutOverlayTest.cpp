@@ -93,6 +93,12 @@ TEST_F(AboutOverlayTest, likeAsksTheStoreWhereAHostHasOneAndOpensItsPageElsewher
   }
 }
 
+TEST_F(AboutOverlayTest, inTheSmallestEditorItsButtonsStillHoldTheirTexts) {
+  show();
+  window.resize({160, 120});
+  EXPECT_LE(about().like().font().pointSize, about().like().bounds().height / 2);
+}
+
 TEST_F(AboutOverlayTest, whatIsOpenedLastIsInFront) {
   window.show(controller);
   MenuBar& bar = controller.menuBar();

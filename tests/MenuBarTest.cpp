@@ -180,6 +180,9 @@ TEST_F(MenuBarTest, displaysAreReportedAndMakeRoomForHelp) {
   ASSERT_TRUE(waitUntil([&] { return hasHelp(); }));
   bar->draw(bar->bounds());
   EXPECT_LE(bar->displayMode()->frame().maxX(), bar->helpButton().frame().x);
+  bar->setFrame({0, 0, 600, 62});
+  bar->draw(bar->bounds());
+  EXPECT_GT(bar->displayMode()->frame().width, 40) << "in a square editor";
 }
 
 TEST_F(MenuBarTest, whatItAsksForGoesToItsOwnerWhileThereIsOne) {
