@@ -87,12 +87,12 @@ TEST(LocalFileManagerTest, AFileIsReplacedWholeAndKeepsItsPermissions) {
   LocalFileManager files(folder.path());
   const std::string path = folder / "a.preset";
   EXPECT_FALSE(files.write(bytesOf("one"), path));
-  ::chmod(path.c_str(), 0600);
+  ::chmod(path.c_str(), 0620);
   EXPECT_FALSE(files.write(bytesOf(std::string(300000, 'x')), path));
   EXPECT_EQ(textOf(path), std::string(300000, 'x'));
   struct stat status {};
   ::stat(path.c_str(), &status);
-  EXPECT_EQ(status.st_mode & 0777, 0600u);
+  EXPECT_EQ(status.st_mode & 0777, 0620u);
   EXPECT_EQ(namesIn(folder.path()), Names{"a.preset"});
 }
 
