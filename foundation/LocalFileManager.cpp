@@ -194,8 +194,6 @@ Error LocalFileManager::copyFile(const std::string& from, const std::string& to)
   int errorNumber = 0;
   const Descriptor source(openRegular(from, status, errorNumber));
   if (source.get() < 0) return fileError(from, "copied", errorNumber);
-  // Told before anything is written; decided when the copy takes its name.
-  if (!hasNul(to) && ::lstat(to.c_str(), &status) == 0) return fileError(to, "copied", EEXIST);
   SafeFile target(to, "copied");
   if (Error error = target.open()) return error;
   std::vector<std::uint8_t> block(blockSize);

@@ -23,7 +23,6 @@ using support::TemporaryFile;
 using support::ToolResult;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 json example() {
   std::ifstream file(dataFile("example.json"));
