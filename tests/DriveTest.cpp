@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <sstream>
 
 #include <nlohmann/json.hpp>
 
@@ -16,7 +17,6 @@ using support::isOneLine;
 using support::linesOf;
 using support::runTool;
 using support::ToolResult;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// The answers of a script that must run to its end.
@@ -446,22 +446,23 @@ TEST(Drive, TheSameScriptGivesTheSameBytes) {
 }
 
 TEST(Drive, EveryKindOfControlIsFoundDraggedAndTapped) {
-  std::string script = "wait 0.2\n";
+  std::ostringstream script;
+  script << "wait 0.2\n";
   const json tree = json::parse(runTool({"tree", dataFile("all-kinds.json")}).out);
   for (int page = 0; page < 6; ++page) {
-    script += "page " + std::to_string(page) + "\n";
-    for (const std::string key :
+    script << "page " << page << '\n';
+    for (const char* key :
          {"level",      "cutoff",     "octave", "power",         "drive",       "bias",
           "spread",     "lock",       "mode",   "wave",          "algorithm",   "targets",
           "shape",      "scope",      "scopes", "table",         "grain",       "sample",
           "filterFreq", "lowFreq",    "attack", "release",       "padX",        "stopX",
           "curve1",     "step5",      "bend1",  "compThreshold", "duoLow",      "bandLow",
           "threeLow",   "bendyDrive", "mapA",   "phaseRate",     "zorvaAmount", "gain"})
-      script += "tap key:" + key + "\nkey escape\ndrag key:" + key + " 9 -14\nwheel key:" + key +
-                " -1\ndoubletap key:" + key + "\nkey escape\nget " + key + "\n";
+      script << "tap key:" << key << "\nkey escape\ndrag key:" << key << " 9 -14\nwheel key:" << key
+             << " -1\ndoubletap key:" << key << "\nkey escape\nget " << key << '\n';
   }
   int found = 0;
-  for (const json& answer : drive(script, "all-kinds.json")) {
+  for (const json& answer : drive(script.str(), "all-kinds.json")) {
     if (answer["ok"] == true) ++found;
     // A control of another page is the only thing that may be wrong.
     else
