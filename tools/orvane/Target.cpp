@@ -111,7 +111,7 @@ View& valuePart(kestroui::Container& container) {
   double area = 0;
   for (View* child : container.subviews()) {
     const platform::Rect& frame = child->frame();
-    if (child->isHidden() || !dynamic_cast<toolkit::Control*>(child)) continue;
+    if (!dynamic_cast<toolkit::Control*>(child)) continue;
     if (frame.width * frame.height <= area) continue;
     area = frame.width * frame.height;
     largest = child;
