@@ -188,7 +188,7 @@ std::vector<KestroAUViewController::TappedValue> KestroAUViewController::tappedV
     if (!parameter && tapped->key() != key->key()) return;
     // The title of a control of several values is that of them all.
     std::string shown = container.paramKeys().size() == 1 ? container.title() : std::string();
-    if (shown.empty() && index > 0) shown = tapped->settings().displayName;
+    if (index > 0) shown = tapped->settings().displayName;
     if (shown.empty() && parameter) shown = parameter->displayName();
     result.push_back({tapped, name, shown.empty() ? tapped->key() : shown});
   };

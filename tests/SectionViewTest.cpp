@@ -219,9 +219,26 @@ TEST_F(SectionViewTest, AControlLooksAsThePlaceWantsWhereItStands) {
   view.updateState();
   EXPECT_FALSE(control("a").isInactive());
   EXPECT_FALSE(control("b").displayTitle());
+  other->feedbackParameter = "c";
+  showSecond(true);
+  EXPECT_EQ(control("c").superview(), second.get());
   second.reset();
   EXPECT_TRUE(control("b").displayTitle());
   EXPECT_FALSE(control("c").displayTitle()) << "it never had one";
+}
+
+TEST_F(SectionViewTest, AControlThatIsFreeOnlyLaterIsGreyToo) {
+  section->stateParameter = "state";
+  SectionView second(support::section("B", {"b"}), controls);
+  page.addSubview(second);
+  second.setIsVisible(true);
+  show({{{{"a", {"b"}, 1, 0, 1}}, 1}});
+  EXPECT_EQ(control("b").superview(), &second);
+  EXPECT_FALSE(control("b").isInactive());
+  second.setIsVisible(false);
+  view.draw(view.bounds());
+  EXPECT_EQ(control("b").superview(), &view);
+  EXPECT_TRUE(control("b").isInactive());
 }
 
 TEST_F(SectionViewTest, ASwitchThatAlsoHasASlotOfItsSectionKeepsItsTitle) {

@@ -80,4 +80,25 @@ TEST(TypedRoadTest, WhatThePanelOffersIsWhatItTakesBack) {
     }
 }
 
+TEST(TypedRoadTest, TheHeadingNamesTheValueAndNotTheGroup) {
+  Typist typist(gallery::pluginEntry());
+  const auto headings = [&](int page, const std::string& key, std::size_t index) {
+    typist.showPage(page);
+    const auto container = typist.host.editor().container(key);
+    const platform::Point place =
+        container->handlePlace(index).value_or(container->bounds().centre());
+    typist.host.doubleTap(container->convertToRoot(place));
+    std::string names;
+    for (const auto& entry : typist.host.editor().enterValueOverlay().entries())
+      names += entry.name + "|";
+    typist.press(platform::Key::escape);
+    return names;
+  };
+  EXPECT_EQ(headings(0, "knob", 0), "Knob|");
+  EXPECT_EQ(headings(1, "filter", 1), "Cutoff|Resonance|");
+  EXPECT_EQ(headings(1, "bandHigh", 0), "Low pass|Resonance|") << "not Band";
+  EXPECT_EQ(headings(1, "attack", 0), "Attack|") << "not Envelope";
+  EXPECT_EQ(headings(1, "attack", 3), "Release|");
+}
+
 }  // namespace
