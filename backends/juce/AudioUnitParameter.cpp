@@ -112,9 +112,11 @@ float AudioUnitParameter::getValueForText(const juce::String& text) const {
   const juce::String wanted = text.trim().toLowerCase();
   // Names before numbers: a choice may be called "2".
   if (isStepped_ || parameter_.unit() == Unit::midiNoteNumber) {
-    for (float value = parameter_.minValue(); value <= parameter_.maxValue(); ++value)
+    for (int step = 0; step < stepCount(); ++step) {
+      const float value = parameter_.minValue() + static_cast<float>(step);
       if (wanted == toText(parameter_.stringFromValue(value)).toLowerCase())
         return toNormalised(value);
+    }
   }
   if (parameter_.unit() == Unit::pan && wanted == "c") return toNormalised(0);
   constexpr const char* figures = "+-.,0123456789";
@@ -124,10 +126,13 @@ float AudioUnitParameter::getValueForText(const juce::String& text) const {
   return toNormalised(static_cast<float>(inOwnUnit(parameter_, number, rest)));
 }
 
-int AudioUnitParameter::getNumSteps() const {
-  if (!isStepped_) return juce::AudioProcessorParameterWithID::getNumSteps();
+int AudioUnitParameter::stepCount() const {
   return std::max(2,
                   static_cast<int>(std::lround(parameter_.maxValue() - parameter_.minValue())) + 1);
+}
+
+int AudioUnitParameter::getNumSteps() const {
+  return isStepped_ ? stepCount() : juce::AudioProcessorParameterWithID::getNumSteps();
 }
 
 bool AudioUnitParameter::isBoolean() const { return parameter_.unit() == Unit::boolean; }

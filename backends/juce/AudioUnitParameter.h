@@ -39,6 +39,9 @@ class AudioUnitParameter : public juce::AudioProcessorParameterWithID {
   juce::StringArray getAllValueStrings() const override;
 
  private:
+  /// Of whole values in the range.
+  int stepCount() const;
+
   platform::AUParameter& parameter_;
   platform::AUParameterObserverToken originator_ = nullptr;
   const bool isStepped_;

@@ -50,7 +50,7 @@ FilePanel::FilePanel(juce::Component& parent, const FileChoice& choice, Answer a
   cancel_.onClick = [this] { finish({}); };
   parent.addAndMakeVisible(*this);
   setBounds(parent.getLocalBounds());
-  selectionChanged();
+  enableOkButton();
   if (isShowing()) grabKeyboardFocus();
 }
 
@@ -107,7 +107,7 @@ bool FilePanel::keyPressed(const juce::KeyPress& key) {
   return true;
 }
 
-void FilePanel::selectionChanged() {
+void FilePanel::enableOkButton() {
   const bool hasName = choice_.kind == FileChoice::Kind::folder ||
                        !browser_.getSelectedFile(0).getFileName().isEmpty();
   ok_.setEnabled(hasName && browser_.getNumSelectedFiles() > 0 && browser_.currentFileIsValid());

@@ -49,10 +49,11 @@ class FilePanel : public juce::Component, private juce::FileBrowserListener {
   void mouseWheelMove(const juce::MouseEvent&, const juce::MouseWheelDetails&) override {}
 
  private:
-  void selectionChanged() override;
+  void selectionChanged() override { enableOkButton(); }
   void fileClicked(const juce::File&, const juce::MouseEvent&) override {}
   void fileDoubleClicked(const juce::File& file) override;
-  void browserRootChanged(const juce::File&) override { selectionChanged(); }
+  void browserRootChanged(const juce::File&) override { enableOkButton(); }
+  void enableOkButton();
   void accept();
   void finish(const juce::Array<juce::File>& files);
   juce::Rectangle<int> panel() const;

@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::uint32_t evenBytes = 0x00ff00ff;
 constexpr int maxRamp = 1024;
+/// Added before a fraction is cut off, for numbers that are never negative.
+constexpr float toNearest = 0.5f;
 
 std::uint32_t alphaOf(std::uint32_t colour) { return colour >> 24; }
 
@@ -113,14 +115,15 @@ std::uint32_t PixelSource::colourAt(float position) const {
   std::uint32_t colour = 0;
   for (int i = 0; i < 4; ++i) {
     const float value = before.channels[i] + (after.channels[i] - before.channels[i]) * part;
-    colour |= static_cast<std::uint32_t>(value + 0.5f) << (8 * i);
+    colour |= static_cast<std::uint32_t>(value + toNearest) << (8 * i);
   }
   return colour;
 }
 
 std::uint32_t PixelSource::inRamp(int x) const {
   const float position = std::clamp(rowStart_ + static_cast<float>(x) * stepX_, 0.0f, 1.0f);
-  return ramp_[static_cast<std::size_t>(position * static_cast<float>(ramp_.size() - 1) + 0.5f)];
+  return ramp_[static_cast<std::size_t>(position * static_cast<float>(ramp_.size() - 1) +
+                                        toNearest)];
 }
 
 /// What an edge table calls for the parts of a shape.
@@ -178,7 +181,7 @@ void PixelPainter::fillMask(const CoverageMask& mask, juce::Point<int> place,
   for (int y = part.getY(); y < part.getBottom(); ++y) {
     source.setRow(y);
     std::uint32_t* pixels = row(y);
-    const std::uint8_t* levels = mask.levels.data() + (y - whole.getY()) * whole.getWidth();
+    const std::uint8_t* levels = mask.levels.data() + mask.offsetOf(y - whole.getY());
     for (int x = part.getX(); x < part.getRight(); ++x) {
       const std::uint32_t level = levels[x - whole.getX()];
       if (level != 0) fillPixel(pixels, x, source, toShare(level));
@@ -195,7 +198,7 @@ CoverageMask PixelPainter::maskOf(const juce::Path& path, float contrast) {
 
   struct Collector {
     void setEdgeTableYPos(int y) {
-      row = mask.levels.data() + (y - mask.bounds.getY()) * mask.bounds.getWidth();
+      row = mask.levels.data() + mask.offsetOf(y - mask.bounds.getY());
     }
     void handleEdgeTablePixel(int x, int level) { handleEdgeTableLine(x, 1, level); }
     void handleEdgeTablePixelFull(int x) { handleEdgeTableLine(x, 1, 255); }

@@ -2,6 +2,7 @@
 
 #include <juce_graphics/juce_graphics.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -13,6 +14,11 @@ struct CoverageMask {
   juce::Rectangle<int> bounds;
   /// Rows from the top.
   std::vector<std::uint8_t> levels;
+
+  /// Where the levels of a row begin; the first row is 0.
+  std::ptrdiff_t offsetOf(int row) const {
+    return static_cast<std::ptrdiff_t>(row) * bounds.getWidth();
+  }
 };
 
 /// The colour of every pixel of a fill: one for all, or a linear gradient.
