@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <set>
 #include <string>
@@ -346,6 +347,243 @@ TEST(JuceCanvas, aGradientGoesFromItsFirstToItsLastStop) {
   });
   for (const auto& [x, red] : {std::pair{2, 0}, {20, 134}, {29, 249}, {60, 126}, {98, 0}})
     EXPECT_NEAR(level.getPixelAt(x, 2).getRed(), red, 8) << x;
+}
+
+TEST(JuceCanvas, curvesShowNoCornersHoweverLarge) {
+  const std::pair<const char*, std::function<void(JuceCanvas&)>> cases[] = {
+      {"ellipse",
+       [](JuceCanvas& c) {
+         c.fillEllipse({10, 10, 180, 180}, Color::white());
+       }},
+      {"rounded",
+       [](JuceCanvas& c) {
+         c.fillRoundedRect({10, 10, 180, 180}, 90, Color::white());
+       }},
+      {"too round",
+       [](JuceCanvas& c) {
+         c.fillRoundedRect({10, 10, 180, 180}, 500, Color::white());
+       }},
+      {"dot",
+       [](JuceCanvas& c) {
+         c.strokePath(line({100, 100}, {100, 100}), {180}, Color::white());
+       }},
+  };
+  for (const auto& [name, painting] : cases) {
+    const juce::Image image = paint(2, {200, 200}, painting);
+    for (int y = 0; y < 400; ++y)
+      for (int x = 0; x < 400; ++x) {
+        const double outside = std::hypot(x + 0.5 - 200, y + 0.5 - 200) - 180;
+        const int red = image.getPixelAt(x, y).getRed();
+        ASSERT_TRUE(std::fabs(outside) < 0.9 || std::abs(red - (outside < 0 ? 255 : 0)) < 25)
+            << name << " at " << x << ", " << y;
+      }
+  }
+  platform::Path bow;
+  bow.moveTo({0, 100});
+  bow.quadTo({100, -100}, {200, 100});
+  const juce::Image image =
+      paint(2, {200, 120}, [&](JuceCanvas& c) { c.fillPath(bow, Color::white()); });
+  for (int x = 60; x < 340; ++x) {
+    const double share = (x + 0.5) / 400, top = 2 * (100 - 400 * share * (1 - share));
+    if (top < 5) continue;
+    EXPECT_LT(image.getPixelAt(x, static_cast<int>(top - 4)).getRed(), 30) << x;
+    EXPECT_GT(image.getPixelAt(x, static_cast<int>(top + 4)).getRed(), 225) << x;
+  }
+}
+
+TEST(JuceCanvas, linesLieOnTheirPathsAndAreNeverTooThinToSee) {
+  using Cap = platform::StrokeStyle::Cap;
+  platform::Path square, explicitEnd;
+  square.addRect({10, 10, 10, 10});
+  explicitEnd.moveTo({10, 10});
+  for (const platform::Point corner : {platform::Point{20, 10}, {20, 20}, {10, 20}, {10, 10}})
+    explicitEnd.lineTo(corner);
+  explicitEnd.close();
+  const std::tuple<const char*, platform::Path, platform::StrokeStyle, juce::Rectangle<int>>
+      cases[] = {
+          {"level", line({5, 10}, {25, 10}), {4, Cap::butt}, {5, 8, 20, 4}},
+          {"upright", line({10, 5}, {10, 25}), {4, Cap::butt}, {8, 5, 4, 20}},
+          {"round", line({5, 10}, {25, 10}), {4, Cap::round}, {3, 8, 24, 4}},
+          {"backwards", line({25, 10}, {5, 10}), {4, Cap::round}, {3, 8, 24, 4}},
+          {"butt point", line({5, 10}, {5, 10}), {4, Cap::butt}, {}},
+          {"hairline", line({5, 10}, {25, 10}), {0.1, Cap::butt}, {5, 10, 20, 1}},
+          {"closed", square, {4, Cap::butt}, {8, 8, 14, 14}},
+          {"closed by hand", explicitEnd, {4, Cap::butt}, {8, 8, 14, 14}},
+      };
+  for (const auto& [name, path, style, place] : cases) {
+    const auto stroke = [&, &path = path, &style = style](JuceCanvas& c) {
+      c.strokePath(path, style, Color::white());
+    };
+    EXPECT_EQ(ink(paint(1, {30, 30}, stroke)), place) << name;
+    EXPECT_EQ(paint(1, {30, 30}, stroke).getPixelAt(15, 15), juce::Colours::black) << name;
+    if (place.getHeight() < 2) continue;
+    EXPECT_EQ(ink(paint(2, {30, 30}, stroke)), place * 2) << name << " at scale 2";
+  }
+  EXPECT_EQ(ink(paint(1, {30, 30},
+                      [](JuceCanvas& c) {
+                        c.strokeRoundedRect({5, 5, 20, 10}, 0, 0.1, Color::white());
+                      })),
+            juce::Rectangle<int>(5, 5, 20, 10));
+}
+
+TEST(JuceCanvas, afterAClosedPieceALineGoesOnFromItsStart) {
+  platform::Path path;
+  path.moveTo({5, 5});
+  path.lineTo({25, 5});
+  path.lineTo({25, 15});
+  path.close();
+  path.lineTo({5, 25});
+  const juce::Image image = paint(1, {30, 30}, [&](JuceCanvas& c) {
+    c.strokePath(path, {4, platform::StrokeStyle::Cap::butt}, Color::white());
+  });
+  EXPECT_EQ(image.getPixelAt(5, 22), juce::Colours::white);
+  EXPECT_EQ(image.getPixelAt(17, 21), juce::Colours::black);
+}
+
+TEST(JuceCanvas, gradientsMoveAndGrowWithWhatTheyFill) {
+  const platform::Paint slanted({0, 0}, {20, 10},
+                                {{0, Color::rgb(0xff0000)}, {1, Color::rgb(0x0000ff)}});
+  const platform::Paint there({10, 5}, {50, 25},
+                              {{0, Color::rgb(0xff0000)}, {1, Color::rgb(0x0000ff)}});
+  EXPECT_TRUE(areSame(paint(1, {60, 40},
+                            [&](JuceCanvas& c) {
+                              c.place({{10, 5}, 2});
+                              c.fillRect({0, 0, 20, 10}, slanted);
+                            }),
+                      paint(1, {60, 40}, [&](JuceCanvas& c) {
+                        c.fillRect({10, 5, 40, 20}, there);
+                      })));
+}
+
+TEST(JuceCanvas, translucentColoursKeepTheirHue) {
+  const juce::Image image = paint(1, {4, 4}, [](JuceCanvas& c) {
+    c.fillRect({0, 0, 4, 4}, Color::white());
+    c.fillEllipse({-10, -10, 24, 24}, Color::rgb(0xff8000).withAlpha(0.5f));
+  });
+  EXPECT_NEAR(image.getPixelAt(2, 2).getRed(), 255, 2);
+  EXPECT_NEAR(image.getPixelAt(2, 2).getGreen(), 192, 2);
+  EXPECT_NEAR(image.getPixelAt(2, 2).getBlue(), 128, 2);
+}
+
+TEST(JuceCanvas, lightLettersAreDenserThanDarkOnesWhicheverComeFirst) {
+  juce_backend::FontBook kept;
+  const auto amount = [](bool light) {
+    const juce::Image image = paint(1, {80, 20}, [&](JuceCanvas& c) {
+      if (!light) c.fillRect({0, 0, 80, 20}, Color::white());
+      c.drawText("Resonance", font, {2, 0, 76, 20}, platform::TextAlignment::left,
+                 light ? Color::white() : Color::black());
+    });
+    int sum = 0;
+    for (int y = 0; y < 20; ++y)
+      for (int x = 0; x < 80; ++x) {
+        const int red = image.getPixelAt(x, y).getRed();
+        sum += light ? red : 255 - red;
+      }
+    return sum;
+  };
+  const juce::SharedResourcePointer<juce_backend::FontBook> shared;
+  const int light = amount(true), dark = amount(false);
+  EXPECT_GT(light, dark * 1.1);
+  EXPECT_EQ(amount(true), light);
+  EXPECT_EQ(amount(false), dark);
+}
+
+TEST(JuceCanvas, thickLettersAreSolid) {
+  const juce::Image image = paint(2, {60, 60}, [](JuceCanvas& c) {
+    c.drawText("I", font.withSize(50), {0, 0, 60, 60}, platform::TextAlignment::centre,
+               Color::white());
+  });
+  const juce::Rectangle<int> stem = ink(image).reduced(2, 4);
+  ASSERT_FALSE(stem.isEmpty());
+  for (int y = stem.getY(); y < stem.getBottom(); ++y)
+    ASSERT_EQ(image.getPixelAt(stem.getCentreX(), y), juce::Colours::white) << y;
+}
+
+TEST(JuceCanvas, textMovesByPartsOfAPixel) {
+  const auto at = [](double left) {
+    return paint(1, {70, 20}, [&](JuceCanvas& c) {
+      c.place({{left, 0}});
+      c.drawText("Cutoff", font, {2, 2, 60, 16}, platform::TextAlignment::left, Color::white());
+    });
+  };
+  EXPECT_FALSE(areSame(at(0), at(0.5)));
+  EXPECT_FALSE(areSame(at(0), at(0.25)));
+  const juce::Image moved = at(1), still = at(0);
+  for (int y = 0; y < 20; ++y)
+    for (int x = 0; x < 69; ++x) ASSERT_EQ(moved.getPixelAt(x + 1, y), still.getPixelAt(x, y));
+}
+
+TEST(JuceCanvas, aTextKeepsItsSizeWhateverItsNeighboursNeedAndNeverGetsTooSmall) {
+  juce_backend::FontBook fonts;
+  const double width = fonts.textWidth("Resonance", font);
+  const auto inRoom = [&](double room, double minimumScale) {
+    return paint(2, {200, 30}, [&](JuceCanvas& c) {
+      c.drawText("Resonance", font, {0, 5, room, 20}, platform::TextAlignment::left, Color::white(),
+                 minimumScale);
+    });
+  };
+  EXPECT_TRUE(areSame(inRoom(width * 0.900, 0.5), inRoom(width * 0.905, 0.5)))
+      << "labels of a row that differ by a hair";
+  const int smallest = ink(paint(2, {200, 30}, [](JuceCanvas& c) {
+                         c.drawText("Resonance", font.withSize(12 * 0.7), {0, 5, 190, 20},
+                                    platform::TextAlignment::left, Color::white());
+                       })).getHeight();
+  EXPECT_NEAR(ink(inRoom(width * 0.4, 0.7)).getHeight(), smallest, 1);
+}
+
+TEST(FontBook, weightsGetBolder) {
+  juce_backend::FontBook fonts;
+  double before = 0;
+  for (const auto weight : {platform::FontWeight::extraLight, platform::FontWeight::regular,
+                            platform::FontWeight::medium, platform::FontWeight::semiBold}) {
+    const platform::Font face{weight, 40, false};
+    const juce::Image image = paint(1, {200, 60}, [&](JuceCanvas& c) {
+      c.drawText("HIHI", face, {0, 0, 200, 60}, platform::TextAlignment::left, Color::white());
+    });
+    double sum = 0;
+    for (int y = 0; y < 60; ++y)
+      for (int x = 0; x < 200; ++x) sum += image.getPixelAt(x, y).getRed();
+    EXPECT_GT(sum, before * 1.03) << static_cast<int>(weight);
+    before = sum;
+  }
+}
+
+TEST(FontBook, aCutTextEndsInAnEllipsisWithoutAGapBeforeIt) {
+  juce_backend::FontBook fonts;
+  const double room = fonts.textWidth("ab ", font) + fonts.textWidth("\u2026", font) + 0.01;
+  const juce_backend::GlyphLine cut = fonts.layOutTruncated("ab cdefgh", font, 12, room);
+  ASSERT_EQ(cut.glyphs.size(), 3u);
+  EXPECT_EQ(cut.glyphs.back().character, U'\u2026');
+  EXPECT_NEAR(cut.glyphs.back().x, fonts.textWidth("ab", font), 0.01);
+  EXPECT_TRUE(fonts.layOutTruncated("ab cdefgh", font, 12, 2).glyphs.empty()) << "no room at all";
+}
+
+TEST(FontBook, tabularFiguresStandInTheMiddleOfTheirPlaces) {
+  juce_backend::FontBook fonts;
+  const platform::Font tabular{platform::FontWeight::regular, 12, true};
+  const juce_backend::GlyphLine line = fonts.layOut("1", tabular, 12);
+  const double spare = line.width - fonts.textWidth("1", font);
+  ASSERT_GT(spare, 0.5);
+  EXPECT_NEAR(line.glyphs[0].x, spare / 2, 0.01);
+}
+
+TEST(FontBook, anEmIsAsLargeAsItsPointSizeSays) {
+  juce_backend::FontBook fonts;
+  EXPECT_NEAR(fonts.textWidth("\u2003", font), 12, 0.01);
+  EXPECT_NEAR(fonts.layOut("\u2003", font, 30).width, 30, 0.01);
+}
+
+TEST(Picture, isOpaqueBlackAndCopiesWhole) {
+  juce::Image picture = juce_backend::makePicture(0, -3);
+  EXPECT_EQ(picture.getBounds(), juce::Rectangle<int>(1, 1));
+  EXPECT_EQ(picture.getPixelAt(0, 0).getARGB(), 0xff000000u);
+  picture = juce_backend::makePicture(7, 5);
+  picture.setPixelAt(6, 4, juce::Colours::red);
+  const juce::Image copy = picture.createCopy();
+  picture.setPixelAt(6, 4, juce::Colours::blue);
+  EXPECT_EQ(copy.getPixelAt(6, 4), juce::Colours::red);
+  EXPECT_EQ(copy.getPixelAt(0, 0), juce::Colours::black);
+  EXPECT_EQ(picture.getClippedImage({5, 3, 2, 2}).getPixelAt(1, 1), juce::Colours::blue);
 }
 
 TEST(JuceCanvas, emptyShapesPaintNothing) {

@@ -10,6 +10,7 @@
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StoredBindings.h"
 #include "tests/support/JuceBench.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -293,19 +294,32 @@ TEST(ComputerKeyboard, playsAHeldKeyOnceAndLeavesShortcutsAlone) {
 }
 
 TEST(Snapshot, writesAPictureOfEveryPageAndSaysWhatFails) {
-  const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() / "orvane-snapshot-test";
-  std::filesystem::remove_all(folder);
-  const orvane::PluginEntry entry = support::renderLogEntry();
+  const support::TemporaryFolder folder;
+  orvane::PluginEntry entry = support::renderLogEntry();
+  entry.makeViewController = [] {
+    auto design = std::make_shared<support::GivenDesign>();
+    design->addPage("Filter", {support::section("Filter", {"cutoff", "wave"})});
+    design->addPage("Out", {support::section("Out", {"mix"})});
+    return std::make_unique<support::TestController>(std::move(design));
+  };
   std::string error;
-  const auto paths = juce_backend::writePages(entry, {300, 200}, 1.5, folder.string(), error);
-  ASSERT_EQ(paths.size(), 1u) << error;
-  const juce::Image picture = juce::ImageFileFormat::loadFrom(juce::File(paths[0]));
-  EXPECT_EQ(picture.getBounds(), juce::Rectangle<int>(450, 300));
+  const std::string longer(300000, 'x');
+  folder.write("out/page-1.png", longer);
+  const auto paths = juce_backend::writePages(entry, {300, 200}, 1.5, folder / "out", error);
+  ASSERT_EQ(paths.size(), 2u) << error;
+  for (const std::string& path : paths) {
+    const juce::Image picture = juce::ImageFileFormat::loadFrom(juce::File(path));
+    EXPECT_EQ(picture.getBounds(), juce::Rectangle<int>(450, 300));
+    EXPECT_LT(std::filesystem::file_size(path), longer.size()) << "what was there is gone";
+  }
+  EXPECT_NE(support::textOf(paths[0]), support::textOf(paths[1])) << "each page is another picture";
 
   EXPECT_TRUE(juce_backend::writePages(entry, {300, 200}, 1, paths[0] + "/below", error).empty());
-  EXPECT_NE(error.find("below"), std::string::npos);
-  std::filesystem::remove_all(folder);
+  EXPECT_EQ(error, paths[0] + "/below: cannot make the folder");
+  error.clear();
+  std::filesystem::create_directories(folder / "taken/page-2.png");
+  EXPECT_EQ(juce_backend::writePages(entry, {300, 200}, 1, folder / "taken", error).size(), 1u);
+  EXPECT_EQ(error.rfind(folder / "taken/page-2.png: cannot write the picture", 0), 0u) << error;
 }
 
 }  // namespace
