@@ -4,14 +4,14 @@
 #include <cmath>
 #include <iterator>
 
+#include "backends/juce/JuceInput.h"
+
 namespace juce_backend {
 namespace {
 
 float toFloat(double value) { return static_cast<float>(value); }
 
 int toInt(double value) { return static_cast<int>(std::lround(value)); }
-
-juce::Colour toColour(platform::Color color) { return juce::Colour(color.argb()); }
 
 }  // namespace
 

@@ -81,9 +81,7 @@ platform::WheelEvent toWheelEvent(platform::Point location, const juce::MouseWhe
 
 platform::Point toPoint(juce::Point<float> point) { return {point.x, point.y}; }
 
-juce::Colour toColour(platform::Color color) {
-  return juce::Colour::fromFloatRGBA(color.red, color.green, color.blue, color.alpha);
-}
+juce::Colour toColour(platform::Color color) { return juce::Colour(color.argb()); }
 
 juce::String toText(std::string_view utf8) {
   return juce::String::fromUTF8(utf8.data(), static_cast<int>(utf8.size()));

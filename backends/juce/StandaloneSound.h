@@ -8,7 +8,8 @@
 namespace juce_backend {
 
 /// Plays a processor on the default sound device and hears every MIDI input there is, also those
-/// that are plugged in later; what is bound to MIDI moves with or without sound. Without a device all is silent. `processor` outlives it.
+/// that are plugged in later; what is bound to MIDI moves with or without sound. Without a device
+/// all is silent. `processor` outlives it.
 class StandaloneSound : private juce::Timer, private juce::MidiInputCallback {
  public:
   explicit StandaloneSound(AudioUnitProcessor& processor);
