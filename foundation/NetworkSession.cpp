@@ -85,11 +85,10 @@ class NetworkTask : public platform::URLSessionDataTask {
     if (!easy || !multi_) return "no memory for a request";
     CURL* const handle = easy.get();
     ::curl_easy_setopt(handle, CURLOPT_URL, url_.c_str());
+    // Holds for redirects as well.
     ::curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
-    ::curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
     ::curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
     ::curl_easy_setopt(handle, CURLOPT_MAXREDIRS, maxRedirects);
-    ::curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(limits_.connecting));
     ::curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, milliseconds(limits_.whole));
     ::curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     ::curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);

@@ -9,8 +9,7 @@ namespace foundation {
 class NetworkSession : public platform::URLSession {
  public:
   struct Limits {
-    /// Seconds until a server must have been reached, and until its answer must be there whole.
-    double connecting = 10;
+    /// Seconds until the answer must be there whole.
     double whole = 30;
     /// Bytes; a longer answer is an error.
     std::size_t answer = std::size_t{1} << 20;

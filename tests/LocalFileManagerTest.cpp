@@ -291,12 +291,12 @@ TEST(LocalFileManagerTest, AListingLeavesUnfinishedFilesOutAndTellsWhatChanged) 
 
 TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
   const TemporaryFolder folder;
-  for (int i = 0; i < 300; ++i) folder.write("many/" + std::to_string(i), "old");
+  for (int i = 0; i < 300; ++i) folder.write("in/many/" + std::to_string(i), "old");
   LocalFileManager files("");
   using Entries = std::map<std::string, platform::FileStamp>;
   const auto list = [&] {
     Entries entries;
-    const auto listed = files.contentsOfDirectory(folder / "many");
+    const auto listed = files.contentsOfDirectory(folder / "in/many");
     for (const auto& entry : listed.value()) entries[entry.name] = entry.stamp;
     return entries;
   };
@@ -306,29 +306,34 @@ TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
   const auto change = [&](const char* what) {
     Entries after = list();
     EXPECT_TRUE(after != before) << what;
-    EXPECT_EQ(after.size(), namesIn(folder / "many").size()) << what;
+    EXPECT_EQ(after.size(), namesIn(folder / "in/many").size()) << what;
     EXPECT_TRUE(list() == after) << what;
     before = std::move(after);
   };
-  folder.write("many/7", "new");
+  folder.write("in/many/7", "new");
   change("in place");
-  folder.write("many/more", "");
+  folder.write("in/many/more", "");
   change("added");
-  std::filesystem::remove(folder / "many/8");
+  std::filesystem::remove(folder / "in/many/8");
   change("removed");
-  std::filesystem::rename(folder / "many/9", folder / "many/nine");
+  std::filesystem::rename(folder / "in/many/9", folder / "in/many/nine");
   change("renamed");
   folder.write("elsewhere", "");
-  std::filesystem::create_hard_link(folder / "elsewhere", folder / "many/linked");
+  std::filesystem::create_hard_link(folder / "elsewhere", folder / "in/many/linked");
   change("linked");
   folder.write("elsewhere", "new");
   change("through another name");
   std::filesystem::remove(folder / "elsewhere");
   list();
-  std::filesystem::rename(folder / "many", folder / "gone");
-  std::filesystem::create_directory(folder / "many");
-  folder.write("many/1", "");
+  std::filesystem::rename(folder / "in/many", folder / "gone");
+  std::filesystem::create_directory(folder / "in/many");
+  folder.write("in/many/1", "");
   change("replaced");
+  for (int i = 0; i < 300; ++i) folder.write("in/many/" + std::to_string(i), "old");
+  before = list();
+  std::filesystem::rename(folder / "in", folder / "out");
+  folder.write("in/many/1", "");
+  change("replaced with the folder around it");
 }
 
 TEST(LocalFileManagerTest, EachGroupHasItsContainer) {

@@ -88,7 +88,7 @@ TEST(NetworkSession, SaysInOneLineWhyThereIsNoAnswer) {
     return HttpServer::response(
         "302 Found", "", toFile ? "Location: file:///etc/hostname\r\n" : "Location: /round\r\n");
   });
-  NetworkSession session(NetworkSession::Limits{.connecting = 2, .whole = 2, .answer = most});
+  NetworkSession session(NetworkSession::Limits{.whole = 2, .answer = most});
   EXPECT_EQ(ask(session, sized.address() + "/most")->error, "");
   for (const std::string& url :
        {closed, broken.address(), sized.address() + "/more", sendsOn.address() + "/file",
@@ -105,7 +105,7 @@ TEST(NetworkSession, SaysInOneLineWhyThereIsNoAnswer) {
 
 TEST(NetworkSession, GivesUpAServerThatNeverAnswers) {
   HttpServer server([](const std::string&) { return ""; }, HttpServer::Answers::whenReleased);
-  NetworkSession session(NetworkSession::Limits{.connecting = 0.3, .whole = 0.3});
+  NetworkSession session(NetworkSession::Limits{.whole = 0.3});
   const auto start = Clock::now();
   const auto answer = ask(session, server.address());
   ASSERT_TRUE(answer);

@@ -7,6 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/support/RunTool.h"
+#include "tests/support/TestEditor.h"
+#include "tools/orvane/DesignCheck.h"
 
 namespace {
 
@@ -227,6 +229,28 @@ TEST(ToolCommand, CheckFindsWhatTheLayoutCannotPlace) {
               Contains(broken.path() +
                        ": pages[0].sections[0].columns[1].slots[0]: \"mode\" covers \"cutoff\" of "
                        "pages[0].sections[0].columns[0].slots[0] at 1024x768"));
+}
+
+TEST(ToolCommand, CheckFindsParametersWhoseControlStandsOnNoPage) {
+  orvane::PluginEntry entry;
+  entry.makeAudioUnit = [] {
+    return std::make_unique<quillon::CommonAudioUnit>(std::vector<quillon::ParameterDescription>{
+        {.key = "shown", .address = 1}, {.key = "lost", .address = 2}});
+  };
+  entry.makeViewController = [] {
+    auto design = std::make_shared<support::GivenDesign>();
+    for (const char* key : {"shown", "lost"})
+      design->givenKeys.push_back(support::paramKey(key, kestroui::ControlType::knob));
+    design->addPage("", {support::section("S", {"shown"})});
+    return std::make_unique<support::TestController>(design);
+  };
+  headless::HeadlessRunLoop loop;
+  headless::HeadlessHost host(loop, entry);
+  host.appear();
+  tool::Problems problems;
+  tool::checkUse(host, problems);
+  ASSERT_EQ(problems.size(), 1u);
+  EXPECT_EQ(problems[0].line("x"), "x: parameters[1]: \"lost\" has no control on any page");
 }
 
 TEST(ToolCommand, CheckFindsParametersThatAreUsedNowhereAndPlacesThatShowNothing) {
