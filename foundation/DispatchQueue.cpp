@@ -59,7 +59,7 @@ class GlobalQueue {
       ++busy_;
       lock.unlock();
       task();
-      // What it owns goes before it counts as done.
+      // What it owns may post, and goes before it counts as done.
       task = nullptr;
       lock.lock();
       --busy_;

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <memory>
 #include <thread>
 
@@ -50,6 +51,25 @@ TEST(DispatchQueueTest, AllWorkIsDoneAfterWaiting) {
   DispatchQueue::waitForGlobal();
   EXPECT_EQ(*owned, 1) << "what has begun is waited for as well";
   EXPECT_EQ(owned.use_count(), 1);
+}
+
+TEST(DispatchQueueTest, ATaskThatTakesLongHoldsUpNoOther) {
+  std::promise<void> second;
+  std::atomic<bool> ranBeside{false};
+  DispatchQueue::globalAsync([&, ran = second.get_future().share()] {
+    ranBeside = ran.wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+  });
+  DispatchQueue::globalAsync([&] { second.set_value(); });
+  DispatchQueue::waitForGlobal();
+  EXPECT_TRUE(ranBeside);
+}
+
+TEST(DispatchQueueTest, WhatATaskOwnsMayPostWhileItDies) {
+  std::atomic<int> posted{0};
+  const auto post = [&](void*) { DispatchQueue::globalAsync([&] { ++posted; }); };
+  DispatchQueue::globalAsync([owned = std::shared_ptr<void>(nullptr, post)] {});
+  DispatchQueue::waitForGlobal();
+  EXPECT_EQ(posted, 1);
 }
 
 TEST(DispatchQueueTest, ADelayedTaskRunsOnTheClockOfTheLoop) {

@@ -21,6 +21,7 @@
 #include "foundation/DefaultFileManager.h"
 #include "foundation/DispatchQueue.h"
 #include "foundation/FileLock.h"
+#include "foundation/FolderCloud.h"
 #include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
 #include "tests/support/TemporaryFolder.h"
@@ -391,6 +392,20 @@ TEST(LocalFileManagerTest, TheUsersDataLieWhereTheSystemSays) {
   }
   ::setenv("XDG_DATA_HOME", data.c_str(), 1);
   ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST(FolderCloudTest, HasWhatLiesInItsFoldersAndNotBesideThem) {
+  const TemporaryFolder folder;
+  foundation::FolderCloud cloud(folder / "cloud", nullptr, {{"old", folder / "old"}});
+  EXPECT_EQ(cloud.container(std::nullopt), std::nullopt) << "signed out";
+  const std::string own = folder.write("cloud/a", ""), other = folder.write("old/deep/b", "");
+  EXPECT_EQ(cloud.container(std::nullopt), folder / "cloud");
+  EXPECT_EQ(cloud.container("old"), folder / "old");
+  EXPECT_EQ(cloud.container("new"), std::nullopt);
+  EXPECT_TRUE(cloud.isUbiquitousItem(own));
+  EXPECT_TRUE(cloud.isUbiquitousItem(other));
+  EXPECT_FALSE(cloud.isUbiquitousItem(folder.write("cloud 2/a", "")));
+  EXPECT_FALSE(cloud.isUbiquitousItem(folder / "cloud/gone"));
 }
 
 TEST(FileLockTest, KeepsOthersOutAsLongAsItLives) {

@@ -119,6 +119,13 @@ TEST_F(RunLoopTest, ALateRepeatingTimerMakesUpNoMissedTurns) {
   EXPECT_NEAR(loop_.loop.nextDeadline(), 0.6, 1e-9);
 }
 
+TEST_F(RunLoopTest, ATimerThatAnotherHasRunByRunningTheLoopIsNotRunTwice) {
+  Timer first(0.1, Timer::Repeat::forever, [] { RunLoop::main().runDue(); });
+  Timer second(0.1, Timer::Repeat::forever, logs(1));
+  loop_.advance(0.1);
+  EXPECT_EQ(log_.size(), 1u);
+}
+
 TEST_F(RunLoopTest, AnIntervalOfNothingDoesNotSpin) {
   for (double interval : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
     log_.clear();
