@@ -212,6 +212,22 @@ TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   EXPECT_FALSE(window.window.needsFrame());
 }
 
+TEST_F(ControllerLifecycleTest, WhatTheDesignDescribesIsOfItsKindInTheFootStripToo) {
+  design->givenKeys = {support::paramKey("b", kestroui::ControlType::stepper)};
+  const auto controller = make();
+  controller->givenFoot = {support::paramKey("b", kestroui::ControlType::slider)};
+  controller->view();
+  EXPECT_NE(controller->control<kestroui::StepperContainer>("b"), nullptr);
+}
+
+TEST_F(ControllerLifecycleTest, ControlsThatAreMadeInLearnModeCanBeLearned) {
+  const auto controller = make();
+  controller->view();
+  controller->setMidiMappingEnabled(true);
+  controller->connectViewWithAU();
+  EXPECT_TRUE(controller->container("a")->midiMappingEnabled());
+}
+
 TEST_F(ControllerLifecycleTest, AListThatIsOpenClosesWhenTheEditorGoes) {
   design->givenKeys = {support::paramKey("a", kestroui::ControlType::dropdownList)};
   const auto controller = make();

@@ -183,6 +183,9 @@ TEST_F(MenuBarTest, displaysAreReportedAndMakeRoomForHelp) {
   bar->setFrame({0, 0, 600, 62});
   bar->draw(bar->bounds());
   EXPECT_GT(bar->displayMode()->frame().width, 40) << "in a square editor";
+  bar->setFrame({0, 0, 60, 50});
+  bar->draw(bar->bounds());
+  EXPECT_EQ(bar->aboutButton().frame().width, 0);
 }
 
 TEST_F(MenuBarTest, whatItAsksForGoesToItsOwnerWhileThereIsOne) {

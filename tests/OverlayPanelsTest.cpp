@@ -188,6 +188,10 @@ TEST_F(OverlayPanelsTest, anAlertIsSaidOnceAndKeepsAllKeysButTheHostsShortcuts) 
   EXPECT_EQ(answers, (std::vector<std::size_t>{1, 0}));
   EXPECT_EQ(alert.superview(), nullptr);
   EXPECT_TRUE(before.isFirstResponder());
+  alert.show({"Third", "text", {"OK"}, {}});
+  bench.frame();
+  EXPECT_FALSE(alert.button(0).isHidden());
+  EXPECT_TRUE(alert.button(1).isHidden()) << "one answer, one button";
 }
 
 TEST_F(OverlayPanelsTest, textsAreBrokenBetweenWordsAndTheLastLineHasTheRest) {
