@@ -51,6 +51,9 @@ TEST_F(DSPParametersTest, KeysWithoutAParameterAreSkipped) {
   ASSERT_NE(parameters.key(7), nullptr);
   EXPECT_EQ(*parameters.key(7), "cutoff");
   EXPECT_EQ(parameters.key(11), nullptr);
+  parameters.registerParameters(*unit, {"unlisted", "unlisted"});
+  EXPECT_EQ(parameters.keys(), std::vector<std::string>{"unlisted"}) << "each once";
+  EXPECT_EQ(parameters.key(7), nullptr) << "in place of all it had";
 }
 
 TEST_F(DSPParametersTest, SetsFromPositionsAndAsItIs) {
