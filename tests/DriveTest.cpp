@@ -419,6 +419,8 @@ TEST(Drive, AStrictScriptFailsAtItsEndWhenACommandDid) {
     EXPECT_THAT(result.err, HasSubstr("orvane drive: line "));
     EXPECT_GE(linesOf(result.out).size(), 3u) << "the script runs to its end";
   }
+  EXPECT_THAT(runTool({"drive", "halden", "--strict=yes"}).err,
+              HasSubstr("--strict takes no value"));
   EXPECT_THAT(strict("\nfly\nsink").err, HasSubstr("line 2: unknown command \"fly\""));
 }
 

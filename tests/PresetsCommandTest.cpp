@@ -122,8 +122,9 @@ TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
   EXPECT_EQ(installed["files"], 1);
   EXPECT_EQ(namesIn(data + "/PresetPacks/Pads"), Names{"a.example"});
   const std::string own = data + "/PresetPacks/Pads";
-  EXPECT_THAT(runTool({"presets", "pack", "install", own, "--data", data}).err,
-              HasSubstr(": is installed already"));
+  for (const std::string& path : {own, own + "/../Pads/"})
+    EXPECT_THAT(runTool({"presets", "pack", "install", path, "--data", data}).err,
+                HasSubstr(": is installed already"));
   EXPECT_EQ(namesIn(own), Names{"a.example"});
   ::mkfifo((folder / "Pads/pipe").c_str(), 0600);
   const json most = run({"pack", "install", folder / "Pads", "--data", data}, 1);

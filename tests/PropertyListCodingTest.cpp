@@ -192,6 +192,7 @@ TEST(PropertyListCodingTest, TheBinaryFormIsRead) {
       {"\x22\x3f\xc0\0\0"s, 1.5},
       {"\x33\x3f\xf8\0\0\0\0\0\0"s, PropertyList::Date{1.5}},
       {"\x5f\x10\x10"s + std::string(16, 'x'), std::string(16, 'x')},
+      {"\xc0"s, PropertyList::Array{}},  // a set
       {"\x81\x01\0"s, PropertyList::Dictionary{{"CF$UID", 256}}},
   };
   for (const auto& [bytes, value] : values) EXPECT_EQ(parse(binary({bytes})), value) << bytes;
