@@ -92,6 +92,23 @@ TEST_F(HeadlessHostTest, AFingerThatDragsAKnobMovesItsParameter) {
   EXPECT_EQ(value("gain"), 0);
 }
 
+TEST_F(HeadlessHostTest, AFingerThatIsHeldMovesOnFromWhereItIsBesideOthers) {
+  host.appear();
+  EXPECT_FALSE(host.move({0, -10}));
+  EXPECT_FALSE(host.lift());
+  EXPECT_TRUE(host.press(centre("mix")));
+  EXPECT_FALSE(host.press(centre("gain")));
+  EXPECT_TRUE(host.move({0, -10}));
+  host.drag(centre("gain"), {0, -40});
+  EXPECT_GT(value("gain"), 0);
+  EXPECT_TRUE(host.move({0, -10}));
+  EXPECT_TRUE(host.lift());
+  const float moved = value("mix");
+  EXPECT_TRUE(host.automate("mix", 0.5f));
+  host.drag(centre("mix"), {0, -20});
+  EXPECT_NEAR(moved, value("mix"), 1e-5f);
+}
+
 TEST_F(HeadlessHostTest, TheWheelMovesTheControlBelowItAndSaysSo) {
   host.appear();
   EXPECT_TRUE(host.turnWheel(centre("mix"), 1));

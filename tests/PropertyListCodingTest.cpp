@@ -120,6 +120,12 @@ TEST(PropertyListCodingTest, RealsOutsideTheNumbersSurvive) {
 }
 
 TEST(PropertyListCodingTest, WhatTheFormatCannotHoldIsLeftOutOrReplaced) {
+  for (const double seconds : {std::nan(""), -1e300, 1e300}) {
+    const auto date = parse(writeXmlPropertyList(PropertyList::Date{seconds}));
+    ASSERT_TRUE(date->as<PropertyList::Date>());
+    EXPECT_GT(std::abs(date->as<PropertyList::Date>()->seconds), 1e9) << "the last or the first";
+    EXPECT_EQ(date->as<PropertyList::Date>()->seconds > 0, seconds > 0);
+  }
   EXPECT_EQ(*parse(writeXmlPropertyList({})), PropertyList(PropertyList::Dictionary{}));
   EXPECT_EQ(*parse(writeXmlPropertyList(PropertyList::Array{1, {}, 2})),
             PropertyList(PropertyList::Array{1, 2}));
