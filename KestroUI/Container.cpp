@@ -105,7 +105,7 @@ void Container::showValue(std::size_t index, float value, const std::string& tex
   if (index != 0) return;
   if (control_) control_->setValue(value);
   valueText_ = text;
-  updateTitleLabel();
+  if (showsValue()) updateTitleLabel();
 }
 
 void Container::setValueRange(float, float) {}
@@ -239,21 +239,22 @@ void Container::updateTextScale() {
   if (face_) face_->setFaceScale(scale);
 }
 
+bool Container::showsValue() const { return isHovered() || (face_ && face_->isInGesture()); }
+
 void Container::updateTitleLabel() {
-  const bool moves = isHovered() || (face_ && face_->isInGesture());
-  const std::string value = moves ? movingText() : std::string();
-  const bool showsValue = !value.empty();
-  const bool showsIcon = !showsValue && !iconPath_.isEmpty();
-  const platform::Font& font = showsValue ? Theme::valueFont : Theme::labelFont;
-  const std::string& text = showsValue ? value : title_;
+  const std::string value = showsValue() ? movingText() : std::string();
+  const bool hasValue = !value.empty();
+  const bool showsIcon = !hasValue && !iconPath_.isEmpty();
+  const platform::Font& font = hasValue ? Theme::valueFont : Theme::labelFont;
+  const std::string& text = hasValue ? value : title_;
   const double fitting = (bounds().width - 2) /
                          (letterWidth * static_cast<double>(foundation::countCodePoints(text) + 1));
   titleLabel_.setFont(
       font.withSize(std::min(titleHeight() * titleFontShare, std::max(minTitleFontSize, fitting))));
   titleLabel_.setText(showsIcon ? std::string() : text);
-  const platform::Color color = inactive_    ? Theme::textDim.withAlpha(0.5f)
-                                : showsValue ? Theme::text
-                                             : Theme::textDim;
+  const platform::Color color = inactive_  ? Theme::textDim.withAlpha(0.5f)
+                                : hasValue ? Theme::text
+                                           : Theme::textDim;
   titleLabel_.setTextColor(color);
   iconLayer_.setFillColor(color);
   iconLayer_.setHidden(!showsIcon || !showsTitle());

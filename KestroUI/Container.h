@@ -257,7 +257,8 @@ class Container : public toolkit::Control {
   void tellGesture(Hold hold, const std::vector<std::shared_ptr<ParamKey>>& keys);
   /// What stands in place of the title while the control moves or is hovered over.
   virtual std::string movingText() const { return valueText_; }
-  /// The title, or the value while it moves or is hovered over.
+  /// Whether it moves or is hovered over, so that the value stands in place of the title.
+  bool showsValue() const;
   void updateTitleLabel();
 
  private:
