@@ -4,6 +4,7 @@
 
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
+#include "foundation/XmlPropertyList.h"
 
 namespace orvane {
 
@@ -16,53 +17,21 @@ constexpr std::size_t startSize = 2048;
 constexpr std::size_t endSize = 32;
 constexpr std::string_view whitespace = " \t\r\n";
 
-/// Goes through the elements of an XML property list as this project and others write it; whatever
-/// is less usual ends the walk, and the whole file is parsed instead.
-class Walk {
- public:
-  explicit Walk(std::string_view text) : rest_(text) {}
-
-  void skipSpace() {
-    const std::size_t first = rest_.find_first_not_of(whitespace);
-    rest_.remove_prefix(first == rest_.npos ? rest_.size() : first);
-  }
-  bool take(std::string_view expected) {
-    skipSpace();
-    if (!rest_.starts_with(expected)) return false;
-    rest_.remove_prefix(expected.size());
-    return true;
-  }
-  bool skipPast(std::string_view end) {
-    const std::size_t found = rest_.find(end);
-    if (found == rest_.npos) return false;
-    rest_.remove_prefix(found + end.size());
-    return true;
-  }
-  /// The text of an element that begins here; none for another one, or when it holds anything that
-  /// has to be decoded.
-  std::optional<std::string> text(const std::string& element) {
-    if (take('<' + element + "/>")) return std::string();
-    if (!take('<' + element + '>')) return std::nullopt;
-    const std::size_t end = rest_.find('<');
-    if (end == rest_.npos) return std::nullopt;
-    const std::string_view found = rest_.substr(0, end);
-    rest_.remove_prefix(end);
-    if (!take("</" + element + '>') || found.find('&') != found.npos) return std::nullopt;
-    return std::string(found);
-  }
-  bool skipPlainValue() {
-    if (take("<true/>") || take("<false/>")) return true;
-    for (const char* element : {"string", "integer", "real", "date", "data"})
-      if (text(element)) return true;
-    return false;
-  }
-
- private:
-  std::string_view rest_;
-};
-
 std::string_view viewOf(const PropertyList::Data& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// None of an array of which not every element is a text, and of anything else.
+std::vector<std::string> textsOf(const PropertyList* entry) {
+  const auto* array = entry ? entry->as<PropertyList::Array>() : nullptr;
+  std::vector<std::string> result;
+  if (!array) return result;
+  for (const PropertyList& element : *array) {
+    const auto* text = element.as<std::string>();
+    if (!text) return {};
+    result.push_back(*text);
+  }
+  return result;
 }
 
 bool endsAsPropertyList(std::string_view text) {
@@ -90,39 +59,15 @@ std::optional<PresetFile> PresetFile::decode(std::span<const std::uint8_t> bytes
 }
 
 std::vector<std::string> PresetFile::categories() const {
-  const PropertyList* entry = content.find(categoriesKey);
-  const auto* array = entry ? entry->as<PropertyList::Array>() : nullptr;
-  std::vector<std::string> result;
-  if (!array) return result;
-  for (const PropertyList& element : *array) {
-    const auto* text = element.as<std::string>();
-    if (!text) return {};
-    result.push_back(*text);
-  }
-  return result;
+  return textsOf(content.find(categoriesKey));
 }
 
 std::optional<std::vector<std::string>> PresetFile::categoriesAtStart(std::string_view xml) {
-  Walk walk(xml);
-  if (walk.take("<?xml") && !walk.skipPast("?>")) return std::nullopt;
-  if (walk.take("<!DOCTYPE plist") && !walk.skipPast(">")) return std::nullopt;
-  if (!walk.take("<plist") || !walk.skipPast(">") || !walk.take("<dict>")) return std::nullopt;
-  while (const auto key = walk.text("key")) {
-    if (*key != categoriesKey) {
-      if (*key == "$archiver" || !walk.skipPlainValue()) return std::nullopt;
-      continue;
-    }
-    std::vector<std::string> categories;
-    if (walk.take("<array/>")) return categories;
-    if (!walk.take("<array>")) return std::nullopt;
-    while (!walk.take("</array>")) {
-      auto category = walk.text("string");
-      if (!category) return std::nullopt;
-      categories.push_back(std::move(*category));
-    }
-    return categories;
-  }
-  return std::nullopt;
+  // An archive has them elsewhere.
+  static constexpr std::string_view keys[] = {categoriesKey, "$archiver"};
+  auto entry = foundation::firstXmlEntry(xml, keys);
+  if (!entry || entry->first != categoriesKey) return std::nullopt;
+  return textsOf(&entry->second);
 }
 
 std::vector<std::string> PresetFile::categories(platform::FileManager& files,

@@ -3,10 +3,10 @@
 
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
+find_package(EXPAT 2.4 REQUIRED)
 find_package(CURL 7.87 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(nlohmann_json 3.11 REQUIRED)
-pkg_check_modules(libplist REQUIRED IMPORTED_TARGET GLOBAL libplist-2.0)
 
 # Both desktop formats are on where their package is installed; -DORVANE_WITH_JUCE=OFF does not
 # even look. JUCE's version file accepts only the exact version, so none is asked for.

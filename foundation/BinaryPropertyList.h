@@ -24,15 +24,18 @@ struct PropertyListLimits {
     limits.size = std::min(limits.size, (std::uint64_t{1} << 20) + 64 * fileSize);
     return limits;
   }
+  /// Text takes more room than what it stands for, but for the shortest of elements.
+  static PropertyListLimits ofText(std::uint64_t fileSize) {
+    PropertyListLimits limits;
+    limits.size = std::min(limits.size, (std::uint64_t{1} << 20) + 3 * fileSize);
+    return limits;
+  }
 };
 
 /// Reads the binary form, references of keyed archives included: {"CF$UID": number}, as the XML
 /// form writes them. None with a one-line `error` when it is damaged or exceeds the limits: its
 /// collections refer to their elements by number and may share them, so that some hundred bytes can
 /// stand for a tree without end, or for one that no memory holds.
-///
-/// Our own, since libplist 2.2 stops the process at a key that is no text and does not bound what
-/// shared elements unfold to.
 std::optional<platform::PropertyList> readBinaryPropertyList(std::span<const std::uint8_t> bytes,
                                                              const PropertyListLimits& limits,
                                                              std::string& error);

@@ -200,12 +200,14 @@ TEST(PresetFileTest, CategoriesAreFoundAtTheStartOrNotAtAll) {
   };
   EXPECT_EQ(at("<key>Categories</key>\n<array>\n\t<string>a</string><string/></array>"),
             (Names{"a", ""}));
-  EXPECT_EQ(at("<key>A</key><integer>1</integer><key>Categories</key><array/>"), Names());
-  for (const char* body : {"<key>Categories</key><array><string>a</string>",
+  EXPECT_EQ(at("<key>Categories</key><array><string>a&amp;b</string></array>"), Names{"a&b"});
+  for (const char* body : {"<key>A</key><integer>1</integer><key>Categories</key><array/>",
+                           "<key>A</key><dict><key>Categories</key><true/></dict>"
+                           "<key>Categories</key><array/>",
                            "<key>Categories</key><array><integer>1</integer></array>",
-                           "<key>Categories</key><array><string>a&amp;b</string></array>",
-                           "<key>Categories</key><string>a</string>",
-                           "<key>A</key><dict/><key>Categories</key><array/>",
+                           "<key>Categories</key><string>a</string>"})
+    EXPECT_EQ(at(body), Names()) << body;
+  for (const char* body : {"<key>Categories</key><array><string>a</string>",
                            "<key>$archiver</key><string>x</string><key>Categories</key><array/>",
                            "</dict>", "<key>Categ", ""})
     EXPECT_FALSE(at(body)) << body;

@@ -214,10 +214,31 @@ TEST(PropertyListCodingTest, BrokenBytesAreExplained) {
   EXPECT_EQ(errorOf(""), "the property list is empty");
   EXPECT_EQ(errorOf("hello"), "this is no property list, neither XML nor binary");
   EXPECT_EQ(errorOf("   \n"), "this is no property list, neither XML nor binary");
-  for (const std::string& text :
-       {xml("<dict><key>a</key>"), xml("<what/>"), xml("<dict><string>x</string></dict>"),
-        std::string("<"), std::string("<plist>"), std::string("<!--"), std::string("<?xml")})
-    EXPECT_EQ(errorOf(text), "the XML property list is damaged") << text;
+  const std::pair<std::string, const char*> damaged[] = {
+      {xml("\n<dict><key>a</key>"), "is damaged (mismatched tag), in line 3"},
+      {xml("<what/>"), "has an element that is no value, in line 2"},
+      {xml("<dict><string>x</string></dict>"), "has a value without a key, in line 2"},
+      {xml("<dict><key>a</key></dict>"), "has a key without a value, in line 2"},
+      {xml("<dict><key>a</key><key>b</key></dict>"), "has two keys for one value, in line 2"},
+      {xml("<array><key>a</key></array>"), "has a key outside a dictionary, in line 2"},
+      {xml("<key>a</key>"), "has a key outside a dictionary, in line 2"},
+      {xml("<array>1</array>"), "has text between its values, in line 2"},
+      {xml("<string><true/></string>"), "has a value within a text, in line 2"},
+      {xml("<plist/>"), "has a list within a list, in line 2"},
+      {xml("<true/><true/>"), "has more than one value, in line 2"},
+      {xml(""), "holds no value, in line 2"},
+      {xml("<integer>1.5</integer>"), "has a value that cannot be read, in line 2"},
+      {xml("<integer/>"), "has a value that cannot be read, in line 2"},
+      {xml("<real>1,5</real>"), "has a value that cannot be read, in line 2"},
+      {xml("<data>A*==</data>"), "has a value that cannot be read, in line 2"},
+      {xml("<date>2023-02-30T00:00:00Z</date>"), "has a value that cannot be read, in line 2"},
+      {xml("<string>&e;</string>", "<!DOCTYPE plist [<!ENTITY e 'e'>]>\n").substr(0, 40),
+       "declares entities, in line 1"},
+      {"<", "is damaged (unclosed token), in line 1"},
+      {"<plist>", "is damaged (no element found), in line 1"},
+  };
+  for (const auto& [text, why] : damaged)
+    EXPECT_EQ(errorOf(text), std::string("the XML property list ") + why) << text;
   EXPECT_EQ(errorOf("bplist00"), "the binary property list is cut short");
   const std::string good = binary({array({1}), "\x09"});
   for (std::size_t length = 6; length < good.size(); ++length) errorOf(good.substr(0, length));
@@ -243,7 +264,28 @@ TEST(PropertyListCodingTest, NestingAndUnfoldingAreBounded) {
     return xml(text);
   };
   EXPECT_TRUE(parse(nested(200)));
-  EXPECT_EQ(errorOf(nested(1000000)), "the XML property list is nested too deeply");
+  EXPECT_EQ(errorOf(nested(1000000)), "the XML property list is nested too deeply, in line 2");
+  // Ways to hide the levels from whoever counts them by looking for brackets.
+  std::string hidden;
+  for (int i = 0; i < 20000; ++i) hidden += "<array a=\"/>\">";
+  EXPECT_EQ(errorOf(xml(hidden)), "the XML property list is nested too deeply, in line 2");
+  const std::string comment = "<!DOCTYPE plist [ <!ELEMENT a ANY> <!-- ]> -->]>";
+  EXPECT_EQ(errorOf(comment + nested(20000).substr(39)),
+            "the XML property list is nested too deeply, in line 1");
+
+  const auto many = [](const std::string& text, std::size_t length) {
+    std::string all;
+    while (all.size() < length) all += text;
+    return all;
+  };
+  EXPECT_EQ(errorOf(xml("<array>" + many("<true/>", 1 << 20) + "</array>")),
+            "the XML property list unfolds to more than can be read, in line 2");
+  const auto text = parse(xml("<string>" + many("&amp;", 10'000'000) + "</string>"));
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->as<std::string>()->size(), 2'000'000u);
+  const auto numbers =
+      parse(xml("<array>" + many("<integer>1</integer>\n\t", 2'000'000) + "</array>"));
+  ASSERT_TRUE(numbers) << "as other writers indent them";
 
   std::vector<std::string> chain;
   for (int i = 0; i < 5000; ++i) chain.push_back(array({i + 1}));
