@@ -44,20 +44,40 @@ struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
     return suite;
   }
 
-  PropertyList::Dictionary read() const {
+  enum class Found { values, nothing, unreadable, damaged };
+  struct Content {
+    PropertyList::Dictionary values{};
+    Found found = Found::nothing;
+  };
+
+  Content read() const {
     FileManager& files = DefaultFileManager::current();
     if (!files.fileExists(path())) return {};
     FileError fileError;
-    std::string error;
     const auto bytes = files.contents(path(), fileError);
-    auto list = bytes ? parsePropertyList(*bytes, error) : std::nullopt;
-    if (auto* dictionary = list ? list->as<PropertyList::Dictionary>() : nullptr)
-      return std::move(*dictionary);
-    if (!bytes)
+    if (!bytes) {
       printToConsole(fileError.localizedDescription);
-    else
-      printToConsole(path() + ": " + (list ? "there is no dictionary" : error));
-    return {};
+      return {.found = Found::unreadable};
+    }
+    std::string error;
+    auto list = parsePropertyList(*bytes, error);
+    if (auto* dictionary = list ? list->as<PropertyList::Dictionary>() : nullptr)
+      return {std::move(*dictionary), Found::values};
+    printToConsole(path() + ": " + (list ? "there is no dictionary" : error));
+    return {.found = Found::damaged};
+  }
+
+  /// Copies a damaged file to a name of its own, so that what can be saved of it is not lost with the
+  /// next change.
+  bool keepAside() const {
+    FileManager& files = DefaultFileManager::current();
+    std::string aside = path() + ".damaged";
+    for (int number = 2; files.fileExists(aside); ++number)
+      aside = path() + ".damaged-" + std::to_string(number);
+    const auto error = files.copyItem(path(), aside);
+    printToConsole(error ? error->localizedDescription
+                         : "The damaged settings are kept in " + aside);
+    return !error;
   }
 
   /// Does to the file what `change` does to its dictionary, alone among all processes.
@@ -70,7 +90,9 @@ struct UserDefaults::Suite : std::enable_shared_from_this<Suite> {
         return false;
       }
     const FileLock lock(path() + ".lock");
-    PropertyList::Dictionary values = read();
+    auto [values, found] = read();
+    // What cannot be read at this moment may be whole.
+    if (found == Found::unreadable || (found == Found::damaged && !keepAside())) return false;
     for (const std::string& key : removed) values.erase(key);
     change(values);
     const std::string text = writeXmlPropertyList(values);
@@ -121,7 +143,7 @@ std::optional<UserDefaults> UserDefaults::open(const std::string& suiteName) {
 
 std::optional<PropertyList::Array> UserDefaults::array(const std::string& key) {
   if (suite_->removed.count(key)) return std::nullopt;
-  PropertyList::Dictionary values = suite_->read();
+  PropertyList::Dictionary values = suite_->read().values;
   const auto found = values.find(key);
   auto* array = found == values.end() ? nullptr : found->second.as<PropertyList::Array>();
   suite_->known[key] = array ? *array : PropertyList::Array();

@@ -130,7 +130,7 @@ TEST_F(UserDefaultsTest, AChangeWaitsForAnotherProcessThatWrites) {
   EXPECT_EQ(*stored("list"), (Array{"a", "theirs", "b"}));
 }
 
-TEST_F(UserDefaultsTest, ABrokenFileIsToldAndReplaced) {
+TEST_F(UserDefaultsTest, ABrokenFileIsToldAndKeptAside) {
   storeElsewhere({});
   std::ofstream(file()) << "<plist>";
   EXPECT_FALSE(open().array("list"));
@@ -138,6 +138,10 @@ TEST_F(UserDefaultsTest, ABrokenFileIsToldAndReplaced) {
   EXPECT_THAT(printed[0], testing::HasSubstr("the XML property list is damaged"));
   open().setObject("list", {"a"});
   EXPECT_EQ(*open().array("list"), Array{"a"});
+  std::ofstream(file()) << "once more";
+  open().setObject("list", {"b"});
+  EXPECT_EQ(support::textOf(file() + ".damaged"), "<plist>");
+  EXPECT_EQ(support::textOf(file() + ".damaged-2"), "once more");
 }
 
 TEST_F(UserDefaultsTest, AFailedWriteIsToldAndMadeUpForLater) {
