@@ -75,6 +75,12 @@ TEST(FilePathTest, NamesAreTakenApartAtTheLastDot) {
   }
 }
 
+TEST(FilePathTest, EveryPathLiesInAFolder) {
+  EXPECT_EQ(foundation::folderOf("/a/b"), "/a");
+  EXPECT_EQ(foundation::folderOf("/a"), "/");
+  EXPECT_EQ(foundation::folderOf("a"), ".");
+}
+
 TEST(FilePathTest, AFileNameStaysInItsFolder) {
   using namespace std::string_literals;
   for (const std::string& name : {""s, "."s, ".."s, "a/b"s, "../x"s, "/"s, "a\0b"s})
@@ -335,6 +341,11 @@ TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
   std::filesystem::rename(folder / "in", folder / "out");
   folder.write("in/many/1", "");
   change("replaced with the folder around it");
+}
+
+TEST(FolderWatchTest, TellsNothingOfAFolderThatMayChangeWithoutNews) {
+  foundation::FolderWatch watch("/proc/self");
+  EXPECT_TRUE(watch.mayHaveChanged());
 }
 
 TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
