@@ -35,24 +35,27 @@ constexpr double badgeShape = 2.4;
 
 /// Rows of equal places, in reading order, of the shape that suits badges best.
 std::vector<Rect> badgeTiles(const Rect& area, std::size_t count) {
-  std::vector<Rect> tiles;
-  if (count == 0) return tiles;
+  const auto rowsOf = [count](std::size_t columns) { return (count + columns - 1) / columns; };
+  const auto tileOf = [&](std::size_t columns) {
+    return platform::Size{area.width / static_cast<double>(columns),
+                          area.height / static_cast<double>(rowsOf(columns))};
+  };
   std::size_t columns = 1;
   double best = -1;
   for (std::size_t tried = 1; tried <= count; ++tried) {
-    const auto rows = static_cast<double>((count + tried - 1) / tried);
-    const double size =
-        std::min(area.width / static_cast<double>(tried) / badgeShape, area.height / rows);
+    const platform::Size tile = tileOf(tried);
+    const double size = std::min(tile.width / badgeShape, tile.height);
     if (size <= best) continue;
     best = size;
     columns = tried;
   }
-  const std::size_t rows = (count + columns - 1) / columns;
-  const double width = area.width / static_cast<double>(columns);
-  const double height = area.height / static_cast<double>(rows);
-  for (std::size_t i = 0; i < count; ++i)
-    tiles.push_back({area.x + static_cast<double>(i % columns) * width,
-                     area.y + static_cast<double>(i / columns) * height, width, height});
+  std::vector<Rect> tiles;
+  const platform::Size tile = tileOf(columns);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t column = i % columns, row = i / columns;
+    tiles.push_back({area.x + static_cast<double>(column) * tile.width,
+                     area.y + static_cast<double>(row) * tile.height, tile.width, tile.height});
+  }
   return tiles;
 }
 

@@ -77,10 +77,10 @@ std::optional<PropertyList> realOf(std::string_view text) {
 
 std::optional<PropertyList> dataOf(std::string_view text) {
   static constexpr auto values = [] {
-    std::array<std::int8_t, 256> all{};
+    std::array<int, 256> all{};
     all.fill(-1);
     for (std::size_t i = 0; i < base64Digits.size(); ++i)
-      all[static_cast<unsigned char>(base64Digits[i])] = static_cast<std::int8_t>(i);
+      all[static_cast<unsigned char>(base64Digits[i])] = static_cast<int>(i);
     return all;
   }();
   PropertyList::Data data;
