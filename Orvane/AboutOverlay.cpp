@@ -128,12 +128,6 @@ void AboutOverlay::setHidden(bool hidden) {
   if (auto* owner = overlayDelegate.get()) owner->aboutOverlayHiddenChanged();
 }
 
-bool AboutOverlay::keyPressed(const platform::KeyEvent& event) {
-  if (event.key != platform::Key::escape) return false;
-  setHidden(true);
-  return true;
-}
-
 void AboutOverlay::touchBegan(const toolkit::Touch& touch) {
   if (!panel_.frame().contains(touch.locationIn(*this))) setHidden(true);
 }

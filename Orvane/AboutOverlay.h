@@ -64,7 +64,6 @@ class AboutOverlay : public ResponderView {
   /// Showing it reads the plug-in's name and version anew.
   void setHidden(bool hidden) override;
   bool canBecomeFirstResponder() const override { return takesKeyboard_; }
-  bool keyPressed(const platform::KeyEvent& event) override;
   void touchBegan(const toolkit::Touch& touch) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
