@@ -198,7 +198,9 @@ TEST_F(ControllerLifecycleTest, TheContentKeepsItsProportions) {
 
 TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   const auto controller = make();
-  design->givenPages[0]->sections[0].section->color = platform::Color::rgb(0x00ff00);
+  orvane::Section& section = *design->givenPages[0]->sections[0].section;
+  section.color = platform::Color::rgb(0x00ff00);
+  section.stateParameter = "a";
   controller->givenFoot = {support::paramKey("b", kestroui::ControlType::slider), nullptr};
   controller->givenFootRatio = 0.25;
   support::EditorWindow window({400, 300});
@@ -208,6 +210,7 @@ TEST_F(ControllerLifecycleTest, TheFootStripHasSmallerLabels) {
   // Although a section names it too, and nothing is laid out for ever.
   EXPECT_EQ(controller->container("b")->superview(), &controller->settingsViewController().view());
   EXPECT_EQ(controller->container("b")->control()->accentColor(), kestroui::Theme::accent);
+  EXPECT_FALSE(controller->container("b")->isInactive()) << "the section is off, not the strip";
   window.window.prepareFrame();
   EXPECT_FALSE(window.window.needsFrame());
 }

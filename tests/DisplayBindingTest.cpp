@@ -79,6 +79,11 @@ TEST_F(DisplayBindingTest, OscilloscopesGetTheSoundsOfTheirKeys) {
   EXPECT_EQ(controller.control<kestroui::OscilloscopeContainer>("scope")->bufferCount(), 2u);
   EXPECT_EQ(controller.control<kestroui::OscilloscopeContainer>("sample")->bufferCount(), 1u);
   EXPECT_TRUE(controller.container("scope")->hasModulation());
+  unit.reset();
+  controller.updateUI();
+  for (const char* key : {"scope", "sample"})
+    EXPECT_EQ(controller.control<kestroui::OscilloscopeContainer>(key)->bufferCount(), 0u)
+        << "they have gone with it";
 }
 
 TEST_F(DisplayBindingTest, SamplesGrainsAndWavesFollowTheAudioUnitAndOutliveIt) {
