@@ -136,8 +136,8 @@ void DesktopPresentation::chosen(const juce::Array<juce::File>& files, const Ans
 
 void DesktopPresentation::closeFilePanel() {
   if (!filePanel_) return;
+  // The keyboard goes back to the component.
   filePanel_->setVisible(false);
-  if (component_.isShowing()) component_.grabKeyboardFocus();
   closedPanel_ = std::move(filePanel_);
   triggerAsyncUpdate();
 }
