@@ -117,10 +117,11 @@ TEST_F(ParameterTest, hostsGetNoMoreLettersThanTheyHaveRoomFor) {
 
 TEST_F(ParameterTest, aValueThatIsThereAlreadyDoesNotDrift) {
   AudioUnitParameter& parameter = make(Unit::hertz, 20, 20000);
-  const float exact = 441.7f;
-  parameter.parameter().setValue(exact);
-  parameter.setValue(parameter.getValue());
-  EXPECT_EQ(parameter.parameter().value(), exact);
+  for (const float exact : {33.3f, 441.7f, 523.251f, 1234.5f, 7777.7f, 19999.0f}) {
+    parameter.parameter().setValue(exact);
+    parameter.setValue(parameter.getValue());
+    EXPECT_EQ(parameter.parameter().value(), exact);
+  }
 }
 
 TEST_F(ParameterTest, automationIsEvenInPitchWhereTheParameterSaysSo) {

@@ -65,6 +65,10 @@ TEST(JuceCanvas, rectanglesAndStraightLinesHaveNoGreyEdgesAtAnyScale) {
        [](JuceCanvas& c) {
          c.fillRect({3.3, 2.7, 11.1, 0.3}, Color::white());
        }},
+      {"upright fillRect",
+       [](JuceCanvas& c) {
+         c.fillRect({3.3, 2.7, 0.1, 11.1}, Color::white());
+       }},
       {"frame",
        [](JuceCanvas& c) {
          c.strokeRoundedRect({3, 3, 20, 9}, 0, 1, Color::white());
@@ -322,6 +326,16 @@ TEST(JuceCanvas, restoreBringsBackPlacementAndClip) {
   EXPECT_EQ(image.getPixelAt(50, 4).getRed(), 255);
 }
 
+TEST(JuceCanvas, aClipWithinAClipNeverGetsLarger) {
+  const juce::Image image = paint(1, {30, 30}, [](JuceCanvas& c) {
+    c.clip({5, 5, 10, 10});
+    c.clip({0, 8, 30, 20});
+    c.fillRect({0, 0, 30, 30}, Color::white());
+    c.fillEllipse({-50, -50, 130, 130}, Color::white());
+  });
+  EXPECT_EQ(ink(image), juce::Rectangle<int>(5, 8, 10, 7));
+}
+
 TEST(JuceCanvas, leavesEverythingOutsideItsClipAsItWas) {
   juce::Image image = juce_backend::makePicture(20, 20);
   JuceCanvas canvas(image, 1, {5, 5, 10, 10});
@@ -529,6 +543,12 @@ TEST(JuceCanvas, aTextKeepsItsSizeWhateverItsNeighboursNeedAndNeverGetsTooSmall)
                                     platform::TextAlignment::left, Color::white());
                        })).getHeight();
   EXPECT_NEAR(ink(inRoom(width * 0.4, 0.7)).getHeight(), smallest, 1);
+  const int low = ink(paint(2, {60, 30}, [](JuceCanvas& c) {
+                    c.drawText("H", font.withSize(40), {0, 5, 50, 12},
+                               platform::TextAlignment::left, Color::white(), 0.1);
+                  })).getHeight();
+  EXPECT_LT(low, 22) << "made to fit a low place rather than cut";
+  EXPECT_GT(low, 12);
 }
 
 TEST(FontBook, weightsGetBolder) {
@@ -571,6 +591,42 @@ TEST(FontBook, anEmIsAsLargeAsItsPointSizeSays) {
   juce_backend::FontBook fonts;
   EXPECT_NEAR(fonts.textWidth("\u2003", font), 12, 0.01);
   EXPECT_NEAR(fonts.layOut("\u2003", font, 30).width, 30, 0.01);
+}
+
+TEST(GlyphMasks, areNotKeptWithoutEnd) {
+  juce::Path outline;
+  outline.addRectangle(0, 0, 1, 1);
+  juce_backend::GlyphMasks masks;
+  const std::weak_ptr<const juce_backend::CoverageMask> first = masks.mask(outline, 1, 0, 1);
+  EXPECT_EQ(masks.mask(outline, 1, 0, 1), first.lock());
+  for (int i = 0; i < 5000; ++i) masks.mask(outline, 1, 0, 2 + static_cast<float>(i));
+  EXPECT_TRUE(first.expired());
+}
+
+TEST(FontBook, aCharacterThatTheFamilyLacksComesFromAnotherTypeface) {
+  juce_backend::FontBook fonts;
+  const auto outlineOf = [&](const char* text) {
+    const juce_backend::GlyphLine line = fonts.layOut(text, font, 12);
+    return line.glyphs.empty() ? juce::Path() : *line.glyphs[0].outline;
+  };
+  const juce::Path missing = outlineOf("\uffff");
+  const char* candidates[] = {"\u4e2d", "\u2603", "\u265e", "\u0905", "\u3042", "\u0e01"};
+  int found = 0;
+  for (const char* text : candidates) {
+    const juce::juce_wchar code = juce::String::fromUTF8(text)[0];
+    bool isInstalled = false;
+    for (const juce::String& family : juce::Font::findAllTypefaceNames()) {
+      const juce::Typeface::Ptr face = juce::Font(family, "Regular", 12.0f).getTypefacePtr();
+      juce::Path lacking, outline;
+      face->getOutlineForGlyph(0xffff, lacking);
+      isInstalled |= face->getOutlineForGlyph(static_cast<int>(code), outline) &&
+                     !outline.isEmpty() && outline != lacking;
+    }
+    if (!isInstalled) continue;
+    ++found;
+    EXPECT_FALSE(outlineOf(text) == missing) << text;
+  }
+  if (found == 0) GTEST_SKIP() << "no typeface of this machine has any of them";
 }
 
 TEST(Picture, isOpaqueBlackAndCopiesWhole) {

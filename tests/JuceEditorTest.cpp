@@ -9,6 +9,7 @@
 #include "backends/juce/JuceInput.h"
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StoredBindings.h"
+#include "foundation/Bundle.h"
 #include "tests/support/JuceBench.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -79,7 +80,9 @@ TEST_F(EditorTest, theHostsEditorTakesAnySizeFromTheSmallestOnAndRemembersIt) {
   juce_backend::AudioUnitProcessor processor(entry);
   {
     const std::unique_ptr<juce::AudioProcessorEditor> editor(processor.createEditor());
-    EXPECT_EQ(editor->getBounds().getWidth(), 600);
+    EXPECT_EQ(editor->getLocalBounds(), juce::Rectangle<int>(600, 400));
+    EXPECT_EQ(foundation::Bundle::mainInfoDictionary()->at("CFBundleDisplayName"), "Test")
+        << "what the program says of itself goes before what the plug-in does";
     EXPECT_TRUE(editor->isResizable());
     EXPECT_EQ(editor->getConstrainer()->getMinimumWidth(), 480);
     EXPECT_EQ(editor->getConstrainer()->getMinimumHeight(), 320);
@@ -282,7 +285,8 @@ TEST(ComputerKeyboard, playsAHeldKeyOnceAndLeavesShortcutsAlone) {
   juce_backend::ComputerKeyboard keyboard([&](const juce::MidiMessage& m) { sent.push_back(m); });
   EXPECT_TRUE(keyboard.keyPressed(juce::KeyPress('Z', {}, 'z')));
   EXPECT_TRUE(keyboard.keyPressed(juce::KeyPress('Z', {}, 'z')));
-  EXPECT_FALSE(keyboard.keyPressed(juce::KeyPress('Z', juce::ModifierKeys::ctrlModifier, 0)));
+  for (const int modifier : {juce::ModifierKeys::ctrlModifier, juce::ModifierKeys::altModifier})
+    EXPECT_FALSE(keyboard.keyPressed(juce::KeyPress('X', modifier, 0)));
   EXPECT_FALSE(keyboard.keyPressed(juce::KeyPress(juce::KeyPress::upKey)));
   ASSERT_EQ(sent.size(), 1u);
   EXPECT_TRUE(sent[0].isNoteOn());
@@ -291,6 +295,20 @@ TEST(ComputerKeyboard, playsAHeldKeyOnceAndLeavesShortcutsAlone) {
   ASSERT_EQ(sent.size(), 2u);
   EXPECT_TRUE(sent[1].isNoteOff());
   EXPECT_EQ(sent[1].getNoteNumber(), 48);
+}
+
+TEST(ComputerKeyboard, endsTheNotesOfKeysThatAreUp) {
+  std::vector<int> ended;
+  juce_backend::ComputerKeyboard keyboard([&](const juce::MidiMessage& m) {
+    if (m.isNoteOff()) ended.push_back(m.getNoteNumber());
+  });
+  EXPECT_FALSE(keyboard.keyStateChanged());
+  keyboard.keyPressed(juce::KeyPress('z', {}, 'z'));
+  keyboard.keyPressed(juce::KeyPress('Q', {}, 'q'));
+  // Nobody holds a real key.
+  EXPECT_TRUE(keyboard.keyStateChanged());
+  EXPECT_EQ(std::multiset<int>(ended.begin(), ended.end()), (std::multiset<int>{48, 60}));
+  EXPECT_FALSE(keyboard.keyStateChanged());
 }
 
 TEST(Snapshot, writesAPictureOfEveryPageAndSaysWhatFails) {

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <thread>
 
+#include "backends/juce/EditorComponent.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace juce_backend {
@@ -47,6 +48,19 @@ TEST_F(LinkTest, pagesAndLettersGoToTheDesktopsProgramAsTheyStand) {
     EXPECT_TRUE(openLink(url));
     EXPECT_EQ(opened(), url);
   }
+}
+
+TEST_F(LinkTest, anEditorsLinksAreOpenedAtTheEndOfItsResponders) {
+  const juce::ScopedJuceInitialiser_GUI juceIsUp;
+  EditorComponent editor([] { return std::make_unique<toolkit::ViewController>(); });
+  platform::Application* application = nullptr;
+  for (platform::Responder* each = &editor.controller().view(); each && !application;
+       each = each->nextResponder())
+    application = dynamic_cast<platform::Application*>(each);
+  ASSERT_TRUE(application);
+  EXPECT_TRUE(application->open("https://example.org/help"));
+  EXPECT_EQ(opened(), "https://example.org/help");
+  EXPECT_EQ(application->presentation(), &editor.presentation());
 }
 
 TEST_F(LinkTest, nothingElseIsOpened) {

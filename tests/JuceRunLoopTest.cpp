@@ -99,6 +99,36 @@ TEST_F(JuceRunLoopTest, aClientMayTakeAnotherOutOfTheFrameUnderWay) {
   EXPECT_EQ(victim.frames, 0);
 }
 
+TEST_F(JuceRunLoopTest, whatComesInTheMiddleIsHeardAtOnce) {
+  support::runFor(0.05);
+  bool hasRun = false, hasFired = false;
+  std::thread([&] { foundation::DispatchQueue::mainAsync([&] { hasRun = true; }); }).join();
+  EXPECT_TRUE(support::runUntil([&] { return hasRun; }, 2)) << "a task of another thread";
+  foundation::Timer timer(0.01, foundation::Timer::Repeat::once, [&] { hasFired = true; });
+  const double start = foundation::RunLoop::main().now();
+  EXPECT_TRUE(support::runUntil([&] { return hasFired; }, 2)) << "a timer";
+  EXPECT_LT(foundation::RunLoop::main().now() - start, 0.4);
+}
+
+TEST_F(JuceRunLoopTest, restsWhenThereIsNothingToDo) {
+  int frames = 0;
+  {
+    foundation::DisplayLink link([&] { ++frames; });
+    foundation::Timer timer(0.005, foundation::Timer::Repeat::once, [] {});
+    foundation::DispatchQueue::mainAsync([] {});
+    support::runUntil([&] { return frames > 0; });
+  }
+  support::runFor(0.05);
+  int messages = 0;
+  support::runUntil(
+      [&] {
+        while (messages < 100 && juce::dispatchNextMessageOnSystemQueue(true)) ++messages;
+        return false;
+      },
+      0.3);
+  EXPECT_LE(messages, 3) << "a timer or a descriptor that is never done";
+}
+
 TEST(JuceRunLoop, aLoopThatIsDestroyedWhileItIsDueIsNotCalledAnyMore) {
   const juce::ScopedJuceInitialiser_GUI juceIsUp;
   // Called before the loop's own, as its number is lower.

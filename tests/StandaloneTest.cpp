@@ -43,7 +43,8 @@ class StandaloneTest : public testing::Test {
 
   /// Runs the program, `script` once its window is there and `later` a moment later; then closes it
   /// as a user would.
-  int run(const Script& script, const Script& later = nullptr) {
+  int run(const Script& script, const Script& later = nullptr,
+          const std::string& settings = "settings") {
     orvane::PluginEntry entry = support::renderLogEntry();
     entry.makeAudioUnit = [this] {
       auto made = std::make_unique<support::RenderLog>();
@@ -73,7 +74,7 @@ class StandaloneTest : public testing::Test {
       return controller;
     };
     testing::internal::CaptureStderr();
-    const int result = runStandalone(entry, {folder / "settings"});
+    const int result = runStandalone(entry, {settings.empty() ? "" : folder / settings});
     said = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(hasRun) << "no window has come";
     return result;
@@ -144,6 +145,13 @@ TEST_F(StandaloneWindowTest, theWindowComesBackAsLargeAsItsUserLeftIt) {
   });
 }
 
+TEST_F(StandaloneWindowTest, withoutAFolderOfItsOwnItUsesTheUsers) {
+  const Environment home("HOME", folder.path());
+  const Environment config("XDG_CONFIG_HOME", folder / ".config");
+  run([](StandaloneWindow&) {}, nullptr, "");
+  EXPECT_TRUE(std::filesystem::exists(folder / ".config/Orvane/org.example.renderlog.settings"));
+}
+
 TEST_F(StandaloneWindowTest, theEditorKnowsWhereItIsAndHasTheKeyboard) {
   run([this](StandaloneWindow& window) {
     EXPECT_TRUE(editor->isStandaloneVersion);
@@ -197,6 +205,10 @@ TEST_F(StandaloneWindowTest, midiLearnIsSwitchedByTheMenusAndEndedByEscape) {
     EXPECT_TRUE(window.getPeer()->handleKeyPress(juce::KeyPress(juce::KeyPress::escapeKey)));
     EXPECT_FALSE(item().isTicked);
     EXPECT_FALSE(window.keyPressed(juce::KeyPress(juce::KeyPress::escapeKey)));
+    item().action();
+    EXPECT_TRUE(window.keyPressed(juce::KeyPress(juce::KeyPress::escapeKey)))
+        << "also where the editor has not the keyboard";
+    EXPECT_FALSE(item().isTicked);
   });
 }
 
