@@ -326,6 +326,31 @@ TEST(JuceCanvas, restoreBringsBackPlacementAndClip) {
   EXPECT_EQ(image.getPixelAt(50, 4).getRed(), 255);
 }
 
+TEST(JuceCanvas, whatIsPaintedInPartsIsTheSameAsInOnePiece) {
+  const auto painting = [](JuceCanvas& c) {
+    c.strokePath(line({3, 10}, {27, 10}), {6}, Color::rgb(0xff8000));
+    c.strokeRoundedRect({4, 3, 22, 22}, 5, 3, Color::rgb(0x8000ff));
+    c.drawText("Resonance", font.withSize(9), {2, 12, 26, 14}, platform::TextAlignment::left,
+               Color::white());
+    c.fillEllipse({8, 14, 9, 9}, Color::white().withAlpha(0.3f));
+  };
+  for (const double scale : {1.0, 1.25, 2.0}) {
+    const juce::Image whole = paint(scale, {30, 30}, painting);
+    juce::Image parts = juce_backend::makePicture(whole.getWidth(), whole.getHeight());
+    for (int y = 0; y < parts.getHeight(); y += 3)
+      for (int x = 0; x < parts.getWidth(); x += 4) {
+        JuceCanvas canvas(parts, scale, {x, y, 4, 3});
+        painting(canvas);
+      }
+    for (int y = 0; y < whole.getHeight(); ++y)
+      for (int x = 0; x < whole.getWidth(); ++x) {
+        const juce::Colour one = whole.getPixelAt(x, y), other = parts.getPixelAt(x, y);
+        EXPECT_NEAR(one.getRed(), other.getRed(), 2) << x << ", " << y << " at scale " << scale;
+        EXPECT_NEAR(one.getBlue(), other.getBlue(), 2) << x << ", " << y << " at scale " << scale;
+      }
+  }
+}
+
 TEST(JuceCanvas, aClipWithinAClipNeverGetsLarger) {
   const juce::Image image = paint(1, {30, 30}, [](JuceCanvas& c) {
     c.clip({5, 5, 10, 10});
@@ -433,6 +458,15 @@ TEST(JuceCanvas, linesLieOnTheirPathsAndAreNeverTooThinToSee) {
     if (place.getHeight() < 2) continue;
     EXPECT_EQ(ink(paint(2, {30, 30}, stroke)), place * 2) << name << " at scale 2";
   }
+  platform::Path corner;
+  corner.moveTo({5, 10});
+  corner.lineTo({20, 10});
+  corner.lineTo({20, 25});
+  const juce::Image round = paint(1, {30, 30}, [&](JuceCanvas& c) {
+    c.strokePath(corner, {8, Cap::butt}, Color::white());
+  });
+  EXPECT_EQ(round.getPixelAt(23, 6), juce::Colours::black) << "joins are round";
+  EXPECT_EQ(round.getPixelAt(21, 7), juce::Colours::white);
   EXPECT_EQ(ink(paint(1, {30, 30},
                       [](JuceCanvas& c) {
                         c.strokeRoundedRect({5, 5, 20, 10}, 0, 0.1, Color::white());
@@ -543,6 +577,15 @@ TEST(JuceCanvas, aTextKeepsItsSizeWhateverItsNeighboursNeedAndNeverGetsTooSmall)
                                     platform::TextAlignment::left, Color::white());
                        })).getHeight();
   EXPECT_NEAR(ink(inRoom(width * 0.4, 0.7)).getHeight(), smallest, 1);
+  const double atLeast = width * 0.7 - 3;
+  EXPECT_FALSE(areSame(inRoom(atLeast, 0.7),
+                       paint(2, {200, 30},
+                             [&](JuceCanvas& c) {
+                               c.clip({0, 0, atLeast, 30});
+                               c.drawText("Resonance", font.withSize(12 * 0.7), {0, 5, 190, 20},
+                                          platform::TextAlignment::left, Color::white());
+                             })))
+      << "a text that has not room is cut at a letter, and says so";
   const int low = ink(paint(2, {60, 30}, [](JuceCanvas& c) {
                     c.drawText("H", font.withSize(40), {0, 5, 50, 12},
                                platform::TextAlignment::left, Color::white(), 0.1);

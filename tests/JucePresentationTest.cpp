@@ -95,6 +95,7 @@ TEST_F(JucePresentationTest, alertsWaitForEachOtherAndGiveTheKeyboardBack) {
   editor.window().prepareFrame();
   EXPECT_EQ(alertTitle(), "Error");
   EXPECT_EQ(alert().message()->text, "No preset selected");
+  EXPECT_EQ(alert().message()->buttons, std::vector<std::string>{"OK"});
   EXPECT_EQ(alert().frame(), (platform::Rect{0, 0, 600, 400}));
   EXPECT_TRUE(alert().button(0).isFirstResponder());
   editor.setSize(700, 500);
@@ -175,7 +176,7 @@ TEST_F(JucePresentationTest, pickedFilesAreImportedOneByOneOrTheFirstAlone) {
     int picks = 0;
   } delegate;
   const std::string a = preset("in/a.preset", 1), b = preset("in/b.preset", 2);
-  folder.write("in/Read.me", "x");
+  for (const char* other : {"in/Read.me", "in/nopreset"}) folder.write(other, "x");
   for (const bool all : {false, true}) {
     presentation().present(platform::DocumentPicker{{"org.test.preset"}, all, &delegate});
     auto& browser = presentation().filePanel()->browser();
@@ -224,6 +225,8 @@ TEST_F(JucePresentationTest, droppedPresetsAreImportedOneByOneAndOtherFilesRefus
   preset("in/pack/A.preset", 40);
   preset("in/pack/below/C.preset", 60);
   EXPECT_FALSE(editor.isInterestedInFileDrag(strings({text, folder / "none.preset"})));
+  editor.fileDragEnter(strings({text}), 5, 5);
+  EXPECT_FALSE(editor.dropHint().isShown());
   EXPECT_TRUE(editor.isInterestedInFileDrag(strings({text, lead})));
   editor.fileDragEnter(strings({text, lead}), 5, 5);
   EXPECT_EQ(editor.dropHint().text(), "Drop to import \"Lead\"");

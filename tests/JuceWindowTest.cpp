@@ -44,7 +44,9 @@ class Notebook : public toolkit::ViewController {
     void touchMoved(const toolkit::Touch& touch) override {
       log += has(touch.modifiers, platform::Modifiers::shift) ? "fine " : "move ";
     }
-    void touchEnded(const toolkit::Touch&) override { log += "up "; }
+    void touchEnded(const toolkit::Touch& touch) override {
+      log += pointInside(touch.locationIn(*this)) ? "up " : "off ";
+    }
     void touchCancelled(const toolkit::Touch&) override { log += "cancel "; }
     void hoverChanged(bool hovered) override { log += hovered ? "in " : "out "; }
     bool wheelTurned(const platform::WheelEvent& event) override {
@@ -97,6 +99,12 @@ TEST_F(NotebookTest, theMouseArrivesWithItsClicksKeysAndHover) {
   window->mouse({30, 10}, left | shift);
   window->mouse({30, 10});
   EXPECT_EQ(taken(), "move fine up ");
+  window->mouse({30, 20}, left);
+  window->mouse({80, 20}, left);
+  window->mouse({80, 20});
+  EXPECT_EQ(taken(), "down1 move off ") << "let go beside it";
+  window->mouse({30, 20});
+  taken();
   window->pause();
   for (int click = 0; click < 2; ++click) {
     window->mouse({30, 25}, left);
