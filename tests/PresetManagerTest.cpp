@@ -211,6 +211,7 @@ TEST(PresetFileTest, CategoriesAreFoundAtTheStartOrNotAtAll) {
                            "<key>$archiver</key><string>x</string><key>Categories</key><array/>",
                            "</dict>", "<key>Categ", ""})
     EXPECT_FALSE(at(body)) << body;
+  EXPECT_EQ(PresetFile::categoriesAtStart("<dict><key>Categories</key><array/>"), Names());
   for (const char* text : {"", "bplist00", "<plist><array>", "<?xml"})
     EXPECT_FALSE(PresetFile::categoriesAtStart(text)) << text;
 }

@@ -85,6 +85,7 @@ TEST(PropertyListCodingTest, EveryKindOfValueReadsBackAsItWasWritten) {
       {"data", PropertyList::Data{0, 1, 254, 255}},
       {"date", PropertyList::Date{700000000}},
       {"before", PropertyList::Date{-1000000000}},
+      {"return", "a\r\nb\rc"},
       {"\xc3\xbc & key",
        PropertyList::Array{1, "two", PropertyList::Array{}, PropertyList::Dictionary{{"a", 1}}}},
   };
@@ -129,6 +130,8 @@ TEST(PropertyListCodingTest, WhatTheFormatCannotHoldIsLeftOutOrReplaced) {
   EXPECT_EQ(*parse(writeXmlPropertyList({})), PropertyList(PropertyList::Dictionary{}));
   EXPECT_EQ(*parse(writeXmlPropertyList(PropertyList::Array{1, {}, 2})),
             PropertyList(PropertyList::Array{1, 2}));
+  EXPECT_EQ(*parse(writeXmlPropertyList(PropertyList::Dictionary{{"a", {}}, {"b", 1}})),
+            PropertyList(PropertyList::Dictionary{{"b", 1}}));
   const std::string replacement = "\xef\xbf\xbd";
   const struct {
     std::string text, read;
@@ -166,6 +169,13 @@ TEST(PropertyListCodingTest, XmlOfOtherWritersIsRead) {
       {xml("<!--" + many("<array>") + "--><string><![CDATA[" + many("<a>") + "]]></string>"),
        many("<a>")},
       {xml("<dict><key>a</key><real>1.5</real></dict>"), PropertyList::Dictionary{{"a", 1.5}}},
+      {xml("<dict><key>a</key><true/><key>a</key><real> +2 </real></dict>"),
+       PropertyList::Dictionary{{"a", 2.0}}},
+      {"<array><integer>-0x1F</integer><integer>+7</integer></array>", PropertyList::Array{-31, 7}},
+      {xml("<array><real>1e400</real><real>-1e400</real><real>1E-400</real><real>1e-400</real></"
+           "array>"),
+       PropertyList::Array{HUGE_VAL, -HUGE_VAL, 0.0, 0.0}},
+      {xml("<date>2001-01-01T00:00:01.5Z</date>"), PropertyList::Date{1.5}},
   };
   for (const auto& [text, list] : cases) {
     const auto read = parse(text);

@@ -144,6 +144,32 @@ TEST_F(UserDefaultsTest, ABrokenFileIsToldAndKeptAside) {
   EXPECT_EQ(support::textOf(file() + ".damaged-2"), "once more");
 }
 
+TEST_F(UserDefaultsTest, WhatCanNeitherBeReadNorKeptAsideIsLeftAsItIs) {
+  struct Troubled : foundation::LocalFileManager {
+    using LocalFileManager::LocalFileManager;
+    std::optional<PropertyList::Data> contents(const std::string& path, platform::FileError& error,
+                                               std::uint64_t offset, std::size_t count) override {
+      if (canRead) return LocalFileManager::contents(path, error, offset, count);
+      error.localizedDescription = "no more files can be opened";
+      return std::nullopt;
+    }
+    Error copyItem(const std::string&, const std::string&) override {
+      return platform::FileError{.localizedDescription = "the disk is full"};
+    }
+    bool canRead = true;
+  };
+  Troubled troubled{folder.path()};
+  const foundation::DefaultFileManager inPlace{troubled};
+  storeElsewhere({{"list", Array{"a"}}});
+  troubled.canRead = false;
+  open().setObject("list", {"b"});
+  EXPECT_EQ(*stored("list"), Array{"a"});
+  troubled.canRead = true;
+  std::ofstream(file()) << "damaged";
+  open().setObject("list", {"b"});
+  EXPECT_EQ(support::textOf(file()), "damaged");
+}
+
 TEST_F(UserDefaultsTest, AFailedWriteIsToldAndMadeUpForLater) {
   open().setObject("list", {"a"});
   std::filesystem::remove(file());
