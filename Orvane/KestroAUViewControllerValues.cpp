@@ -203,10 +203,9 @@ std::vector<KestroAUViewController::TappedValue> KestroAUViewController::tappedV
 }
 
 const KestroAUViewController::TappedValue* KestroAUViewController::doubleTappedValue() const {
-  const auto found =
-      std::find_if(tappedValues_.begin(), tappedValues_.end(), [this](const TappedValue& value) {
-        return value.key->key() == doubleTappedKey_->key();
-      });
+  const auto found = std::find_if(
+      tappedValues_.begin(), tappedValues_.end(),
+      [this](const TappedValue& value) { return value.key->key() == doubleTappedKey_->key(); });
   return found == tappedValues_.end() ? nullptr : &*found;
 }
 
