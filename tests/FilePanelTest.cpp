@@ -137,6 +137,7 @@ TEST_F(FilePanelTest, cancellingAnswersOnceWithNothing) {
       panel->keyPressed(escape);
     else
       panel->cancelButton().onClick();
+    EXPECT_EQ(answers, 1);
     panel->keyPressed(escape);
     panel->keyPressed(returnKey);
     EXPECT_EQ(answers, 1);
