@@ -216,12 +216,13 @@ TEST(Description, EveryFieldIsTakenAsItStands) {
       {"key": "a", "address": 40, "min": -1, "max": 1, "default": 0.5, "unit": "indexed",
        "flags": ["displayLogarithmic", "nonRealTime"], "strings": ["x", "y", "z"], "name": "A",
        "control": "simpleCurve", "attached": ["b"], "inverted": true, "links": [true, false, true],
-       "colors": ["#010203", "#0a0b0c80"], "controlColor": "#ff0000"}, {"key": "b"}],
+       "colors": ["#010203", "#0a0b0c80"], "controlColor": "#ff0000"}, {"key": "b"}, {"key": "c"}],
     "pages": [{"title": "T", "sections": [{"name": "S", "color": "#00ff00"}, {
       "name": "R", "row": 4, "horizontalWeight": 2, "verticalWeight": 3, "columnOffset": 0,
       "fillNameSpace": true, "displayGradient": false, "state": "b", "feedback": "a",
       "columns": [{"weight": 5, "slots": [
-        {"param": "a", "weight": 6, "offset": 7, "widthRatio": 8, "siblings": [null]}]}]}]}],
+        {"param": "a", "weight": 6, "offset": 7, "widthRatio": 8, "siblings": [null]},
+        {"param": "c", "offset": -13}]}]}]}],
     "factoryPresets": [{"name": "F", "number": 9, "bank": "B", "categories": ["c"], "pack": "K",
       "values": {"a": 1}}]})");
   tool::Problems problems;
@@ -285,6 +286,19 @@ TEST(Description, ItsPluginHasTheSizeAndTheGroupThatItSays) {
     EXPECT_EQ(plugin.entry.preferredSize, size);
     EXPECT_EQ(plugin.entry.createViewController()->groupBundleId(), "group.ber9");
   }
+}
+
+TEST(Description, BracketsInATextAreNoNestingAndAFootHasAHeightOfItsOwn) {
+  tool::Problems problems;
+  const std::string name = "\"" + std::string(100, '[');
+  const json description = {{"name", name},
+                            {"foot", {"a"}},
+                            {"parameters", {{{"key", "a"}}}},
+                            {"pages", {{{"sections", {{{"name", "S"}}}}}}}};
+  const tool::DescribedPlugin read = tool::readDescription(description.dump(), "", problems);
+  ASSERT_TRUE(problems.empty()) << problems.front().text;
+  EXPECT_EQ(read.name, name);
+  EXPECT_EQ(read.footHeightRatio, 0.1);
 }
 
 TEST(Description, NearlyEverythingMayBeLeftOut) {

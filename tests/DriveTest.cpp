@@ -354,6 +354,16 @@ TEST(Drive, APresetThatIsLoadedWhileAKnobIsHeldIsShownAndTheFingerMovesOnlyItsOw
   EXPECT_EQ(moved[8]["position"], last("set cutoff " + value + "\nget cutoff")["position"]);
 }
 
+TEST(Drive, KeysMoveAControlBothWaysAndABindingIsLetGoAlone) {
+  const auto answers = drive(
+      "tap key:cutoff\nkey pageup\nget cutoff\nkey pagedown\nkey pagedown\nget cutoff\n"
+      "map cutoff 176,7\nmap mix 176,8\nunmap cutoff\nget cutoff\nget mix");
+  EXPECT_GT(answers[2]["value"], 1000);
+  EXPECT_LT(answers[5]["value"], 1000);
+  EXPECT_EQ(answers[9]["midi"], nullptr);
+  EXPECT_EQ(answers[10]["midi"], (json{176, 8}));
+}
+
 TEST(Drive, AMessageAtOnceWithTheTapOfLearnModeBindsTheControl) {
   const auto answers = drive(
       "learn on\ntogether\ntap key:cutoff\nreceive 176,7,1\nget cutoff\nend\nget cutoff\n"

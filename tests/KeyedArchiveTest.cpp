@@ -217,8 +217,9 @@ TEST(KeyedArchiveTest, NestingAndUnfoldingAreBounded) {
   doubling.push_back("end");
   doubling.push_back(theClass("NSArray"));
   EXPECT_EQ(errorOf(archive(doubling)), "the keyed archive unfolds to more than can be read");
-  for (const PropertyList& shared : {PropertyList(std::string(100000, 'x')),
-                                     object(3, {{"NS.string", std::string(100000, 'x')}})}) {
+  for (const PropertyList& shared :
+       {PropertyList(std::string(100000, 'x')), PropertyList(Data(100000)),
+        object(3, {{"NS.string", std::string(100000, 'x')}})}) {
     const PropertyList many = object(4, {{"NS.objects", Array(1000, uid(2))}});
     EXPECT_EQ(errorOf(archive({"$null", many, shared, theClass("NSString"), theClass("NSArray")})),
               "the keyed archive unfolds to more than can be read");

@@ -128,6 +128,10 @@ TEST(LocalFileManagerTest, AFileIsOnTheDiskBeforeItTakesItsNameAndItsFolderIsAft
   EXPECT_EQ(counts(save), std::pair(1, 1));
   EXPECT_EQ(counts(remove), std::pair(0, 1));
   EXPECT_EQ(counts(copy), std::pair(1, 1));
+  const auto make = [&] {
+    return files.createDirectory(*folder / "made", FileManager::Intermediates::mustExist);
+  };
+  EXPECT_EQ(counts(make), std::pair(0, 1));
   whenSynced = nullptr;
 }
 

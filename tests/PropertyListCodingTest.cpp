@@ -255,6 +255,9 @@ TEST(PropertyListCodingTest, BrokenBytesAreExplained) {
   std::string tooMany = binary({array({7})});
   tooMany[tooMany.size() - 17] = 100;
   EXPECT_EQ(errorOf(tooMany), "the binary property list has a damaged table");
+  std::string outside = binary({"\x09"});
+  outside[9] = 0x7f;
+  EXPECT_EQ(errorOf(outside), "the binary property list has a damaged table");
   EXPECT_EQ(errorOf(binary({"\x5f\x14" + std::string(16, '\1')})),
             "the binary property list has a damaged count");
   EXPECT_EQ(errorOf(binary({array({7})})),
