@@ -121,6 +121,7 @@ endfunction()
 # The tests of one area: one binary test_<area>, since linking costs more here than compiling, with
 # each case an entry of CTest named <area>.<Suite>.<case>. A test finds the files of the repository
 # below ORVANE_SOURCE_DIR and the built programs in ORVANE_BIN_DIR.
+# ON_DISPLAY: all cases are one entry, run in a virtual display where xvfb-run is found.
 function(orvane_add_tests area)
   cmake_parse_arguments(PARSE_ARGV 1 arg "ON_DISPLAY" "" "SOURCES;DEPENDS")
   if(arg_UNPARSED_ARGUMENTS)
