@@ -32,7 +32,7 @@ void DragControl::touchBegan(const toolkit::Touch& touch) {
 
 void DragControl::startDrag() {
   phase_ = Phase::dragging;
-  share_ = shown(value());
+  share_ = DraggedShare(shown(value()));
   beginGesture();
 }
 
@@ -51,8 +51,9 @@ void DragControl::touchMoved(const toolkit::Touch& touch) {
   const platform::Point way = touch.location - touch.previousLocation;
   const double points = dragAxis() == Axis::vertical ? -way.y : way.x;
   const double speed = has(touch.modifiers, platform::Modifiers::shift) ? 0.1 : 1.0;
-  share_ = std::clamp(share_ + points * speed / std::max(1.0, dragLength()), 0.0, 1.0);
-  changeValue(valueAt(static_cast<float>(share_)));
+  const double by = points * speed / std::max(1.0, dragLength());
+  changeValue(valueAt(static_cast<float>(share_.moveBy(shown(value()), by))));
+  if (alive) share_.leaveAt(shown(value()));
 }
 
 void DragControl::touchEnded(const toolkit::Touch& touch) {

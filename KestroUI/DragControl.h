@@ -36,8 +36,8 @@ class DragControl : public KestroControl {
   float origin_ = 0;
   std::optional<int> touchId_;
   Phase phase_ = Phase::none;
-  /// Where the drag has come to, from 0 to 1 as drawn, between steps too.
-  double share_ = 0;
+  /// As drawn.
+  DraggedShare share_;
 };
 
 }  // namespace kestroui

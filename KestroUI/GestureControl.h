@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 
@@ -9,6 +11,27 @@
 #include "toolkit/Control.h"
 
 namespace kestroui {
+
+/// Where a drag has come to on its way from 0 to 1, between steps too. It goes on from where the
+/// value is when somebody else has set that meanwhile.
+class DraggedShare {
+ public:
+  DraggedShare() = default;
+  explicit DraggedShare(double share) : share_(share), left_(share) {}
+
+  /// The next share, of a value that is at `present` now.
+  double moveBy(double present, double by) {
+    // What the drag itself has set comes back rounded.
+    if (std::fabs(present - left_) > 1e-4) share_ = present;
+    return share_ = std::clamp(share_ + by, 0.0, 1.0);
+  }
+  /// Where that has left the value, which may take steps.
+  void leaveAt(double present) { left_ = present; }
+
+ private:
+  double share_ = 0;
+  double left_ = 0;
+};
 
 /// Base of every control that a user takes hold of: the gesture around its changes, and how its
 /// face shows its states. A gesture (a drag, a burst of wheel turns) sends editingDidBegin and

@@ -164,8 +164,7 @@ class ShapeControl : public GestureControl {
     int touchId;
     std::size_t handle;
     bool secondTap;
-    /// Where the drag has come to, between steps too.
-    double x, y;
+    DraggedShare x, y;
     std::vector<std::size_t> held;
   };
 

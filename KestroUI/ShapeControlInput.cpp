@@ -97,8 +97,8 @@ bool ShapeControl::startDrag(int touchId, const Handle& handle) {
   const std::vector<std::size_t> held = movedBy(handle);
   if (Grip* const grip = gripOf(touchId)) {
     grip->secondTap = false;
-    grip->x = handle.x ? share(*handle.x) : 0;
-    grip->y = handle.y ? share(*handle.y) : 0;
+    grip->x = DraggedShare(handle.x ? share(*handle.x) : 0);
+    grip->y = DraggedShare(handle.y ? share(*handle.y) : 0);
     // A stroke takes hold of what it passes.
     if (!isDrawn()) grip->held = held;
   }
@@ -128,7 +128,7 @@ void ShapeControl::touchBegan(const toolkit::Touch& touch) {
   if (*found >= all.size()) return;
   const Handle& handle = all[*found];
   const bool secondTap = touch.tapCount == 2 && valueDoubleTapped;
-  grips_.push_back({touch.id, *found, secondTap, 0, 0, {}});
+  grips_.push_back({touch.id, *found, secondTap, {}, {}, {}});
   if (secondTap || !startDrag(touch.id, handle)) return;
   if (isDrawn()) return drawTo(touch.id, location, location);
   const Point way = location - handle.place;
@@ -139,14 +139,12 @@ void ShapeControl::touchBegan(const toolkit::Touch& touch) {
 void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
   if (!std::isfinite(way.x) || !std::isfinite(way.y)) return;
   bool changed = false;
-  if (handle.x && way.x != 0) {
-    grip.x = std::clamp(grip.x + way.x / atLeastAPoint(handle.travel.width), 0.0, 1.0);
-    changed = moveTo(*handle.x, grip.x, handle.movesAll);
-  }
-  if (handle.y && way.y != 0) {
-    grip.y = std::clamp(grip.y - way.y / atLeastAPoint(handle.travel.height), 0.0, 1.0);
-    changed = moveTo(*handle.y, grip.y, handle.movesAll) || changed;
-  }
+  const auto move = [&](DraggedShare& dragged, std::size_t index, double by) {
+    changed = moveTo(index, dragged.moveBy(share(index), by), handle.movesAll) || changed;
+    dragged.leaveAt(share(index));
+  };
+  if (handle.x && way.x != 0) move(grip.x, *handle.x, way.x / atLeastAPoint(handle.travel.width));
+  if (handle.y && way.y != 0) move(grip.y, *handle.y, -way.y / atLeastAPoint(handle.travel.height));
   if (handle.x && handle.y && way.x != way.y)
     choose(std::fabs(way.x) > std::fabs(way.y) ? *handle.x : *handle.y);
   noteActive();
@@ -205,7 +203,7 @@ void ShapeControl::touchMoved(const toolkit::Touch& touch) {
     return drawTo(touch.id, touch.previousLocationIn(*this), touch.locationIn(*this));
   const Point way = touch.location - touch.previousLocation;
   const double speed = isFine ? 0.1 : 1.0;
-  if (isDrawn()) grip->y = handle.y ? share(*handle.y) : 0;
+  if (isDrawn()) grip->y = DraggedShare(handle.y ? share(*handle.y) : 0);
   dragBy(*grip, handle, {way.x * speed, way.y * speed});
 }
 

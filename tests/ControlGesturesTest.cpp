@@ -75,6 +75,17 @@ TEST_F(ControlGesturesTest, aDragMovesTheValueFromWhereItIs) {
   EXPECT_EQ(listener.events, "[vvv]");
 }
 
+TEST_F(ControlGesturesTest, aDragGoesOnFromWhereSomebodyElseHasPutTheValue) {
+  bench.press(centre);
+  bench.drag({130, 110});
+  knob->setValue(0.2f);
+  bench.drag({130, 100});
+  EXPECT_NEAR(knob->value(), 0.25f, 1e-5);
+  knob->setValue(0.25f);
+  bench.drag({130, 90});
+  EXPECT_NEAR(knob->value(), 0.3f, 1e-5) << "its own value, come back, is nobody else's";
+}
+
 TEST_F(ControlGesturesTest, shiftMakesADragAndAWheelTenTimesFiner) {
   bench.press(centre);
   bench.window.touchMoved(1, {130, 110}, Modifiers::shift);

@@ -386,6 +386,22 @@ TEST_F(ShapeKindsTest, namedValuesGoFromStepToStep) {
   bench.lift({0, 0});
 }
 
+TEST_F(ShapeKindsTest, aDragGoesOnFromWhereSomebodyElseHasPutTheValue) {
+  XYControlContainer pad;
+  show(pad, {"x", "y"}, {0, 0, 200, 200});
+  for (const char* key : {"x", "y"}) showValue(pad, key, 0.5f);
+  const Point at = handleOf(pad, "x").value();
+  bench.press(at);
+  bench.drag({at.x + 10, at.y});
+  const float moved = valueOf(pad, "x") - 0.5f;
+  EXPECT_GT(moved, 0.01f);
+  showValue(pad, "x", 0.2f);
+  bench.drag({at.x + 20, at.y});
+  EXPECT_NEAR(valueOf(pad, "x"), 0.2f + moved, 1e-4);
+  EXPECT_EQ(valueOf(pad, "y"), 0.5f);
+  bench.lift({at.x + 20, at.y});
+}
+
 TEST_F(ShapeKindsTest, everyKindTakesAnyNumberOfKeysAndAnyNonsense) {
   for (const auto& maker : makers()) {
     for (const int count : {0, 1, 2, 3, 4, 6, 33}) {
