@@ -38,6 +38,11 @@ MidiLearn::MidiLearn(platform::AudioUnit& audioUnit)
   }
 }
 
+MidiLearn::~MidiLearn() {
+  for (std::size_t i = 0; i < targetCount_; ++i)
+    if (targets_[i].heldUntil) targets_[i].parameter->endGesture();
+}
+
 // Editor
 
 void MidiLearn::setEditor(KestroAUViewController* editor) {
@@ -205,6 +210,7 @@ bool MidiLearn::receive(std::span<const std::uint8_t> message) {
     const bool switches = bound.parameter->unit() == platform::AudioUnitParameterUnit::boolean;
     const std::uint8_t value = heard->isNoteOn && switches ? 127 : heard->value;
     bound.parameter->setValue(midiParameterValue(*bound.parameter, value));
+    bound.hasMoved.store(true, std::memory_order_release);
     hasMoved = true;
   }
   return hasMoved;
@@ -223,7 +229,21 @@ void MidiLearn::capture(Code code) {
   } while (!captured_.compare_exchange_weak(kept, code, std::memory_order_acq_rel));
 }
 
-void MidiLearn::poll() {
+void MidiLearn::pollGestures(double now) {
+  for (std::size_t i = 0; i < targetCount_; ++i) {
+    Target& bound = targets_[i];
+    if (bound.hasMoved.load(std::memory_order_relaxed) && bound.hasMoved.exchange(false)) {
+      if (!bound.heldUntil) bound.parameter->beginGesture();
+      bound.heldUntil = now + quietTime;
+    } else if (bound.heldUntil && now >= *bound.heldUntil) {
+      bound.heldUntil.reset();
+      bound.parameter->endGesture();
+    }
+  }
+}
+
+void MidiLearn::poll(double now) {
+  pollGestures(now);
   // The editor may have gone without a word.
   if (waiting_ && !isLearning()) setWaiting(nullptr);
   const Code code = captured_.exchange(0, std::memory_order_acq_rel);

@@ -24,7 +24,7 @@ namespace orvane {
 ///     orvane::MidiLearn midi(audioUnit);
 ///     midi.setEditor(&controller);   // while one is open
 ///     midi.receive({bytes, size});   // from the device's or the audio thread
-///     midi.poll();                   // from a timer
+///     midi.poll(seconds);            // from a timer
 ///
 /// The audio unit outlives it.
 class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTarget {
@@ -34,6 +34,8 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   using Bindings = std::map<std::string, Message>;
 
   explicit MidiLearn(platform::AudioUnit& audioUnit);
+  /// Ends the gestures that are under way.
+  ~MidiLearn() override;
 
   /// Becomes the host delegate of an editor whose view is loaded, and shows it the bindings. Null
   /// when it closes; learn mode ends with it.
@@ -69,8 +71,20 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   /// parameter) it keeps the coarse value.
   /// False for one that does neither. Any thread; takes no lock and allocates nothing.
   bool receive(std::span<const std::uint8_t> message);
-  /// Binds the control that waits to what `receive` has kept.
-  void poll();
+  /// Binds the control that waits to what `receive` has kept, and makes gestures of what it has moved
+  /// since: one goes on until its parameter has rested for `quietTime`. `now` is in seconds, of any
+  /// clock.
+  void poll(double now = 0);
+  static constexpr double quietTime = 0.5;
+  /// Instead of poll, for who makes no gestures: calls `visit` with each parameter that `receive` has
+  /// moved since. The thread that calls `receive`.
+  template <class Visit>
+  void takeMoved(const Visit& visit) {
+    for (std::size_t i = 0; i < targetCount_; ++i)
+      if (targets_[i].hasMoved.load(std::memory_order_relaxed) &&
+          targets_[i].hasMoved.exchange(false))
+        visit(*targets_[i].parameter);
+  }
 
   void didSelectMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
   void deleteMidiMap(const std::shared_ptr<kestroui::ParamKey>& key) override;
@@ -87,6 +101,10 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   struct Target {
     platform::AUParameter* parameter = nullptr;
     std::atomic<Code> code{0};
+    /// Since the last poll.
+    std::atomic<bool> hasMoved{false};
+    /// When its gesture ends unless it moves again.
+    std::optional<double> heldUntil;
   };
 
   static std::optional<Heard> hear(std::span<const std::uint8_t> message);
@@ -94,6 +112,7 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   void capture(Code code);
   Target* target(const std::string& key);
   void setWaiting(std::shared_ptr<kestroui::ParamKey> key);
+  void pollGestures(double now);
   /// The bindings of other keys of the same parameter go.
   void removeAliases(const std::string& key, const Target& target);
   void show(const std::string& key, const std::optional<Message>& message);

@@ -19,9 +19,14 @@ void Parameter::setValue(float value, platform::AUParameterObserverToken origina
   tree_.observers_.notify(description_.address, value, originator);
 }
 
-void Parameter::beginGesture() { tree_.gesture(description_.address, true); }
+void Parameter::beginGesture() {
+  if (gestures_++ == 0) tree_.gesture(description_.address, true);
+}
 
-void Parameter::endGesture() { tree_.gesture(description_.address, false); }
+void Parameter::endGesture() {
+  if (gestures_ == 0 || --gestures_ > 0) return;
+  tree_.gesture(description_.address, false);
+}
 
 std::string Parameter::stringFromValue(float value) const {
   return parameterText(description_, value);

@@ -43,6 +43,8 @@ class Parameter final : public platform::AUParameter {
   ParameterTree& tree_;
   const ParameterDescription description_;
   std::atomic<float> value_;
+  /// How many hands are on it.
+  int gestures_ = 0;
 };
 
 }  // namespace quillon

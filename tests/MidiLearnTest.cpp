@@ -242,6 +242,30 @@ TEST_F(MidiLearnTest, AnEditorThatOpensLaterShowsTheBindingsAndOneThatClosesEnds
   EXPECT_EQ(second.container("mode")->midiMapMessage(), Message{0xe0});
 }
 
+TEST_F(MidiLearnTest, AStreamOfMessagesIsOneGestureThatEndsWhenItRests) {
+  std::vector<std::string> told;
+  unit.parameterTree().setGestureObserver([&](platform::AUParameterAddress at, bool began) {
+    told.push_back((began ? "begin " : "end ") + std::to_string(at));
+  });
+  learn.bind("cutoff", {0xb0, 74});
+  learn.receive(Message{0xb0, 74, 1});
+  for (double now = 10; now < 11; now += 0.1) {
+    learn.receive(Message{0xb0, 74, 2});
+    learn.poll(now);
+  }
+  EXPECT_EQ(told, std::vector<std::string>{"begin 1"});
+  // A finger takes hold of it meanwhile.
+  unit.parameter("cutoff")->beginGesture();
+  learn.poll(11.6);
+  EXPECT_EQ(told, std::vector<std::string>{"begin 1"}) << "the finger is still on it";
+  unit.parameter("cutoff")->endGesture();
+  EXPECT_EQ(told, (std::vector<std::string>{"begin 1", "end 1"}));
+  learn.receive(Message{0xb0, 73, 2});
+  learn.poll(12);
+  EXPECT_EQ(told.size(), 2u) << "what moves nothing is no gesture";
+  unit.parameterTree().setGestureObserver({});
+}
+
 TEST_F(MidiLearnTest, OneControlWaitsAtATimeInWhateverOrderTheyAreTapped) {
   const auto selected = [&] {
     std::string names;

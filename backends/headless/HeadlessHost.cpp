@@ -168,7 +168,7 @@ FrameCount HeadlessHost::takeFrames() {
 
 void HeadlessHost::refresh() {
   // A real host does it at each tick of a timer; here nothing is to depend on the clock.
-  midiLearn_.poll();
+  midiLearn_.poll(loop_.now());
   const Rect bounds{0, 0, window_.size().width, window_.size().height};
   for (int frame = 0; frame < maxFramesAtOnce && window_.needsFrame(); ++frame) {
     for (const Rect& area : window_.prepareFrame()) {
