@@ -5,6 +5,7 @@
 
 #include "backends/juce/AudioUnitProcessor.h"
 #include "tests/support/AllocationCounter.h"
+#include "tests/support/GivenUnit.h"
 #include "tests/support/JuceBench.h"
 
 namespace {
@@ -149,6 +150,27 @@ TEST_F(JuceProcessorTest, midiBindingsMoveParametersAndAreKeptWithTheHostsState)
 
   other.setStateInformation(old.getData(), static_cast<int>(old.getSize()));
   EXPECT_TRUE(other.midiLearn().bindings().empty());
+}
+
+TEST_F(JuceProcessorTest, anEffectHearsMidiToLearnWhereTheFormatBringsIt) {
+  using MidiInput = AudioUnitProcessor::MidiInput;
+  const orvane::PluginEntry entry = support::entryOf([] {
+    return std::make_unique<support::GivenUnit>(
+        support::GivenUnit::Channels{2, 2, false},
+        std::vector<quillon::ParameterDescription>{{.key = "mix", .address = 1}});
+  });
+  for (const MidiInput input : {MidiInput::on, MidiInput::off}) {
+    AudioUnitProcessor effect(entry, input);
+    EXPECT_EQ(effect.acceptsMidi(), input == MidiInput::on);
+    effect.midiLearn().bind("mix", {0xb0, 74});
+    effect.setPlayConfigDetails(2, 2, 48000, 64);
+    effect.prepareToPlay(48000, 64);
+    juce::AudioBuffer<float> buffer(2, 64);
+    juce::MidiBuffer midi;
+    midi.addEvent(juce::MidiMessage::controllerEvent(1, 74, 127), 3);
+    effect.processBlock(buffer, midi);
+    EXPECT_EQ(effect.audioUnit().parameter("mix")->value(), input == MidiInput::on ? 1 : 0);
+  }
 }
 
 TEST_F(JuceProcessorTest, factoryPresetsAreProgramsAndARepeatedOneKeepsTheState) {

@@ -218,12 +218,14 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
   struct Case {
     support::GivenUnit::Channels channels;
     std::vector<std::string> said, unsaid;
+    bool takesMidi = false;
   };
   const support::ManualLoop loop;
-  for (const auto& [channels, said, unsaid] : std::vector<Case>{
+  for (const auto& [channels, said, unsaid, takesMidi] : std::vector<Case>{
            {{1, 1, false},
             {"a lv2:Plugin , doap", "pg:MonoGroup , pg:InputGroup", "lv2:name \"Audio In\" ;"},
             {"midi:MidiEvent", "pg:left"}},
+           {{1, 1, false}, {"a lv2:Plugin , doap", "midi:MidiEvent"}, {"InstrumentPlugin"}, true},
            {{2, 2, true},
             {"a lv2:Plugin , doap", "time:Position , midi:MidiEvent", "pg:StereoGroup",
              "\"Audio In Right\""},
@@ -234,7 +236,7 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
             {"\"Audio Out 5\"", "pg:mainOutput", "\"in_1\""}}}) {
     const orvane::PluginEntry entry =
         support::entryOf([&made = channels] { return std::make_unique<support::GivenUnit>(made); });
-    lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", ""});
+    lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", "", takesMidi});
     const std::string text = bundle.plugin();
     for (const std::string& each : said) EXPECT_THAT(text, testing::HasSubstr(each));
     for (const std::string& each : unsaid)

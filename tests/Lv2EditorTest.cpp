@@ -162,7 +162,14 @@ TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
     lv2_atom_forge_atom(&forge, sizeof bytes, urids.midiEvent);
     lv2_atom_forge_write(&forge, bytes, sizeof bytes);
   });
-  EXPECT_THAT(log, ElementsAre("5=1.000000"));
+  EXPECT_THAT(log, ElementsAre("grab 5", "5=1.000000")) << "so that hosts record it";
+  log.clear();
+  hostSets(levelPort, 0.5f);
+  EXPECT_EQ(unit.parameter("level")->value(), 1) << "an echo of a moment ago";
+  ports->idle(0.4);
+  EXPECT_THAT(log, IsEmpty());
+  ports->idle(0.6);
+  EXPECT_THAT(log, ElementsAre("release 5"));
 
   lv2_backend::MirrorAudioUnit next(std::make_unique<OddAudioUnit>());
   next.setStateBesideParameters(bound);

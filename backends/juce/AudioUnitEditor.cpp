@@ -17,7 +17,8 @@ AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
   addAndMakeVisible(content_);
   if (auto* controller = dynamic_cast<orvane::KestroAUViewController*>(&content_.controller())) {
     processor_.midiLearn().setEditor(controller);
-    content_.menu = [this] { return midiLearnMenu(processor_.midiLearn()); };
+    if (processor_.acceptsMidi())
+      content_.menu = [this] { return midiLearnMenu(processor_.midiLearn()); };
   }
   // Read first: setting the limits gives the editor a size of its own.
   const juce::Point<int> size = processor.editorSize.isOrigin()

@@ -21,13 +21,14 @@ juce::AudioChannelSet channelSet(int channels) {
 
 }  // namespace
 
-AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry)
-    : AudioUnitProcessor(entry, entry.createAudioUnit()) {}
+AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry, MidiInput midiInput)
+    : AudioUnitProcessor(entry, midiInput, entry.createAudioUnit()) {}
 
-AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry,
+AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry, MidiInput midiInput,
                                        std::unique_ptr<platform::AudioUnit> audioUnit)
     : juce::AudioProcessor(busesOf(*audioUnit)),
       entry_(entry),
+      midiInput_(midiInput),
       audioUnit_(std::move(audioUnit)),
       midiEvents_(maximumMidiEvents) {
   inputs_.resize(static_cast<std::size_t>(audioUnit_->inputChannels()));
@@ -84,8 +85,9 @@ void AudioUnitProcessor::addParameters() {
 }
 
 void AudioUnitProcessor::timerCallback() {
+  // First, so that hosts record what MIDI moves as they record a finger.
+  midiLearn_.poll(juce::Time::getMillisecondCounterHiRes() / 1000);
   for (AudioUnitParameter* parameter : parameters_) parameter->reportPendingChange();
-  midiLearn_.poll();
   const int program = pendingProgram_.exchange(-1);
   if (program >= 0) setCurrentProgram(program);
 }
@@ -147,10 +149,12 @@ void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::Mi
   }
 
   const auto frames = static_cast<std::uint32_t>(buffer.getNumSamples());
-  const std::size_t eventCount = acceptsMidi() ? collectMidi(midi) : 0;
+  std::size_t eventCount = acceptsMidi() ? collectMidi(midi) : 0;
   if (hearsBlocks_.load(std::memory_order_relaxed))
     for (std::size_t i = 0; i < eventCount; ++i)
       midiLearn_.receive({midiEvents_[i].bytes, midiEvents_[i].size});
+  // An effect has no use for it itself.
+  if (!audioUnit_->acceptsMidi()) eventCount = 0;
   platform::HostTransport now = transport();
   std::size_t nextEvent = 0;
   // Some hosts bring more than they announced.

@@ -17,7 +17,11 @@ namespace juce_backend {
 /// presets and state. `entry` outlives it.
 class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
  public:
-  explicit AudioUnitProcessor(const orvane::PluginEntry& entry);
+  /// Whether the format brings MIDI, which effects too can learn.
+  enum class MidiInput { off, on };
+
+  explicit AudioUnitProcessor(const orvane::PluginEntry& entry,
+                              MidiInput midiInput = MidiInput::on);
   ~AudioUnitProcessor() override;
 
   platform::AudioUnit& audioUnit() { return *audioUnit_; }
@@ -30,7 +34,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   juce::Point<int> editorSize;
 
   const juce::String getName() const override;
-  bool acceptsMidi() const override { return audioUnit_->acceptsMidi(); }
+  bool acceptsMidi() const override { return midiInput_ == MidiInput::on; }
   bool producesMidi() const override { return false; }
   double getTailLengthSeconds() const override { return audioUnit_->tailSeconds(); }
   bool isBusesLayoutSupported(const BusesLayout& layout) const override;
@@ -54,7 +58,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
 
  private:
   static BusesProperties busesOf(const platform::AudioUnit& audioUnit);
-  AudioUnitProcessor(const orvane::PluginEntry& entry,
+  AudioUnitProcessor(const orvane::PluginEntry& entry, MidiInput midiInput,
                      std::unique_ptr<platform::AudioUnit> audioUnit);
   void timerCallback() override;
   void addParameters();
@@ -62,6 +66,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   platform::HostTransport transport() const;
 
   const orvane::PluginEntry& entry_;
+  const MidiInput midiInput_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
   orvane::MidiLearn midiLearn_{*audioUnit_};
   std::atomic<bool> hearsBlocks_{true};

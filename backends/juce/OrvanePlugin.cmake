@@ -11,6 +11,8 @@
 #     [BUILD <number>]                1 unless told
 #     [STORE_IDENTIFIER <text>]       what the app store calls it, for the page that reviews it
 #     [INSTRUMENT]                    else an effect
+#     [MIDI_INPUT <ON or OFF>]        ON unless told: hosts send MIDI to effects too, for MIDI learn;
+#                                     without it no format but the stand-alone offers that
 #     FORMATS [Standalone] [VST3] [LV2]
 #     SOURCES <sources>               define const orvane::PluginEntry& orvanePluginEntry()
 #     [LIBRARIES <targets>])
@@ -20,7 +22,7 @@
 
 function(orvane_add_plugin target)
   set(one NAME IDENTIFIER VERSION CODE MANUFACTURER MANUFACTURER_CODE DESCRIPTION
-    BUILD STORE_IDENTIFIER)
+    BUILD STORE_IDENTIFIER MIDI_INPUT)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT" "${one}" "FORMATS;SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_plugin(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
@@ -31,6 +33,9 @@ function(orvane_add_plugin target)
     endif()
   endforeach()
 
+  if(NOT DEFINED arg_MIDI_INPUT OR arg_INSTRUMENT)
+    set(arg_MIDI_INPUT ON)
+  endif()
   list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/"
     REGEX "^[^/]")
   set(folder "${CMAKE_BINARY_DIR}/plugins")
@@ -71,6 +76,7 @@ function(orvane_add_plugin target)
       VERSION "${arg_VERSION}"
       MANUFACTURER "${arg_MANUFACTURER}"
       ${instrument}
+      MIDI_INPUT ${arg_MIDI_INPUT}
       SOURCES ${arg_SOURCES}
       LIBRARIES ${arg_LIBRARIES})
     add_dependencies(${target}_All ${target}_LV2)
@@ -96,7 +102,7 @@ macro(orvane_add_vst3 target)
     PLUGIN_MANUFACTURER_CODE "${arg_MANUFACTURER_CODE}"
     PLUGIN_CODE "${arg_CODE}"
     IS_SYNTH ${arg_INSTRUMENT}
-    NEEDS_MIDI_INPUT ${arg_INSTRUMENT}
+    NEEDS_MIDI_INPUT ${arg_MIDI_INPUT}
     NEEDS_MIDI_OUTPUT FALSE
     EDITOR_WANTS_KEYBOARD_FOCUS TRUE
     VST3_CATEGORIES ${category}

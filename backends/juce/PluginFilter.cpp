@@ -7,5 +7,8 @@ const orvane::PluginEntry& orvanePluginEntry();
 
 /// What JUCE's plug-in formats ask for.
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter() {
-  return new juce_backend::AudioUnitProcessor(orvanePluginEntry());
+  using juce_backend::AudioUnitProcessor;
+  return new AudioUnitProcessor(orvanePluginEntry(), JucePlugin_WantsMidiInput
+                                                         ? AudioUnitProcessor::MidiInput::on
+                                                         : AudioUnitProcessor::MidiInput::off);
 }

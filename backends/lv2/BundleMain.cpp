@@ -49,6 +49,7 @@ int main(int count, char** arguments) {
     files.license = arguments[3];
     files.soundLibrary = arguments[4];
     files.editorLibrary = arguments[5];
+    files.takesMidi = ORVANE_MIDI_INPUT != 0;
     lv2_backend::BundleTurtle turtle(orvanePluginEntry(), files);
     write(bundle / "manifest.ttl", turtle.manifest());
     write(bundle / files.pluginFile, turtle.plugin());

@@ -64,7 +64,7 @@ BundleTurtle::BundleTurtle(const orvane::PluginEntry& entry, BundleFiles files)
       audioUnit_(entry.createAudioUnit()),
       layout_(*audioUnit_),
       groups_(*entry.createViewController()->design(), layout_),
-      ports_(*audioUnit_, layout_, groups_, uri_) {}
+      ports_(*audioUnit_, layout_, groups_, uri_, files_.takesMidi) {}
 
 std::string BundleTurtle::presetAddress(const platform::AUAudioUnitPreset& preset) const {
   return address(uri_ + "#preset_" + std::to_string(preset.number));

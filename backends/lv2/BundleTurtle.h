@@ -20,6 +20,8 @@ struct BundleFiles {
   std::string pluginFile;
   /// Address of the licence; left out when empty.
   std::string license;
+  /// Whether hosts are to send MIDI, which effects too can learn.
+  bool takesMidi = true;
 };
 
 /// The text of the files that describe a plug-in to LV2 hosts. Needs a run loop, as every editor

@@ -49,8 +49,8 @@ double scaleFactor(const LV2_Feature* const* features, const LV2_URID_Map& map) 
 
 }  // namespace
 
-EditorDescriptor::EditorDescriptor(const orvane::PluginEntry& entry)
-    : LV2UI_Descriptor{}, entry_(entry), uri_(editorUri(entry)) {
+EditorDescriptor::EditorDescriptor(const orvane::PluginEntry& entry, bool takesMidi)
+    : LV2UI_Descriptor{}, entry_(entry), takesMidi_(takesMidi), uri_(editorUri(entry)) {
   URI = uri_.c_str();
   instantiate = makeInstance;
   cleanup = [](LV2UI_Handle handle) { delete &instance(handle); };
@@ -64,7 +64,8 @@ LV2UI_Handle EditorDescriptor::makeInstance(const LV2UI_Descriptor* descriptor,
                                             LV2UI_Write_Function write, LV2UI_Controller controller,
                                             LV2UI_Widget* widget,
                                             const LV2_Feature* const* features) {
-  const orvane::PluginEntry& entry = static_cast<const EditorDescriptor*>(descriptor)->entry_;
+  const auto& self = *static_cast<const EditorDescriptor*>(descriptor);
+  const orvane::PluginEntry& entry = self.entry_;
   try {
     EditorHost host;
     host.write = write;
@@ -78,6 +79,7 @@ LV2UI_Handle EditorDescriptor::makeInstance(const LV2UI_Descriptor* descriptor,
     if (!host.map || !place.parent)
       throw std::runtime_error("The host has no urid:map or no window");
     place.scale = scaleFactor(features, *host.map);
+    place.takesMidi = self.takesMidi_;
     auto editor = std::make_unique<EditorInstance>(entry, host, place);
     *widget = editor->widget();
     return editor.release();

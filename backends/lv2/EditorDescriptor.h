@@ -11,8 +11,9 @@ namespace lv2_backend {
 /// What an LV2 host loads: the C functions of a plug-in's editor.
 class EditorDescriptor : public LV2UI_Descriptor {
  public:
-  /// `entry` outlives the descriptor, and the descriptor every editor.
-  explicit EditorDescriptor(const orvane::PluginEntry& entry);
+  /// `entry` outlives the descriptor, and the descriptor every editor. Without MIDI the editor does not
+  /// offer to learn it.
+  EditorDescriptor(const orvane::PluginEntry& entry, bool takesMidi);
   EditorDescriptor(const EditorDescriptor&) = delete;
   EditorDescriptor& operator=(const EditorDescriptor&) = delete;
 
@@ -23,6 +24,7 @@ class EditorDescriptor : public LV2UI_Descriptor {
                                    const LV2_Feature* const* features);
 
   const orvane::PluginEntry& entry_;
+  const bool takesMidi_;
   std::string uri_;
 };
 

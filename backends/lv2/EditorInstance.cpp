@@ -35,7 +35,8 @@ EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHos
       frame_(editor_, hostWindow_) {
   audioUnit_.midiLearn().setEditor(
       dynamic_cast<orvane::KestroAUViewController*>(&editor_.controller()));
-  editor_.menu = [this] { return juce_backend::midiLearnMenu(audioUnit_.midiLearn()); };
+  if (place.takesMidi)
+    editor_.menu = [this] { return juce_backend::midiLearnMenu(audioUnit_.midiLearn()); };
   frame_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
   resize(static_cast<int>(std::lround(entry.preferredSize.width * place.scale)),
          static_cast<int>(std::lround(entry.preferredSize.height * place.scale)));
@@ -81,6 +82,8 @@ void EditorInstance::portEvent(std::uint32_t port, std::uint32_t size, std::uint
 void EditorInstance::idle() {
   enter();
   ports_.announce();
+  ports_.idle(juce::Time::getMillisecondCounterHiRes() / 1000);
+  audioUnit_.midiLearn().poll(juce::Time::getMillisecondCounterHiRes() / 1000);
   hostWindow_.poll();
   for (int i = 0; i < roundsPerIdle; ++i)
     if (!juce::dispatchNextMessageOnSystemQueue(true)) break;

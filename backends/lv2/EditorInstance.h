@@ -25,6 +25,8 @@ class EditorInstance {
     const LV2UI_Resize* resize = nullptr;
     /// Pixels that a point is to have.
     double scale = 1;
+    /// Whether the host sends the sound MIDI, which can be learnt then.
+    bool takesMidi = true;
   };
 
   /// Throws std::runtime_error when there is no display.

@@ -3,6 +3,7 @@
 #   orvane_add_lv2(<target>
 #     NAME <name>             the bundle is <name>.lv2
 #     [NO_INSTALL]            for a plug-in that nobody is to have; it stays in its own build folder
+#     [MIDI_INPUT <ON or OFF>]  ON unless told; see orvane_add_plugin
 #     [LICENSE <address>]     of the binaries; GPL 3 unless told, since the editor contains JUCE
 #     [SOURCES <sources>]     one of them, or of the libraries, defines
 #     [LIBRARIES <targets>])  const orvane::PluginEntry& orvanePluginEntry()
@@ -13,7 +14,7 @@
 
 function(orvane_add_lv2 target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT;NO_INSTALL"
-    "NAME;LICENSE;IDENTIFIER;VERSION;MANUFACTURER" "SOURCES;LIBRARIES")
+    "NAME;LICENSE;IDENTIFIER;VERSION;MANUFACTURER;MIDI_INPUT" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_lv2(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
   endif()
@@ -22,6 +23,10 @@ function(orvane_add_lv2 target)
   endif()
   if(NOT arg_LICENSE)
     set(arg_LICENSE "http://www.gnu.org/licenses/gpl-3.0.html")
+  endif()
+  set(midi_input "ORVANE_MIDI_INPUT=1")
+  if(DEFINED arg_MIDI_INPUT AND NOT arg_MIDI_INPUT)
+    set(midi_input "ORVANE_MIDI_INPUT=0")
   endif()
   set(folder "${CMAKE_BINARY_DIR}/plugins")
   if(arg_NO_INSTALL)
@@ -41,6 +46,7 @@ function(orvane_add_lv2 target)
     add_library(${target}_LV2_Editor MODULE "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/EditorEntry.cpp" ${arg_SOURCES})
     target_link_libraries(${target}_LV2_Editor PRIVATE ${arg_LIBRARIES} orvane::lv2_editor)
     set_target_properties(${target}_LV2_Editor PROPERTIES OUTPUT_NAME "${arg_NAME}_editor")
+    target_compile_definitions(${target}_LV2_Editor PRIVATE ${midi_input})
     # JUCE leaves X11's error handlers in the process.
     target_link_options(${target}_LV2_Editor PRIVATE -Wl,-z,nodelete)
     list(APPEND libraries ${target}_LV2_Editor)
@@ -60,6 +66,7 @@ function(orvane_add_lv2 target)
   orvane_add_executable(${target}_LV2_Turtle
     SOURCES "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/BundleMain.cpp" ${arg_SOURCES}
     DEPENDS ${arg_LIBRARIES} orvane::lv2)
+  target_compile_definitions(${target}_LV2_Turtle PRIVATE ${midi_input})
   set_target_properties(${target}_LV2_Turtle PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
   add_custom_command(

@@ -1,6 +1,7 @@
 #include "backends/lv2/PortMirror.h"
 
 #include <string>
+#include <utility>
 
 #include "backends/lv2/EditorLink.h"
 
@@ -40,8 +41,26 @@ void PortMirror::announce() {
   if (audioUnit_.midiLearn().isWaiting()) send(Report::midiWanted);
 }
 
+void PortMirror::idle(double now) {
+  now_ = now;
+  audioUnit_.midiLearn().poll(now_);
+}
+
+void PortMirror::hear(std::span<const std::uint8_t> message) {
+  isHearing_ = true;
+  audioUnit_.midiLearn().receive(message);
+  isHearing_ = false;
+  // The gesture begins before the value that it brings.
+  audioUnit_.midiLearn().poll(now_);
+  for (const auto& [address, value] : std::exchange(heard_, {})) writeParameter(address, value);
+}
+
 void PortMirror::writeParameter(platform::AUParameterAddress address, float value) {
   if (isListening_) return;
+  if (isHearing_) {
+    heard_.emplace_back(address, value);
+    return;
+  }
   const std::uint32_t port = portOfAddress_.at(address);
   if (layout_.parameters()[port - layout_.firstParameter()].isOutput) return;
   host_.write(host_.controller, port, sizeof value, 0, &value);
@@ -69,8 +88,7 @@ void PortMirror::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t
   const auto* atom = static_cast<const LV2_Atom*>(data);
   if (port == layout_.notify() && format == urids_.atomEventTransfer && size >= sizeof(LV2_Atom) &&
       atom->type == urids_.midiEvent && atom->size <= size - sizeof(LV2_Atom)) {
-    audioUnit_.midiLearn().receive({reinterpret_cast<const std::uint8_t*>(atom + 1), atom->size});
-    audioUnit_.midiLearn().poll();
+    hear({reinterpret_cast<const std::uint8_t*>(atom + 1), atom->size});
     return;
   }
   if (port != layout_.notify() || format != urids_.atomEventTransfer ||

@@ -6,7 +6,9 @@
 
 #include <cstdint>
 #include <set>
+#include <span>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "backends/lv2/EditorMessages.h"
@@ -39,6 +41,8 @@ class PortMirror {
 
   /// Tells the sound that the editor is there; the host has to have made it by now.
   void announce();
+  /// Learns, and ends the gestures of what MIDI has moved; `now` is in seconds of any clock.
+  void idle(double now);
   void portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t format, const void* data);
 
  private:
@@ -47,6 +51,7 @@ class PortMirror {
   void writeParameter(platform::AUParameterAddress address, float value);
   void touch(platform::AUParameterAddress address, bool began);
   void send(Report report);
+  void hear(std::span<const std::uint8_t> message);
 
   MirrorAudioUnit& audioUnit_;
   EditorHost host_;
@@ -60,6 +65,10 @@ class PortMirror {
   bool isAnnounced_ = false;
   /// The sound's state is being set: the values that it brings are the sound's own.
   bool isListening_ = false;
+  /// A MIDI message moves parameters, whose values are written afterwards.
+  bool isHearing_ = false;
+  std::vector<std::pair<platform::AUParameterAddress, float>> heard_;
+  double now_ = 0;
 };
 
 }  // namespace lv2_backend

@@ -118,8 +118,12 @@ std::string line(std::string_view predicate, std::string_view object) {
 }  // namespace
 
 PortTurtle::PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
-                       const PortGroups& groups, std::string pluginUri)
-    : audioUnit_(audioUnit), layout_(layout), groups_(groups), pluginUri_(std::move(pluginUri)) {}
+                       const PortGroups& groups, std::string pluginUri, bool takesMidi)
+    : audioUnit_(audioUnit),
+      layout_(layout),
+      groups_(groups),
+      pluginUri_(std::move(pluginUri)),
+      takesMidi_(takesMidi || audioUnit.acceptsMidi()) {}
 
 std::string PortTurtle::audioGroup(std::uint32_t channels, const char* name) const {
   return channels == 1 || channels == 2 ? "<" + pluginUri_ + "#" + name + ">" : "";
@@ -159,8 +163,7 @@ std::string PortTurtle::controlPort() const {
   std::string text = head("atom:AtomPort , lv2:InputPort", layout_.control(), "control", "Control");
   text += line("lv2:designation", "lv2:control");
   text += line("atom:bufferType", "atom:Sequence");
-  text += line("atom:supports",
-               audioUnit_.acceptsMidi() ? "time:Position , midi:MidiEvent" : "time:Position");
+  text += line("atom:supports", takesMidi_ ? "time:Position , midi:MidiEvent" : "time:Position");
   text += line("rsz:minimumSize", std::to_string(PortLayout::eventBufferSize));
   return text + "\t]";
 }

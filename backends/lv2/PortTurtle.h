@@ -14,7 +14,7 @@ class PortTurtle {
  public:
   /// All outlive it. `pluginUri` is what the addresses of groups begin with.
   PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
-             const PortGroups& groups, std::string pluginUri);
+             const PortGroups& groups, std::string pluginUri, bool takesMidi = true);
 
   /// The addresses of the groups of audio channels; empty when there is no such group.
   std::string mainInput() const { return audioGroup(layout_.inputs(), "main_in"); }
@@ -42,6 +42,7 @@ class PortTurtle {
   const PortLayout& layout_;
   const PortGroups& groups_;
   std::string pluginUri_;
+  bool takesMidi_;
 };
 
 }  // namespace lv2_backend
