@@ -385,6 +385,81 @@ TEST_F(Lv2SoundTest, PassesOnMidiThatIsBoundOrThatAControlWaitsFor) {
   EXPECT_THAT(passedOn(), ElementsAre(0xb0)) << "the next editor has not asked";
 }
 
+TEST_F(Lv2SoundTest, AnEchoByThePortNeverTakesBackWhatMidiHasMoved) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  instance.run(16);
+  for (const std::uint8_t value : {32, 64, 127}) {
+    instance.input.midi(0, {0xb0, 74, value});
+    instance.run(16);
+    // What the editor has made of the message before.
+    port(OddAudioUnit::level) = static_cast<float>(value - 20) / 127;
+    instance.run(16);
+    EXPECT_THAT(instance.left, Each(value / 127.0f));
+  }
+  for (int i = 0; i < 400; ++i) instance.run(64);
+  EXPECT_THAT(instance.left, Each(1.0f));
+  port(OddAudioUnit::level) = 0.25f;
+  instance.run(16);
+  EXPECT_THAT(instance.left, Each(0.25f)) << "afterwards the host has it again";
+}
+
+TEST_F(Lv2SoundTest, WhileAControlWaitsWhatIsBoundMovesNothing) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  openEditor();
+  const std::vector<float> before = instance.left;
+  send([this](LV2_Atom_Forge& forge) { EditorMessage::forgeMidiWanted(forge, urids, true); });
+  instance.input.midi(1, {0xb0, 74, 127});
+  instance.run(16);
+  instance.run(16);
+  EXPECT_EQ(instance.left, before);
+}
+
+TEST_F(Lv2SoundTest, OfAFloodOfOneControlTheEditorGetsTheLastMessage) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  midi.bind("cutoff", {0xb1, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  openEditor();
+  for (int i = 0; i < 100; ++i)
+    for (const int channel : {0, 1})
+      instance.input.midi(0, {static_cast<std::uint8_t>(0xb0 + channel), 74,
+                              static_cast<std::uint8_t>(i + channel)});
+  instance.run(16);
+  std::vector<int> values;
+  for (const LV2_Atom* atom : instance.output.events())
+    if (atom->type == urids.midiEvent)
+      values.push_back(reinterpret_cast<const std::uint8_t*>(atom + 1)[2]);
+  EXPECT_THAT(values, ElementsAre(99, 100));
+}
+
+TEST_F(Lv2SoundTest, OfTwoStatesInOneCycleTheSecondStays) {
+  instance.activate();
+  std::string last;
+  for (const int preset : {0, 5}) {
+    OddAudioUnit editors;
+    editors.setCurrentPreset(preset);
+    const std::string state =
+        lv2_backend::stateBesideParameters(editors, orvane::MidiLearn(editors));
+    send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
+    last = editors.currentPresetName();
+  }
+  for (int cycle = 0; cycle < 3; ++cycle) {
+    instance.run(8);
+    instance.runWorker();
+  }
+  EXPECT_THAT(instance.save(), HasSubstr(last));
+}
+
 TEST_F(Lv2SoundTest, AllocatesNothingWhileItRuns) {
   instance.activate();
   openEditor();

@@ -25,6 +25,7 @@ EditorLink::EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLe
       urids_(urids),
       schedule_(schedule),
       access_(access),
+      next_(std::make_unique<char[]>(stateCapacity)),
       incoming_(std::make_unique<char[]>(stateCapacity)),
       live_(audioUnit),
       values_(live_.sources().size()),
@@ -66,12 +67,9 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
       wantsMidi_ = message.kind == EditorMessage::Kind::midiWanted;
       break;
     case EditorMessage::Kind::state:
-      // One that comes before the worker has taken the last is lost: people are not that fast.
-      if (message.state.size() > stateCapacity || incomingBusy_.load(std::memory_order_acquire))
-        break;
-      incomingSize_ = message.state.copy(incoming_.get(), stateCapacity);
-      incomingBusy_.store(true, std::memory_order_release);
-      if (!schedule(stateArrived)) incomingBusy_.store(false, std::memory_order_relaxed);
+      if (message.state.size() > stateCapacity) break;
+      nextSize_ = message.state.copy(next_.get(), stateCapacity);
+      passState();
       break;
     case EditorMessage::Kind::live:
     case EditorMessage::Kind::sound:
@@ -80,9 +78,32 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
   }
 }
 
+void EditorLink::passState() {
+  if (!nextSize_ || incomingBusy_.load(std::memory_order_acquire)) return;
+  std::swap(incoming_, next_);
+  incomingSize_ = *nextSize_;
+  incomingBusy_.store(true, std::memory_order_release);
+  if (schedule(stateArrived)) {
+    nextSize_.reset();
+    return;
+  }
+  // The host's worker is full; the next cycle tries again.
+  std::swap(incoming_, next_);
+  incomingBusy_.store(false, std::memory_order_relaxed);
+}
+
 void EditorLink::receiveMidi(const std::uint8_t* bytes, std::uint32_t size) {
-  if (midiCount_ == midi_.size() || size < 1 || size > sizeof(ShortMessage::bytes)) return;
-  ShortMessage& message = midi_[midiCount_++];
+  if (size < 1 || size > sizeof(ShortMessage::bytes)) return;
+  // Of several that say the same thing of the same control only the last counts.
+  const ShortMessage* const first = midi_.data();
+  const ShortMessage* const end = first + midiCount_;
+  const auto* const before = std::find_if(first, end, [&](const ShortMessage& other) {
+    return other.size == 3 && size == 3 && std::equal(bytes, bytes + 2, other.bytes);
+  });
+  const auto place = static_cast<std::size_t>(before - first);
+  if (place == midi_.size()) return;
+  midiCount_ = std::max(midiCount_, place + 1);
+  ShortMessage& message = midi_[place];
   std::copy_n(bytes, size, message.bytes);
   message.size = size;
 }
@@ -129,6 +150,7 @@ void EditorLink::freeSent() {
 }
 
 void EditorLink::writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames) {
+  passState();
   const std::uint32_t capacity = port.atom.size;
   lv2_atom_forge_set_buffer(&forge_, reinterpret_cast<std::uint8_t*>(&port), capacity);
   LV2_Atom_Forge_Frame frame;

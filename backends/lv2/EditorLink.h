@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,7 @@ class EditorLink {
   };
 
   bool schedule(char request);
+  void passState();
   void setState(std::string_view text);
   void sendState();
   void freeSent();
@@ -81,6 +83,9 @@ class EditorLink {
   std::atomic<bool> isOpen_{false};
   std::atomic<bool> stateSet_{false};
 
+  /// The editor's newest state, of the audio thread alone, until the worker is free to take it.
+  std::unique_ptr<char[]> next_;
+  std::optional<std::size_t> nextSize_;
   /// The editor's state between the audio thread and the worker, whose turn it is while busy.
   std::unique_ptr<char[]> incoming_;
   std::size_t incomingSize_ = 0;

@@ -46,7 +46,11 @@ SoundInstance::SoundInstance(const orvane::PluginEntry& entry, double sampleRate
       link_(*audioUnit_, midiLearn_, urids_, map_,
             findFeature<LV2_Worker_Schedule>(features, LV2_WORKER__schedule), access_, sampleRate),
       controls_(layout_.parameters().size()),
-      lastValues_(controls_.size(), std::numeric_limits<float>::quiet_NaN()) {}
+      lastValues_(controls_.size(), std::numeric_limits<float>::quiet_NaN()),
+      echoesUntil_(controls_.size(), 0) {
+  for (std::size_t i = 0; i < controls_.size(); ++i)
+    indexOf_[layout_.parameters()[i].parameter] = i;
+}
 
 void SoundInstance::connectPort(std::uint32_t port, void* buffer) {
   if (port < layout_.firstOutput()) {
@@ -80,6 +84,11 @@ void SoundInstance::run(std::uint32_t frames) {
   readControls();
   renderer_.begin(frames);
   readEvents();
+  midiLearn_.takeMoved([this](const platform::AUParameter& parameter) {
+    const double rest = orvane::MidiLearn::quietTime * sampleRate_;
+    echoesUntil_[indexOf_.at(&parameter)] = frame_ + static_cast<std::uint64_t>(rest);
+  });
+  frame_ += frames;
   renderer_.finish();
   writeControls();
   if (notify_) link_.writeMessages(*notify_, frames);
@@ -93,7 +102,7 @@ void SoundInstance::readControls() {
     const float value = *controls_[i];
     if (!all && value == lastValues_[i]) continue;
     lastValues_[i] = value;
-    port.parameter->setValue(value);
+    if (all || frame_ >= echoesUntil_[i]) port.parameter->setValue(value);
   }
 }
 
@@ -104,9 +113,11 @@ void SoundInstance::readEvents() {
     if (event->body.type == urids_.midiEvent) {
       const auto* bytes = reinterpret_cast<const std::uint8_t*>(event + 1);
       renderer_.midi(frame, bytes, event->body.size);
-      // What moves something here moves it in the editor, and by that the host's port.
-      const bool isBound = midiLearn_.receive({bytes, event->body.size});
-      if (isBound || link_.wantsMidi()) link_.receiveMidi(bytes, event->body.size);
+      // What moves something here moves it in the editor, and by that the host's port; while a control
+      // waits there, nothing is moved here either.
+      const bool waits = link_.wantsMidi();
+      const bool isBound = !waits && midiLearn_.receive({bytes, event->body.size});
+      if (isBound || waits) link_.receiveMidi(bytes, event->body.size);
     } else if (event->body.type == urids_.atomObject || event->body.type == urids_.atomBlank) {
       const auto& object = reinterpret_cast<const LV2_Atom_Object&>(event->body);
       if (object.body.otype == urids_.timePosition) {

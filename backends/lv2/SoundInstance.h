@@ -10,6 +10,7 @@
 #include <memory>
 #include <mutex>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "Orvane/MidiLearn.h"
@@ -25,9 +26,11 @@ namespace lv2_backend {
 /// One instance of a plug-in's sound in an LV2 host.
 ///
 /// The host owns the values of control ports, and there is no way to tell it that the sound has
-/// changed one. So the ports are the truth: a parameter follows its port whenever the port's value
-/// changes, and all follow again after a state was set, whichever of the two the host sets first.
-/// What an editor changes reaches the ports through the host, not through the sound. The state
+/// changed one. So a parameter follows its port whenever the port's value changes, and all follow
+/// again after a state was set, whichever of the two the host sets first. What an editor changes
+/// reaches the ports through the host, not through the sound. Only what MIDI moves is moved by the
+/// sound itself, at once; an open editor moves the port after it, and what comes back by the port
+/// within half a second is that echo, which never takes the sound back. The state
 /// holds the values too, as in any other format, but beside them it has what no port can carry (the
 /// name of the preset, what a newer version has stored), and that is what it is for here.
 ///
@@ -73,6 +76,10 @@ class SoundInstance {
   std::vector<float*> controls_;
   /// What each port held in the last cycle; not a number before the first.
   std::vector<float> lastValues_;
+  /// The frame until which a port only echoes what MIDI has done, by parameter.
+  std::vector<std::uint64_t> echoesUntil_;
+  std::unordered_map<const platform::AUParameter*, std::size_t> indexOf_;
+  std::uint64_t frame_ = 0;
 };
 
 }  // namespace lv2_backend
