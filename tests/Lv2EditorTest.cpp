@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 
+#include "backends/lv2/PluginState.h"
 #include "backends/lv2/PortMirror.h"
 #include "backends/lv2/SoundInstance.h"
 #include "tests/support/Lv2Host.h"
@@ -47,6 +49,15 @@ class Lv2EditorTest : public testing::Test {
     forgeMessage(buffer.forge());
     const LV2_Atom* atom = buffer.events().at(0);
     ports->portEvent(notifyPort, lv2_atom_total_size(atom), urids.atomEventTransfer, atom);
+  }
+
+  /// The sound tells its state, with these bindings.
+  void answer(const orvane::MidiLearn::Bindings& bindings) {
+    OddAudioUnit sounds;
+    orvane::MidiLearn learn(sounds);
+    for (const auto& [key, message] : bindings) learn.bind(key, message);
+    const std::string text = lv2_backend::stateBesideParameters(sounds, learn);
+    soundSends([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, text); });
   }
 
   static void write(LV2UI_Controller controller, std::uint32_t port, std::uint32_t size,
@@ -111,6 +122,7 @@ TEST_F(Lv2EditorTest, IgnoresEchoesWhileTheUserHoldsTheParameter) {
 }
 
 TEST_F(Lv2EditorTest, WritesAPresetsValuesAndThenItsName) {
+  answer({});
   unit.setCurrentPreset(0);
   ASSERT_FALSE(log.empty());
   EXPECT_EQ(log.back(), message(EditorMessage::Kind::state));
@@ -128,6 +140,7 @@ TEST_F(Lv2EditorTest, KeepsToItselfWhatTheHostCannotTake) {
   unit.parameter("maxBlock")->setValue(9);
   EXPECT_THAT(log, IsEmpty()) << "neither touch nor outputs";
 
+  answer({});
   using Dictionary = platform::PropertyList::Dictionary;
   for (const std::size_t size : {100u, 40000u}) {
     log.clear();
@@ -152,6 +165,7 @@ TEST_F(Lv2EditorTest, TakesTheSoundsStateSilently) {
 }
 
 TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
+  answer({});
   unit.midiLearn().bind("level", {0xb0, 74});
   EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::state)));
   EXPECT_THAT(state, testing::HasSubstr("midiMap"));
@@ -176,6 +190,28 @@ TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
   EXPECT_EQ(next.midiLearn().bindings(), unit.midiLearn().bindings());
   next.midiLearn().removeAll();
   EXPECT_THAT(next.stateBesideParameters(), testing::Not(testing::HasSubstr("midiMap")));
+}
+
+TEST_F(Lv2EditorTest, WhatIsBoundBeforeTheSoundHasAnsweredComesOnTopOfItsBindings) {
+  ports->announce();
+  log.clear();
+  unit.midiLearn().bind("level", {0xb0, 74});
+  EXPECT_THAT(log, IsEmpty()) << "it would wipe out what the sound has";
+  answer({{"cutoff", {0xb0, 1}}});
+  EXPECT_EQ(unit.midiLearn().bindings(),
+            (orvane::MidiLearn::Bindings{{"cutoff", {0xb0, 1}}, {"level", {0xb0, 74}}}));
+  EXPECT_THAT(log, ElementsAre(message(EditorMessage::Kind::state)));
+  answer({});
+  EXPECT_TRUE(unit.midiLearn().bindings().empty()) << "a state that the host has restored";
+}
+
+TEST_F(Lv2EditorTest, WhatTheSoundHasMovedByItselfMovesThePortsAfterIt) {
+  const std::vector<std::int32_t> places{0, 99, -1, 0};
+  const std::vector<float> values{0.75f, 1, 1, std::nanf("")};
+  soundSends(
+      [&](LV2_Atom_Forge& forge) { EditorMessage::forgeOwnValues(forge, urids, places, values); });
+  EXPECT_THAT(log, ElementsAre("grab 5", "5=0.750000", "release 5"));
+  EXPECT_EQ(unit.parameter("level")->value(), 0.75f);
 }
 
 TEST_F(Lv2EditorTest, AsksForMidiWhileAControlWaitsForIt) {

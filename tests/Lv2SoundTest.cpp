@@ -407,6 +407,68 @@ TEST_F(Lv2SoundTest, AnEchoByThePortNeverTakesBackWhatMidiHasMoved) {
   EXPECT_THAT(instance.left, Each(0.25f)) << "afterwards the host has it again";
 }
 
+TEST_F(Lv2SoundTest, WhatMidiHasMovedWithoutAnEditorIsSavedAndTheNextEditorTold) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  instance.run(16);
+  instance.input.midi(0, {0xb0, 74, 127});
+  instance.run(16);
+  const std::string session = instance.save();
+
+  // The host restores the port as well, which has stayed where it was.
+  support::Lv2Instance next(descriptor, features, portCount);
+  setDefaults(next);
+  EXPECT_EQ(next.restore(session), LV2_STATE_SUCCESS);
+  next.activate();
+  for (int cycle = 0; cycle < 3; ++cycle) {
+    next.run(16);
+    EXPECT_THAT(next.left, Each(1.0f));
+  }
+  EXPECT_EQ(next.save(), session) << "saved once more without an editor";
+  port(next, OddAudioUnit::level) = 0.125f;
+  next.run(16);
+  EXPECT_THAT(next.left, Each(0.125f)) << "the host moves it";
+
+  const auto told = [&] {
+    for (const EditorMessage& each : messages())
+      if (each.kind == EditorMessage::Kind::ownValues)
+        return std::pair(each.indices.size(), each.values[0]);
+    return std::pair(std::size_t{0}, 0.0f);
+  };
+  openEditor();
+  instance.run(16);
+  EXPECT_EQ(told(), std::pair(std::size_t{1}, 1.0f));
+  port(OddAudioUnit::level) = 1;
+  instance.run(16);
+  EXPECT_EQ(told().first, 0u);
+  openEditor();
+  instance.run(16);
+  EXPECT_EQ(told().first, 0u) << "the port has followed";
+}
+
+TEST_F(Lv2SoundTest, LearningInTheEditorPullsNothingBackThatMidiHasMoved) {
+  OddAudioUnit other;
+  orvane::MidiLearn midi(other);
+  midi.bind("level", {0xb0, 74});
+  instance.restore(lv2_backend::stateText(other, midi));
+  instance.activate();
+  instance.run(16);
+  instance.input.midi(0, {0xb0, 74, 127});
+  for (int i = 0; i < 400; ++i) instance.run(64);
+  midi.bind("cutoff", {0xb0, 75});
+  const std::string state = lv2_backend::stateBesideParameters(other, midi);
+  send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
+  for (int cycle = 0; cycle < 3; ++cycle) {
+    instance.run(16);
+    instance.runWorker();
+  }
+  EXPECT_THAT(instance.save(), HasSubstr("cutoff"));
+  EXPECT_THAT(instance.left, Each(1.0f));
+}
+
 TEST_F(Lv2SoundTest, WhileAControlWaitsWhatIsBoundMovesNothing) {
   OddAudioUnit other;
   orvane::MidiLearn midi(other);

@@ -56,6 +56,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
     case EditorMessage::Kind::opened:
       schedule(opened);
       liveIsStale_ = true;
+      wantsOwnValues_.store(true, std::memory_order_relaxed);
       wantsMidi_ = false;
       break;
     case EditorMessage::Kind::closed:
@@ -72,6 +73,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
       passState();
       break;
     case EditorMessage::Kind::live:
+    case EditorMessage::Kind::ownValues:
     case EditorMessage::Kind::sound:
     case EditorMessage::Kind::other:
       break;
@@ -134,6 +136,7 @@ void EditorLink::setState(std::string_view text) {
 
 void EditorLink::stateRestored() {
   stateSet_.store(true, std::memory_order_release);
+  wantsOwnValues_.store(true, std::memory_order_relaxed);
   if (isOpen_.load(std::memory_order_acquire)) sendState();
 }
 
@@ -160,6 +163,7 @@ void EditorLink::writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames) {
   }
   if (isOpen_.load(std::memory_order_acquire)) {
     writeState(capacity - forge_.offset);
+    writeOwnValues(capacity - forge_.offset);
     writeMidi(capacity);
     sinceLive_ += frames;
     if (sinceLive_ >= livePeriod_) {
@@ -211,6 +215,24 @@ void EditorLink::writeState(std::uint32_t room) {
   entry->next = sent_.load();
   while (!sent_.compare_exchange_weak(entry->next, entry)) {
   }
+}
+
+void EditorLink::tellOwnValues(std::span<const std::int32_t> indices,
+                               std::span<const float> values) {
+  ownIndices_ = indices;
+  ownValues_ = values;
+  wantsOwnValues_.store(false, std::memory_order_relaxed);
+}
+
+void EditorLink::writeOwnValues(std::uint32_t room) {
+  if (ownIndices_.empty()) return;
+  if (EditorMessage::sizeOfLive(ownIndices_.size()) <= room) {
+    lv2_atom_forge_frame_time(&forge_, 0);
+    EditorMessage::forgeOwnValues(forge_, urids_, ownIndices_, ownValues_);
+  } else {
+    wantsOwnValues_.store(true, std::memory_order_relaxed);
+  }
+  ownIndices_ = {};
 }
 
 void EditorLink::writeLive(std::uint32_t room) {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,13 @@ class EditorLink {
   void receiveMidi(const std::uint8_t* bytes, std::uint32_t size);
   /// Fills the port of messages to the editor for a cycle of `frames`; its size says its room.
   void writeMessages(LV2_Atom_Sequence& port, std::uint32_t frames);
+  /// The editor, which is open, has yet to be told what the sound has moved by itself.
+  bool wantsOwnValues() const {
+    return wantsOwnValues_.load(std::memory_order_relaxed) &&
+           isOpen_.load(std::memory_order_acquire);
+  }
+  /// What is told with the next messages; the memory lives until then.
+  void tellOwnValues(std::span<const std::int32_t> indices, std::span<const float> values);
   /// Whether the editor's state was set since the last call.
   bool takeStateSet() { return stateSet_.exchange(false, std::memory_order_acquire); }
 
@@ -69,6 +77,7 @@ class EditorLink {
   void sendState();
   void freeSent();
   void writeState(std::uint32_t room);
+  void writeOwnValues(std::uint32_t room);
   void writeLive(std::uint32_t room);
   void writeSounds(std::uint32_t capacity);
   void writeMidi(std::uint32_t capacity);
@@ -82,6 +91,9 @@ class EditorLink {
 
   std::atomic<bool> isOpen_{false};
   std::atomic<bool> stateSet_{false};
+  std::atomic<bool> wantsOwnValues_{false};
+  std::span<const std::int32_t> ownIndices_;
+  std::span<const float> ownValues_;
 
   /// The editor's newest state, of the audio thread alone, until the worker is free to take it.
   std::unique_ptr<char[]> next_;

@@ -51,6 +51,13 @@ EditorMessage EditorMessage::read(const LV2_Atom_Object& object, const Urids& ur
     message.kind = Kind::live;
     message.values = elements<float>(values, urids.atomFloat, urids);
     message.modulating = elements<std::int32_t>(modulating, urids.atomBool, urids);
+  } else if (type == urids.ownValues) {
+    const LV2_Atom* values = nullptr;
+    const LV2_Atom* indices = nullptr;
+    lv2_atom_object_get(&object, urids.values, &values, urids.indices, &indices, 0);
+    message.kind = Kind::ownValues;
+    message.values = elements<float>(values, urids.atomFloat, urids);
+    message.indices = elements<std::int32_t>(indices, urids.atomInt, urids);
   } else if (type == urids.liveSound) {
     const LV2_Atom* sound = nullptr;
     const LV2_Atom* samples = nullptr;
@@ -95,6 +102,20 @@ void EditorMessage::forgeLive(LV2_Atom_Forge& forge, const Urids& urids,
   lv2_atom_forge_key(&forge, urids.modulating);
   lv2_atom_forge_vector(&forge, sizeof(std::int32_t), urids.atomBool,
                         static_cast<std::uint32_t>(modulating.size()), modulating.data());
+  lv2_atom_forge_pop(&forge, &frame);
+}
+
+void EditorMessage::forgeOwnValues(LV2_Atom_Forge& forge, const Urids& urids,
+                                   std::span<const std::int32_t> indices,
+                                   std::span<const float> values) {
+  LV2_Atom_Forge_Frame frame;
+  lv2_atom_forge_object(&forge, &frame, 0, urids.ownValues);
+  lv2_atom_forge_key(&forge, urids.indices);
+  lv2_atom_forge_vector(&forge, sizeof(std::int32_t), urids.atomInt,
+                        static_cast<std::uint32_t>(indices.size()), indices.data());
+  lv2_atom_forge_key(&forge, urids.values);
+  lv2_atom_forge_vector(&forge, sizeof(float), urids.atomFloat,
+                        static_cast<std::uint32_t>(values.size()), values.data());
   lv2_atom_forge_pop(&forge, &frame);
 }
 

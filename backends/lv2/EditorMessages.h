@@ -30,6 +30,8 @@ struct EditorMessage {
     state,
     /// From the sound: live values and modulation flags.
     live,
+    /// From the sound: the parameters whose value no port has told it.
+    ownValues,
     /// From the sound: the newest samples of one of LiveSounds.
     sound,
     /// Not one of ours.
@@ -42,6 +44,8 @@ struct EditorMessage {
   /// Live values are as many as LiveParameters has, flags 0 or 1; or samples, the oldest first.
   std::span<const float> values;
   std::span<const std::int32_t> modulating;
+  /// Of ownValues: the places of its parameters among PortLayout's.
+  std::span<const std::int32_t> indices;
   /// Which of LiveSounds.
   std::size_t sound = 0;
 
@@ -59,6 +63,8 @@ struct EditorMessage {
   static void forgeState(LV2_Atom_Forge& forge, const Urids& urids, std::string_view state);
   static void forgeLive(LV2_Atom_Forge& forge, const Urids& urids, std::span<const float> values,
                         std::span<const std::int32_t> modulating);
+  static void forgeOwnValues(LV2_Atom_Forge& forge, const Urids& urids,
+                             std::span<const std::int32_t> indices, std::span<const float> values);
   static void forgeSound(LV2_Atom_Forge& forge, const Urids& urids, std::size_t sound,
                          std::span<const float> samples);
 };

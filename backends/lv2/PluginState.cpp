@@ -17,6 +17,8 @@ using quillon::unfolded;
 
 /// The entry that the audio unit knows nothing of.
 constexpr const char* midiMapEntry = "midiMap";
+/// Another, which only the sound knows.
+constexpr const char* stalePortsEntry = "stalePorts";
 
 std::optional<PropertyList> parse(std::string_view text) {
   std::string error;
@@ -35,8 +37,14 @@ PropertyList wholeState(const platform::AudioUnit& audioUnit, const orvane::Midi
 
 }  // namespace
 
-std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi) {
-  return foundation::writeXmlPropertyList(wholeState(audioUnit, midi));
+std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi,
+                      const StalePorts& stale) {
+  PropertyList state = wholeState(audioUnit, midi);
+  PropertyList::Dictionary ports;
+  for (const auto& [key, value] : stale) ports[key] = double{value};
+  auto* entries = state.as<PropertyList::Dictionary>();
+  if (entries && !ports.empty()) (*entries)[stalePortsEntry] = std::move(ports);
+  return foundation::writeXmlPropertyList(state);
 }
 
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
@@ -46,12 +54,17 @@ std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
   return foundation::writeXmlPropertyList(state);
 }
 
-bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text) {
+bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text,
+              StalePorts* stale) {
   auto list = parse(text);
   auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
   midi.setState(list->find(midiMapEntry));
   entries->erase(midiMapEntry);
+  const PropertyList* const ports = list->find(stalePortsEntry);
+  if (const auto* values = ports ? ports->as<PropertyList::Dictionary>() : nullptr; values && stale)
+    for (const auto& [key, value] : *values) (*stale)[key] = static_cast<float>(value.number());
+  entries->erase(stalePortsEntry);
   if (!entries->count(parametersEntry)) {
     const PropertyList current = unfolded(audioUnit.fullState());
     if (const PropertyList* parameters = current.find(parametersEntry))

@@ -1,5 +1,7 @@
 #include "backends/lv2/PortMirror.h"
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -101,14 +103,42 @@ void PortMirror::portEvent(std::uint32_t port, std::uint32_t size, std::uint32_t
     audioUnit_.showLive(message.values, message.modulating);
   } else if (message.kind == EditorMessage::Kind::sound) {
     audioUnit_.showSound(message.sound, message.values);
+  } else if (message.kind == EditorMessage::Kind::ownValues) {
+    takeOwnValues(message);
   } else if (message.kind == EditorMessage::Kind::state) {
-    isListening_ = true;
-    audioUnit_.setStateBesideParameters(message.state);
-    isListening_ = false;
+    takeState(message.state);
   }
 }
 
+void PortMirror::takeOwnValues(const EditorMessage& message) {
+  for (std::size_t i = 0; i < std::min(message.indices.size(), message.values.size()); ++i) {
+    const auto index = static_cast<std::size_t>(message.indices[i]);
+    if (index >= layout_.parameters().size() || std::isnan(message.values[i])) continue;
+    platform::AUParameter& parameter = *layout_.parameters()[index].parameter;
+    if (held_.count(parameter.address())) continue;
+    // The host's port is behind, and follows.
+    parameter.beginGesture();
+    parameter.setValue(message.values[i]);
+    parameter.endGesture();
+  }
+}
+
+void PortMirror::takeState(std::string_view state) {
+  const bool isFirst = !std::exchange(isAnswered_, true);
+  const auto edited = audioUnit_.midiLearn().bindings();
+  isListening_ = true;
+  audioUnit_.setStateBesideParameters(state);
+  isListening_ = false;
+  // What was bound before the sound has told its own bindings comes on top of them.
+  if (!isFirst || !std::exchange(isEdited_, false)) return;
+  for (const auto& [key, message] : edited) audioUnit_.midiLearn().bind(key, message);
+}
+
 void PortMirror::send(Report report) {
+  if (report == Report::state && !isAnswered_) {
+    isEdited_ = true;
+    return;
+  }
   std::string state;
   if (report == Report::state) {
     state = audioUnit_.stateBesideParameters();

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <set>
 #include <span>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -52,6 +53,8 @@ class PortMirror {
   void touch(platform::AUParameterAddress address, bool began);
   void send(Report report);
   void hear(std::span<const std::uint8_t> message);
+  void takeOwnValues(const EditorMessage& message);
+  void takeState(std::string_view state);
 
   MirrorAudioUnit& audioUnit_;
   EditorHost host_;
@@ -63,6 +66,10 @@ class PortMirror {
   std::set<platform::AUParameterAddress> held_;
   platform::AUParameterObserverToken token_ = nullptr;
   bool isAnnounced_ = false;
+  /// The sound has told its state; before that the editor's would wipe it out.
+  bool isAnswered_ = false;
+  /// Something was bound before.
+  bool isEdited_ = false;
   /// The sound's state is being set: the values that it brings are the sound's own.
   bool isListening_ = false;
   /// A MIDI message moves parameters, whose values are written afterwards.

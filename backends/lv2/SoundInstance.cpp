@@ -46,10 +46,16 @@ SoundInstance::SoundInstance(const orvane::PluginEntry& entry, double sampleRate
       link_(*audioUnit_, midiLearn_, urids_, map_,
             findFeature<LV2_Worker_Schedule>(features, LV2_WORKER__schedule), access_, sampleRate),
       controls_(layout_.parameters().size()),
-      lastValues_(controls_.size(), std::numeric_limits<float>::quiet_NaN()),
+      lastValues_(controls_.size()),
+      isOwn_(controls_.size()),
+      restoredPorts_(controls_.size()),
       echoesUntil_(controls_.size(), 0) {
-  for (std::size_t i = 0; i < controls_.size(); ++i)
+  for (std::size_t i = 0; i < controls_.size(); ++i) {
     indexOf_[layout_.parameters()[i].parameter] = i;
+    lastValues_[i] = restoredPorts_[i] = std::numeric_limits<float>::quiet_NaN();
+  }
+  ownIndices_.reserve(controls_.size());
+  ownValues_.reserve(controls_.size());
 }
 
 void SoundInstance::connectPort(std::uint32_t port, void* buffer) {
@@ -84,25 +90,49 @@ void SoundInstance::run(std::uint32_t frames) {
   readControls();
   renderer_.begin(frames);
   readEvents();
-  midiLearn_.takeMoved([this](const platform::AUParameter& parameter) {
-    const double rest = orvane::MidiLearn::quietTime * sampleRate_;
-    echoesUntil_[indexOf_.at(&parameter)] = frame_ + static_cast<std::uint64_t>(rest);
-  });
+  noteMoved();
   frame_ += frames;
   renderer_.finish();
   writeControls();
+  if (link_.wantsOwnValues()) tellOwnValues();
   if (notify_) link_.writeMessages(*notify_, frames);
+}
+
+void SoundInstance::noteMoved() {
+  midiLearn_.takeMoved([this](const platform::AUParameter& parameter) {
+    const std::size_t index = indexOf_.at(&parameter);
+    const double rest = orvane::MidiLearn::quietTime * sampleRate_;
+    echoesUntil_[index] = frame_ + static_cast<std::uint64_t>(rest);
+    isOwn_[index] = true;
+  });
+}
+
+void SoundInstance::tellOwnValues() {
+  ownIndices_.clear();
+  ownValues_.clear();
+  for (std::size_t i = 0; i < isOwn_.size(); ++i) {
+    if (!isOwn_[i]) continue;
+    ownIndices_.push_back(static_cast<std::int32_t>(i));
+    ownValues_.push_back(layout_.parameters()[i].parameter->value());
+  }
+  link_.tellOwnValues(ownIndices_, ownValues_);
 }
 
 void SoundInstance::readControls() {
   const bool all = link_.takeStateSet();
+  const bool isRestored = all && isRestored_.exchange(false, std::memory_order_acquire);
   for (std::size_t i = 0; i < controls_.size(); ++i) {
     const ParameterPort& port = layout_.parameters()[i];
     if (port.isOutput || !controls_[i]) continue;
     const float value = *controls_[i];
-    if (!all && value == lastValues_[i]) continue;
+    const bool hasChanged = value != lastValues_[i];
     lastValues_[i] = value;
-    if (all || frame_ >= echoesUntil_[i]) port.parameter->setValue(value);
+    if (isRestored) isOwn_[i] = value == restoredPorts_[i];
+    if (isRestored ? isOwn_[i].load() : !hasChanged && (!all || isOwn_[i])) continue;
+    // The echo of what MIDI has done.
+    const bool isEcho = !isRestored && frame_ < echoesUntil_[i];
+    if (!isEcho) port.parameter->setValue(value);
+    isOwn_[i] = isEcho && value != port.parameter->value();
   }
 }
 
@@ -139,7 +169,10 @@ void SoundInstance::writeControls() {
 
 LV2_State_Status SoundInstance::save(LV2_State_Store_Function store, LV2_State_Handle handle) {
   const std::lock_guard lock(access_);
-  const std::string text = stateText(*audioUnit_, midiLearn_);
+  StalePorts stale;
+  for (std::size_t i = 0; i < isOwn_.size(); ++i)
+    if (isOwn_[i]) stale[layout_.parameters()[i].parameter->key()] = lastValues_[i];
+  const std::string text = stateText(*audioUnit_, midiLearn_, stale);
   return store(handle, urids_.state, text.c_str(), text.size() + 1, urids_.atomString,
                LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE);
 }
@@ -156,7 +189,14 @@ LV2_State_Status SoundInstance::restore(LV2_State_Retrieve_Function retrieve,
   std::string_view state(text, size);
   if (state.back() == '\0') state.remove_suffix(1);
   const std::lock_guard lock(access_);
-  if (!setState(*audioUnit_, midiLearn_, state)) return LV2_STATE_ERR_UNKNOWN;
+  StalePorts stale;
+  if (!setState(*audioUnit_, midiLearn_, state, &stale)) return LV2_STATE_ERR_UNKNOWN;
+  for (std::size_t i = 0; i < restoredPorts_.size(); ++i) {
+    const auto found = stale.find(layout_.parameters()[i].parameter->key());
+    restoredPorts_[i] =
+        found == stale.end() ? std::numeric_limits<float>::quiet_NaN() : found->second;
+  }
+  isRestored_.store(true, std::memory_order_release);
   link_.stateRestored();
   return LV2_STATE_SUCCESS;
 }

@@ -30,7 +30,9 @@ namespace lv2_backend {
 /// again after a state was set, whichever of the two the host sets first. What an editor changes
 /// reaches the ports through the host, not through the sound. Only what MIDI moves is moved by the
 /// sound itself, at once; an open editor moves the port after it, and what comes back by the port
-/// within half a second is that echo, which never takes the sound back. The state
+/// within half a second is that echo, which never takes the sound back. Without an editor the port
+/// stays behind; the state then says what it held, so that a session that restores both hears what
+/// was saved, and the next editor moves the port. The state
 /// holds the values too, as in any other format, but beside them it has what no port can carry (the
 /// name of the preset, what a newer version has stored), and that is what it is for here.
 ///
@@ -54,6 +56,8 @@ class SoundInstance {
 
  private:
   void readControls();
+  void noteMoved();
+  void tellOwnValues();
   void writeControls();
   void readEvents();
 
@@ -75,7 +79,14 @@ class SoundInstance {
   float latency_ = 0;
   std::vector<float*> controls_;
   /// What each port held in the last cycle; not a number before the first.
-  std::vector<float> lastValues_;
+  std::vector<std::atomic<float>> lastValues_;
+  /// Whether the parameter has a value that its port does not: MIDI or a state has set it since.
+  std::vector<std::atomic<bool>> isOwn_;
+  /// What the ports of such parameters held when the restored state was saved; else not a number.
+  std::vector<std::atomic<float>> restoredPorts_;
+  std::atomic<bool> isRestored_{false};
+  std::vector<std::int32_t> ownIndices_;
+  std::vector<float> ownValues_;
   /// The frame until which a port only echoes what MIDI has done, by parameter.
   std::vector<std::uint64_t> echoesUntil_;
   std::unordered_map<const platform::AUParameter*, std::size_t> indexOf_;

@@ -40,6 +40,8 @@ Urids::Urids(const LV2_URID_Map& map) {
   stateChanged = id(uri::stateChanged);
   liveValues = id(uri::liveValues);
   liveSound = id(uri::liveSound);
+  ownValues = id(uri::ownValues);
+  indices = id(uri::indices);
   sound = id(uri::sound);
   values = id(uri::values);
   modulating = id(uri::modulating);

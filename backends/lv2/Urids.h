@@ -25,7 +25,7 @@ struct Urids {
   LV2_URID timePosition, timeBar, timeBarBeat, timeBeat, timeBeatsPerBar, timeBeatsPerMinute,
       timeSpeed;
   LV2_URID state, editorOpened, editorClosed, midiWanted, midiUnwanted, stateChanged, liveValues,
-      liveSound, sound, values, modulating;
+      liveSound, ownValues, indices, sound, values, modulating;
 };
 
 }  // namespace lv2_backend
