@@ -96,8 +96,7 @@ void addPosting(Report& report, OurSide& ours, StockSide& stock) {
               .unit = "ns",
               .ours = ns.ours,
               .stock = ns.stock,
-              .goal = 200,
-              .goalFor = Row::Goal::figure});
+              .goal = 0.2});
 }
 
 void addArriving(Report& report, OurSide& ours, StockSide& stock) {
@@ -133,7 +132,7 @@ void addArriving(Report& report, OurSide& ours, StockSide& stock) {
               .unit = "us",
               .ours = us.ours,
               .stock = us.stock,
-              .goal = 0.5});
+              .goal = 0.4});
 }
 
 }  // namespace

@@ -14,8 +14,9 @@ std::atomic<bool> wakePending{false};
 }  // namespace
 
 void LoopWaker::attach(RunLoop::Driver& driver) {
-  wakePending.store(false);
+  // In this order: who finds nothing pending finds the driver.
   currentDriver.store(&driver);
+  wakePending.store(false);
   wake();
 }
 
@@ -25,11 +26,12 @@ void LoopWaker::detach() {
 }
 
 void LoopWaker::wake() noexcept {
+  // The drain that takes this back sees all that was pushed before, so one wake-up serves many.
+  if (wakePending.exchange(true)) return;
   // In one total order with detach: either the driver is seen to be gone here, or this thread is
   // seen to be inside there.
   threadsInside.fetch_add(1);
-  if (RunLoop::Driver* driver = currentDriver.load())
-    if (!wakePending.exchange(true)) driver->wake();
+  if (RunLoop::Driver* driver = currentDriver.load()) driver->wake();
   threadsInside.fetch_sub(1);
 }
 
