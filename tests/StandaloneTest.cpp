@@ -173,10 +173,7 @@ TEST_F(StandaloneWindowTest, lettersThatNoControlWantsPlayNotes) {
     window.getPeer()->handleKeyUpOrDown(false);
     window.getPeer()->handleKeyPress(juce::KeyPress('Q', {}, 'q'));
   };
-  run(play, [&](StandaloneWindow&) {
-    for (const auto& block : unit->blocks)
-      for (const auto& [frame, note] : block.notes) notes.push_back(note);
-  });
+  run(play, [&](StandaloneWindow&) { notes = unit->notes(); });
   // A window that loses the keyboard ends its notes, too.
   if (notes.size() > 3) notes.resize(3);
   EXPECT_THAT(notes, testing::ElementsAre(48, 48, 60)) << said;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -53,13 +54,26 @@ class RenderLog : public quillon::CommonAudioUnit {
       Block entry{block.frames, {}, block.transport.beatPosition};
       for (const platform::MidiEvent& event : block.midi)
         entry.notes.emplace_back(event.frame, event.bytes[1]);
+      const std::lock_guard lock(mutex_);
       blocks.push_back(std::move(entry));
     }
     CommonAudioUnit::render(block);
   }
+  /// The notes so far, also while a device renders.
+  std::vector<int> notes() {
+    const std::lock_guard lock(mutex_);
+    std::vector<int> result;
+    for (const Block& block : blocks)
+      for (const auto& [frame, note] : block.notes) result.push_back(note);
+    return result;
+  }
 
   bool logs = true;
+  /// For who renders it by itself.
   std::vector<Block> blocks;
+
+ private:
+  std::mutex mutex_;
 };
 
 /// A plug-in of one page with all parameters of a RenderLog.
