@@ -26,7 +26,9 @@ constexpr double maximumLabelScale = 2.0;
 
 KestroAUViewController::KestroAUViewController()
     : controls_(std::make_shared<ControlCollection>()),
-      bindings_(std::make_shared<ControlBindings>()) {}
+      bindings_(std::make_shared<ControlBindings>()) {
+  presetLibrary_.addObserver({this, *this});
+}
 
 KestroAUViewController::~KestroAUViewController() {
   letGo();

@@ -68,6 +68,7 @@ class KestroAUViewController : public toolkit::ViewController,
                                private MenuBarDelegate,
                                private EnterValueOverlayDelegate,
                                private PresetViewOverlayDelegate,
+                               private PresetLibraryObserver,
                                private AboutOverlayDelegate,
                                private ResponderViewDelegate {
  public:
@@ -210,6 +211,7 @@ class KestroAUViewController : public toolkit::ViewController,
   SettingsViewController& settingsViewController() { return settingsViewController_; }
   EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
   OverlaysView& overlaysView() { return overlaysView_; }
+  PresetLibrary& presetLibrary() { return presetLibrary_; }
   DSPParameters& parameters() { return parameters_; }
   ControlCollection& controls() { return *controls_; }
   const std::unordered_map<platform::AUParameterAddress, std::string>& parameterKeyMap() const {
@@ -277,8 +279,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void deletePreset(const UserPreset& preset) override;
   void importPresets() override { importPreset(); }
   void presetViewOverlayDidHide() override {}
-  /// The menu bar shows what the list can do.
-  void presetViewOverlayListDidChange() override;
+  /// The menu bar shows what the library has.
+  void presetLibraryDidChange(Change change) override;
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
@@ -327,7 +329,8 @@ class KestroAUViewController : public toolkit::ViewController,
   std::shared_ptr<ControlBindings> bindings_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
-  OverlaysView overlaysView_;
+  PresetLibrary presetLibrary_;
+  OverlaysView overlaysView_{presetLibrary_};
   EnterValueOverlay enterValueOverlay_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   std::vector<TappedValue> tappedValues_;

@@ -15,7 +15,7 @@ void KestroAUViewController::instantiatePresetManager() {
 
 void KestroAUViewController::setPresetManager(std::unique_ptr<PresetManager> manager) {
   // The list lets go of the old one before that dies.
-  overlaysView_.presetList().presetManager = manager.get();
+  presetLibrary_.setStore(manager.get());
   presetManager_ = std::move(manager);
   if (!presetManager_) return;
   presetManager_->audioUnit = audioUnit_;
@@ -61,15 +61,14 @@ void KestroAUViewController::rebuildPresetList() {
   overlaysView_.initPresetList(unit, isLoadingUserPreset);
 }
 
-void KestroAUViewController::presetViewOverlayListDidChange() {
-  const auto& list = overlaysView_.presetList();
-  menuBar_.setCanStepPresets(list.presetListForNextAndPrevious().size() > 1);
+void KestroAUViewController::presetLibraryDidChange(Change) {
+  menuBar_.setCanStepPresets(presetLibrary_.walk().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
-  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && list.presetFileList().empty());
+  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && presetLibrary_.all().empty());
 }
 
 const std::shared_ptr<Preset>& KestroAUViewController::selectedPreset() {
-  return overlaysView_.presetList().selectedPreset();
+  return presetLibrary_.selected();
 }
 
 std::string KestroAUViewController::currentPresetName() {
@@ -96,20 +95,19 @@ void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& prese
   // A file that is gone, or is no preset, has left the sound as it was: then the list says so.
   const std::string name = unit->currentPresetName();
   if (name.empty() || name == preset->name) return;
-  overlaysView_.reloadPresetList();
-  overlaysView_.followCurrentPreset(*unit);
+  const std::shared_ptr<Preset> before = presetLibrary_.selectedBefore();
+  presetLibrary_.announce();
+  presetLibrary_.select(before ? presetLibrary_.find(*before) : nullptr);
 }
 
 void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset) {
-  PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
-  overlaysView_.presetList().setSelectedPreset(preset);
-  overlaysView_.presetList().moveToSelected();
-  browser.presetListDidSelect(preset);
+  presetLibrary_.select(preset);
+  overlaysView_.presetViewOverlay().presetListDidSelect(presetLibrary_.selected());
 }
 
 void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>& preset) {
   if (!overlaysView_.isInit()) isLoadingUserPreset = true;
-  overlaysView_.reloadPresetList();
+  presetLibrary_.announce();
   selectPreset(preset);
 }
 
@@ -117,22 +115,19 @@ std::optional<std::string> KestroAUViewController::saveNewPreset(
     const std::string& name, const std::vector<std::string>& presetCategories) {
   preSaveAction();
   auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
-  overlaysView_.reloadPresetList();
+  presetLibrary_.announce();
   return url;
 }
 
 void KestroAUViewController::savePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->savePreset(preset.url, preset.categories);
   if (const auto* unit = audioUnit()) setPresetName(unit->currentPresetName());
-  overlaysView_.reloadPresetList();
+  presetLibrary_.announce();
 }
 
 void KestroAUViewController::deletePreset(const UserPreset& preset) {
   if (presetManager_) presetManager_->deleteUserPreset(preset);
-  // Nothing is selected that is not there any more.
-  auto& list = overlaysView_.presetList();
-  if (selectedPreset() && *selectedPreset() == preset) list.setSelectedPreset(nullptr);
-  overlaysView_.reloadPresetList();
+  presetLibrary_.announce();
 }
 
 void KestroAUViewController::importPreset() {

@@ -1,7 +1,5 @@
 #include "Orvane/OverlaysView.h"
 
-#include <algorithm>
-
 namespace orvane {
 
 void OverlaysView::didMoveToSuperview() {
@@ -38,20 +36,7 @@ void OverlaysView::initPresetList(platform::AudioUnit* audioUnit, bool isLoading
 void OverlaysView::reloadPresetList() { presetList().reload(); }
 
 void OverlaysView::followCurrentPreset(const platform::AudioUnit& audioUnit) {
-  PresetListTableViewController& list = presetList();
-  const std::string name = audioUnit.currentPresetName();
-  const bool isFactory = audioUnit.currentPreset() >= 0;
-  const auto isCurrent = [&](const std::shared_ptr<Preset>& preset) {
-    return preset && preset->isUserPreset != isFactory &&
-           (isFactory ? preset->id == audioUnit.currentPreset() : preset->name == name);
-  };
-  if (!isCurrent(list.selectedPreset())) {
-    const auto& presets = list.presetFileList();
-    const auto found = std::find_if(presets.begin(), presets.end(), isCurrent);
-    list.setSelectedPreset(found == presets.end() ? nullptr : *found);
-  }
-  list.moveToSelected();
-  presetViewOverlay_.presetListDidChange();
+  library_.follow(audioUnit);
 }
 
 bool OverlaysView::closeUppermost() {

@@ -10,6 +10,9 @@ namespace orvane {
 /// controller. User-interface thread only.
 class OverlaysView : public toolkit::View {
  public:
+  /// `library` outlives it.
+  explicit OverlaysView(PresetLibrary& library) : library_(library), presetViewOverlay_(library) {}
+
   AboutOverlay& aboutViewOverlay() { return aboutViewOverlay_; }
   PresetViewOverlay& presetViewOverlay() { return presetViewOverlay_; }
   /// The browser's.
@@ -42,6 +45,7 @@ class OverlaysView : public toolkit::View {
   void setNeedsDisplay() override;
 
  private:
+  PresetLibrary& library_;
   AboutOverlay aboutViewOverlay_;
   PresetViewOverlay presetViewOverlay_;
   bool isInit_ = false;

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/FavPresetsStore.h"
+#include "Orvane/PresetLibrary.h"
 #include "Orvane/PresetTableStyle.h"
 
 namespace orvane {
@@ -35,7 +35,7 @@ void PresetCell::setPreset(std::shared_ptr<Preset> preset) {
 void PresetCell::handleValueChanged() {
   const bool isFavourite = !starButton_.isSelected();
   starButton_.setSelected(isFavourite);
-  if (preset_) FavPresetsStore::setFavourite(*preset_, isFavourite);
+  if (preset_) PresetLibrary::setFavourite(*preset_, isFavourite);
 }
 
 void PresetCell::draw(const platform::Rect& rect) {

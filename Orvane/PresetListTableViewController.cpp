@@ -1,17 +1,11 @@
 #include "Orvane/PresetListTableViewController.h"
 
 #include <algorithm>
-#include <string_view>
-#include <unordered_set>
 #include <utility>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/FavPresetsStore.h"
-#include "Orvane/Preset.h"
 #include "Orvane/PresetCell.h"
-#include "Orvane/PresetManager.h"
 #include "Orvane/PresetTableStyle.h"
-#include "foundation/UnicodeText.h"
 #include "platform/Fatal.h"
 #include "toolkit/Label.h"
 
@@ -19,22 +13,9 @@ namespace orvane {
 
 using toolkit::IndexPath;
 using toolkit::TableView;
-using Presets = std::vector<std::shared_ptr<Preset>>;
 namespace Theme = kestroui::Theme;
 
 namespace {
-
-/// By name in upper case, code point by code point; presets of equal names keep their order.
-void sortByName(Presets& presets) {
-  std::vector<std::pair<std::string, std::shared_ptr<Preset>>> named;
-  named.reserve(presets.size());
-  for (auto& preset : presets)
-    named.emplace_back(foundation::uppercased(preset->name), std::move(preset));
-  // The order of UTF-8 bytes is that of code points.
-  std::stable_sort(named.begin(), named.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  for (std::size_t i = 0; i < presets.size(); ++i) presets[i] = std::move(named[i].second);
-}
 
 /// Above the presets of one kind.
 class SectionHeader : public toolkit::View {
@@ -58,123 +39,91 @@ class SectionHeader : public toolkit::View {
 
 }  // namespace
 
+PresetListTableViewController::PresetListTableViewController(PresetLibrary& library)
+    : library_(library) {
+  library_.addObserver(this);
+}
+
 void PresetListTableViewController::viewDidLoad() {
   TableViewController::viewDidLoad();
   PresetTableStyle::apply(tableView());
 }
 
-// Lists
+// The library
 
 void PresetListTableViewController::reload() {
-  Presets users;
-  if (presetManager) {
-    presetManager->createPresetDirectories();
-    for (auto& preset : presetManager->getUserPresets()) users.push_back(std::move(preset));
-  }
-  Presets factory;
-  if (factoryPresets)
-    for (const platform::KestroAUPreset& record : *factoryPresets)
-      factory.push_back(std::make_shared<FactoryPreset>(record));
-
-  presetFileList_ = factory;
-  presetListForNextAndPrevious_ = users;
-  sortByName(presetListForNextAndPrevious_);
-  sortByName(factory);
-  presetListForNextAndPrevious_.insert(presetListForNextAndPrevious_.end(), factory.begin(),
-                                       factory.end());
-  presetFileList_.insert(presetFileList_.end(), users.begin(), users.end());
-  sortByName(presetFileList_);
-  const auto standard = std::find_if(
-      presetFileList_.begin(), presetFileList_.end(),
-      [](const auto& preset) { return foundation::uppercased(preset->name) == "DEFAULT"; });
-  if (standard != presetFileList_.end())
-    std::rotate(presetFileList_.begin(), standard, std::next(standard));
-
-  const std::unordered_set<std::string_view> favourites(FavPresetsStore::favouritePresets.begin(),
-                                                        FavPresetsStore::favouritePresets.end());
-  lowerCaseNames_.clear();
-  for (const auto& preset : presetFileList_) {
-    if (favourites.contains(preset->uniqueName())) preset->isFavourite = true;
-    lowerCaseNames_.push_back(foundation::lowercased(preset->name));
-  }
-  filterList();
+  const platform::Weak<PresetListTableViewController> self = this;
+  library_.reload();
+  if (self) moveToSelected();
 }
 
-bool PresetListTableViewController::passesBank(const Preset& preset,
-                                               const std::string& lowerCaseBank) const {
-  const std::string& bank = currentBankFilter;
-  if (bank.empty() || bank == "ALL") return true;
-  if (bank == "USER") return preset.isUserPreset;
-  if (bank == "FAVOURITES") return preset.isFavourite;
-  if (preset.isUserPreset) return false;
-  return foundation::lowercased(preset.bankName) == lowerCaseBank ||
-         (preset.bankName.empty() && bank == defaultBank);
+void PresetListTableViewController::setCurrentBankFilter(const std::string& bank) {
+  PresetLibrary::Filter filter = library_.filter();
+  filter.bank = bank;
+  library_.setFilter(std::move(filter));
 }
 
-void PresetListTableViewController::filterList() {
-  const std::string bank = foundation::lowercased(currentBankFilter);
-  const std::string wanted = foundation::lowercased(searchText);
-  const auto& categories = currentCategoriesFilter;
-  const auto hasAnyCategory = [&](const Preset& preset) {
-    return categories.empty() ||
-           std::any_of(categories.begin(), categories.end(),
-                       [&](const std::string& category) { return hasCategory(preset, category); });
-  };
-
-  presetFileListFiltered_.clear();
-  for (Presets& section : sections_) section.clear();
-  for (std::size_t i = 0; i < presetFileList_.size(); ++i) {
-    const auto& preset = presetFileList_[i];
-    if (!wanted.empty() && lowerCaseNames_[i].find(wanted) == std::string::npos) continue;
-    if (!passesBank(*preset, bank) || !hasAnyCategory(*preset)) continue;
-    presetFileListFiltered_.push_back(preset);
-    if (useHeaders) sections_[preset->isUserPreset ? 0 : 1].push_back(preset);
-  }
-  tableView().reloadData();
-  moveToSelected();
-  if (auto* owner = delegate.get()) owner->presetListDidChange();
-}
-
-void PresetListTableViewController::markFavourite(const std::string& uniqueName) {
-  const auto found =
-      std::find_if(presetFileList_.begin(), presetFileList_.end(),
-                   [&](const auto& each) { return each->uniqueName() == uniqueName; });
-  if (found == presetFileList_.end() || (*found)->isFavourite) return;
-  (*found)->isFavourite = true;
-  filterList();
-}
-
-bool PresetListTableViewController::hasCategory(const Preset& preset, const std::string& category) {
-  return std::find(preset.categories.begin(), preset.categories.end(),
-                   foundation::lowercased(category)) != preset.categories.end();
+void PresetListTableViewController::setCurrentCategoriesFilter(
+    const std::vector<std::string>& categories) {
+  PresetLibrary::Filter filter = library_.filter();
+  filter.categories = categories;
+  library_.setFilter(std::move(filter));
 }
 
 void PresetListTableViewController::searchFor(const std::string& text) {
-  searchText = text;
-  filterList();
+  PresetLibrary::Filter filter = library_.filter();
+  filter.searchText = text;
+  library_.setFilter(std::move(filter));
+}
+
+void PresetListTableViewController::presetLibraryDidChange(Change change) {
+  switch (change) {
+    case Change::presets:
+      showPresets();
+      break;
+    case Change::selection:
+      moveToSelected();
+      break;
+    case Change::marks:
+      tableView().refillCells();
+      break;
+  }
+}
+
+void PresetListTableViewController::showPresets() {
+  for (Presets& section : sections_) section.clear();
+  if (useHeaders)
+    for (const PresetPtr& preset : library_.shown())
+      sections_[preset->isUserPreset ? 0 : 1].push_back(preset);
+  tableView().reloadData();
+  moveToSelected();
 }
 
 // Selection
 
 void PresetListTableViewController::selectNext(bool backward) {
-  if (!selectedPreset_) return;
-  const Presets& walk = presetListForNextAndPrevious_;
-  const auto found = std::find_if(
-      walk.begin(), walk.end(), [this](const auto& preset) { return *preset == *selectedPreset_; });
-  if (found == walk.end()) return;
-  if (const auto row = rowOf(*selectedPreset_)) {
+  const PresetPtr before = library_.selected();
+  if (!before) return;
+  if (const auto row = rowOf(*before)) {
     tableView().deselectRow(*row);
     didDeselectRowAt(tableView(), *row);
   }
-  const std::size_t from = static_cast<std::size_t>(found - walk.begin());
-  selectedPreset_ = walk[(from + (backward ? walk.size() - 1 : 1)) % walk.size()];
   const platform::Weak<PresetListTableViewController> self = this;
-  if (auto* owner = delegate.get()) owner->presetListDidSelect(selectedPreset_);
-  if (self) moveToSelected();
+  PresetPtr next = before;
+  for (std::size_t tried = 0; tried < library_.walk().size(); ++tried) {
+    next = library_.neighbourInWalk(*next, backward);
+    // A list that was made anew meanwhile has it no more.
+    if (!next) break;
+    library_.select(next);
+    if (auto* owner = delegate.get()) owner->presetListDidSelect(next);
+    if (!self) return;
+    if (!library_.selected() || library_.selected()->uniqueName() == next->uniqueName()) break;
+  }
+  moveToSelected();
 }
 
 void PresetListTableViewController::moveToSelected() {
-  const auto row = selectedPreset_ ? rowOf(*selectedPreset_) : std::nullopt;
+  const auto row = selectedPreset() ? rowOf(*selectedPreset()) : std::nullopt;
   if (!row) {
     tableView().selectRow(std::nullopt);
     tableView().scrollRectToVisible({0, 0, 1, 1});
@@ -184,10 +133,14 @@ void PresetListTableViewController::moveToSelected() {
   didSelectRowAt(tableView(), *row);
 }
 
+const PresetListTableViewController::Presets& PresetListTableViewController::presetsIn(
+    int section) const {
+  return useHeaders ? sections_[section == 0 ? 0 : 1] : library_.shown();
+}
+
 const PresetListTableViewController::PresetPtr& PresetListTableViewController::presetAt(
     IndexPath row) const {
-  const Presets& presets =
-      useHeaders ? sections_[row.section == 0 ? 0 : 1] : presetFileListFiltered_;
+  const Presets& presets = presetsIn(row.section);
   const auto index = static_cast<std::size_t>(row.row);
   if (row.row < 0 || index >= presets.size()) platform::fatal("The preset list has no such row");
   return presets[index];
@@ -195,9 +148,9 @@ const PresetListTableViewController::PresetPtr& PresetListTableViewController::p
 
 std::optional<IndexPath> PresetListTableViewController::rowOf(const Preset& preset) const {
   const int section = useHeaders && !preset.isUserPreset ? 1 : 0;
-  const Presets& presets = useHeaders ? sections_[section] : presetFileListFiltered_;
+  const Presets& presets = presetsIn(section);
   const auto found = std::find_if(presets.begin(), presets.end(),
-                                  [&](const auto& other) { return *other == preset; });
+                                  [&](const auto& other) { return other.get() == &preset; });
   if (found == presets.end()) return std::nullopt;
   return IndexPath{section, static_cast<int>(found - presets.begin())};
 }
@@ -207,8 +160,7 @@ std::optional<IndexPath> PresetListTableViewController::rowOf(const Preset& pres
 int PresetListTableViewController::numberOfSections(TableView&) { return useHeaders ? 2 : 1; }
 
 int PresetListTableViewController::numberOfRowsInSection(TableView&, int section) {
-  const Presets& presets = useHeaders ? sections_[section == 0 ? 0 : 1] : presetFileListFiltered_;
-  return static_cast<int>(presets.size());
+  return static_cast<int>(presetsIn(section).size());
 }
 
 toolkit::TableViewCell& PresetListTableViewController::cellForRowAt(TableView& table,
@@ -242,8 +194,10 @@ void PresetListTableViewController::didSelectRowAt(TableView& table, IndexPath r
   TableViewController::didSelectRowAt(table, row);
   // Whoever is told may make the list anew.
   const PresetPtr preset = presetAt(row);
-  if (selectedPreset_ && *selectedPreset_ == *preset) return;
-  selectedPreset_ = preset;
+  if (preset == selectedPreset()) return;
+  const platform::Weak<PresetListTableViewController> self = this;
+  library_.select(preset);
+  if (!self) return;
   if (auto* owner = delegate.get()) owner->presetListDidSelect(preset);
 }
 

@@ -5,13 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "Orvane/Preset.h"
-#include "platform/KestroAUPreset.h"
+#include "Orvane/PresetLibrary.h"
 #include "toolkit/TableViewController.h"
 
 namespace orvane {
-
-class PresetManager;
 
 /// Told which preset the list has selected. Held weakly. User-interface thread only.
 class PresetListTableViewControllerDelegate {
@@ -19,55 +16,56 @@ class PresetListTableViewControllerDelegate {
   virtual ~PresetListTableViewControllerDelegate() = default;
 
   virtual void presetListDidSelect(const std::shared_ptr<Preset>& preset) = 0;
-  /// Other presets are shown now.
-  virtual void presetListDidChange() {}
 };
 
-/// The list of presets in the browser, and the order that the menu bar's arrows walk through. It
-/// shows what passes the bank, the categories and the search; the walk goes through all. Two
-/// presets are the same for it when they are equal. User-interface thread only.
-class PresetListTableViewController : public toolkit::TableViewController {
+/// The presets of a library as the list in the browser: what passes the bank, the categories and the
+/// search, with the selected one lit. User-interface thread only.
+class PresetListTableViewController : public toolkit::TableViewController,
+                                      public PresetLibraryObserver {
  public:
-  using PresetPtr = std::shared_ptr<Preset>;
+  using PresetPtr = PresetLibrary::PresetPtr;
+  using Presets = PresetLibrary::Presets;
+
+  /// `library` outlives it.
+  explicit PresetListTableViewController(PresetLibrary& library);
 
   platform::Weak<PresetListTableViewControllerDelegate> delegate;
 
-  // What it shows; reload follows a change of the first two, filterList one of the others.
-
-  PresetManager* presetManager = nullptr;
-  std::optional<std::vector<platform::KestroAUPreset>> factoryPresets;
-  std::string searchText;
-  /// Empty for none: "ALL", "USER", "FAVOURITES" or the name of a bank.
-  std::string currentBankFilter;
-  /// Presets that have any of them; none for all.
-  std::vector<std::string> currentCategoriesFilter;
-  /// The bank of factory presets that name none.
-  std::string defaultBank = "BANK A";
   /// User and factory presets below headers; else one list, with stars.
   bool useHeaders = true;
 
-  const PresetPtr& selectedPreset() const { return selectedPreset_; }
-  /// Tells nobody; moveToSelected shows it.
-  void setSelectedPreset(PresetPtr preset) { selectedPreset_ = std::move(preset); }
+  PresetLibrary& library() { return library_; }
 
-  const std::vector<PresetPtr>& presetFileList() const { return presetFileList_; }
-  const std::vector<PresetPtr>& presetFileListFiltered() const { return presetFileListFiltered_; }
-  const std::vector<PresetPtr>& presetListForNextAndPrevious() const {
-    return presetListForNextAndPrevious_;
+  // What the library has of it
+
+  const std::string& searchText() const { return library_.filter().searchText; }
+  const std::string& currentBankFilter() const { return library_.filter().bank; }
+  const std::vector<std::string>& currentCategoriesFilter() const {
+    return library_.filter().categories;
   }
-
-  /// Makes all lists anew from the store and the factory presets.
-  void reload();
-  void filterList();
+  void setCurrentBankFilter(const std::string& bank);
+  void setCurrentCategoriesFilter(const std::vector<std::string>& categories);
   void searchFor(const std::string& text);
-  /// To the neighbour of the selected preset in the walk, around its ends; tells the delegate.
-  void selectNext(bool backward);
-  void moveToSelected();
-  /// Shows a preset that it has as a favourite.
-  void markFavourite(const std::string& uniqueName);
-  /// Whether a preset, whose categories are in lower case, has this one in any case.
-  static bool hasCategory(const Preset& preset, const std::string& category);
+  PresetManager* presetManager() const { return library_.store(); }
+  const std::string& defaultBank() const { return library_.defaultBank(); }
+  const std::optional<std::vector<platform::KestroAUPreset>>& factoryPresets() const {
+    return library_.factoryPresets();
+  }
+  const Presets& presetFileList() const { return library_.all(); }
+  const Presets& presetFileListFiltered() const { return library_.shown(); }
+  const Presets& presetListForNextAndPrevious() const { return library_.walk(); }
+  const PresetPtr& selectedPreset() const { return library_.selected(); }
+  /// Tells nobody but those who watch the library.
+  void setSelectedPreset(const PresetPtr& preset) { library_.select(preset); }
 
+  void reload();
+  /// To the neighbour of the selected preset in the walk, around its ends, and on past those that
+  /// the delegate refuses by selecting another; tells the delegate.
+  void selectNext(bool backward);
+  /// Brings the selected preset into sight, or the top where it is not shown.
+  void moveToSelected();
+
+  void presetLibraryDidChange(Change change) override;
   void viewDidLoad() override;
   int numberOfSections(toolkit::TableView& table) override;
   int numberOfRowsInSection(toolkit::TableView& table, int section) override;
@@ -80,18 +78,14 @@ class PresetListTableViewController : public toolkit::TableViewController {
   void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 
  private:
-  bool passesBank(const Preset& preset, const std::string& lowerCaseBank) const;
+  void showPresets();
+  const Presets& presetsIn(int section) const;
   const PresetPtr& presetAt(toolkit::IndexPath row) const;
   std::optional<toolkit::IndexPath> rowOf(const Preset& preset) const;
 
-  std::vector<PresetPtr> presetFileList_;
-  /// The names of presetFileList in lower case, which each key that is typed asks for.
-  std::vector<std::string> lowerCaseNames_;
-  std::vector<PresetPtr> presetFileListFiltered_;
-  std::vector<PresetPtr> presetListForNextAndPrevious_;
-  /// presetFileListFiltered by section.
-  std::vector<PresetPtr> sections_[2];
-  PresetPtr selectedPreset_;
+  PresetLibrary& library_;
+  /// Those that are shown, below their headers.
+  Presets sections_[2];
 };
 
 }  // namespace orvane

@@ -84,13 +84,15 @@ std::vector<std::shared_ptr<UserPreset>> PresetManager::getUserPresets() {
     presets.reserve(presets.size() + entries->size());
     for (const auto& entry : *entries) {
       if (isICloud && platform::pathExtension(entry.name) != extension) continue;
-      auto preset = std::make_shared<UserPreset>(*folder + '/' + entry.name, isICloud);
-      Known& known = known_[preset->url];
-      if (known.listing == 0 || known.stamp != entry.stamp)
-        known = {entry.stamp, PresetFile::categories(fileManager_, preset->url, entry.stamp.size)};
+      std::string url = *folder + '/' + entry.name;
+      Known& known = known_[url];
+      if (!known.preset || known.stamp != entry.stamp) {
+        known.stamp = entry.stamp;
+        known.preset = std::make_shared<UserPreset>(url, isICloud);
+        known.preset->categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
+      }
       known.listing = listings_;
-      preset->categories = known.categories;
-      presets.push_back(std::move(preset));
+      presets.push_back(known.preset);
     }
   }
   if (known_.size() > presets.size())

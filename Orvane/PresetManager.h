@@ -25,7 +25,7 @@ class KestroAUViewController;
 ///     presets.audioUnit = &unit;
 ///     presets.createPresetDirectories();
 ///     presets.saveNew("Warm Pad", {"Pad"});
-class PresetManager {
+class PresetManager : public platform::WeakTarget {
  public:
   /// Starts to bring the presets here that are in the cloud only.
   PresetManager(std::string groupBundleId, std::vector<std::string> extraIcloudResources);
@@ -38,7 +38,8 @@ class PresetManager {
 
   void createPresetDirectories();
   /// Those of the container, then those of the cloud, each in the order of the file system. Reads
-  /// only files that are new or have changed since the last time.
+  /// only files that are new or have changed since the last time; the presets of others are the same
+  /// objects as then.
   std::vector<std::shared_ptr<UserPreset>> getUserPresets();
 
   /// Applies a preset to the audio unit; null and a file that cannot be read do nothing.
@@ -85,7 +86,7 @@ class PresetManager {
  private:
   struct Known {
     platform::FileStamp stamp;
-    std::vector<std::string> categories;
+    std::shared_ptr<UserPreset> preset;
     /// Of the listing that saw it last.
     unsigned listing = 0;
   };

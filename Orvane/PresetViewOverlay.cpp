@@ -22,7 +22,8 @@ constexpr double filterShare = 0.2;
 
 }  // namespace
 
-PresetViewOverlay::PresetViewOverlay() {
+PresetViewOverlay::PresetViewOverlay(PresetLibrary& library) : library_(library), list_(library) {
+  library_.addObserver(this);
   background_.setBackgroundColor(OverlayStyle::backdropColor());
   OverlayStyle::applyPanel(panel_.layer());
   presetTitle_.setText("PRESETS");
@@ -81,30 +82,29 @@ void PresetViewOverlay::setFactoryPresets(
     for (const platform::KestroAUPreset& preset : *presets) {
       for (const std::string& category : preset.categories)
         if (!category.empty()) found.insert(category);
-      const std::string& bank = preset.bankName.empty() ? list_.defaultBank : preset.bankName;
+      const std::string& bank = preset.bankName.empty() ? library_.defaultBank() : preset.bankName;
       if (std::find(banks.begin(), banks.end(), bank) == banks.end()) banks.push_back(bank);
     }
   if (names.empty()) names.assign(found.begin(), found.end());
   categorySelector_.setValues(names);
   categorySelector_.delegate = this;
   // The list is still narrowed down by those that were on.
-  if (!list_.currentCategoriesFilter.empty())
-    categorySelector_.setSelectedValues(list_.currentCategoriesFilter);
+  if (!library_.filter().categories.empty())
+    categorySelector_.setSelectedValues(library_.filter().categories);
   saveNewPresetOverlay_.setCategories(std::move(names));
 
   std::vector<std::string> filters{"ALL", "USER", "FAVOURITES"};
   filters.insert(filters.end(), banks.begin(), banks.end());
   filters_.setFilterList(std::move(filters));
   filters_.reapplySelection();
-  list_.factoryPresets = std::move(presets);
+  library_.setFactoryPresets(std::move(presets));
   setNeedsDisplay();
 }
 
 // What its parts report
 
 void PresetViewOverlay::filterSelected(const std::optional<std::string>& filter) {
-  list_.currentBankFilter = filter.value_or(std::string());
-  list_.filterList();
+  list_.setCurrentBankFilter(filter.value_or(std::string()));
 }
 
 void PresetViewOverlay::searchTextChanged(const std::string& text) { list_.searchFor(text); }
@@ -112,8 +112,7 @@ void PresetViewOverlay::searchTextChanged(const std::string& text) { list_.searc
 void PresetViewOverlay::searchBarDidReturn() { list_.tableView().becomeFirstResponder(); }
 
 void PresetViewOverlay::selectedValuesChanged() {
-  list_.currentCategoriesFilter = categorySelector_.selectedValues();
-  list_.filterList();
+  list_.setCurrentCategoriesFilter(categorySelector_.selectedValues());
 }
 
 void PresetViewOverlay::presetListDidSelect(const std::shared_ptr<Preset>& preset) {
@@ -121,21 +120,20 @@ void PresetViewOverlay::presetListDidSelect(const std::shared_ptr<Preset>& prese
   if (auto* owner = delegate.get()) owner->presetSelected(preset);
 }
 
-void PresetViewOverlay::presetListDidChange() {
-  const std::size_t shown = list_.presetFileListFiltered().size();
-  const std::size_t all = list_.presetFileList().size();
+void PresetViewOverlay::presetLibraryDidChange(Change) {
+  const std::size_t shown = library_.shown().size();
+  const std::size_t all = library_.all().size();
   countLabel_.setText(shown == all ? std::to_string(all)
                                    : std::to_string(shown) + " of " + std::to_string(all));
   emptyLabel_.setHidden(shown > 0);
   emptyLabel_.setText(all == 0 ? "No presets yet: SAVE NEW keeps the sound as it is now."
                                : "Nothing matches. Clear the search, the categories or the bank.");
   updateButtons();
-  if (auto* owner = delegate.get()) owner->presetViewOverlayListDidChange();
 }
 
 void PresetViewOverlay::updateButtons() {
   if (isHidden()) return;
-  const bool isUser = dynamic_cast<const UserPreset*>(list_.selectedPreset().get()) != nullptr;
+  const bool isUser = dynamic_cast<const UserPreset*>(library_.selected().get()) != nullptr;
   for (kestroui::SimpleButton* button :
        {&saveButton_, &deleteButton_, &editButton_, &exportButton_})
     button->setEnabled(isUser);
@@ -144,7 +142,7 @@ void PresetViewOverlay::updateButtons() {
 // Actions
 
 void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
-  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  const std::shared_ptr<Preset> selected = library_.selected();
   auto* owner = delegate.get();
   if (&sender == &saveButton_) {
     const platform::Weak<PresetViewOverlay> self = this;
@@ -160,7 +158,7 @@ void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
     // Stored in lower case; the selector has them as the plug-in writes them.
     std::vector<std::string> chosen;
     for (const std::string& name : saveNewPresetOverlay_.categories())
-      if (list_.hasCategory(*selected, name)) chosen.push_back(name);
+      if (PresetLibrary::hasCategory(*selected, name)) chosen.push_back(name);
     saveNewPresetOverlay_.categorySelector().setSelectedValues(chosen);
   } else if (&sender == &importButton_) {
     if (owner) owner->importPresets();
@@ -172,9 +170,9 @@ void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
 }
 
 bool PresetViewOverlay::replacesAnother(const std::string& name) const {
-  const auto& selected = list_.selectedPreset();
+  const auto& selected = library_.selected();
   if (isEdit_ && selected && selected->isUserPreset && selected->name == name) return false;
-  const auto& all = list_.presetFileList();
+  const auto& all = library_.all();
   return std::any_of(all.begin(), all.end(), [&](const auto& preset) {
     return preset->isUserPreset && foundation::isSameText(preset->name, name);
   });
@@ -203,10 +201,9 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   auto* owner = delegate.get();
   if (!owner) return;
   const platform::Weak<PresetViewOverlay> self = this;
-  const std::shared_ptr<Preset> before = list_.selectedPreset();
+  const std::shared_ptr<Preset> before = library_.selected();
   const auto* const user = dynamic_cast<const UserPreset*>(before.get());
   const bool isRenamed = user && isEdit_ && user->name != name;
-  const bool wasFavourite = isRenamed && user->isFavourite;
   const std::vector<std::string> chosen = saveNewPresetOverlay_.categorySelector().selectedValues();
   const std::optional<std::string> url = owner->saveNewPreset(name, chosen);
   if (!self || !delegate) return;
@@ -214,24 +211,15 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   if (url && isRenamed) owner->deletePreset(*user);
   if (!self) return;
   if (url) {
-    const auto saved = std::make_shared<UserPreset>(*url, false);
-    // As the file has them: a RENAME begins with what the preset has.
-    for (const std::string& category : chosen)
-      saved->categories.push_back(foundation::lowercased(category));
-    list_.setSelectedPreset(saved);
-    list_.moveToSelected();
-    presetListDidSelect(list_.selectedPreset());
+    const auto saved = library_.userPresetAt(*url);
+    library_.select(saved ? saved : std::make_shared<UserPreset>(*url, false));
+    presetListDidSelect(library_.selected());
     if (!self) return;
   }
-  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  const std::shared_ptr<Preset> selected = library_.selected();
   if (!selected) return;
-  selected->isFavourite = wasFavourite;
-  // Every preset that is saved gets a mark, as in the family's programs; the star shows from the
-  // next listing on.
-  FavPresetsStore::favouritePresets.push_back(selected->uniqueName());
-  FavPresetsStore::save();
-  // The list was made before the favourite had its new name.
-  if (wasFavourite) list_.markFavourite(selected->uniqueName());
+  // Every preset that is saved gets a star, as in the family's programs.
+  PresetLibrary::setFavourite(*selected, true);
 }
 
 void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) {
@@ -248,7 +236,7 @@ void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool ye
     saveNewPresetOverlay_.setHidden(true);
     return;
   }
-  const std::shared_ptr<Preset> selected = list_.selectedPreset();
+  const std::shared_ptr<Preset> selected = library_.selected();
   const auto* user = dynamic_cast<const UserPreset*>(selected.get());
   if (yes && user && delegate) delegate->deletePreset(*user);
   if (self) confirmOverlay_.setHidden(true);

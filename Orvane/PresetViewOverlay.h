@@ -34,8 +34,6 @@ class PresetViewOverlayDelegate {
   virtual void importPresets() = 0;
   virtual void exportPreset() = 0;
   virtual void presetViewOverlayDidHide() = 0;
-  /// The list was made anew, or shows others of its presets.
-  virtual void presetViewOverlayListDidChange() = 0;
 };
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and
@@ -43,13 +41,15 @@ class PresetViewOverlayDelegate {
 /// the list, Return loads, Escape closes. Owned by the overlay host. User-interface thread only.
 class PresetViewOverlay : public toolkit::Control,
                           public PresetListTableViewControllerDelegate,
+                          public PresetLibraryObserver,
                           public FiltersTableViewControllerDelegate,
                           public SearchBarDelegate,
                           public TextFieldOverlayDelegate,
                           public ConfirmOverlayDelegate,
                           public MultiSelectableDelegate {
  public:
-  PresetViewOverlay();
+  /// `library` outlives it.
+  explicit PresetViewOverlay(PresetLibrary& library);
 
   platform::Weak<PresetViewOverlayDelegate> delegate;
 
@@ -87,7 +87,7 @@ class PresetViewOverlay : public toolkit::Control,
   void handleTouchDown(toolkit::Control& sender);
 
   void presetListDidSelect(const std::shared_ptr<Preset>& preset) override;
-  void presetListDidChange() override;
+  void presetLibraryDidChange(Change change) override;
   void filterSelected(const std::optional<std::string>& filter) override;
   void searchTextChanged(const std::string& text) override;
   void searchBarDidReturn() override;
@@ -116,6 +116,7 @@ class PresetViewOverlay : public toolkit::Control,
   /// In place of an empty list.
   toolkit::Label emptyLabel_;
   SearchBar searchBar_;
+  PresetLibrary& library_;
   PresetListTableViewController list_;
   FiltersTableViewController filters_;
   MultiSelectable categorySelector_;

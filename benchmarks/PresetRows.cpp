@@ -84,8 +84,9 @@ double maxKeystroke() {
     preset.name = std::string(words[i % 7]) + ' ' + words[i / 7 % 7] + ' ' + std::to_string(i);
     presets.emplace_back(preset);
   }
-  orvane::PresetListTableViewController list;
-  list.factoryPresets = std::move(presets);
+  orvane::PresetLibrary library;
+  orvane::PresetListTableViewController list(library);
+  library.setFactoryPresets(std::move(presets));
   list.useHeaders = false;
   list.view().setFrame({0, 0, 600, 400});
   list.reload();

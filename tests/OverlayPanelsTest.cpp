@@ -245,13 +245,14 @@ TEST_F(OverlayPanelsTest, theBankFiltersTellEachTapAndComeBackAfterARefill) {
 }
 
 TEST_F(OverlayPanelsTest, theCategoriesThatNarrowTheListStayOnWhenTheBrowserIsRefilled) {
-  PresetViewOverlay browser;
+  orvane::PresetLibrary library;
+  PresetViewOverlay browser(library);
   browser.categories = {"Bass", "Lead"};
   browser.setFactoryPresets(std::nullopt);
   browser.categorySelector().setSelectedValues({"Lead"});
   browser.setFactoryPresets(std::nullopt);
   EXPECT_TRUE(browser.categorySelector().buttons()[1]->isOn());
-  EXPECT_EQ(browser.presetListTableViewController().currentCategoriesFilter,
+  EXPECT_EQ(browser.presetListTableViewController().currentCategoriesFilter(),
             std::vector<std::string>{"Lead"});
 }
 

@@ -30,8 +30,8 @@ class PresetListTest : public support::PresetBench {
   PresetListTest() {
     manager->saveNew("zoo", {"LEAD"});
     manager->saveNew("Bright", {"pad"});
-    list.presetManager = manager.get();
-    list.factoryPresets = factory();
+    library.setStore(manager.get());
+    library.setFactoryPresets(factory());
     list.useHeaders = false;
     list.view().setFrame({0, 0, 300, 400});
     list.reload();
@@ -48,7 +48,8 @@ class PresetListTest : public support::PresetBench {
   }
 
   std::unique_ptr<orvane::PresetManager> manager = makeManager();
-  orvane::PresetListTableViewController list;
+  orvane::PresetLibrary library;
+  orvane::PresetListTableViewController list{library};
 };
 
 TEST_F(PresetListTest, BankCategoriesAndSearchNarrowItAndDefaultIsFirst) {
@@ -74,9 +75,7 @@ TEST_F(PresetListTest, BankCategoriesAndSearchNarrowItAndDefaultIsFirst) {
                         {"Coast", {"Lead"}, "", {}},
                         {"", {}, "E", {"default", "aleph", "Zed"}},
                         {"USER", {"Pad"}, "BR", {"Bright"}}}) {
-    list.currentBankFilter = c.bank;
-    list.currentCategoriesFilter = c.categories;
-    list.searchFor(c.search);
+    library.setFilter({c.search, c.bank, c.categories});
     EXPECT_EQ(namesOf(list.presetFileListFiltered()), c.shown) << c.bank << c.search;
     EXPECT_EQ(list.numberOfRowsInSection(list.tableView(), 0), static_cast<int>(c.shown.size()));
   }
@@ -246,7 +245,8 @@ TEST_F(PresetNamingTest, TypingGoesOnWithASearchThatWasLeft) {
 }
 
 TEST_F(PresetNamingTest, BanksAndCategoriesAreThoseOfThePresets) {
-  orvane::PresetViewOverlay other;
+  orvane::PresetLibrary library;
+  orvane::PresetViewOverlay other(library);
   other.setFactoryPresets(factory());
   EXPECT_THAT(other.categorySelector().values(), ElementsAre("bass", "lead", "pad"));
   EXPECT_THAT(other.filtersTableViewController().filterList(),

@@ -91,11 +91,8 @@ TEST_F(PresetMishapsTest, WhatOthersSaveAndDeleteIsThereWhenTheBrowserOpensAgain
   std::filesystem::remove(presets() + "/Foam.synth");
   browser().setHidden(false);
   EXPECT_THAT(users(), ElementsAre("Theirs"));
-  browser().handleTouchDown(browser().deleteButton());
-  browser().confirmOverlay().handleTouchDown(browser().confirmOverlay().okButton());
-  EXPECT_THAT(printed, ElementsAre(HasSubstr("\"Foam.synth\" could not be removed")));
-  EXPECT_THAT(users(), ElementsAre("Theirs"));
-  EXPECT_EQ(selected(), "none");
+  EXPECT_EQ(selected(), "none") << "nothing can be done to what is gone";
+  EXPECT_FALSE(browser().deleteButton().isEnabled());
 }
 
 TEST_F(PresetMishapsTest, ANameThatCannotBeAFileKeepsThePresetThatWasToBeRenamed) {

@@ -98,8 +98,8 @@ TEST_F(PresetTransferTest, WhatIsExportedIsTheStateAsItIsNow) {
   EXPECT_EQ(alerts[1].members[1].second, "No preset selected");
   EXPECT_THAT(namesIn(folder / "tmp"), IsEmpty());
 
-  const auto factory =
-      std::make_shared<orvane::FactoryPreset>(platform::KestroAUPreset(unit.factoryPresets()[0]));
+  const auto factory = editor.presetLibrary().find(
+      orvane::FactoryPreset(platform::KestroAUPreset(unit.factoryPresets()[0])));
   factory->categories = {"Bass"};
   editor.selectPreset(factory);
   unit.setParameter("cutoff", 444);

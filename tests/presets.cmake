@@ -1,6 +1,7 @@
 orvane_add_tests(presets
   SOURCES
     CloudPresetsTest.cpp
+    PresetLibraryTest.cpp
     PresetListTest.cpp
     PresetManagerTest.cpp
     PresetMishapsTest.cpp
