@@ -142,6 +142,10 @@ void CommonAudioUnit::setCurrentPreset(int number) {
   const PresetDescription description = *found;
   currentPreset_ = number;
   currentPresetName_ = description.preset.name;
+  // It came with another preset.
+  unknownState_.clear();
+  unknownParameters_.clear();
+  ++presetGeneration_;
   for (std::size_t i = 0; i < tree_.size(); ++i) {
     Parameter& parameter = tree_.at(i);
     const auto value = description.values.find(parameter.key());

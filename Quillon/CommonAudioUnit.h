@@ -98,11 +98,12 @@ class CommonAudioUnit : public platform::AudioUnit {
   int currentPreset() const override { return currentPreset_; }
   void setCurrentPreset(int number) override;
   std::string currentPresetName() const override { return currentPresetName_; }
+  unsigned presetGeneration() const override { return presetGeneration_.load(); }
   /// Beside "data" and "presetName" the factory preset's number as "presetNumber".
   platform::PropertyList fullState() const override;
   /// Takes what older versions stored as well, the entries of the state dictionary without "data".
   /// What holds no state dictionary changes nothing and is told on the console.
-  void setFullState(const platform::PropertyList& state) override;
+  bool setFullState(const platform::PropertyList& state) override;
 
   // Sound
 
@@ -160,6 +161,7 @@ class CommonAudioUnit : public platform::AudioUnit {
   std::vector<platform::AUAudioUnitPreset> presets_;
   int currentPreset_ = -1;
   std::string currentPresetName_;
+  std::atomic<unsigned> presetGeneration_{0};
   /// What the last state held that this plug-in does not know.
   platform::PropertyList::Dictionary unknownState_, unknownParameters_;
 

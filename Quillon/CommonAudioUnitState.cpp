@@ -29,12 +29,12 @@ PropertyList CommonAudioUnit::fullState() const {
   return state;
 }
 
-void CommonAudioUnit::setFullState(const PropertyList& state) {
+bool CommonAudioUnit::setFullState(const PropertyList& state) {
   std::string error;
   const auto dictionary = stateDictionaryOf(state, error);
   if (!dictionary) {
     foundation::printToConsole("The state cannot be read: " + error);
-    return;
+    return false;
   }
   // The number counts only while the preset that it named is still the same.
   const PropertyList* name = state.find(presetNameEntry);
@@ -47,7 +47,9 @@ void CommonAudioUnit::setFullState(const PropertyList& state) {
     if (numberValue && *numberValue == factoryPreset.number &&
         currentPresetName_ == factoryPreset.name)
       currentPreset_ = factoryPreset.number;
+  ++presetGeneration_;
   setStateDictionary(*dictionary);
+  return true;
 }
 
 Dictionary CommonAudioUnit::stateDictionary() const {

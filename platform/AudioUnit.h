@@ -144,12 +144,16 @@ class PresetSource {
   /// Loads a factory preset; an unknown number does nothing.
   virtual void setCurrentPreset(int number) = 0;
   virtual std::string currentPresetName() const = 0;
+  /// Another number whenever a preset or a state has been loaded, by whomever; all parameters tell
+  /// their observers then, too. Any thread.
+  virtual unsigned presetGeneration() const = 0;
   /// All that a host or a preset has to store, a dictionary: "data" is the keyed archive of the
   /// state dictionary, "presetName" the name of the current preset, if there is one.
   virtual PropertyList fullState() const = 0;
   /// "data" may also be the bytes of a preset file, which is the state dictionary as a property
-  /// list. Keys that are missing take their defaults; unknown ones are kept for the next fullState.
-  virtual void setFullState(const PropertyList& state) = 0;
+  /// list. Keys that are missing take their defaults; unknown ones are kept for the next fullState,
+  /// until another preset is loaded. False, with everything as it was, when there is no state in it.
+  virtual bool setFullState(const PropertyList& state) = 0;
 };
 
 /// The sound itself. User-interface thread, but for `render`.

@@ -200,8 +200,9 @@ TEST(CommonAudioUnitTest, AStateThatIsNoDictionaryChangesNothing) {
   EXPECT_EQ(synth.parameter("wave")->value(), 2);
 }
 
-TEST(CommonAudioUnitTest, WhatItDoesNotKnowSurvivesInTheState) {
+TEST(CommonAudioUnitTest, WhatItDoesNotKnowSurvivesInTheStateUntilAnotherIsLoaded) {
   Synth synth;
+  const unsigned before = synth.presetGeneration();
   const PropertyList categories = PropertyList::Array{"bass"};
   synth.setFullState(Dictionary{{"Categories", categories},
                                 {"parameters", Dictionary{{"later", 3.5}, {"wave", 1}}}});
@@ -210,10 +211,20 @@ TEST(CommonAudioUnitTest, WhatItDoesNotKnowSurvivesInTheState) {
   EXPECT_EQ(*state.find("Categories"), categories);
   EXPECT_EQ(state.find("parameters")->find("later")->number(), 3.5);
   EXPECT_EQ(state.find("parameters")->find("wave")->number(), 2);
-  synth.setFullState(Dictionary{});
-  const PropertyList empty = quillon::unfolded(synth.fullState());
-  EXPECT_EQ(empty.find("Categories"), nullptr);
-  EXPECT_EQ(empty.find("parameters")->find("later"), nullptr);
+  EXPECT_NE(synth.presetGeneration(), before);
+  for (const bool isFactory : {false, true}) {
+    EXPECT_TRUE(synth.setFullState(state));
+    if (isFactory)
+      synth.setCurrentPreset(5);
+    else
+      EXPECT_TRUE(synth.setFullState(Dictionary{}));
+    const PropertyList empty = quillon::unfolded(synth.fullState());
+    EXPECT_EQ(empty.find("Categories"), nullptr);
+    EXPECT_EQ(empty.find("parameters")->find("later"), nullptr);
+  }
+  const unsigned loaded = synth.presetGeneration();
+  EXPECT_FALSE(synth.setFullState(Dictionary{{"data", "no state"}}));
+  EXPECT_EQ(synth.presetGeneration(), loaded);
 }
 
 TEST(CommonAudioUnitTest, AStateNamesItsPresetOnlyWhileThatExists) {

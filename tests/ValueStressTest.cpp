@@ -166,7 +166,8 @@ class ValueStressTest : public testing::Test {
       case 2:
         return controller->connectViewWithAU();
       case 9:
-        return unit.setFullState(presets[random() % presets.size()]);
+        unit.setFullState(presets[random() % presets.size()]);
+        return;
       case 10:
         learn.setLearning(!learn.isLearning());
         return learn.didSelectMidiMap(paramKey(midiKeys[random() % 2], ControlType::knob));

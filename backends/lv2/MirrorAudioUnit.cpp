@@ -80,9 +80,10 @@ void MirrorAudioUnit::setCurrentPreset(int number) {
   if (stateObserver_) stateObserver_();
 }
 
-void MirrorAudioUnit::setFullState(const platform::PropertyList& state) {
-  unit_->setFullState(state);
+bool MirrorAudioUnit::setFullState(const platform::PropertyList& state) {
+  if (!unit_->setFullState(state)) return false;
   if (stateObserver_) stateObserver_();
+  return true;
 }
 
 }  // namespace lv2_backend

@@ -88,8 +88,9 @@ class MirrorAudioUnit : public platform::AudioUnit {
   int currentPreset() const override { return unit_->currentPreset(); }
   void setCurrentPreset(int number) override;
   std::string currentPresetName() const override { return unit_->currentPresetName(); }
+  unsigned presetGeneration() const override { return unit_->presetGeneration(); }
   platform::PropertyList fullState() const override { return unit_->fullState(); }
-  void setFullState(const platform::PropertyList& state) override;
+  bool setFullState(const platform::PropertyList& state) override;
 
   int inputChannels() const override { return unit_->inputChannels(); }
   int outputChannels() const override { return unit_->outputChannels(); }

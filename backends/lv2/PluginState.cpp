@@ -70,8 +70,7 @@ bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::stri
     if (const PropertyList* parameters = current.find(parametersEntry))
       (*entries)[parametersEntry] = *parameters;
   }
-  audioUnit.setFullState(*list);
-  return true;
+  return audioUnit.setFullState(*list);
 }
 
 }  // namespace lv2_backend
