@@ -223,7 +223,7 @@ TEST(CommonAudioUnitTest, WhatItDoesNotKnowSurvivesInTheStateUntilAnotherIsLoade
     EXPECT_EQ(empty.find("parameters")->find("later"), nullptr);
   }
   const unsigned loaded = synth.presetGeneration();
-  EXPECT_FALSE(synth.setFullState(Dictionary{{"data", "no state"}}));
+  EXPECT_FALSE(synth.setFullState(Dictionary{{"data", PropertyList::Data{'x'}}}));
   EXPECT_EQ(synth.presetGeneration(), loaded);
 }
 
