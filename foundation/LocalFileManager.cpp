@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -19,6 +20,7 @@ namespace foundation {
 
 using platform::DirectoryEntry;
 using platform::FileError;
+using platform::FileStatus;
 using platform::PropertyList;
 using Error = platform::FileManager::Error;
 namespace fs = std::filesystem;
@@ -29,6 +31,7 @@ namespace {
 constexpr std::uint64_t maxFileSize = std::uint64_t{256} << 20;
 /// Folders that are worth keeping a listing of, and how many of them.
 constexpr std::size_t minKept = 200, maxListings = 4;
+constexpr int maxLinks = 40;
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
 std::string environment(const char* name) {
@@ -78,6 +81,20 @@ class Descriptor {
  private:
   const int descriptor_;
 };
+
+/// What a path leads to when it is a link, or a link to a link, also when nothing is there; empty for
+/// links that lead in a circle.
+std::string targetOf(std::string path) {
+  struct stat status {};
+  for (int steps = 0; steps < maxLinks; ++steps) {
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return path;
+    std::error_code error;
+    const fs::path next = fs::read_symlink(path, error);
+    if (error) return path;
+    path = next.is_absolute() ? next.string() : folderOf(path) + '/' + next.string();
+  }
+  return {};
+}
 
 /// Opens for reading; none with an error for anything but a regular file. Pipes and devices, which
 /// could keep us waiting for ever, are looked at without waiting.
@@ -161,6 +178,18 @@ std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory
   return entries;
 }
 
+std::optional<FileStatus> LocalFileManager::status(const std::string& path, Links links) {
+  struct stat status {};
+  const int flags = links == Links::itself ? AT_SYMLINK_NOFOLLOW : 0;
+  if (hasNul(path) || ::fstatat(AT_FDCWD, path.c_str(), &status, flags) != 0) return std::nullopt;
+  using Kind = FileStatus::Kind;
+  const Kind kind = S_ISREG(status.st_mode)   ? Kind::file
+                    : S_ISDIR(status.st_mode) ? Kind::folder
+                    : S_ISLNK(status.st_mode) ? Kind::link
+                                              : Kind::other;
+  return FileStatus{kind, stampOf(status)};
+}
+
 bool LocalFileManager::isDirectory(const std::string& path) {
   struct stat status {};
   return !hasNul(path) && ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -226,6 +255,33 @@ Error LocalFileManager::copyFolder(const std::string& from, const std::string& t
   return fileError(to, "copied", error.value());
 }
 
+Error LocalFileManager::moveItem(const std::string& from, const std::string& to) {
+  if (hasNul(from) || hasNul(to)) return fileError(from, "moved", EINVAL);
+  struct stat source {
+  }, target{};
+  if (::lstat(from.c_str(), &source) != 0) return fileError(from, "moved", errno);
+  const bool isThere = ::lstat(to.c_str(), &target) == 0;
+  // Where capitals do not count, a file is found under both spellings.
+  if (isThere && (source.st_dev != target.st_dev || source.st_ino != target.st_ino))
+    return fileError(to, "moved", EEXIST);
+  int failed =
+      ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), isThere ? 0 : RENAME_NOREPLACE) == 0
+          ? 0
+          : errno;
+  // A file system that cannot refuse by itself: between the look and the rename another process may
+  // come first.
+  if (failed == EINVAL || failed == ENOSYS)
+    failed = ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+  if (failed == EXDEV && S_ISREG(source.st_mode)) {
+    if (Error error = copyFile(from, to)) return error;
+    return removeItem(from);
+  }
+  if (failed) return fileError(from, "moved", failed);
+  SafeFile::syncFolder(to);
+  if (folderOf(from) != folderOf(to)) SafeFile::syncFolder(from);
+  return {};
+}
+
 Error LocalFileManager::removeItem(const std::string& path) {
   if (hasNul(path)) return fileError(path, "removed", EINVAL);
   std::error_code error;
@@ -270,7 +326,15 @@ std::optional<PropertyList::Data> LocalFileManager::contents(const std::string& 
 }
 
 Error LocalFileManager::write(std::span<const std::uint8_t> bytes, const std::string& path) {
-  SafeFile file(path, "saved");
+  if (hasNul(path)) return fileError(path, "saved", EINVAL);
+  const std::string real = targetOf(path);
+  if (real.empty()) return fileError(path, "saved", ELOOP);
+  struct stat there {};
+  // The folder alone would allow to replace a file that its owner has locked; root may everything.
+  if (::stat(real.c_str(), &there) == 0 &&
+      ((there.st_mode & 0222) == 0 || (::access(real.c_str(), W_OK) != 0 && errno == EACCES)))
+    return fileError(path, "saved", "the file is read-only");
+  SafeFile file(real, "saved");
   if (Error error = file.open()) return error;
   if (Error error = file.append(bytes)) return error;
   return file.commitReplacing();

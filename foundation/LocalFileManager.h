@@ -31,10 +31,12 @@ class LocalFileManager : public platform::FileManager {
 
   std::optional<std::vector<platform::DirectoryEntry>> contentsOfDirectory(
       const std::string& path) override;
+  std::optional<platform::FileStatus> status(const std::string& path, Links links) override;
   bool isDirectory(const std::string& path) override;
   bool fileExists(const std::string& path) override;
   Error createDirectory(const std::string& path, Intermediates intermediates) override;
   Error copyItem(const std::string& from, const std::string& to) override;
+  Error moveItem(const std::string& from, const std::string& to) override;
   Error removeItem(const std::string& path) override;
   std::optional<platform::PropertyList::Data> contents(const std::string& path,
                                                        platform::FileError& error,

@@ -33,6 +33,14 @@ struct FileStamp {
   friend auto operator<=>(const FileStamp&, const FileStamp&) = default;
 };
 
+/// What a path names, and when it changed last.
+struct FileStatus {
+  enum class Kind { file, folder, link, other };
+
+  Kind kind = Kind::other;
+  FileStamp stamp;
+};
+
 struct DirectoryEntry {
   std::string name;
   bool isDirectory = false;
@@ -45,6 +53,8 @@ class FileManager {
  public:
   using Error = std::optional<FileError>;
   enum class Intermediates { mustExist, create };
+  /// Whether a symbolic link stands for what it leads to, or for itself.
+  enum class Links { follow, itself };
   static constexpr std::size_t everything = std::numeric_limits<std::size_t>::max();
 
   virtual ~FileManager() = default;
@@ -60,12 +70,17 @@ class FileManager {
   /// In the order of the file system, without "." and ".."; none when it cannot be listed.
   virtual std::optional<std::vector<DirectoryEntry>> contentsOfDirectory(
       const std::string& path) = 0;
+  /// None when there is nothing of that name, or nothing where it leads.
+  virtual std::optional<FileStatus> status(const std::string& path, Links links) = 0;
   virtual bool isDirectory(const std::string& path) = 0;
   virtual bool fileExists(const std::string& path) = 0;
   /// FileError::Code::fileExists when something of that name is there, a folder included.
   virtual Error createDirectory(const std::string& path, Intermediates intermediates) = 0;
   /// A file, or a folder with all that is in it. Never replaces anything: see createDirectory.
   virtual Error copyItem(const std::string& from, const std::string& to) = 0;
+  /// A file, or a link itself, also to another file system. Never replaces anything: see
+  /// createDirectory. One file may be moved to another spelling of its own name.
+  virtual Error moveItem(const std::string& from, const std::string& to) = 0;
   /// A file, or a folder with all that is in it.
   virtual Error removeItem(const std::string& path) = 0;
 
@@ -75,7 +90,8 @@ class FileManager {
                                                      std::uint64_t offset = 0,
                                                      std::size_t count = everything) = 0;
   /// Replaces the file whole or not at all, whenever the process is killed and whatever fails: who
-  /// reads meanwhile, or afterwards, finds the old content or the new one.
+  /// reads meanwhile, or afterwards, finds the old content or the new one. A link stays, and the
+  /// file that it leads to is replaced; one that may not be written is left alone.
   virtual Error write(std::span<const std::uint8_t> bytes, const std::string& path) = 0;
 
   /// Around the use of a file that the user has picked outside the containers.

@@ -212,6 +212,31 @@ TEST(LocalFileManagerTest, ACopyNeverReplacesAnything) {
   EXPECT_EQ(textOf(folder / "to/d"), "theirs");
 }
 
+TEST(LocalFileManagerTest, AMoveNeverReplacesAnythingAndReachesOtherFileSystems) {
+  const TemporaryFolder folder;
+  LocalFileManager files("");
+  const std::string a = folder.write("a", "1"), b = folder.write("b", "2");
+  const auto refused = files.moveItem(a, b);
+  ASSERT_TRUE(refused);
+  EXPECT_EQ(refused->code, FileError::Code::fileExists);
+  EXPECT_TRUE(files.moveItem(folder / "none", folder / "c"));
+  EXPECT_FALSE(files.moveItem(a, folder / "c"));
+  std::filesystem::create_symlink("nowhere", folder / "link");
+  EXPECT_FALSE(files.moveItem(folder / "link", folder / "moved"));
+  EXPECT_EQ(files.status(folder / "moved", LocalFileManager::Links::itself)->kind,
+            platform::FileStatus::Kind::link);
+  EXPECT_FALSE(files.status(folder / "moved", LocalFileManager::Links::follow));
+  EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"b", "c", "moved"}));
+  const std::string far = "/dev/shm" + folder.path();
+  std::error_code error;
+  std::filesystem::create_directories(far, error);
+  if (error) return;
+  EXPECT_FALSE(files.moveItem(folder / "c", far + "/c"));
+  EXPECT_EQ(textOf(far + "/c"), "1");
+  EXPECT_FALSE(files.fileExists(folder / "c"));
+  std::filesystem::remove_all(far);
+}
+
 TEST(LocalFileManagerTest, AFolderIsCopiedWholeOrNotAtAllAndNeverIntoItself) {
   const TemporaryFolder folder;
   LocalFileManager files(folder.path());
