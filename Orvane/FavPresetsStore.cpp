@@ -43,15 +43,19 @@ void FavPresetsStore::save() {
 void FavPresetsStore::setFavourite(Preset& preset, bool isFavourite) {
   preset.isFavourite = isFavourite;
   if (isFavourite)
-    favouritePresets.push_back(preset.uniqueName());
+    add(preset.uniqueName());
   else
-    removeFirst(preset.uniqueName());
-  save();
+    remove(preset.uniqueName());
 }
 
 bool FavPresetsStore::contains(const std::string& uniqueName) {
   return std::find(favouritePresets.begin(), favouritePresets.end(), uniqueName) !=
          favouritePresets.end();
+}
+
+void FavPresetsStore::add(const std::string& uniqueName) {
+  favouritePresets.push_back(uniqueName);
+  save();
 }
 
 void FavPresetsStore::remove(const std::string& uniqueName) {

@@ -27,6 +27,7 @@ class FavPresetsStore {
   /// Marks a preset, or takes the first mark away, and saves.
   static void setFavourite(Preset& preset, bool isFavourite);
   static bool contains(const std::string& uniqueName);
+  static void add(const std::string& uniqueName);
   /// Takes the first mark of this name away, if there is one, and saves.
   static void remove(const std::string& uniqueName);
 };

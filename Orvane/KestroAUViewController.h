@@ -246,6 +246,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void setPresetName(const std::string& name);
   /// A file has become a preset, or was one already: it is chosen.
   void presetWasImported(const std::shared_ptr<UserPreset>& preset);
+  /// The store could not do what the user wanted; one sentence with the reason.
+  void presetStoreDidFail(const std::string& sentence);
   void documentPickerDidPick(const std::vector<std::string>& paths) override;
 
  protected:

@@ -81,7 +81,10 @@ std::vector<std::string> KestroAUViewController::currentPresetCatgories() {
 
 void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
   preLoadAction();
-  if (presetManager_) return presetManager_->load(preset);
+  if (presetManager_) {
+    presetManager_->load(preset);
+    return;
+  }
   // Factory presets are the audio unit's own; they need no store.
   if (auto* unit = audioUnit(); unit && preset && preset->preset)
     unit->setCurrentPreset(preset->preset->number);
@@ -104,6 +107,8 @@ void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset)
   presetLibrary_.select(preset);
   overlaysView_.presetViewOverlay().presetListDidSelect(presetLibrary_.selected());
 }
+
+void KestroAUViewController::presetStoreDidFail(const std::string& /*sentence*/) {}
 
 void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>& preset) {
   if (!overlaysView_.isInit()) isLoadingUserPreset = true;

@@ -70,21 +70,23 @@ std::optional<std::vector<std::string>> PresetFile::categoriesAtStart(std::strin
   return textsOf(&entry->second);
 }
 
-std::vector<std::string> PresetFile::categories(platform::FileManager& files,
-                                                const std::string& path, std::uint64_t size) {
+std::optional<std::vector<std::string>> PresetFile::categories(platform::FileManager& files,
+                                                               const std::string& path,
+                                                               std::uint64_t size) {
   platform::FileError fileError;
   if (size > startSize) {
     const auto start = files.contents(path, fileError, 0, startSize);
-    if (!start) return {};
+    if (!start) return std::nullopt;
     if (auto found = categoriesAtStart(viewOf(*start))) {
       // A file that ends too early is a broken one.
       const auto end = files.contents(path, fileError, size - endSize, endSize);
-      if (end && endsAsPropertyList(viewOf(*end))) return std::move(*found);
+      if (end && endsAsPropertyList(viewOf(*end))) return found;
     }
   }
   std::string error;
   const auto bytes = files.contents(path, fileError);
-  const auto file = bytes ? decode(*bytes, error) : std::nullopt;
+  if (!bytes) return std::nullopt;
+  const auto file = decode(*bytes, error);
   return file ? file->categories() : std::vector<std::string>();
 }
 

@@ -1,5 +1,7 @@
 #include "Orvane/PresetManager.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "Orvane/FavPresetsStore.h"
@@ -9,6 +11,7 @@
 #include "foundation/DefaultFileManager.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
+#include "foundation/SafeFile.h"
 #include "foundation/UnicodeText.h"
 #include "platform/FilePath.h"
 
@@ -22,6 +25,10 @@ namespace {
 
 constexpr const char* presetsFolder = "/Presets";
 
+std::span<const std::uint8_t> bytesOf(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
 }  // namespace
 
 PresetManager::PresetManager(std::string groupId, std::vector<std::string> extraResources)
@@ -31,6 +38,17 @@ PresetManager::PresetManager(std::string groupId, std::vector<std::string> extra
       iCloudManager_(std::nullopt) {
   iCloudManager_.initialize();
   iCloudManager_.sync(iCloudPresetPath(), [](const std::string&) {});
+  for (const auto& folder : {localPresetPath(), iCloudPresetPath()})
+    if (folder) trashBeside(*folder).removeOld();
+}
+
+void PresetManager::report(const std::string& sentence) {
+  foundation::printToConsole(sentence);
+  tell(sentence);
+}
+
+void PresetManager::tell(const std::string& sentence) {
+  if (viewController) viewController->presetStoreDidFail(sentence);
 }
 
 // Folders
@@ -57,8 +75,7 @@ std::optional<std::string> PresetManager::newPresetFolder() const {
 
 void PresetManager::createFolder(const std::string& path) {
   const auto error = fileManager_.createDirectory(path, FileManager::Intermediates::mustExist);
-  if (error && error->code != FileError::Code::fileExists)
-    foundation::printToConsole(error->localizedDescription);
+  if (error && error->code != FileError::Code::fileExists) report(error->localizedDescription);
 }
 
 void PresetManager::createPresetDirectories() {
@@ -86,10 +103,15 @@ std::vector<std::shared_ptr<UserPreset>> PresetManager::getUserPresets() {
       if (isICloud && platform::pathExtension(entry.name) != extension) continue;
       std::string url = *folder + '/' + entry.name;
       Known& known = known_[url];
-      if (!known.preset || known.stamp != entry.stamp) {
-        known.stamp = entry.stamp;
-        known.preset = std::make_shared<UserPreset>(url, isICloud);
-        known.preset->categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
+      const bool isUnchanged = known.preset && known.stamp == entry.stamp;
+      if (!isUnchanged || (!known.isRead && !entry.isDirectory)) {
+        auto categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
+        known.isRead = categories.has_value();
+        if (!isUnchanged || (categories && *categories != known.preset->categories)) {
+          known.stamp = entry.stamp;
+          known.preset = std::make_shared<UserPreset>(url, isICloud);
+          known.preset->categories = std::move(categories).value_or(std::vector<std::string>());
+        }
       }
       known.listing = listings_;
       presets.push_back(known.preset);
@@ -100,67 +122,244 @@ std::vector<std::shared_ptr<UserPreset>> PresetManager::getUserPresets() {
   return presets;
 }
 
-// Loading and saving
+// Loading
 
-void PresetManager::load(const std::shared_ptr<Preset>& preset) {
-  if (!preset) return;
+bool PresetManager::load(const std::shared_ptr<Preset>& preset) {
+  if (!preset) return false;
   if (const auto* user = dynamic_cast<const UserPreset*>(preset.get()))
-    loadUserPreset(*user);
-  else if (auto* unit = audioUnit.get(); unit && preset->preset)
-    unit->setCurrentPreset(preset->preset->number);
-}
-
-void PresetManager::loadUserPreset(const UserPreset& preset) {
-  FileError ignored;
-  auto bytes = fileManager_.contents(preset.url, ignored);
+    return loadUserPreset(*user);
   auto* unit = audioUnit.get();
-  if (!bytes || !unit) return;
-  unit->setFullState(
-      PropertyList::Dictionary{{"data", std::move(*bytes)}, {"presetName", preset.name}});
+  if (!unit || !preset->preset) return false;
+  unit->setCurrentPreset(preset->preset->number);
+  return true;
 }
 
-bool PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
-  const auto* unit = audioUnit.get();
+bool PresetManager::loadUserPreset(const UserPreset& preset) {
+  FileError error;
+  auto bytes = fileManager_.contents(preset.url, error);
+  if (!bytes) {
+    tell(error.localizedDescription);
+    return false;
+  }
+  auto* unit = audioUnit.get();
   if (!unit) return false;
+  if (unit->setFullState(PropertyList::Dictionary{{"data", *bytes}, {"presetName", preset.name}}))
+    return true;
+  // The audio unit has told the console.
+  std::string reason;
+  if (PresetFile::decode(*bytes, reason)) reason = "it is no preset";
+  tell(foundation::fileError(preset.url, "loaded", reason).localizedDescription);
+  return false;
+}
+
+// Saving
+
+std::string PresetManager::pathIn(const std::string& folder, const std::string& fileName) const {
+  std::string path = folder + '/' + fileName;
+  const bool isPlain = std::all_of(fileName.begin(), fileName.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  // Only accents have several forms.
+  if (isPlain || fileManager_.status(path, FileManager::Links::itself)) return path;
+  if (const auto entries = fileManager_.contentsOfDirectory(folder))
+    for (const auto& entry : *entries)
+      if (foundation::isSameText(entry.name, fileName)) return folder + '/' + entry.name;
+  return path;
+}
+
+std::optional<PresetTrash> PresetManager::trashOf(const std::string& url) const {
+  for (const auto& folder : {localPresetPath(), iCloudPresetPath()})
+    if (folder && url == *folder + '/' + platform::lastPathComponent(url))
+      return trashBeside(*folder);
+  return std::nullopt;
+}
+
+PresetTrash PresetManager::trashBeside(const std::string& presetFolder) const {
+  return {fileManager_, foundation::folderOf(presetFolder) + '/' + PresetTrash::folderName};
+}
+
+std::optional<std::string> PresetManager::fileContent(
+    const std::vector<std::string>& categories) const {
+  const auto* unit = audioUnit.get();
+  if (!unit) return std::nullopt;
   const PropertyList fullState = unit->fullState();
   const PropertyList* data = fullState.find("data");
   const auto* bytes = data ? data->as<PropertyList::Data>() : nullptr;
-  if (!bytes) return false;
+  if (!bytes) return std::nullopt;
   std::string error;
   auto state = foundation::readKeyedArchive(*bytes, error);
   auto* entries = state ? state->as<PropertyList::Dictionary>() : nullptr;
-  if (!entries) return false;
+  if (!entries) return std::nullopt;
   PropertyList::Array lowered;
   for (const std::string& category : categories)
     lowered.push_back(foundation::lowercased(category));
   (*entries)[PresetFile::categoriesKey] = std::move(lowered);
-  const std::string xml = foundation::writeXmlPropertyList(*state);
-  const auto* text = reinterpret_cast<const std::uint8_t*>(xml.data());
-  const auto failed = fileManager_.write({text, xml.size()}, url);
-  if (failed) foundation::printToConsole(failed->localizedDescription);
+  return foundation::writeXmlPropertyList(*state);
+}
+
+bool PresetManager::isWritten(const std::string& content, const std::string& url) {
+  const auto failed = fileManager_.write(bytesOf(content), url);
+  if (failed) report(failed->localizedDescription);
   return !failed;
+}
+
+bool PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
+  using Change = PresetUndo::Step::Change;
+  lastChange_.reset();
+  const auto content = fileContent(categories);
+  if (!content) {
+    if (audioUnit)
+      tell(foundation::fileError(url, "saved", "the sound has no state").localizedDescription);
+    return false;
+  }
+  auto trash = trashOf(url);
+  FileError error;
+  PresetUndo::Step step{.change = Change::created, .url = url};
+  bool canBeTakenBack = trash.has_value();
+  if (trash && fileManager_.fileExists(url)) {
+    step.change = Change::replaced;
+    const auto before = fileManager_.contents(url, error);
+    const bool isEqual = before && std::ranges::equal(*before, bytesOf(*content));
+    const auto kept = before && !isEqual
+                          ? trash->keep(*before, platform::lastPathComponent(url), error)
+                          : std::nullopt;
+    step.kept = kept.value_or("");
+    canBeTakenBack = isEqual || kept;
+  }
+  if (!isWritten(*content, url)) {
+    if (!step.kept.empty()) trash->forget(step.kept);
+    return false;
+  }
+  // What the user wants to keep now is worth more than what it replaces.
+  if (trash && !canBeTakenBack) foundation::printToConsole(error.localizedDescription);
+  const auto written = fileManager_.status(url, FileManager::Links::follow);
+  if (!canBeTakenBack || !written) return true;
+  step.written = written->stamp;
+  lastChange_ = {{std::move(step)}};
+  return true;
 }
 
 std::optional<std::string> PresetManager::saveNew(const std::string& name,
                                                   const std::vector<std::string>& categories) {
+  lastChange_.reset();
   const auto folder = newPresetFolder();
   const auto* unit = audioUnit.get();
-  if (!folder || !unit) return std::nullopt;
-  const std::string fileName = name + '.' + unit->presetExtension();
-  if (!platform::isFileName(fileName)) {
-    foundation::printToConsole("A preset cannot be saved under a name with \"/\" in it");
+  if (!unit) return std::nullopt;
+  if (!folder) {
+    tell("A preset cannot be saved: there is no folder for presets");
     return std::nullopt;
   }
-  std::string url = *folder + '/' + fileName;
+  const std::string fileName = name + '.' + unit->presetExtension();
+  if (!platform::isFileName(fileName)) {
+    report("A preset cannot be saved under a name with \"/\" in it");
+    return std::nullopt;
+  }
+  std::string url = pathIn(*folder, fileName);
   // Nobody is to choose what is not there, or load what was there before.
   if (!savePreset(url, categories)) return std::nullopt;
   return url;
 }
 
-void PresetManager::deleteUserPreset(const UserPreset& preset) {
-  if (const auto error = fileManager_.removeItem(preset.url))
-    foundation::printToConsole(error->localizedDescription);
-  FavPresetsStore::remove(preset.uniqueName());
+std::optional<std::string> PresetManager::renamePreset(const UserPreset& preset,
+                                                       const std::string& name,
+                                                       const std::vector<std::string>& categories) {
+  // The list may drop the preset.
+  const std::string before = preset.url;
+  if (foundation::isSameText(preset.name, name)) {
+    if (!savePreset(before, categories)) return std::nullopt;
+    return before;
+  }
+  auto url = saveNew(name, categories);
+  if (!url) return std::nullopt;
+  const auto old = fileManager_.status(before, FileManager::Links::itself);
+  const auto saved = fileManager_.status(*url, FileManager::Links::follow);
+  if (!old || !saved) return url;
+  if (old->stamp == saved->stamp) {
+    // Where capitals do not count both names are of the file that has just been saved: it takes the
+    // new one. When the new name is a link to it, that stays as it is.
+    static_cast<void>(fileManager_.moveItem(before, *url));
+    return url;
+  }
+  auto removed = moveToTrash(before);
+  // A preset that cannot be deleted is there twice, and lost by nobody.
+  if (!removed || !lastChange_) return url;
+  lastChange_->steps.push_back(std::move(*removed));
+  return url;
+}
+
+// Deleting and taking back
+
+std::optional<PresetUndo::Step> PresetManager::moveToTrash(const std::string& url) {
+  using Kind = platform::FileStatus::Kind;
+  const auto failure = [&](const char* why) {
+    report(foundation::fileError(url, "removed", why).localizedDescription);
+    return std::nullopt;
+  };
+  const auto there = fileManager_.status(url, FileManager::Links::itself);
+  if (!there) return failure("No such file or directory");
+  if (there->kind == Kind::folder) return failure("it is a folder");
+  if (there->kind == Kind::other) return failure("it is no file");
+  auto trash = trashOf(url);
+  if (!trash) return failure("it does not lie in the folder of presets");
+  FileError error;
+  auto kept = trash->take(url, error);
+  if (!kept) {
+    report(error.localizedDescription);
+    return std::nullopt;
+  }
+  return PresetUndo::Step{
+      .change = PresetUndo::Step::Change::deleted, .url = url, .kept = std::move(*kept)};
+}
+
+bool PresetManager::deleteUserPreset(const UserPreset& preset) {
+  lastChange_.reset();
+  const std::string uniqueName = preset.uniqueName();
+  auto step = moveToTrash(preset.url);
+  const bool wasFavourite = FavPresetsStore::contains(uniqueName);
+  FavPresetsStore::remove(uniqueName);
+  if (!step) return false;
+  step->wasFavourite = wasFavourite;
+  lastChange_ = {{std::move(*step)}};
+  return true;
+}
+
+bool PresetManager::restore(const PresetUndo& change) {
+  // The caller may have it from lastChange.
+  const std::vector<PresetUndo::Step> steps = change.steps;
+  lastChange_.reset();
+  return std::all_of(steps.rbegin(), steps.rend(),
+                     [this](const PresetUndo::Step& step) { return restore(step); });
+}
+
+bool PresetManager::restore(const PresetUndo::Step& step) {
+  using Change = PresetUndo::Step::Change;
+  auto trash = trashOf(step.url);
+  const auto failure = [&](const std::string& why) {
+    report(foundation::fileError(step.url, "restored", why).localizedDescription);
+    return false;
+  };
+  if (!trash) return failure("there is no folder for it");
+  if (step.change == Change::deleted) {
+    if (const auto error = fileManager_.moveItem(step.kept, step.url))
+      return failure(error->code == FileError::Code::fileExists ? "another preset has its name"
+                                                                : error->localizedDescription);
+    trash->forget(step.kept);
+    if (step.wasFavourite) FavPresetsStore::add(step.url);
+    return true;
+  }
+  const auto there = fileManager_.status(step.url, FileManager::Links::follow);
+  if (!there || there->stamp != step.written) return failure("it has been changed since");
+  FileError error;
+  if (step.change == Change::created) {
+    if (trash->take(step.url, error)) return true;
+    return failure(error.localizedDescription);
+  }
+  if (step.kept.empty()) return true;
+  const auto before = fileManager_.contents(step.kept, error);
+  if (!before) return failure(error.localizedDescription);
+  if (const auto failed = fileManager_.write(*before, step.url))
+    return failure(failed->localizedDescription);
+  trash->forget(step.kept);
+  return true;
 }
 
 }  // namespace orvane

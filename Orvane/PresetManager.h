@@ -8,6 +8,7 @@
 
 #include "Orvane/ICloudManager.h"
 #include "Orvane/Preset.h"
+#include "Orvane/PresetTrash.h"
 #include "platform/AudioUnit.h"
 #include "platform/FileManager.h"
 #include "platform/Weak.h"
@@ -16,10 +17,29 @@ namespace orvane {
 
 class KestroAUViewController;
 
+/// What takes a change of the user's presets back, once: see PresetManager::restore. Steps of several
+/// changes in one make one of them.
+struct PresetUndo {
+  struct Step {
+    enum class Change { deleted, created, replaced };
+
+    Change change;
+    /// The preset's file.
+    std::string url;
+    /// In the trash; empty when a file was created, or replaced by its equal.
+    std::string kept{};
+    /// What the change has left under the url.
+    platform::FileStamp written{};
+    bool wasFavourite = false;
+  };
+
+  std::vector<Step> steps;
+};
+
 /// The user's presets: a file for each, in the folder "Presets" of the app group's container or,
-/// where the user has a cloud, of that. The main controller owns it. Nothing throws or fails
-/// visibly: file errors are printed on the console. Works on the calling thread, the user-interface
-/// thread; only what comes from the cloud comes later.
+/// where the user has a cloud, of that. The main controller owns it. Nothing throws: what fails is
+/// printed on the console and told to the view controller, in one sentence with the reason. Works on
+/// the calling thread, the user-interface thread; only what comes from the cloud comes later.
 ///
 ///     PresetManager presets("group.org.example.synth", {});
 ///     presets.audioUnit = &unit;
@@ -42,25 +62,39 @@ class PresetManager : public platform::WeakTarget {
   /// objects as then.
   std::vector<std::shared_ptr<UserPreset>> getUserPresets();
 
-  /// Applies a preset to the audio unit; null and a file that cannot be read do nothing.
-  void load(const std::shared_ptr<Preset>& preset);
-  void loadUserPreset(const UserPreset& preset);
-  /// Writes the audio unit's state, replacing any file at this path. Categories are stored in lower
-  /// case. Whether it is written.
+  // Each tells whether it is done
+
+  /// Applies a preset to the audio unit; null and a file that holds no state do nothing.
+  bool load(const std::shared_ptr<Preset>& preset);
+  bool loadUserPreset(const UserPreset& preset);
+  /// Writes the audio unit's state, replacing any file at this path; a preset that was there is kept
+  /// in the trash. Categories are stored in lower case.
   bool savePreset(const std::string& url, const std::vector<std::string>& categories);
-  /// Replaces a preset of the same name. The path of the file; none when it could not be written,
-  /// without a folder or an audio unit, and for a name that leads out of the folder.
+  /// Replaces a preset of the same name, in whichever form its accents are. The path of the file;
+  /// none when it could not be written, without a folder or an audio unit, and for a name that leads
+  /// out of the folder.
   std::optional<std::string> saveNew(const std::string& name,
                                      const std::vector<std::string>& categories);
-  /// Removes the file, and the first mark of a favourite.
-  void deleteUserPreset(const UserPreset& preset);
+  /// Saves the audio unit's state as saveNew does and then deletes the preset, unless both names are
+  /// of one file. Under its own name a preset is saved where it lies. Its marks stay as they are.
+  std::optional<std::string> renamePreset(const UserPreset& preset, const std::string& name,
+                                          const std::vector<std::string>& categories);
+  /// Moves the file, or a link itself, to the trash; nothing else can be deleted. Takes the first
+  /// mark of a favourite away in any case.
+  bool deleteUserPreset(const UserPreset& preset);
+
+  /// The last saving, renaming or deleting; none when it failed or cannot be taken back.
+  const std::optional<PresetUndo>& lastChange() const { return lastChange_; }
+  /// Takes a change back, the last step first, up to one that cannot be: what others have put in the
+  /// place meanwhile stays.
+  bool restore(const PresetUndo& change);
 
   // Import and export
 
   /// Lets the user pick files; they come back through the view controller.
   void importPreset();
   /// Copies a file into the preset folder, never over another, and selects that preset.
-  void importPresetFile(const std::string& url);
+  bool importPresetFile(const std::string& url);
   /// Shares the audio unit's state as it is now, under the name and categories of the preset.
   void exportPreset(const std::shared_ptr<Preset>& preset);
   /// Shares all user presets as one folder; older files leave as property lists.
@@ -86,6 +120,8 @@ class PresetManager : public platform::WeakTarget {
  private:
   struct Known {
     platform::FileStamp stamp;
+    /// False for a file that could not be read just then.
+    bool isRead = false;
     std::shared_ptr<UserPreset> preset;
     /// Of the listing that saw it last.
     unsigned listing = 0;
@@ -93,6 +129,20 @@ class PresetManager : public platform::WeakTarget {
 
   std::optional<std::string> newPresetFolder() const;
   void createFolder(const std::string& path);
+  /// The path for a file of this name: that of a file whose name reads the same, if there is one.
+  std::string pathIn(const std::string& folder, const std::string& fileName) const;
+  /// Of the folder that a preset lies in; none for a file elsewhere.
+  std::optional<PresetTrash> trashOf(const std::string& url) const;
+  PresetTrash trashBeside(const std::string& presetFolder) const;
+  /// What savePreset writes; none without a state.
+  std::optional<std::string> fileContent(const std::vector<std::string>& categories) const;
+  bool isWritten(const std::string& content, const std::string& url);
+  std::optional<PresetUndo::Step> moveToTrash(const std::string& url);
+  bool restore(const PresetUndo::Step& step);
+  /// Every failure ends here.
+  void report(const std::string& sentence);
+  /// What the console is not told.
+  void tell(const std::string& sentence);
   void exportFile(const std::string& file, const std::string& folder, const std::string& extension);
 
   platform::FileManager& fileManager_;
@@ -100,6 +150,7 @@ class PresetManager : public platform::WeakTarget {
   /// What the files of the last listing held, by path.
   std::unordered_map<std::string, Known> known_;
   unsigned listings_ = 0;
+  std::optional<PresetUndo> lastChange_;
 };
 
 }  // namespace orvane

@@ -3,7 +3,6 @@
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetFile.h"
 #include "Orvane/PresetManager.h"
-#include "foundation/Console.h"
 #include "foundation/PropertyListCoding.h"
 #include "platform/FilePath.h"
 #include "platform/Presentation.h"
@@ -34,18 +33,19 @@ void PresetManager::importPreset() {
       {"com.Kestro." + productCode + '.' + unit->presetExtension()}, true, viewController});
 }
 
-void PresetManager::importPresetFile(const std::string& url) {
+bool PresetManager::importPresetFile(const std::string& url) {
   const auto folder = newPresetFolder();
   const std::string name = platform::lastPathComponent(url);
-  if (!folder || !platform::isFileName(name)) return;
+  if (!folder || !platform::isFileName(name)) return false;
   fileManager_.startAccessingSecurityScopedResource(url);
-  const std::string target = *folder + '/' + name;
-  if (const auto error = fileManager_.copyItem(url, target))
-    foundation::printToConsole("Unable to copy preset file... " + error->localizedDescription);
+  const std::string target = pathIn(*folder, name);
+  const auto error = fileManager_.copyItem(url, target);
+  if (error) report("Unable to copy preset file... " + error->localizedDescription);
   fileManager_.stopAccessingSecurityScopedResource(url);
   // Said to be local wherever it lies; the next listing knows better.
   if (viewController)
     viewController->presetWasImported(std::make_shared<UserPreset>(target, false));
+  return !error;
 }
 
 // Export
@@ -60,11 +60,12 @@ void PresetManager::exportPreset(const std::shared_ptr<Preset>& preset) {
   if (!unit) return;
   const std::string fileName = preset->name + '.' + unit->presetExtension();
   if (!platform::isFileName(fileName)) {
-    foundation::printToConsole("A preset cannot be exported under a name with \"/\" in it");
+    report("A preset cannot be exported under a name with \"/\" in it");
     return;
   }
   const std::string path = fileManager_.temporaryDirectory() + fileName;
-  savePreset(path, preset->categories);
+  const auto content = fileContent(preset->categories);
+  if (!content || !isWritten(*content, path)) return;
   wantsToExportFileFrom(path);
 }
 
@@ -100,7 +101,7 @@ void PresetManager::exportFile(const std::string& file, const std::string& folde
   } else {
     error = fileManager_.copyItem(file, target);
   }
-  if (error) foundation::printToConsole(error->localizedDescription);
+  if (error) report(error->localizedDescription);
 }
 
 void PresetManager::wantsToExportFileFrom(const std::string& path) {
@@ -147,7 +148,7 @@ void PresetManager::copyPresetsFromFolder(const std::string& folderURL) {
     const std::string file = target + '/' + entry.name;
     static_cast<void>(fileManager_.removeItem(file));
     if (const auto error = fileManager_.copyItem(folderURL + '/' + entry.name, file))
-      foundation::printToConsole("Unable to move preset file... " + error->localizedDescription);
+      report("Unable to move preset file... " + error->localizedDescription);
   }
 }
 

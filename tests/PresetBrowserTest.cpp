@@ -55,7 +55,7 @@ class PresetBrowserTest : public testing::Test {
   std::vector<std::string> files() const {
     std::vector<std::string> result;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_))
-      if (entry.is_regular_file() && entry.path().extension() == ".example")
+      if (entry.is_regular_file() && entry.path().parent_path().filename() == "Presets")
         result.push_back(entry.path().stem());
     std::sort(result.begin(), result.end());
     return result;

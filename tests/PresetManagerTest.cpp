@@ -137,6 +137,30 @@ TEST_F(PresetManagerTest, OnlyWhatHasChangedIsReadAgainAndOfLongFilesTheirEnds) 
   EXPECT_LE(files.reads, before + 2);
 }
 
+TEST_F(PresetManagerTest, AFileThatCannotBeReadJustNowIsReadAgain) {
+  struct Busy : support::CountingFiles {
+    using CountingFiles::CountingFiles;
+    std::optional<PropertyList::Data> contents(const std::string& path, platform::FileError& error,
+                                               std::uint64_t offset, std::size_t count) override {
+      if (isBusy) return std::nullopt;
+      return CountingFiles::contents(path, error, offset, count);
+    }
+    bool isBusy = true;
+  } busy(folder / "data", foundation::LocalFileManager::Groups::oneForAll);
+  const foundation::DefaultFileManager busyScope(busy);
+  const auto manager = makeManager();
+  busy.isBusy = false;
+  manager->saveNew("a", {"pad"});
+  busy.isBusy = true;
+  const auto unread = manager->getUserPresets()[0];
+  EXPECT_THAT(unread->categories, IsEmpty());
+  EXPECT_EQ(manager->getUserPresets()[0], unread);
+  EXPECT_FALSE(manager->loadUserPreset(*unread));
+  busy.isBusy = false;
+  EXPECT_EQ(manager->getUserPresets()[0]->categories, Names{"pad"});
+  EXPECT_TRUE(manager->loadUserPreset(*unread));
+}
+
 TEST_F(PresetManagerTest, AFileThatEndsTooEarlyHasNoCategories) {
   Dictionary parameters;
   for (int i = 0; i < 200; ++i) parameters["parameter" + std::to_string(i)] = i;
@@ -157,10 +181,9 @@ TEST_F(PresetManagerTest, NoNameLeadsOutOfTheFolderOrOverAnotherFile) {
   EXPECT_THAT(printed.back(), HasSubstr("File name too long"));
   EXPECT_THAT(namesOf(*manager), IsEmpty());
   EXPECT_EQ(support::textOf(folder / "data/outside.synth"), "mine");
-  for (const std::string& name :
-       {".."s, "\xf0\x9f\x8e\xb9"s, "e\xcc\x81"s, "\xc3\xa9"s, "a\nb"s, " "s})
+  for (const std::string& name : {".."s, "\xf0\x9f\x8e\xb9"s, "e\xcc\x81"s, "a\nb"s, " "s})
     EXPECT_EQ(manager->saveNew(name, {}), folder / ("data/Presets/" + name + ".synth"));
-  EXPECT_EQ(namesIn(folder / "data/Presets").size(), 6u);
+  EXPECT_EQ(namesIn(folder / "data/Presets").size(), 5u);
   EXPECT_EQ(printed.size(), 5u);
 }
 

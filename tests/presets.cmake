@@ -7,6 +7,7 @@ orvane_add_tests(presets
     PresetMishapsTest.cpp
     PresetProcessesTest.cpp
     PresetTransferTest.cpp
+    PresetTrashTest.cpp
   DEPENDS orvane::headless orvane::orvane orvane::quillon orvane::toolkit orvane::foundation)
 # What the tests run several times at once, and kill.
 orvane_add_executable(preset_saver
