@@ -31,6 +31,9 @@ class ConfirmOverlay : public toolkit::View {
   /// Another question than whether to delete a preset.
   void setText(std::string text) { textLabel_.setText(std::move(text)); }
   toolkit::Label& textLabel() { return textLabel_; }
+  /// What the question is about, above it.
+  const std::string& subject() const { return subjectLabel_.text(); }
+  void setSubject(std::string subject) { subjectLabel_.setText(std::move(subject)); }
   kestroui::SimpleButton& cancelButton() { return cancelButton_; }
   kestroui::SimpleButton& okButton() { return okButton_; }
 
@@ -45,6 +48,7 @@ class ConfirmOverlay : public toolkit::View {
  private:
   /// The panel, in the middle of what the overlay dims.
   toolkit::Layer back_;
+  toolkit::Label subjectLabel_;
   toolkit::Label textLabel_;
   kestroui::SimpleButton cancelButton_{"NO"};
   kestroui::SimpleButton okButton_{"YES"};

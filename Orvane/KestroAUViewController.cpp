@@ -27,7 +27,8 @@ constexpr double maximumLabelScale = 2.0;
 KestroAUViewController::KestroAUViewController()
     : controls_(std::make_shared<ControlCollection>()),
       bindings_(std::make_shared<ControlBindings>()) {
-  presetLibrary_.addObserver({this, *this});
+  presetLibrary().addObserver({this, *this});
+  presetSession_.delegate = {this, *this};
 }
 
 KestroAUViewController::~KestroAUViewController() {
@@ -52,6 +53,7 @@ std::unique_ptr<platform::AudioUnit> KestroAUViewController::createAudioUnit(
 
 void KestroAUViewController::setAudioUnit(platform::AudioUnit* audioUnit) {
   audioUnit_ = audioUnit;
+  presetSession_.setAudioUnit(audioUnit);
   followAudioUnitWithPresets();
 }
 
@@ -71,6 +73,7 @@ void KestroAUViewController::viewDidLoad() {
   view().addSubview(overlaysView_);
   view().addSubview(menuBar_);
   view().addSubview(enterValueOverlay_);
+  view().addSubview(noticeView_);
   menuBar_.delegate = {this, *this};
   enterValueOverlay_.setHidden(true);
   enterValueOverlay_.delegate = {this, *this};
@@ -101,7 +104,6 @@ void KestroAUViewController::viewDidAppear() {
                                   [self = platform::Weak<KestroAUViewController>(this)] {
                                     if (!self) return;
                                     self->followHostFrame();
-                                    self->followPresetName();
                                   });
 }
 
@@ -124,16 +126,6 @@ void KestroAUViewController::followHostFrame() {
   if (layoutWhileResizing) return;
   if (std::exchange(settingsViewController_.resizing, resizing_) && !resizing_)
     settingsViewController_.view().setNeedsLayout();
-}
-
-void KestroAUViewController::followPresetName() {
-  auto* unit = audioUnit();
-  if (!unit) return;
-  std::string name = unit->currentPresetName();
-  if (name == knownPresetName_) return;
-  knownPresetName_ = std::move(name);
-  setPresetName(knownPresetName_);
-  overlaysView_.followCurrentPreset(*unit);
 }
 
 void KestroAUViewController::updateUI() {
@@ -189,6 +181,7 @@ void KestroAUViewController::viewDidLayoutSubviews() {
                        content.height - menuHeight};
   settingsViewController_.view().setFrame(mainContentFrame_);
   overlaysView_.setFrame(content);
+  noticeView_.setFrame(content);
   enterValueOverlay_.setFrame(content);
   labelScale_ = std::min(content.height / labelHeightUnit, maximumLabelScale);
   applyLabelScale();

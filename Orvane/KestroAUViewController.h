@@ -16,7 +16,9 @@
 #include "Orvane/HeldParameters.h"
 #include "Orvane/MakerAddresses.h"
 #include "Orvane/MenuBar.h"
+#include "Orvane/NoticeView.h"
 #include "Orvane/OverlaysView.h"
+#include "Orvane/PresetSession.h"
 #include "Orvane/SettingsViewController.h"
 #include "foundation/RunLoop.h"
 #include "platform/AudioUnit.h"
@@ -69,6 +71,7 @@ class KestroAUViewController : public toolkit::ViewController,
                                private EnterValueOverlayDelegate,
                                private PresetViewOverlayDelegate,
                                private PresetLibraryObserver,
+                               private PresetSessionDelegate,
                                private AboutOverlayDelegate,
                                private ResponderViewDelegate {
  public:
@@ -163,8 +166,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void setPresetManager(std::unique_ptr<PresetManager> manager);
   /// Fills the preset browser anew from the audio unit and the store.
   void rebuildPresetList();
-  /// Applies a preset to the audio unit.
-  void load(const std::shared_ptr<Preset>& preset);
+  /// Applies a preset to the audio unit; false when it could not be read.
+  bool load(const std::shared_ptr<Preset>& preset);
   /// As if the user had chosen it in the browser.
   void selectPreset(const std::shared_ptr<Preset>& preset);
   /// The preset that the browser shows as the current one, or null.
@@ -210,8 +213,10 @@ class KestroAUViewController : public toolkit::ViewController,
   std::function<std::unique_ptr<platform::AudioUnit>()> makeAudioUnit;
   SettingsViewController& settingsViewController() { return settingsViewController_; }
   EnterValueOverlay& enterValueOverlay() { return enterValueOverlay_; }
+  NoticeView& noticeView() { return noticeView_; }
   OverlaysView& overlaysView() { return overlaysView_; }
-  PresetLibrary& presetLibrary() { return presetLibrary_; }
+  PresetSession& presetSession() { return presetSession_; }
+  PresetLibrary& presetLibrary() { return presetSession_.library(); }
   DSPParameters& parameters() { return parameters_; }
   ControlCollection& controls() { return *controls_; }
   const std::unordered_map<platform::AUParameterAddress, std::string>& parameterKeyMap() const {
@@ -277,10 +282,22 @@ class KestroAUViewController : public toolkit::ViewController,
   void presetSelected(const std::shared_ptr<Preset>& preset) override;
   std::optional<std::string> saveNewPreset(
       const std::string& name, const std::vector<std::string>& presetCategories) override;
+  std::optional<std::string> renamePreset(
+      const UserPreset& preset, const std::string& name,
+      const std::vector<std::string>& presetCategories) override;
   void savePreset(const UserPreset& preset) override;
-  void deletePreset(const UserPreset& preset) override;
+  void deletePresets(const std::vector<std::shared_ptr<UserPreset>>& presets) override;
+  void presetAuditioned(const std::shared_ptr<Preset>& preset) override;
+  bool endAudition(bool keeps) override;
+  void presetSessionWillLoad() override { preLoadAction(); }
+  void presetSessionWillSave() override { preSaveAction(); }
+  void presetSessionDidLoad() override;
+  void presetSessionCanUndo(const std::string& sentence) override;
   void importPresets() override { importPreset(); }
   void presetViewOverlayDidHide() override {}
+  void presetViewOverlayDidRefuse(const std::string& sentence) override {
+    noticeView_.show(sentence);
+  }
   /// The menu bar shows what the library has.
   void presetLibraryDidChange(Change change) override;
   void menuBarDidRequestRandomize() override { randomize(); }
@@ -302,6 +319,7 @@ class KestroAUViewController : public toolkit::ViewController,
   /// That of doubleTappedKey; null without a key.
   const TappedValue* doubleTappedValue() const;
   void updateAllParameters();
+  void parameterDidChange(platform::AUParameterAddress address);
   void updateDoubleFilters(platform::AUParameterAddress address);
   /// The audio unit has gone: nothing is shown as modulated any more.
   void forgetLiveValues();
@@ -315,7 +333,6 @@ class KestroAUViewController : public toolkit::ViewController,
   /// Whatever a finger holds is let go: no button stays pressed when nobody can lift the finger.
   void letGo();
   void followHostFrame();
-  void followPresetName();
   void setUpOverlays();
   void tellAudioUnitOfUI(bool visible);
   void loadPresetStorage();
@@ -331,9 +348,10 @@ class KestroAUViewController : public toolkit::ViewController,
   std::shared_ptr<ControlBindings> bindings_;
   SettingsViewController settingsViewController_;
   MenuBar menuBar_;
-  PresetLibrary presetLibrary_;
-  OverlaysView overlaysView_{presetLibrary_};
+  PresetSession presetSession_;
+  OverlaysView overlaysView_{presetSession_.library()};
   EnterValueOverlay enterValueOverlay_;
+  NoticeView noticeView_;
   std::shared_ptr<kestroui::ParamKey> doubleTappedKey_;
   std::vector<TappedValue> tappedValues_;
   bool midiMappingEnabled_ = false;
@@ -351,8 +369,6 @@ class KestroAUViewController : public toolkit::ViewController,
   platform::Rect mainContentFrame_;
   double labelScale_ = 1;
   bool resizing_ = false;
-  /// The preset name of the audio unit that was shown last.
-  std::string knownPresetName_;
   /// The audio unit that was told that an editor is on screen.
   platform::Weak<platform::AudioUnit> shownUnit_;
 };

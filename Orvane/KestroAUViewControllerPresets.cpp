@@ -15,7 +15,7 @@ void KestroAUViewController::instantiatePresetManager() {
 
 void KestroAUViewController::setPresetManager(std::unique_ptr<PresetManager> manager) {
   // The list lets go of the old one before that dies.
-  presetLibrary_.setStore(manager.get());
+  presetLibrary().setStore(manager.get());
   presetManager_ = std::move(manager);
   if (!presetManager_) return;
   presetManager_->audioUnit = audioUnit_;
@@ -61,14 +61,29 @@ void KestroAUViewController::rebuildPresetList() {
   overlaysView_.initPresetList(unit, isLoadingUserPreset);
 }
 
+// What the session reports
+
+void KestroAUViewController::presetSessionDidLoad() {
+  if (const auto* unit = audioUnit()) setPresetName(unit->currentPresetName());
+}
+
+void KestroAUViewController::presetSessionCanUndo(const std::string& sentence) {
+  noticeView_.show(sentence, "UNDO", [this] { presetSession_.undo(); });
+}
+
+void KestroAUViewController::presetStoreDidFail(const std::string& sentence) {
+  noticeView_.show(sentence);
+}
+
 void KestroAUViewController::presetLibraryDidChange(Change) {
-  menuBar_.setCanStepPresets(presetLibrary_.walk().size() > 1);
+  menuBar_.setPresetModified(presetLibrary().isModified());
+  menuBar_.setCanStepPresets(presetLibrary().walk().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
-  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && presetLibrary_.all().empty());
+  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && presetLibrary().all().empty());
 }
 
 const std::shared_ptr<Preset>& KestroAUViewController::selectedPreset() {
-  return presetLibrary_.selected();
+  return presetLibrary().selected();
 }
 
 std::string KestroAUViewController::currentPresetName() {
@@ -79,60 +94,54 @@ std::vector<std::string> KestroAUViewController::currentPresetCatgories() {
   return selectedPreset() ? selectedPreset()->categories : std::vector<std::string>();
 }
 
-void KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
-  preLoadAction();
-  if (presetManager_) {
-    presetManager_->load(preset);
-    return;
-  }
-  // Factory presets are the audio unit's own; they need no store.
-  if (auto* unit = audioUnit(); unit && preset && preset->preset)
-    unit->setCurrentPreset(preset->preset->number);
+bool KestroAUViewController::load(const std::shared_ptr<Preset>& preset) {
+  return presetSession_.load(preset);
 }
 
 void KestroAUViewController::presetSelected(const std::shared_ptr<Preset>& preset) {
-  load(preset);
-  followPresetName();
-  const auto* unit = audioUnit();
-  if (!unit || !preset || !preset->isUserPreset) return;
-  // A file that is gone, or is no preset, has left the sound as it was: then the list says so.
-  const std::string name = unit->currentPresetName();
-  if (name.empty() || name == preset->name) return;
-  const std::shared_ptr<Preset> before = presetLibrary_.selectedBefore();
-  presetLibrary_.announce();
-  presetLibrary_.select(before ? presetLibrary_.find(*before) : nullptr);
+  presetSession_.didSelect(preset);
+}
+
+void KestroAUViewController::presetAuditioned(const std::shared_ptr<Preset>& preset) {
+  presetSession_.audition(preset);
+}
+
+bool KestroAUViewController::endAudition(bool keeps) {
+  if (!presetSession_.isAuditioning()) return false;
+  using Verdict = PresetSession::Verdict;
+  presetSession_.endAudition(keeps ? Verdict::keep : Verdict::goBack);
+  return true;
 }
 
 void KestroAUViewController::selectPreset(const std::shared_ptr<Preset>& preset) {
-  presetLibrary_.select(preset);
-  overlaysView_.presetViewOverlay().presetListDidSelect(presetLibrary_.selected());
+  presetLibrary().select(preset);
+  overlaysView_.presetViewOverlay().presetListDidSelect(presetLibrary().selected());
 }
-
-void KestroAUViewController::presetStoreDidFail(const std::string& /*sentence*/) {}
 
 void KestroAUViewController::presetWasImported(const std::shared_ptr<UserPreset>& preset) {
   if (!overlaysView_.isInit()) isLoadingUserPreset = true;
-  presetLibrary_.announce();
+  presetLibrary().announce();
   selectPreset(preset);
 }
 
 std::optional<std::string> KestroAUViewController::saveNewPreset(
     const std::string& name, const std::vector<std::string>& presetCategories) {
-  preSaveAction();
-  auto url = presetManager_ ? presetManager_->saveNew(name, presetCategories) : std::nullopt;
-  presetLibrary_.announce();
-  return url;
+  return presetSession_.saveNew(name, presetCategories);
+}
+
+std::optional<std::string> KestroAUViewController::renamePreset(
+    const UserPreset& preset, const std::string& name,
+    const std::vector<std::string>& presetCategories) {
+  return presetSession_.rename(preset, name, presetCategories);
 }
 
 void KestroAUViewController::savePreset(const UserPreset& preset) {
-  if (presetManager_) presetManager_->savePreset(preset.url, preset.categories);
-  if (const auto* unit = audioUnit()) setPresetName(unit->currentPresetName());
-  presetLibrary_.announce();
+  presetSession_.save(preset, preset.categories);
 }
 
-void KestroAUViewController::deletePreset(const UserPreset& preset) {
-  if (presetManager_) presetManager_->deleteUserPreset(preset);
-  presetLibrary_.announce();
+void KestroAUViewController::deletePresets(
+    const std::vector<std::shared_ptr<UserPreset>>& presets) {
+  presetSession_.remove(presets);
 }
 
 void KestroAUViewController::importPreset() {

@@ -55,7 +55,7 @@ void KestroAUViewController::connectViewWithAU() {
 
   // Before the controls read the present values, so that no change falls in between.
   connection_ = std::make_unique<ParameterConnection>(
-      *unit, [this](platform::AUParameterAddress address) { updateParameter(address); },
+      *unit, [this](platform::AUParameterAddress address) { parameterDidChange(address); },
       [this] { updateAllParameters(); });
 
   doubleTappedKey_.reset();
@@ -66,8 +66,7 @@ void KestroAUViewController::connectViewWithAU() {
   updateVisibility();
 
   rebuildPresetList();
-  knownPresetName_ = unit->currentPresetName();
-  setPresetName(knownPresetName_);
+  presetSession_.wasLoaded();
 }
 
 std::vector<Key> KestroAUViewController::keysToShow() const {
@@ -247,6 +246,12 @@ void KestroAUViewController::reset() {
 
 // From the parameter to the control
 
+void KestroAUViewController::parameterDidChange(platform::AUParameterAddress address) {
+  const platform::Weak<KestroAUViewController> alive = this;
+  updateParameter(address);
+  if (alive) presetSession_.follow(address);
+}
+
 void KestroAUViewController::updateParameter(platform::AUParameterAddress address) {
   const std::string* const known = parameters_.key(address);
   if (!known) return;
@@ -297,8 +302,10 @@ void KestroAUViewController::updateDoubleFilterViewFrequencyAndMagnitudes(
 }
 
 void KestroAUViewController::updateAllParameters() {
-  for (std::size_t i = 0; i < parameters_.keys().size(); ++i)
-    if (auto* parameter = parameters_[parameters_.keys()[i]]) updateParameter(parameter->address());
+  const platform::Weak<KestroAUViewController> alive = this;
+  for (std::size_t i = 0; alive && i < parameters_.keys().size(); ++i)
+    if (auto* parameter = parameters_[parameters_.keys()[i]])
+      parameterDidChange(parameter->address());
 }
 
 }  // namespace orvane

@@ -60,6 +60,7 @@ MenuBar::MenuBar()
   arrowRight_.setAccessibilityLabel("Next preset");
   randomizeButton_.setAccessibilityLabel("Randomize");
   helpButton_.setAccessibilityLabel("Help");
+  modifiedDot_.setBackgroundColor(Theme::accent);
   setPresetName({});
   setCanStepPresets(false);
   presetNameLabel_.setHidden(true);
@@ -84,6 +85,13 @@ void MenuBar::setPresetName(std::string name) {
   presetNameLabel_.setTitle(std::move(name));
 }
 
+void MenuBar::setPresetModified(bool modified) {
+  if (modified == presetModified_) return;
+  presetModified_ = modified;
+  presetNameLabel_.setAccessibilityLabel(modified ? presetName() + ", changed" : "");
+  setNeedsDisplay();
+}
+
 void MenuBar::setCanStepPresets(bool canStep) {
   arrowLeft_.setHidden(!canStep);
   arrowRight_.setHidden(!canStep);
@@ -105,6 +113,7 @@ void MenuBar::didMoveToSuperview() {
   for (View* view : std::initializer_list<View*>{&aboutButton_, &presetNameLabel_, &logoView_,
                                                  &arrowLeft_, &arrowRight_, &randomizeButton_})
     addSubview(*view);
+  layer().addSublayer(modifiedDot_);
   aboutButton_.addTarget<&MenuBar::onAboutButton>(*this, ControlEvent::touchDown);
   presetNameLabel_.addTarget<&MenuBar::onPresetButton>(*this, ControlEvent::touchDown);
   randomizeButton_.addTarget<&MenuBar::onRandomize>(*this, ControlEvent::touchDown);
@@ -148,6 +157,11 @@ void MenuBar::draw(const platform::Rect& rect) {
   presetNameLabel_.setFrame(name);
   presetNameLabel_.layer().setCornerRadius(std::max(0.0, name.height * 0.5 - 2.5));
   presetNameLabel_.setFont(Theme::regularFont.withSize(textSize));
+
+  const double dot = std::max(4.0, name.height * 0.16);
+  modifiedDot_.setFrame({name.x + name.height * 0.36, name.midY() - dot / 2, dot, dot});
+  modifiedDot_.setCornerRadius(dot / 2);
+  modifiedDot_.setHidden(!presetModified_ || presetName().empty());
 
   const double arrowWidth = height * 0.6, arrowGap = 4.0;
   arrowLeft_.setFrame({name.x - arrowWidth - arrowGap, 0, arrowWidth, height});
@@ -200,8 +214,10 @@ void MenuBar::onPresetButton() {
 }
 
 void MenuBar::onPresetArrow(toolkit::Control& sender) {
-  if (auto* overlays = overlaysView.get())
-    overlays->presetList().selectNext(&sender == &arrowLeft_);
+  auto* overlays = overlaysView.get();
+  // What a dialog asks about stays what is loaded.
+  if (!overlays || overlays->presetViewOverlay().isDialogOpen()) return;
+  overlays->presetList().selectNext(&sender == &arrowLeft_);
 }
 
 void MenuBar::onRandomize() {

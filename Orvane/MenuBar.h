@@ -51,6 +51,9 @@ class MenuBar : public toolkit::View {
   const std::string& presetName() const { return presetNameLabel_.title(); }
   /// Without a name the button shows its picture.
   void setPresetName(std::string name);
+  /// Marks the name while the sound is not what the preset has stored.
+  bool isPresetModified() const { return presetModified_; }
+  void setPresetModified(bool modified);
   /// Without several presets there are no arrows.
   void setCanStepPresets(bool canStep);
 
@@ -88,6 +91,8 @@ class MenuBar : public toolkit::View {
   void askForHelp();
   void showHelp(std::string path);
 
+  bool presetModified_ = false;
+  toolkit::Layer modifiedDot_;
   kestroui::ImageButton aboutButton_;
   kestroui::SimpleButton presetNameLabel_;
   toolkit::ImageView logoView_;

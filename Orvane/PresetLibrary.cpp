@@ -285,10 +285,16 @@ PresetPtr PresetLibrary::neighbourInWalk(const Preset& preset, bool backward) co
   return walk_[(*place + (backward ? walk_.size() - 1 : 1)) % walk_.size()];
 }
 
-PresetPtr PresetLibrary::neighbourShown(const Preset& preset) const {
+PresetPtr PresetLibrary::neighbourShown(const Preset& preset, const Presets& leaving) const {
+  const auto stays = [&](const PresetPtr& each) {
+    return each.get() != &preset && !placeOf(each.get(), leaving);
+  };
   const auto place = placeOf(&preset, shown_);
-  if (!place || shown_.size() < 2) return nullptr;
-  return shown_[*place + 1 < shown_.size() ? *place + 1 : *place - 1];
+  if (!place) return nullptr;
+  const auto from = shown_.begin() + static_cast<std::ptrdiff_t>(*place);
+  if (const auto next = std::find_if(from, shown_.end(), stays); next != shown_.end()) return *next;
+  const auto before = std::find_if(std::make_reverse_iterator(from), shown_.rend(), stays);
+  return before == shown_.rend() ? nullptr : *before;
 }
 
 // Selection
@@ -296,8 +302,8 @@ PresetPtr PresetLibrary::neighbourShown(const Preset& preset) const {
 void PresetLibrary::select(const PresetPtr& preset) {
   PresetPtr entry = preset ? find(*preset) : nullptr;
   if (!entry) entry = preset;
-  if (entry == selected_) return;
   selectedBefore_ = std::exchange(selected_, std::move(entry));
+  if (selected_ == selectedBefore_) return;
   tell(Change::selection);
 }
 

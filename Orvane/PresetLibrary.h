@@ -109,8 +109,9 @@ class PresetLibrary : public platform::WeakTarget {
   PresetPtr userPresetNamed(const std::string& name) const;
   /// Before or after a preset in the walk, around its ends; null when it is not in the walk.
   PresetPtr neighbourInWalk(const Preset& preset, bool backward) const;
-  /// Which preset is nearest to it in what is shown: the next one, else the one before.
-  PresetPtr neighbourShown(const Preset& preset) const;
+  /// Which preset takes the place of one that leaves with others: the next one shown that stays, else
+  /// the one before; null when there is none.
+  PresetPtr neighbourShown(const Preset& preset, const Presets& leaving) const;
 
   // Selection: the preset that is loaded
 

@@ -17,6 +17,9 @@ namespace Theme = kestroui::Theme;
 
 namespace {
 
+/// Seconds after which the arrow keys rest.
+constexpr double restTime = 0.15;
+
 /// Above the presets of one kind.
 class SectionHeader : public toolkit::View {
  public:
@@ -129,7 +132,7 @@ void PresetListTableViewController::moveToSelected() {
     tableView().scrollRectToVisible({0, 0, 1, 1});
     return;
   }
-  tableView().selectRow(*row, TableView::ScrollPosition::middle);
+  tableView().selectRow(*row, TableView::ScrollPosition::intoSight);
   didSelectRowAt(tableView(), *row);
 }
 
@@ -194,11 +197,21 @@ void PresetListTableViewController::didSelectRowAt(TableView& table, IndexPath r
   TableViewController::didSelectRowAt(table, row);
   // Whoever is told may make the list anew.
   const PresetPtr preset = presetAt(row);
+  rest_.invalidate();
   if (preset == selectedPreset()) return;
   const platform::Weak<PresetListTableViewController> self = this;
   library_.select(preset);
   if (!self) return;
   if (auto* owner = delegate.get()) owner->presetListDidSelect(preset);
+}
+
+void PresetListTableViewController::didFocusRowAt(TableView&, IndexPath row) {
+  // A key that is held passes over a hundred presets.
+  rest_ =
+      foundation::Timer(restTime, foundation::Timer::Repeat::once, [this, preset = presetAt(row)] {
+        auto* owner = delegate.get();
+        if (owner && preset != selectedPreset()) owner->presetListDidRestOn(preset);
+      });
 }
 
 }  // namespace orvane

@@ -16,6 +16,8 @@ class PresetListTableViewControllerDelegate {
   virtual ~PresetListTableViewControllerDelegate() = default;
 
   virtual void presetListDidSelect(const std::shared_ptr<Preset>& preset) = 0;
+  /// The arrow keys rest on a preset.
+  virtual void presetListDidRestOn(const std::shared_ptr<Preset>& preset) = 0;
 };
 
 /// The presets of a library as the list in the browser: what passes the bank, the categories and the
@@ -76,6 +78,7 @@ class PresetListTableViewController : public toolkit::TableViewController,
   double heightForHeaderInSection(toolkit::TableView& table, int section) override;
   double heightForRowsInSection(toolkit::TableView& table, int section) override;
   void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
+  void didFocusRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 
  private:
   void showPresets();
@@ -84,6 +87,8 @@ class PresetListTableViewController : public toolkit::TableViewController,
   std::optional<toolkit::IndexPath> rowOf(const Preset& preset) const;
 
   PresetLibrary& library_;
+  /// Until the arrow keys rest.
+  foundation::Timer rest_;
   /// Those that are shown, below their headers.
   Presets sections_[2];
 };

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "KestroUI/Theme.h"
-#include "Orvane/FavPresetsStore.h"
 #include "Orvane/OverlayStyle.h"
 #include "foundation/UnicodeText.h"
 
@@ -120,6 +119,10 @@ void PresetViewOverlay::presetListDidSelect(const std::shared_ptr<Preset>& prese
   if (auto* owner = delegate.get()) owner->presetSelected(preset);
 }
 
+void PresetViewOverlay::presetListDidRestOn(const std::shared_ptr<Preset>& preset) {
+  if (auto* owner = delegate.get()) owner->presetAuditioned(preset);
+}
+
 void PresetViewOverlay::presetLibraryDidChange(Change) {
   const std::size_t shown = library_.shown().size();
   const std::size_t all = library_.all().size();
@@ -133,60 +136,104 @@ void PresetViewOverlay::presetLibraryDidChange(Change) {
 
 void PresetViewOverlay::updateButtons() {
   if (isHidden()) return;
-  const bool isUser = dynamic_cast<const UserPreset*>(library_.selected().get()) != nullptr;
-  for (kestroui::SimpleButton* button :
-       {&saveButton_, &deleteButton_, &editButton_, &exportButton_})
-    button->setEnabled(isUser);
+  const std::size_t count = chosenPresets().size();
+  for (kestroui::SimpleButton* button : {&saveButton_, &editButton_})
+    button->setEnabled(count == 1);
+  for (kestroui::SimpleButton* button : {&deleteButton_, &exportButton_})
+    button->setEnabled(count > 0);
+}
+
+std::vector<std::shared_ptr<UserPreset>> PresetViewOverlay::chosenPresets() const {
+  PresetLibrary::Presets chosen = library_.marked();
+  if (chosen.empty() && library_.selected()) chosen.push_back(library_.selected());
+  std::vector<std::shared_ptr<UserPreset>> users;
+  for (const auto& preset : chosen)
+    if (auto user = std::dynamic_pointer_cast<UserPreset>(preset)) users.push_back(std::move(user));
+  return users;
 }
 
 // Actions
 
 void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
-  const std::shared_ptr<Preset> selected = library_.selected();
+  const platform::Weak<PresetViewOverlay> self = this;
   auto* owner = delegate.get();
+  asked_ = chosenPresets();
   if (&sender == &saveButton_) {
-    const platform::Weak<PresetViewOverlay> self = this;
-    if (const auto* user = dynamic_cast<const UserPreset*>(selected.get()); user && owner)
-      owner->savePreset(*user);
+    if (!asked_.empty() && owner) owner->savePreset(*asked_.front());
     if (self) setHidden(true);
-  } else if (&sender == &saveNewButton_ || &sender == &editButton_) {
-    isEdit_ = &sender == &editButton_;
-    saveNewPresetOverlay_.setHidden(false);
-    if (!isEdit_ || !selected) return;
-    saveNewPresetOverlay_.textField().setText(selected->name);
-    saveNewPresetOverlay_.textField().selectAll();
-    // Stored in lower case; the selector has them as the plug-in writes them.
-    std::vector<std::string> chosen;
-    for (const std::string& name : saveNewPresetOverlay_.categories())
-      if (PresetLibrary::hasCategory(*selected, name)) chosen.push_back(name);
-    saveNewPresetOverlay_.categorySelector().setSelectedValues(chosen);
+  } else if (&sender == &saveNewButton_) {
+    openNamePanel(false);
+  } else if (&sender == &editButton_) {
+    openNamePanel(true);
   } else if (&sender == &importButton_) {
     if (owner) owner->importPresets();
   } else if (&sender == &exportButton_) {
     if (owner) owner->exportPreset();
   } else if (&sender == &deleteButton_) {
+    const std::string name = asked_.empty() ? std::string() : asked_.front()->name;
+    confirmOverlay_.setSubject(
+        asked_.size() < 2 ? name : name + " and " + std::to_string(asked_.size() - 1) + " more");
     confirmOverlay_.setHidden(false);
   }
 }
 
+void PresetViewOverlay::openNamePanel(bool isEdit) {
+  isEdit_ = isEdit;
+  if (!isEdit) asked_.clear();
+  saveNewPresetOverlay_.setHidden(false);
+  // Stored in lower case; the selector has them as the plug-in writes them.
+  std::vector<std::string> chosen;
+  if (!asked_.empty()) {
+    saveNewPresetOverlay_.textField().setText(asked_.front()->name);
+    saveNewPresetOverlay_.textField().selectAll();
+    for (const std::string& name : saveNewPresetOverlay_.categories())
+      if (PresetLibrary::hasCategory(*asked_.front(), name)) chosen.push_back(name);
+  }
+  saveNewPresetOverlay_.categorySelector().setSelectedValues(chosen);
+}
+
+std::vector<std::string> PresetViewOverlay::chosenCategories(const Preset* preset) {
+  std::vector<std::string> chosen = saveNewPresetOverlay_.categorySelector().selectedValues();
+  if (!preset) return chosen;
+  const auto& offered = saveNewPresetOverlay_.categories();
+  for (const std::string& category : preset->categories)
+    if (std::none_of(offered.begin(), offered.end(), [&](const std::string& each) {
+          return foundation::lowercased(each) == category;
+        }))
+      chosen.push_back(category);
+  return chosen;
+}
+
+std::string PresetViewOverlay::whyNoName(const std::string& name) const {
+  // A file without a name would be hidden, and found by nobody.
+  if (name.find_first_not_of(' ') == name.npos) return "A preset needs a name.";
+  if (name.find('/') != name.npos) return "The name of a preset cannot hold \u201c/\u201d.";
+  // With room for an extension in what file systems allow.
+  constexpr std::size_t maximumBytes = 200;
+  if (name.size() > maximumBytes) return "The name of a preset cannot be that long.";
+  return {};
+}
+
 bool PresetViewOverlay::replacesAnother(const std::string& name) const {
-  const auto& selected = library_.selected();
-  if (isEdit_ && selected && selected->isUserPreset && selected->name == name) return false;
   const auto& all = library_.all();
   return std::any_of(all.begin(), all.end(), [&](const auto& preset) {
-    return preset->isUserPreset && foundation::isSameText(preset->name, name);
+    return preset->isUserPreset && (asked_.empty() || preset != asked_.front()) &&
+           foundation::isSameText(preset->name, name);
   });
 }
 
 void PresetViewOverlay::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                    const std::optional<std::string>& text) {
-  // A file without a name would be hidden, and found by nobody.
-  if (text && text->find_first_not_of(' ') == text->npos) {
+  const std::string whyNot = text ? whyNoName(*text) : std::string();
+  const bool keepsName = text && !asked_.empty() && asked_.front()->name == *text;
+  if (!whyNot.empty()) {
+    if (auto* owner = delegate.get()) owner->presetViewOverlayDidRefuse(whyNot);
     saveNewPresetOverlay_.textField().becomeFirstResponder();
     return;
   }
-  if (text && replacesAnother(*text)) {
+  if (text && !keepsName && replacesAnother(*text)) {
     nameToReplace_ = *text;
+    replaceOverlay_.setSubject(*text);
     replaceOverlay_.setHidden(false);
     return;
   }
@@ -201,25 +248,17 @@ void PresetViewOverlay::saveAs(const std::string& name) {
   auto* owner = delegate.get();
   if (!owner) return;
   const platform::Weak<PresetViewOverlay> self = this;
-  const std::shared_ptr<Preset> before = library_.selected();
-  const auto* const user = dynamic_cast<const UserPreset*>(before.get());
-  const bool isRenamed = user && isEdit_ && user->name != name;
-  const std::vector<std::string> chosen = saveNewPresetOverlay_.categorySelector().selectedValues();
-  const std::optional<std::string> url = owner->saveNewPreset(name, chosen);
-  if (!self || !delegate) return;
-  // Only now, when it is safe under the new name.
-  if (url && isRenamed) owner->deletePreset(*user);
-  if (!self) return;
-  if (url) {
-    const auto saved = library_.userPresetAt(*url);
-    library_.select(saved ? saved : std::make_shared<UserPreset>(*url, false));
-    presetListDidSelect(library_.selected());
-    if (!self) return;
-  }
-  const std::shared_ptr<Preset> selected = library_.selected();
-  if (!selected) return;
+  const std::shared_ptr<UserPreset> renamed = asked_.empty() ? nullptr : asked_.front();
+  const std::vector<std::string> chosen = chosenCategories(renamed.get());
+  const std::optional<std::string> url =
+      renamed ? owner->renamePreset(*renamed, name, chosen) : owner->saveNewPreset(name, chosen);
+  if (!self || !url) return;
+  const auto saved = library_.userPresetAt(*url);
+  library_.select(saved ? saved : std::make_shared<UserPreset>(*url, false));
+  presetListDidSelect(library_.selected());
+  if (!self || !library_.selected()) return;
   // Every preset that is saved gets a star, as in the family's programs.
-  PresetLibrary::setFavourite(*selected, true);
+  PresetLibrary::setFavourite(*library_.selected(), true);
 }
 
 void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) {
@@ -236,10 +275,15 @@ void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool ye
     saveNewPresetOverlay_.setHidden(true);
     return;
   }
-  const std::shared_ptr<Preset> selected = library_.selected();
-  const auto* user = dynamic_cast<const UserPreset*>(selected.get());
-  if (yes && user && delegate) delegate->deletePreset(*user);
-  if (self) confirmOverlay_.setHidden(true);
+  if (yes && delegate) delegate->deletePresets(asked_);
+  if (!self) return;
+  confirmOverlay_.setHidden(true);
+  list_.tableView().becomeFirstResponder();
+}
+
+bool PresetViewOverlay::isDialogOpen() const {
+  return !saveNewPresetOverlay_.isHidden() || !confirmOverlay_.isHidden() ||
+         !replaceOverlay_.isHidden();
 }
 
 bool PresetViewOverlay::closeDialog() {
@@ -254,6 +298,9 @@ bool PresetViewOverlay::closeDialog() {
 }
 
 void PresetViewOverlay::setHidden(bool hidden) {
+  const platform::Weak<PresetViewOverlay> self = this;
+  if (hidden && !isHidden() && delegate) delegate->endAudition(true);
+  if (!self) return;
   Control::setHidden(hidden);
   if (!hidden) {
     updateButtons();
@@ -270,12 +317,11 @@ void PresetViewOverlay::setHidden(bool hidden) {
 
 bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
   if (event.key == Key::escape) {
-    if (!closeDialog()) setHidden(true);
+    if (closeDialog() || (delegate && delegate->endAudition(false))) return true;
+    setHidden(true);
     return true;
   }
-  const bool dialogIsOpen = !saveNewPresetOverlay_.isHidden() || !confirmOverlay_.isHidden() ||
-                            !replaceOverlay_.isHidden();
-  if (dialogIsOpen || event.modifiers == platform::Modifiers::control) return false;
+  if (isDialogOpen() || event.modifiers == platform::Modifiers::control) return false;
   toolkit::TextField& field = searchBar_.textField();
   if (event.key == Key::up || event.key == Key::down) {
     list_.tableView().becomeFirstResponder();

@@ -28,12 +28,21 @@ class PresetViewOverlayDelegate {
   /// The path of the new preset, or none when it could not be saved.
   virtual std::optional<std::string> saveNewPreset(const std::string& name,
                                                    const std::vector<std::string>& categories) = 0;
+  /// The same for a preset that is to be called so; its file of the old name goes.
+  virtual std::optional<std::string> renamePreset(const UserPreset& preset, const std::string& name,
+                                                  const std::vector<std::string>& categories) = 0;
   /// Replaces the preset by the state as it is now.
   virtual void savePreset(const UserPreset& preset) = 0;
-  virtual void deletePreset(const UserPreset& preset) = 0;
+  virtual void deletePresets(const std::vector<std::shared_ptr<UserPreset>>& presets) = 0;
+  /// Let this preset be heard, until endAudition keeps it or goes back to what was there before.
+  virtual void presetAuditioned(const std::shared_ptr<Preset>& preset) = 0;
+  /// False when nothing was auditioned.
+  virtual bool endAudition(bool keeps) = 0;
   virtual void importPresets() = 0;
   virtual void exportPreset() = 0;
   virtual void presetViewOverlayDidHide() = 0;
+  /// Why it does not do what the user wants, in a sentence.
+  virtual void presetViewOverlayDidRefuse(const std::string& sentence) = 0;
 };
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and
@@ -80,6 +89,8 @@ class PresetViewOverlay : public toolkit::Control,
   kestroui::SimpleButton& exportButton() { return exportButton_; }
   /// The name panel is open to give the selected preset another name.
   bool isEdit() const { return isEdit_; }
+  /// It asks for a name or whether to do something.
+  bool isDialogOpen() const;
   /// Closes the dialog that is open, if one is.
   bool closeDialog();
 
@@ -87,6 +98,7 @@ class PresetViewOverlay : public toolkit::Control,
   void handleTouchDown(toolkit::Control& sender);
 
   void presetListDidSelect(const std::shared_ptr<Preset>& preset) override;
+  void presetListDidRestOn(const std::shared_ptr<Preset>& preset) override;
   void presetLibraryDidChange(Change change) override;
   void filterSelected(const std::optional<std::string>& filter) override;
   void searchTextChanged(const std::string& text) override;
@@ -103,7 +115,14 @@ class PresetViewOverlay : public toolkit::Control,
 
  private:
   void updateButtons();
+  /// The user's presets among those that are marked, or else the selected one if it is one.
+  std::vector<std::shared_ptr<UserPreset>> chosenPresets() const;
+  void openNamePanel(bool isEdit);
   void saveAs(const std::string& name);
+  /// The categories that the panel has chosen, and those of a preset that it does not offer.
+  std::vector<std::string> chosenCategories(const Preset* preset);
+  /// Why nothing can be saved under a name; empty when it can.
+  std::string whyNoName(const std::string& name) const;
   bool replacesAnother(const std::string& name) const;
   void layoutButtons(const platform::Rect& row);
 
@@ -129,6 +148,8 @@ class PresetViewOverlay : public toolkit::Control,
   SaveNewPresetOverlay saveNewPresetOverlay_;
   ConfirmOverlay confirmOverlay_;
   ConfirmOverlay replaceOverlay_;
+  /// What the open dialog is about, whatever is selected meanwhile.
+  std::vector<std::shared_ptr<UserPreset>> asked_;
   std::string nameToReplace_;
   bool isEdit_ = false;
 };

@@ -143,10 +143,12 @@ TEST_F(PresetLibraryTest, TheNearestNeighbourTakesThePlaceOfWhatGoes) {
   library.reload();
   library.setFilter({.bank = "USER"});
   const auto shown = library.shown();
-  EXPECT_EQ(library.neighbourShown(*shown[0]), shown[1]);
-  EXPECT_EQ(library.neighbourShown(*shown[2]), shown[1]);
+  EXPECT_EQ(library.neighbourShown(*shown[0], {}), shown[1]);
+  EXPECT_EQ(library.neighbourShown(*shown[0], {shown[0], shown[1]}), shown[2]);
+  EXPECT_EQ(library.neighbourShown(*shown[2], {shown[2], shown[1]}), shown[0]);
+  EXPECT_EQ(library.neighbourShown(*shown[1], shown), nullptr);
   library.setFilter({.searchText = "c"});
-  EXPECT_EQ(library.neighbourShown(*shown[2]), nullptr);
+  EXPECT_EQ(library.neighbourShown(*shown[2], {}), nullptr);
 }
 
 }  // namespace

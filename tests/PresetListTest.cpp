@@ -253,7 +253,7 @@ TEST_F(PresetNamingTest, BanksAndCategoriesAreThoseOfThePresets) {
               ElementsAre("ALL", "USER", "FAVOURITES", "User", "Coast", "BANK A"));
 }
 
-TEST_F(PresetNamingTest, SavingOverAPresetShowsItsNameAndDeletingItChoosesNone) {
+TEST_F(PresetNamingTest, SavingOverAPresetShowsItsNameAndDeletingItChoosesTheNext) {
   save("Foam");
   unit.setParameter("cutoff", 4321);
   editor.setPresetName("edited");
@@ -264,7 +264,8 @@ TEST_F(PresetNamingTest, SavingOverAPresetShowsItsNameAndDeletingItChoosesNone) 
   browser().setHidden(false);
   press(browser().deleteButton());
   press(browser().confirmOverlay().okButton());
-  EXPECT_EQ(editor.selectedPreset(), nullptr);
+  EXPECT_EQ(editor.currentPresetName(), "Init") << "its neighbour takes its place";
+  EXPECT_EQ(unit.currentPresetName(), "Init");
 }
 
 TEST_F(PresetNamingTest, AnEditorShowsNoMoreOfPresetsThanItHas) {

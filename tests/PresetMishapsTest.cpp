@@ -95,24 +95,25 @@ TEST_F(PresetMishapsTest, WhatOthersSaveAndDeleteIsThereWhenTheBrowserOpensAgain
   EXPECT_FALSE(browser().deleteButton().isEnabled());
 }
 
-TEST_F(PresetMishapsTest, ANameThatCannotBeAFileKeepsThePresetThatWasToBeRenamed) {
-  for (const std::string& name : {std::string(300, 'n'), std::string("a/b")}) {
-    printed.clear();
-    confirm(browser().editButton(), name);
-    EXPECT_THAT(printed, SizeIs(1)) << "why";
-    EXPECT_TRUE(browser().saveNewPresetOverlay().isHidden());
-    EXPECT_EQ(namesIn(presets()), Names{"Foam.synth"});
-    EXPECT_THAT(users(), ElementsAre("Foam"));
-    EXPECT_EQ(selected(), "Foam");
-  }
-  for (const char* name : {"", "  "}) {
-    printed.clear();
-    confirm(browser().editButton(), name);
-    EXPECT_FALSE(browser().saveNewPresetOverlay().isHidden()) << "it waits for a name";
-    EXPECT_EQ(namesIn(presets()), Names{"Foam.synth"});
-    EXPECT_THAT(printed, IsEmpty());
-    browser().closeDialog();
-  }
+TEST_F(PresetMishapsTest, ANameThatCannotBeAFilesIsRefusedWithTheReasonAndThePanelWaits) {
+  const struct {
+    std::string name;
+    const char* why;
+  } cases[] = {{std::string(300, 'n'), "that long"},
+               {"AC/DC", "cannot hold \u201c/\u201d"},
+               {"", "needs a name"},
+               {"  ", "needs a name"}};
+  for (const auto& [name, why] : cases)
+    for (auto* button : {&browser().editButton(), &browser().saveNewButton()}) {
+      confirm(*button, name);
+      EXPECT_THAT(editor.noticeView().text(), HasSubstr(why));
+      EXPECT_FALSE(browser().saveNewPresetOverlay().isHidden());
+      EXPECT_EQ(browser().saveNewPresetOverlay().textField().text(), name);
+      browser().closeDialog();
+    }
+  EXPECT_EQ(namesIn(presets()), Names{"Foam.synth"});
+  EXPECT_EQ(selected(), "Foam");
+  EXPECT_EQ(orvane::FavPresetsStore::favouritePresets.size(), 1u) << "Foam's alone";
 }
 
 TEST_F(PresetMishapsTest, ARenameToANameThatExistsAsksAndNoKeepsBoth) {

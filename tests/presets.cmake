@@ -6,6 +6,7 @@ orvane_add_tests(presets
     PresetManagerTest.cpp
     PresetMishapsTest.cpp
     PresetProcessesTest.cpp
+    PresetSessionTest.cpp
     PresetTransferTest.cpp
     PresetTrashTest.cpp
   DEPENDS orvane::headless orvane::orvane orvane::quillon orvane::toolkit orvane::foundation)

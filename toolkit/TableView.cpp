@@ -47,6 +47,9 @@ void TableView::refillCells() {
 void TableView::measure() {
   // Rows may be a share of the table's height.
   if (!needsMeasure_ && measuredHeight_ == bounds().height) return;
+  // Whoever sees the selected row goes on seeing it, at any height of the rows.
+  const bool keepsSelected = !needsMeasure_ && selected_ && isInSight(*selected_, measuredHeight_);
+  const double rowHeight = sections_.empty() ? 0 : sections_.front().rowHeight;
   needsMeasure_ = false;
   measuredHeight_ = bounds().height;
   sections_.clear();
@@ -62,7 +65,11 @@ void TableView::measure() {
       sections_.push_back(section);
     }
   }
+  const double offset = contentOffset();
   setContentHeight(sections_.empty() ? 0 : sections_.back().bottom());
+  if (rowHeight > 0 && !sections_.empty())
+    setContentOffset(offset * sections_.front().rowHeight / rowHeight);
+  if (keepsSelected && !isInSight(*selected_, bounds().height)) centre(*selected_);
   setNeedsDisplay();
 }
 
@@ -136,15 +143,28 @@ void TableView::deselectRow(IndexPath row) {
 void TableView::scrollToRow(IndexPath row, ScrollPosition position) {
   measure();
   if (!isRow(row) || position == ScrollPosition::none) return;
-  centre(row);
+  if (position == ScrollPosition::middle || !isInSight(row, bounds().height)) centre(row);
   // A table that is about to be shown gets its size with the next frame.
   toCentre_ = row;
+  toCentreBy_ = position;
   setNeedsDisplay();
 }
 
 void TableView::centre(IndexPath row) {
   const Rect rect = rectForRow(row);
   setContentOffset(rect.y - (bounds().height - rect.height) / 2);
+}
+
+bool TableView::isInSight(IndexPath row, double height) const {
+  const Section& section = sections_[static_cast<std::size_t>(row.section)];
+  const double top = section.rowTop(row.row);
+  return top - section.headerHeight >= contentOffset() - 0.5 &&
+         top + section.rowHeight <= contentOffset() + height + 0.5;
+}
+
+void TableView::scrollRectToVisible(const Rect& rect) {
+  toCentre_ = std::nullopt;
+  ScrollView::scrollRectToVisible(rect);
 }
 
 void TableView::chooseRow(IndexPath row) {
@@ -176,6 +196,7 @@ void TableView::moveFocus(int rows) {
   const std::optional<IndexPath> from = focused_ ? focused_ : selected_;
   const int start = from ? flatIndex(*from) : rows > 0 ? -1 : count;
   setFocusedRow(rowOfFlatIndex(std::clamp(start + rows, 0, count - 1)));
+  if (focused_ && source_) source_->didFocusRowAt(*this, *focused_);
 }
 
 bool TableView::keyPressed(const KeyEvent& event) {
@@ -250,7 +271,8 @@ void TableView::updateCellStates() {
 
 void TableView::draw(const Rect& rect) {
   measure();
-  if (const auto row = std::exchange(toCentre_, std::nullopt); row && isRow(*row)) centre(*row);
+  if (const auto row = std::exchange(toCentre_, std::nullopt); row && isRow(*row))
+    if (toCentreBy_ == ScrollPosition::middle || !isInSight(*row, bounds().height)) centre(*row);
   ScrollView::draw(rect);
   rowViews_.setFrame(bounds());
   headerViews_.setFrame(bounds());

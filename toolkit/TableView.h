@@ -46,6 +46,8 @@ class TableViewSource {
   /// The user has chosen a row: by a tap, or by Return on the row that the arrow keys have reached.
   virtual void didSelectRowAt(TableView&, IndexPath) {}
   virtual void didDeselectRowAt(TableView&, IndexPath) {}
+  /// The arrow keys have reached a row.
+  virtual void didFocusRowAt(TableView&, IndexPath) {}
 };
 
 /// Rows in sections, of which only those in sight have a cell. Headers stay at the top while their
@@ -53,7 +55,12 @@ class TableViewSource {
 /// chooses. User-interface thread only.
 class TableView : public ScrollView {
  public:
-  enum class ScrollPosition { none, middle };
+  enum class ScrollPosition {
+    none,
+    /// A row in sight stays where it is, another one comes to the middle.
+    intoSight,
+    middle,
+  };
 
   TableView();
   ~TableView() override;
@@ -81,6 +88,8 @@ class TableView : public ScrollView {
   void selectRow(std::optional<IndexPath> row, ScrollPosition position = ScrollPosition::none);
   void deselectRow(IndexPath row);
   void scrollToRow(IndexPath row, ScrollPosition position);
+  /// The shortest way, in place of what was asked for before.
+  void scrollRectToVisible(const platform::Rect& rect);
   /// As if the user had tapped it: tells the source.
   void chooseRow(IndexPath row);
   /// The row that the arrow keys have reached, or none.
@@ -141,6 +150,8 @@ class TableView : public ScrollView {
   std::unique_ptr<View> makeHeader(int section);
   bool isOnHeader(platform::Point place) const;
   void centre(IndexPath row);
+  /// Whole, and below the header that floats.
+  bool isInSight(IndexPath row, double height) const;
   void setFocusedRow(std::optional<IndexPath> row);
   void updateCellStates();
 
@@ -152,8 +163,9 @@ class TableView : public ScrollView {
   View rowViews_;
   View headerViews_;
   std::optional<IndexPath> selected_, focused_, pressed_;
-  /// Was brought to the middle before the table had its present size.
+  /// Was brought into sight before the table had its present size.
   std::optional<IndexPath> toCentre_;
+  ScrollPosition toCentreBy_ = ScrollPosition::middle;
   double measuredHeight_ = -1;
   bool needsMeasure_ = true;
   platform::Color headerBackground_ = platform::Color::black();

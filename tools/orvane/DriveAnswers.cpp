@@ -120,6 +120,9 @@ void DriveSession::state(const Words&, Json& answer) {
           {{"class", name}, {"text", button->title()}, {"enabled", button->isEnabled()}});
   });
   answer["overlays"] = std::move(overlays);
+  answer["modified"] = host_.editor().presetLibrary().isModified();
+  const std::string notice = host_.editor().noticeView().text();
+  answer["notice"] = notice.empty() ? Json() : Json(oneLine(notice));
   answer["buttons"] = std::move(buttons);
 }
 

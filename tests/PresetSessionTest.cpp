@@ -1,0 +1,213 @@
+// A preset that is heard, changed, saved and deleted, and what of it can be taken back.
+
+#include <gmock/gmock.h>
+
+#include "tests/support/PresetBench.h"
+#include "tests/support/TestEditor.h"
+
+namespace {
+
+using orvane::PresetSession;
+using support::namesIn;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Names = std::set<std::string>;
+using Verdict = PresetSession::Verdict;
+
+class Editor : public support::TestController {
+ public:
+  Editor() : TestController(std::make_shared<support::GivenDesign>()) {}
+  std::string groupBundleId() override { return "group.test"; }
+  std::vector<std::string> categories() override { return {"Bass", "Lead"}; }
+};
+
+class PresetSessionTest : public support::PresetBench {
+ protected:
+  PresetSessionTest() {
+    editor.setAudioUnit(&unit);
+    window.show(editor);
+    loop.runDue();
+    for (const auto& [name, cutoff] : {std::pair{"Alpha", 100}, {"Beta", 200}, {"Gamma", 300}}) {
+      set(static_cast<float>(cutoff));
+      session.saveNew(name, {"Bass"});
+    }
+    choose("Alpha");
+  }
+  void set(float cutoff) {
+    unit.setParameter("cutoff", cutoff);
+    loop.runDue();
+  }
+  float cutoff() { return unit.parameter("cutoff")->value(); }
+  std::shared_ptr<orvane::UserPreset> named(const std::string& name) {
+    return std::dynamic_pointer_cast<orvane::UserPreset>(library.userPresetNamed(name));
+  }
+  void choose(const std::string& name) {
+    editor.selectPreset(named(name));
+    loop.runDue();
+  }
+  std::string selected() { return library.selected() ? library.selected()->name : "none"; }
+  std::string presets() { return folder / "data/Presets"; }
+  std::string notice() { return editor.noticeView().text(); }
+  void pressUndo() {
+    editor.noticeView().button().sendActions(toolkit::ControlEvent::touchDown);
+    loop.runDue();
+  }
+
+  Editor editor;
+  support::EditorWindow window{{800, 600}};
+  PresetSession& session = editor.presetSession();
+  orvane::PresetLibrary& library = editor.presetLibrary();
+};
+
+TEST_F(PresetSessionTest, APresetIsMarkedWhileItsSoundIsNotWhatItHasStored) {
+  EXPECT_FALSE(editor.menuBar().isPresetModified());
+  set(150);
+  EXPECT_TRUE(editor.menuBar().isPresetModified());
+  set(100);
+  EXPECT_FALSE(editor.menuBar().isPresetModified()) << "it is as it was";
+  set(150);
+  session.revert();
+  loop.runDue();
+  EXPECT_EQ(cutoff(), 100);
+  EXPECT_FALSE(editor.menuBar().isPresetModified());
+  set(160);
+  session.save(*named("Alpha"), {"bass"});
+  EXPECT_FALSE(editor.menuBar().isPresetModified());
+  set(170);
+  unit.setCurrentPreset(3);
+  loop.runDue();
+  EXPECT_FALSE(editor.menuBar().isPresetModified()) << "the host has loaded another one";
+  EXPECT_EQ(selected(), "Init");
+  EXPECT_EQ(editor.menuBar().presetName(), "Init");
+}
+
+TEST_F(PresetSessionTest, LeavingAChangedPresetCanBeTakenBack) {
+  choose("Beta");
+  EXPECT_THAT(notice(), IsEmpty()) << "nothing is lost";
+  set(250);
+  choose("Gamma");
+  EXPECT_THAT(notice(), HasSubstr("\u201cBeta\u201d was changed and not saved."));
+  pressUndo();
+  EXPECT_EQ(cutoff(), 250);
+  EXPECT_EQ(selected(), "Beta");
+  EXPECT_TRUE(editor.menuBar().isPresetModified());
+  EXPECT_EQ(editor.menuBar().presetName(), "Beta");
+  set(200);
+  EXPECT_FALSE(editor.menuBar().isPresetModified()) << "as Beta has it stored";
+}
+
+TEST_F(PresetSessionTest, WhatIsAuditionedGivesWayOrStays) {
+  set(110);
+  for (const Verdict verdict : {Verdict::goBack, Verdict::keep}) {
+    session.audition(named("Beta"));
+    loop.runDue();
+    session.audition(named("Gamma"));
+    loop.runDue();
+    EXPECT_EQ(cutoff(), 300);
+    EXPECT_EQ(selected(), "Gamma");
+    EXPECT_TRUE(session.isAuditioning());
+    session.endAudition(verdict);
+    loop.runDue();
+    if (verdict == Verdict::keep) break;
+    EXPECT_EQ(cutoff(), 110);
+    EXPECT_EQ(selected(), "Alpha");
+    EXPECT_TRUE(library.isModified());
+  }
+  EXPECT_EQ(selected(), "Gamma");
+  session.undo();
+  EXPECT_EQ(cutoff(), 110) << "the changed sound that was left for it";
+}
+
+TEST_F(PresetSessionTest, DeletingSelectsTheNeighbourAndCanBeTakenBack) {
+  orvane::PresetLibrary::setFavourite(*named("Alpha"), true);
+  session.remove({named("Alpha"), named("Beta")});
+  EXPECT_EQ(namesIn(presets()), Names{"Gamma.synth"});
+  EXPECT_EQ(selected(), "Gamma");
+  EXPECT_EQ(cutoff(), 300);
+  EXPECT_EQ(notice(), "2 presets were deleted.");
+  pressUndo();
+  EXPECT_EQ(namesIn(presets()), (Names{"Alpha.synth", "Beta.synth", "Gamma.synth"}));
+  EXPECT_TRUE(named("Alpha")->isFavourite);
+  session.remove({named("Gamma")});
+  EXPECT_EQ(notice(), "\u201cGamma\u201d was deleted.");
+}
+
+TEST_F(PresetSessionTest, SavingAndRenamingCanBeTakenBackAndTheSoundStays) {
+  set(999);
+  session.save(*named("Alpha"), {"bass"});
+  EXPECT_EQ(notice(), "\u201cAlpha\u201d was saved over.");
+  pressUndo();
+  EXPECT_EQ(cutoff(), 999);
+  EXPECT_TRUE(library.isModified());
+  session.revert();
+  EXPECT_EQ(cutoff(), 100);
+  session.rename(*named("Alpha"), "Omega", {"Lead"});
+  EXPECT_EQ(namesIn(presets()), (Names{"Beta.synth", "Gamma.synth", "Omega.synth"}));
+  pressUndo();
+  EXPECT_EQ(namesIn(presets()), (Names{"Alpha.synth", "Beta.synth", "Gamma.synth"}));
+  EXPECT_THAT(named("Alpha")->categories, ElementsAre("bass"));
+}
+
+TEST_F(PresetSessionTest, TheArrowsGoOnPastWhatIsNoPresetAndSayNothingIsLost) {
+  folder.write("data/Presets/Beta notes.txt", "to do");
+  folder.write("data/Presets/.DS_Store", "x");
+  std::filesystem::create_directory(presets() + "/Old sounds");
+  library.reload();
+  std::vector<std::string> walked;
+  for (int i = 0; i < 4; ++i) {
+    editor.menuBar().onPresetArrow(editor.menuBar().arrowRight());
+    loop.runDue();
+    walked.push_back(selected());
+  }
+  EXPECT_THAT(walked, ElementsAre("Beta", "Gamma", "Init", "Alpha"));
+  editor.menuBar().onPresetArrow(editor.menuBar().arrowLeft());
+  EXPECT_EQ(selected(), "Init");
+  editor.selectPreset(library.userPresetNamed("Beta notes"));
+  EXPECT_EQ(selected(), "Init");
+  EXPECT_THAT(notice(), HasSubstr("Beta notes"));
+}
+
+TEST_F(PresetSessionTest, ADialogIsAboutThePresetThatItAskedFor) {
+  auto& browser = editor.overlaysView().presetViewOverlay();
+  browser.setHidden(false);
+  choose("Beta");
+  browser.handleTouchDown(browser.deleteButton());
+  EXPECT_EQ(browser.confirmOverlay().subject(), "Beta");
+  editor.menuBar().onPresetArrow(editor.menuBar().arrowRight());
+  EXPECT_EQ(selected(), "Beta");
+  unit.setCurrentPreset(3);
+  loop.runDue();
+  EXPECT_EQ(selected(), "Init") << "the host may";
+  browser.confirmOverlay().handleTouchDown(browser.confirmOverlay().okButton());
+  EXPECT_EQ(namesIn(presets()), (Names{"Alpha.synth", "Gamma.synth"}));
+  EXPECT_EQ(selected(), "Init");
+  choose("Alpha");
+  browser.handleTouchDown(browser.editButton());
+  unit.setCurrentPreset(3);
+  loop.runDue();
+  browser.saveNewPresetOverlay().textField().setText("Omega");
+  browser.saveNewPresetOverlay().handleTouchDown(browser.saveNewPresetOverlay().okButton());
+  EXPECT_EQ(namesIn(presets()), (Names{"Gamma.synth", "Omega.synth"}));
+}
+
+TEST_F(PresetSessionTest, CategoriesAreThoseOfThePresetAtHand) {
+  auto& browser = editor.overlaysView().presetViewOverlay();
+  auto& panel = browser.saveNewPresetOverlay();
+  browser.setHidden(false);
+  session.save(*named("Alpha"), {"Bass", "Vintage"});
+  browser.handleTouchDown(browser.editButton());
+  EXPECT_THAT(panel.categorySelector().selectedValues(), ElementsAre("Bass"));
+  panel.handleTouchDown(panel.okButton());
+  EXPECT_THAT(named("Alpha")->categories, ElementsAre("bass", "vintage"))
+      << "also what the panel does not offer";
+  browser.handleTouchDown(browser.saveNewButton());
+  EXPECT_THAT(panel.categorySelector().selectedValues(), IsEmpty()) << "not the last one's";
+  panel.textField().setText("New");
+  panel.categorySelector().setSelectedValues({"Lead"});
+  panel.handleTouchDown(panel.okButton());
+  browser.handleTouchDown(browser.saveButton());
+  EXPECT_THAT(named("New")->categories, ElementsAre("lead")) << "saved over, they stay";
+}
+
+}  // namespace
