@@ -31,6 +31,8 @@ namespace {
 constexpr std::uint64_t maxFileSize = std::uint64_t{256} << 20;
 /// Folders that are worth keeping a listing of, and how many of them.
 constexpr std::size_t minKept = 200, maxListings = 4;
+/// Entries of one that are looked at each time.
+constexpr std::size_t maxUnwatched = 50;
 constexpr int maxLinks = 40;
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
@@ -115,10 +117,11 @@ int openRegular(const std::string& path, struct stat& status, int& errorNumber) 
 
 LocalFileManager::LocalFileManager(std::string groups, Groups kind,
                                    std::shared_ptr<platform::CloudStorage> cloud,
-                                   std::string temporary)
+                                   std::string temporary, std::chrono::milliseconds maxListingAge)
     : groups_(std::move(groups)),
       kind_(kind),
       cloud_(std::move(cloud)),
+      maxListingAge_(maxListingAge),
       temporary_(std::move(temporary)) {}
 
 std::string LocalFileManager::usersDataFolder() {
@@ -148,34 +151,59 @@ std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory
     const std::lock_guard lock(mutex_);
     const auto found = listings_.find(path);
     if (found != listings_.end()) {
-      if (!found->second.watch->mayHaveChanged()) return found->second.entries;
+      if (found->second.isUpToDate(path, maxListingAge_)) return found->second.entries;
       listings_.erase(found);
     }
   }
-  auto watch = std::make_unique<FolderWatch>(path);
-  DIR* const directory = ::opendir(path.c_str());
+  const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(path.c_str()), ::closedir);
   if (!directory) return std::nullopt;
-  std::vector<DirectoryEntry> entries;
-  // What has other names changes without news from this folder.
-  bool canBeKept = true;
-  while (const dirent* found = ::readdir(directory)) {
-    std::string name = found->d_name;
+  Listing listing;
+  while (const dirent* found = ::readdir(directory.get())) {
+    const std::string name = found->d_name;
     if (name == "." || name == ".." || SafeFile::isUnfinished(name)) continue;
-    struct stat status {};
-    // A link to nowhere is listed as well.
-    if (::fstatat(::dirfd(directory), name.c_str(), &status, 0) != 0 &&
-        ::fstatat(::dirfd(directory), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-      continue;
-    canBeKept = canBeKept && found->d_type == DT_REG && status.st_nlink == 1;
-    entries.push_back({std::move(name), S_ISDIR(status.st_mode) != 0, stampOf(status)});
+    listing.look(::dirfd(directory.get()), name, listing.entries.end());
+    if (listing.watch || listing.entries.size() < minKept) continue;
+    // What was seen until now may have changed before it was watched.
+    listing = {std::make_unique<FolderWatch>(path)};
+    ::rewinddir(directory.get());
   }
-  ::closedir(directory);
-  if (canBeKept && entries.size() >= minKept) {
-    const std::lock_guard lock(mutex_);
-    if (listings_.size() >= maxListings) listings_.clear();
-    listings_[path] = {std::move(watch), entries};
+  if (!listing.watch || listing.unwatched.size() > maxUnwatched) return std::move(listing.entries);
+  const std::lock_guard lock(mutex_);
+  if (listings_.size() >= maxListings) listings_.clear();
+  return (listings_[path] = std::move(listing)).entries;
+}
+
+void LocalFileManager::Listing::look(int folder, const std::string& name, Entries::iterator place) {
+  struct stat link {
+  }, status{};
+  if (::fstatat(folder, name.c_str(), &link, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (place != entries.end()) entries.erase(place);
+    return;
   }
-  return entries;
+  // A link to nowhere is listed as well.
+  if (!S_ISLNK(link.st_mode) || ::fstatat(folder, name.c_str(), &status, 0) != 0) status = link;
+  if (!S_ISREG(link.st_mode) || link.st_nlink != 1) unwatched.insert(name);
+  if (place == entries.end()) place = entries.insert(place, DirectoryEntry{name, false, {}});
+  place->isDirectory = S_ISDIR(status.st_mode) != 0;
+  place->stamp = stampOf(status);
+}
+
+bool LocalFileManager::Listing::isUpToDate(const std::string& folder,
+                                           std::chrono::milliseconds maxAge) {
+  if (std::chrono::steady_clock::now() - made > maxAge) return false;
+  const auto changes = watch->changes();
+  if (!changes) return false;
+  std::set<std::string> names = std::exchange(unwatched, {});
+  names.insert(changes->begin(), changes->end());
+  if (names.empty()) return true;
+  const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
+  if (descriptor.get() < 0) return false;
+  for (const std::string& name : names)
+    if (!SafeFile::isUnfinished(name))
+      look(descriptor.get(), name,
+           std::find_if(entries.begin(), entries.end(),
+                        [&](const DirectoryEntry& each) { return each.name == name; }));
+  return true;
 }
 
 std::optional<FileStatus> LocalFileManager::status(const std::string& path, Links links) {

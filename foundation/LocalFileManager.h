@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 
 #include "foundation/FolderWatch.h"
@@ -16,10 +18,13 @@ class LocalFileManager : public platform::FileManager {
   enum class Groups { eachItsOwn, oneForAll };
 
   /// `groups` holds a folder for each app group, or is the one container of all of them; empty for
-  /// none. `temporary` ends in "/"; when it is empty, there is one of the user's own.
+  /// none. `temporary` ends in "/"; when it is empty, there is one of the user's own. A listing of a
+  /// large folder may rest on news of it for `maxListingAge`: some changes make none, such as those
+  /// through another name that a file has got elsewhere.
   explicit LocalFileManager(std::string groups, Groups kind = Groups::eachItsOwn,
                             std::shared_ptr<platform::CloudStorage> cloud = nullptr,
-                            std::string temporary = {});
+                            std::string temporary = {},
+                            std::chrono::milliseconds maxListingAge = std::chrono::minutes(1));
 
   /// Where the user's programs keep their data, for plug-ins of this family; empty when the user
   /// has no home.
@@ -45,10 +50,20 @@ class LocalFileManager : public platform::FileManager {
   Error write(std::span<const std::uint8_t> bytes, const std::string& path) override;
 
  private:
-  /// A large folder as it was listed last, while nothing in it has changed.
+  /// A large folder as it was listed last.
   struct Listing {
-    std::unique_ptr<FolderWatch> watch;
-    std::vector<platform::DirectoryEntry> entries;
+    using Entries = std::vector<platform::DirectoryEntry>;
+
+    /// Brings the entry at `place`, or a new one at the end, up to date.
+    void look(int folder, const std::string& name, Entries::iterator place);
+    /// Follows the news of single files; false when there is more to follow.
+    bool isUpToDate(const std::string& folder, std::chrono::milliseconds maxAge);
+
+    std::unique_ptr<FolderWatch> watch{};
+    Entries entries{};
+    /// What changes without news from this folder: folders, links and files of several names.
+    std::set<std::string> unwatched{};
+    std::chrono::steady_clock::time_point made = std::chrono::steady_clock::now();
   };
 
   Error copyFile(const std::string& from, const std::string& to);
@@ -57,6 +72,7 @@ class LocalFileManager : public platform::FileManager {
   const std::string groups_;
   const Groups kind_;
   const std::shared_ptr<platform::CloudStorage> cloud_;
+  const std::chrono::milliseconds maxListingAge_;
   std::mutex mutex_;
   std::string temporary_;
   /// By path.

@@ -2,11 +2,14 @@
 
 #include "foundation/LocalFileManager.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -360,7 +363,10 @@ TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
   folder.write("elsewhere", "new");
   change("through another name");
   std::filesystem::remove(folder / "elsewhere");
-  list();
+  std::filesystem::create_directory(folder / "in/many/sub");
+  change("a folder in it");
+  folder.write("in/many/sub/file", "");
+  change("a file in that folder");
   std::filesystem::rename(folder / "in/many", folder / "gone");
   std::filesystem::create_directory(folder / "in/many");
   folder.write("in/many/1", "");
@@ -374,7 +380,68 @@ TEST(LocalFileManagerTest, ALargeFolderIsListedAnewAfterAnyChange) {
 
 TEST(FolderWatchTest, TellsNothingOfAFolderThatMayChangeWithoutNews) {
   foundation::FolderWatch watch("/proc/self");
-  EXPECT_TRUE(watch.mayHaveChanged());
+  EXPECT_FALSE(watch.changes());
+}
+
+TEST(FolderWatchTest, EachWatchOfAFolderHasAllItsNews) {
+  const TemporaryFolder folder;
+  foundation::FolderWatch first(folder.path());
+  folder.write("a", "");
+  auto second = std::make_unique<foundation::FolderWatch>(folder.path());
+  folder.write("b", "");
+  EXPECT_EQ(second->changes(), Names{"b"});
+  second.reset();
+  folder.write("c", "");
+  EXPECT_EQ(first.changes(), (Names{"a", "b", "c"}));
+  EXPECT_EQ(first.changes(), Names{});
+  for (int i = 0; i < 200; ++i) folder.write(std::to_string(i), "");
+  EXPECT_FALSE(first.changes()) << "better looked at whole";
+}
+
+TEST(FolderWatchTest, AForkedProcessTakesNoNewsAndListsWithoutAnyToo) {
+  const TemporaryFolder folder;
+  for (int i = 0; i < 300; ++i) folder.write("many/" + std::to_string(i), "");
+  LocalFileManager files("");
+  const auto count = [&] { return files.contentsOfDirectory(folder / "many")->size(); };
+  EXPECT_EQ(count(), 300u);
+  folder.write("many/more", "");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    bool isRight = count() == 301;
+    // Not even one more file can be open than a listing needs.
+    const int free = ::open("/", O_RDONLY);
+    ::close(free);
+    const rlimit limit{static_cast<rlim_t>(free) + 1, static_cast<rlim_t>(free) + 1};
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    LocalFileManager poor("");
+    for (std::size_t expected : {301u, 300u}) {
+      const auto listed = poor.contentsOfDirectory(folder / "many");
+      isRight = isRight && listed && listed->size() == expected;
+      ::unlink((folder / "many/7").c_str());
+    }
+    ::_exit(isRight ? 0 : 1);
+  }
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(count(), 300u) << "of both files there was news";
+}
+
+TEST(LocalFileManagerTest, WhatMakesNoNewsIsSeenWhenTheListingIsOld) {
+  const TemporaryFolder folder;
+  for (int i = 0; i < 300; ++i) folder.write("many/" + std::to_string(i), "old");
+  const auto list = [&](LocalFileManager& files) {
+    std::map<std::string, platform::FileStamp> stamps;
+    const auto listed = files.contentsOfDirectory(folder / "many");
+    for (const auto& entry : *listed) stamps[entry.name] = entry.stamp;
+    return stamps;
+  };
+  using Kind = LocalFileManager::Groups;
+  LocalFileManager soon("", Kind::eachItsOwn, nullptr, "", std::chrono::milliseconds(0));
+  const auto before = list(soon);
+  std::filesystem::create_hard_link(folder / "many/7", folder / "elsewhere");
+  std::ofstream(folder / "elsewhere") << "new and longer";
+  EXPECT_NE(list(soon).at("7"), before.at("7"));
 }
 
 TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
