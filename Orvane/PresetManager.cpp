@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <span>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "Orvane/FavPresetsStore.h"
@@ -24,6 +26,8 @@ using platform::PropertyList;
 namespace {
 
 constexpr const char* presetsFolder = "/Presets";
+/// Where a file of the last listing is looked for before it is looked up.
+constexpr std::size_t nearPlaces = 8;
 
 std::span<const std::uint8_t> bytesOf(const std::string& text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
@@ -89,37 +93,73 @@ void PresetManager::createPresetDirectories() {
 
 std::vector<std::shared_ptr<UserPreset>> PresetManager::getUserPresets() {
   std::vector<std::shared_ptr<UserPreset>> presets;
-  ++listings_;
-  const auto cloudFolder = iCloudPresetPath();
-  for (const auto& folder : {localPresetPath(), cloudFolder}) {
-    const auto entries = folder ? fileManager_.contentsOfDirectory(*folder) : std::nullopt;
-    if (!entries) continue;
-    const bool isICloud = folder == cloudFolder;
-    const auto* unit = audioUnit.get();
-    if (isICloud && !unit) continue;
-    const std::string extension = unit ? unit->presetExtension() : std::string();
-    presets.reserve(presets.size() + entries->size());
-    for (const auto& entry : *entries) {
-      if (isICloud && platform::pathExtension(entry.name) != extension) continue;
-      std::string url = *folder + '/' + entry.name;
-      Known& known = known_[url];
-      const bool isUnchanged = known.preset && known.stamp == entry.stamp;
-      if (!isUnchanged || (!known.isRead && !entry.isDirectory)) {
-        auto categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
-        known.isRead = categories.has_value();
-        if (!isUnchanged || (categories && *categories != known.preset->categories)) {
-          known.stamp = entry.stamp;
-          known.preset = std::make_shared<UserPreset>(url, isICloud);
-          known.preset->categories = std::move(categories).value_or(std::vector<std::string>());
-        }
-      }
-      known.listing = listings_;
-      presets.push_back(known.preset);
-    }
-  }
-  if (known_.size() > presets.size())
-    std::erase_if(known_, [this](const auto& each) { return each.second.listing != listings_; });
+  const auto local = localPresetPath(), cloud = iCloudPresetPath();
+  const auto follow = [&](KnownFolder& folder, const std::optional<std::string>& path) {
+    if (&folder == &cloud_ && !path && !folder.path.empty())
+      report("The cloud's folder is not there any more; presets are saved on this computer");
+    if (!path || folder.path != *path) folder = {path.value_or(""), {}};
+    if (path) list(folder, path == cloud, presets);
+  };
+  follow(local_, local);
+  follow(cloud_, cloud);
   return presets;
+}
+
+void PresetManager::list(KnownFolder& folder, bool isICloud,
+                         std::vector<std::shared_ptr<UserPreset>>& presets) {
+  const auto* unit = audioUnit.get();
+  if (isICloud && !unit) return;
+  auto entries = fileManager_.contentsOfDirectory(folder.path);
+  if (isICloud && !folder.files.empty() && (!entries || entries->empty()))
+    report("The cloud's presets are not there any more; perhaps it is being set up anew");
+  if (!entries) {
+    folder.files.clear();
+    return;
+  }
+  const std::string extension = unit ? unit->presetExtension() : std::string();
+  std::vector<Known> before = std::exchange(folder.files, {});
+  folder.files.reserve(entries->size());
+  presets.reserve(presets.size() + entries->size());
+  // Most files stand where they stood, or a few places before it; the others are looked up.
+  std::size_t next = 0;
+  std::unordered_map<std::string_view, std::size_t> places;
+  const auto known = [&](const std::string& name) -> Known* {
+    for (std::size_t place = next; place < std::min(next + nearPlaces, before.size()); ++place)
+      if (before[place].name == name) {
+        next = place + 1;
+        return &before[place];
+      }
+    if (next < before.size() && places.empty())
+      for (std::size_t place = 0; place < before.size(); ++place)
+        if (before[place].preset) places.emplace(before[place].name, place);
+    const auto found = places.find(name);
+    return found == places.end() ? nullptr : &before[found->second];
+  };
+  for (auto& entry : *entries) {
+    if (isICloud && platform::pathExtension(entry.name) != extension) continue;
+    Known* const old = known(entry.name);
+    Known now;
+    if (old) {
+      // Its name may still be looked up.
+      now.stamp = old->stamp;
+      now.isRead = old->isRead;
+      now.preset = std::move(old->preset);
+    }
+    const bool isUnchanged = now.preset && now.stamp == entry.stamp;
+    if (!isUnchanged || (!now.isRead && !entry.isDirectory)) {
+      const std::string url = folder.path + '/' + entry.name;
+      auto categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
+      now.isRead = categories.has_value();
+      if (!isUnchanged || (categories && *categories != now.preset->categories)) {
+        now.stamp = entry.stamp;
+        now.preset = std::make_shared<UserPreset>(url, isICloud);
+        now.preset->categories = std::move(categories).value_or(std::vector<std::string>());
+      }
+    }
+    now.name = std::move(entry.name);
+    presets.push_back(now.preset);
+    folder.files.push_back(std::move(now));
+  }
 }
 
 // Loading
@@ -306,6 +346,8 @@ std::optional<PresetUndo::Step> PresetManager::moveToTrash(const std::string& ur
     report(error.localizedDescription);
     return std::nullopt;
   }
+  // That it is missing is no surprise.
+  std::erase_if(cloud_.files, [&](const Known& file) { return file.preset->url == url; });
   return PresetUndo::Step{
       .change = PresetUndo::Step::Change::deleted, .url = url, .kept = std::move(*kept)};
 }

@@ -3,7 +3,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "Orvane/ICloudManager.h"
@@ -118,15 +117,21 @@ class PresetManager : public platform::WeakTarget {
   platform::Weak<KestroAUViewController> viewController;
 
  private:
+  /// A file of the last listing.
   struct Known {
+    std::string name;
     platform::FileStamp stamp;
     /// False for a file that could not be read just then.
     bool isRead = false;
     std::shared_ptr<UserPreset> preset;
-    /// Of the listing that saw it last.
-    unsigned listing = 0;
+  };
+  /// A folder of presets as it was listed last, in the order of the file system.
+  struct KnownFolder {
+    std::string path;
+    std::vector<Known> files;
   };
 
+  void list(KnownFolder& folder, bool isICloud, std::vector<std::shared_ptr<UserPreset>>& presets);
   std::optional<std::string> newPresetFolder() const;
   void createFolder(const std::string& path);
   /// The path for a file of this name: that of a file whose name reads the same, if there is one.
@@ -147,9 +152,7 @@ class PresetManager : public platform::WeakTarget {
 
   platform::FileManager& fileManager_;
   ICloudManager iCloudManager_;
-  /// What the files of the last listing held, by path.
-  std::unordered_map<std::string, Known> known_;
-  unsigned listings_ = 0;
+  KnownFolder local_, cloud_;
   std::optional<PresetUndo> lastChange_;
 };
 

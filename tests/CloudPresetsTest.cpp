@@ -40,6 +40,24 @@ TEST_F(CloudPresetsTest, NewPresetsGoToTheCloudEvenBesideALocalOneOfTheirName) {
   EXPECT_THAT(printed, IsEmpty());
 }
 
+TEST_F(CloudPresetsTest, ACloudThatVanishesOrComesBackEmptyIsSaidOnce) {
+  const auto manager = makeManager();
+  for (const char* name : {"a", "b"}) manager->saveNew(name, {});
+  for (const auto& preset : manager->getUserPresets()) manager->deleteUserPreset(*preset);
+  EXPECT_THAT(namesOf(*manager), IsEmpty());
+  EXPECT_THAT(printed, IsEmpty()) << "the user did it";
+  manager->saveNew("c", {});
+  namesOf(*manager);
+  std::filesystem::rename(folder / "cloud/Documents", folder / "cloud/gone");
+  for (int i = 0; i < 2; ++i) EXPECT_THAT(namesOf(*manager), IsEmpty());
+  EXPECT_THAT(printed, ElementsAre(HasSubstr("presets are not there any more")));
+  std::filesystem::rename(folder / "cloud", folder / "away");
+  for (int i = 0; i < 2; ++i) EXPECT_THAT(namesOf(*manager), IsEmpty());
+  EXPECT_THAT(printed[1], HasSubstr("saved on this computer"));
+  EXPECT_EQ(manager->saveNew("d", {}), folder / "data/Presets/d.synth");
+  EXPECT_EQ(printed.size(), 2u);
+}
+
 TEST_F(CloudPresetsTest, InTheCloudOnlyTheAudioUnitsFilesAreListed) {
   const auto manager = makeManager();
   for (const char* name : {"a.synth", "b.SYNTH", "c.other", "d", "e.synth.icloud"})
