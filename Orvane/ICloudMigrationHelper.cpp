@@ -26,8 +26,7 @@ void moveFile(FileManager& files, const std::string& item, const std::optional<s
               const std::string& targetFolder) {
   FileManager::Error error;
   if (path) {
-    error = files.copyItem(*path, targetFolder + '/' + platform::lastPathComponent(*path));
-    if (!error) error = files.removeItem(*path);
+    error = files.moveItem(*path, targetFolder + '/' + platform::lastPathComponent(*path));
   } else {
     error.emplace().localizedDescription =
         '"' + platform::lastPathComponent(item) + "\" could not be downloaded";

@@ -15,6 +15,9 @@ FileManager& DefaultFileManager::current() {
   if (given) return *given;
   // Never destroyed: threads may still use it while the program ends.
   static auto& usersOwn = *new LocalFileManager(LocalFileManager::usersDataFolder());
+  static const struct AtExit {
+    ~AtExit() { usersOwn.removeTemporaryDirectory(); }
+  } atExit;
   return usersOwn;
 }
 

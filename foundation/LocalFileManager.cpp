@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -34,11 +35,15 @@ constexpr std::size_t minKept = 200, maxListings = 4;
 /// Entries of one that are looked at each time.
 constexpr std::size_t maxUnwatched = 50;
 constexpr int maxLinks = 40;
+constexpr std::chrono::hours temporaryAge{24};
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
+/// A folder, without "/" at its end: paths name presets, and have to be the same each time.
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
-  return value && value[0] == '/' ? value : "";
+  std::string folder = value && value[0] == '/' ? value : "";
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
 }
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -57,16 +62,39 @@ bool isPrivateFolder(const std::string& path) {
          status.st_uid == ::geteuid() && (status.st_mode & 022) == 0;
 }
 
+/// The process of a folder that makeTemporaryFolder has made, or 0.
+pid_t processOf(const std::string& name) {
+  const std::size_t dash = name.find('-');
+  return dash == name.npos ? 0 : static_cast<pid_t>(std::atol(name.substr(0, dash).c_str()));
+}
+
+/// What processes have left that were killed.
+void removeAbandoned(const std::string& folder) {
+  std::error_code error, ignored;
+  const auto now = fs::file_time_type::clock::now();
+  std::vector<fs::path> abandoned;
+  for (const auto& entry : fs::directory_iterator(folder, error)) {
+    const pid_t process = processOf(entry.path().filename());
+    // A process elsewhere, which cannot be seen from here, may still use its files.
+    if (process > 0 && ::kill(process, 0) != 0 && errno == ESRCH &&
+        now - entry.last_write_time(ignored) > temporaryAge)
+      abandoned.push_back(entry.path());
+  }
+  for (const fs::path& path : abandoned) fs::remove_all(path, ignored);
+}
+
+/// Of this process alone.
 std::string makeTemporaryFolder() {
   std::string parent = environment("TMPDIR");
   if (parent.empty()) parent = "/tmp";
-  std::string folder = parent + "/orvane-" + std::to_string(::geteuid());
-  ::mkdir(folder.c_str(), 0700);
-  if (!isPrivateFolder(folder)) {
-    folder = parent + "/orvane-XXXXXX";
-    if (!::mkdtemp(folder.data())) folder = parent;
+  const std::string user = parent + "/orvane-" + std::to_string(::geteuid());
+  ::mkdir(user.c_str(), 0700);
+  std::string folder = parent + "/orvane-XXXXXX";
+  if (isPrivateFolder(user)) {
+    removeAbandoned(user);
+    folder = user + '/' + std::to_string(::getpid()) + "-XXXXXX";
   }
-  return folder + '/';
+  return (::mkdtemp(folder.data()) ? folder : parent) + '/';
 }
 
 /// Closes what it opened.
@@ -83,6 +111,12 @@ class Descriptor {
  private:
   const int descriptor_;
 };
+
+/// Waits until all of a folder is on its disk.
+void waitForAll(const std::string& folder) {
+  const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
+  if (descriptor.get() >= 0) ::syncfs(descriptor.get());
+}
 
 /// What a path leads to when it is a link, or a link to a link, also when nothing is there; empty for
 /// links that lead in a circle.
@@ -142,6 +176,21 @@ std::string LocalFileManager::temporaryDirectory() {
   const std::lock_guard lock(mutex_);
   if (temporary_.empty()) temporary_ = makeTemporaryFolder();
   return temporary_;
+}
+
+void LocalFileManager::removeTemporaryDirectory() {
+  const std::lock_guard lock(mutex_);
+  std::error_code ignored;
+  // A forked process has its parent's in mind.
+  const std::string name = platform::lastPathComponent(temporary_);
+  if (processOf(name) == ::getpid()) fs::remove_all(temporary_, ignored);
+  temporary_.clear();
+}
+
+SafeFile::Lasting LocalFileManager::lastingOf(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  const bool isTemporary = !temporary_.empty() && path.starts_with(temporary_);
+  return isTemporary ? SafeFile::Lasting::inThisSession : SafeFile::Lasting::throughPowerCuts;
 }
 
 std::optional<std::vector<DirectoryEntry>> LocalFileManager::contentsOfDirectory(
@@ -251,7 +300,7 @@ Error LocalFileManager::copyFile(const std::string& from, const std::string& to)
   int errorNumber = 0;
   const Descriptor source(openRegular(from, status, errorNumber));
   if (source.get() < 0) return fileError(from, "copied", errorNumber);
-  SafeFile target(to, "copied");
+  SafeFile target(to, "copied", lastingOf(to));
   if (Error error = target.open()) return error;
   std::vector<std::uint8_t> block(blockSize);
   for (;;) {
@@ -277,7 +326,9 @@ Error LocalFileManager::copyFolder(const std::string& from, const std::string& t
     return fileError(to, "copied", "it lies within the folder that is copied");
   const std::string unfinished = folderOf(to) + '/' + SafeFile::unfinishedName();
   fs::copy(from, unfinished, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+  if (!error) waitForAll(unfinished);
   if (!error) fs::rename(unfinished, to, error);
+  if (!error) SafeFile::syncFolder(to);
   if (!error) return {};
   fs::remove_all(unfinished, ignored);
   return fileError(to, "copied", error.value());
@@ -300,8 +351,10 @@ Error LocalFileManager::moveItem(const std::string& from, const std::string& to)
   // come first.
   if (failed == EINVAL || failed == ENOSYS)
     failed = ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
-  if (failed == EXDEV && S_ISREG(source.st_mode)) {
-    if (Error error = copyFile(from, to)) return error;
+  if (failed == EXDEV) {
+    if (Error error = copyItem(from, to)) return error;
+    // Another disk may forget the copy that this one was removed for.
+    SafeFile::waitForFolder(to);
     return removeItem(from);
   }
   if (failed) return fileError(from, "moved", failed);
@@ -362,7 +415,7 @@ Error LocalFileManager::write(std::span<const std::uint8_t> bytes, const std::st
   if (::stat(real.c_str(), &there) == 0 &&
       ((there.st_mode & 0222) == 0 || (::access(real.c_str(), W_OK) != 0 && errno == EACCES)))
     return fileError(path, "saved", "the file is read-only");
-  SafeFile file(real, "saved");
+  SafeFile file(real, "saved", lastingOf(real));
   if (Error error = file.open()) return error;
   if (Error error = file.append(bytes)) return error;
   return file.commitReplacing();

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "foundation/FolderWatch.h"
+#include "foundation/SafeFile.h"
 #include "platform/FileManager.h"
 
 namespace foundation {
@@ -18,7 +19,7 @@ class LocalFileManager : public platform::FileManager {
   enum class Groups { eachItsOwn, oneForAll };
 
   /// `groups` holds a folder for each app group, or is the one container of all of them; empty for
-  /// none. `temporary` ends in "/"; when it is empty, there is one of the user's own. A listing of a
+  /// none. `temporary` ends in "/"; when it is empty, there is one of this process's own. A listing of a
   /// large folder may rest on news of it for `maxListingAge`: some changes make none, such as those
   /// through another name that a file has got elsewhere.
   explicit LocalFileManager(std::string groups, Groups kind = Groups::eachItsOwn,
@@ -32,7 +33,10 @@ class LocalFileManager : public platform::FileManager {
 
   std::optional<std::string> groupContainer(const std::string& groupIdentifier) override;
   std::shared_ptr<platform::CloudStorage> cloud() override { return cloud_; }
+  /// Made when it is first asked for.
   std::string temporaryDirectory() override;
+  /// With all that is in it, when it is one that this object has made.
+  void removeTemporaryDirectory();
 
   std::optional<std::vector<platform::DirectoryEntry>> contentsOfDirectory(
       const std::string& path) override;
@@ -66,6 +70,8 @@ class LocalFileManager : public platform::FileManager {
     std::chrono::steady_clock::time_point made = std::chrono::steady_clock::now();
   };
 
+  /// What is temporary need not outlive this session.
+  SafeFile::Lasting lastingOf(const std::string& path);
   Error copyFile(const std::string& from, const std::string& to);
   Error copyFolder(const std::string& from, const std::string& to);
 

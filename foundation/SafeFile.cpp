@@ -51,8 +51,8 @@ FileError fileError(std::string_view path, std::string_view verb, int errorNumbe
   return error;
 }
 
-SafeFile::SafeFile(std::string path, std::string verb)
-    : path_(std::move(path)), verb_(std::move(verb)) {}
+SafeFile::SafeFile(std::string path, std::string verb, Lasting lasting)
+    : path_(std::move(path)), verb_(std::move(verb)), lasting_(lasting) {}
 
 SafeFile::~SafeFile() {
   if (descriptor_ >= 0) ::close(descriptor_);
@@ -71,12 +71,14 @@ std::string SafeFile::unfinishedName() {
 }
 
 void SafeFile::syncFolder(const std::string& path) {
-  DispatchQueue::globalAsync([folder = folderOf(path)] {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-  });
+  DispatchQueue::globalAsync([path] { waitForFolder(path); });
+}
+
+void SafeFile::waitForFolder(const std::string& path) {
+  const int descriptor = ::open(folderOf(path).c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
+  if (descriptor < 0) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
 }
 
 Error SafeFile::failure(int errorNumber) const { return fileError(path_, verb_, errorNumber); }
@@ -106,7 +108,7 @@ Error SafeFile::append(std::span<const std::uint8_t> bytes) {
 }
 
 Error SafeFile::finishWriting() {
-  if (::fsync(descriptor_) != 0) return failure(errno);
+  if (lasting_ == Lasting::throughPowerCuts && ::fsync(descriptor_) != 0) return failure(errno);
   if (::close(std::exchange(descriptor_, -1)) != 0) return failure(errno);
   return {};
 }
@@ -119,7 +121,7 @@ Error SafeFile::commitReplacing() {
   if (Error error = finishWriting()) return error;
   if (::rename(temporary_.c_str(), path_.c_str()) != 0) return failure(errno);
   temporary_.clear();
-  syncFolder(path_);
+  if (lasting_ == Lasting::throughPowerCuts) syncFolder(path_);
   return {};
 }
 
@@ -136,7 +138,7 @@ Error SafeFile::commitNew() {
     return failure(errno);
   }
   temporary_.clear();
-  syncFolder(path_);
+  if (lasting_ == Lasting::throughPowerCuts) syncFolder(path_);
   return {};
 }
 

@@ -15,7 +15,8 @@ namespace foundation {
 class SafeFile {
  public:
   /// For a file that is to be at `path`; `verb` is for messages: "saved".
-  SafeFile(std::string path, std::string verb);
+  enum class Lasting { throughPowerCuts, inThisSession };
+  SafeFile(std::string path, std::string verb, Lasting lasting = Lasting::throughPowerCuts);
   /// Removes what was not committed.
   ~SafeFile();
   SafeFile(const SafeFile&) = delete;
@@ -36,12 +37,15 @@ class SafeFile {
   static std::string unfinishedName();
   /// Brings renames and removals in the folder of `path` to the disk, without waiting for it.
   static void syncFolder(const std::string& path);
+  /// The same, waiting until it is there.
+  static void waitForFolder(const std::string& path);
 
  private:
   platform::FileManager::Error finishWriting();
   platform::FileManager::Error failure(int errorNumber) const;
 
   std::string path_, verb_, temporary_;
+  const Lasting lasting_;
   int descriptor_ = -1;
 };
 

@@ -64,7 +64,7 @@ class FileManager {
   virtual std::optional<std::string> groupContainer(const std::string& groupIdentifier) = 0;
   /// The user's cloud, or null for a user without one. Shared with what is on its way from there.
   virtual std::shared_ptr<CloudStorage> cloud() = 0;
-  /// Ends in "/".
+  /// This process's own. Ends in "/". What is in it may be gone when the process has ended.
   virtual std::string temporaryDirectory() = 0;
 
   /// In the order of the file system, without "." and ".."; none when it cannot be listed.
@@ -78,8 +78,8 @@ class FileManager {
   virtual Error createDirectory(const std::string& path, Intermediates intermediates) = 0;
   /// A file, or a folder with all that is in it. Never replaces anything: see createDirectory.
   virtual Error copyItem(const std::string& from, const std::string& to) = 0;
-  /// A file, or a link itself, also to another file system. Never replaces anything: see
-  /// createDirectory. One file may be moved to another spelling of its own name.
+  /// A file, a folder, or a link itself; to another file system its content. Never replaces anything:
+  /// see createDirectory. One file may be moved to another spelling of its own name.
   virtual Error moveItem(const std::string& from, const std::string& to) = 0;
   /// A file, or a folder with all that is in it.
   virtual Error removeItem(const std::string& path) = 0;

@@ -33,6 +33,7 @@ namespace {
 
 /// Called before anything is brought to the disk.
 std::atomic<void (*)(int descriptor)> whenSynced{nullptr};
+std::atomic<int> diskSyncs{0};
 
 }  // namespace
 
@@ -40,6 +41,10 @@ std::atomic<void (*)(int descriptor)> whenSynced{nullptr};
 extern "C" int fsync(int descriptor) {
   if (auto* const called = whenSynced.load()) called(descriptor);
   return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+extern "C" int syncfs(int descriptor) {
+  ++diskSyncs;
+  return static_cast<int>(::syscall(SYS_syncfs, descriptor));
 }
 
 namespace {
@@ -135,6 +140,15 @@ TEST(LocalFileManagerTest, AFileIsOnTheDiskBeforeItTakesItsNameAndItsFolderIsAft
     return files.createDirectory(*folder / "made", FileManager::Intermediates::mustExist);
   };
   EXPECT_EQ(counts(make), std::pair(0, 1));
+  const auto saveTemporary = [&] {
+    return files.write(bytesOf("new"), files.temporaryDirectory() + "x");
+  };
+  EXPECT_EQ(counts(saveTemporary), std::pair(0, 0)) << "it need not last";
+  files.removeTemporaryDirectory();
+  const auto copyFolder = [&] { return files.copyItem(*folder / "made", *folder / "copy"); };
+  const int before = diskSyncs;
+  EXPECT_EQ(counts(copyFolder), std::pair(0, 1));
+  EXPECT_EQ(diskSyncs, before + 1) << "all of it before it has its name";
   whenSynced = nullptr;
 }
 
@@ -234,7 +248,18 @@ TEST(LocalFileManagerTest, AMoveNeverReplacesAnythingAndReachesOtherFileSystems)
   std::error_code error;
   std::filesystem::create_directories(far, error);
   if (error) return;
+  static std::string source;
+  static std::atomic<int> early;
+  source = folder / "c";
+  early = 0;
+  whenSynced = [](int descriptor) {
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    if (S_ISDIR(status.st_mode) && std::filesystem::exists(source)) ++early;
+  };
   EXPECT_FALSE(files.moveItem(folder / "c", far + "/c"));
+  whenSynced = nullptr;
+  EXPECT_GE(early, 1) << "the other disk has the copy before the source goes";
   EXPECT_EQ(textOf(far + "/c"), "1");
   EXPECT_FALSE(files.fileExists(folder / "c"));
   std::filesystem::remove_all(far);
@@ -461,20 +486,50 @@ TEST(LocalFileManagerTest, EachGroupHasItsContainer) {
   EXPECT_TRUE(files.isDirectory(temporary));
 }
 
-TEST(LocalFileManagerTest, TemporaryFilesLieWhereNobodyElseCanWrite) {
+TEST(LocalFileManagerTest, TemporaryFilesLieWhereNobodyElseCanWriteAndEachProcessHasItsOwn) {
+  namespace fs = std::filesystem;
   const TemporaryFolder folder;
   const char* const old = std::getenv("TMPDIR");
   const std::string before = old ? old : "";
   ::setenv("TMPDIR", folder.path().c_str(), 1);
-  const std::string own = folder / ("orvane-" + std::to_string(::geteuid()));
-  EXPECT_EQ(LocalFileManager("").temporaryDirectory(), own + '/');
-  ::chmod(own.c_str(), 0777);
+  const std::string users = folder / ("orvane-" + std::to_string(::geteuid()));
+  // Left by processes that were killed, one of them just now; and what is of nobody known.
+  const std::string gone =
+      folder.write("orvane-" + std::to_string(::geteuid()) + "/4194305-a/x", "");
+  const std::string late =
+      folder.write("orvane-" + std::to_string(::geteuid()) + "/4194306-b/x", "");
+  const std::string odd = folder.write("orvane-" + std::to_string(::geteuid()) + "/mine/x", "");
+  const auto yesterday = fs::file_time_type::clock::now() - std::chrono::hours(25);
+  for (const std::string& path : {gone, odd})
+    fs::last_write_time(fs::path(path).parent_path(), yesterday);
+  LocalFileManager first(""), second("");
+  const std::string own = first.temporaryDirectory();
+  EXPECT_TRUE(own.starts_with(users + '/' + std::to_string(::getpid()) + '-'));
+  EXPECT_NE(second.temporaryDirectory(), own);
+  EXPECT_FALSE(fs::exists(gone));
+  EXPECT_TRUE(fs::exists(late) && fs::exists(odd));
+
+  EXPECT_FALSE(first.write(bytesOf("x"), own + "x"));
+  const pid_t child = ::fork();
+  if (child == 0) {
+    first.removeTemporaryDirectory();
+    ::_exit(0);
+  }
+  ::waitpid(child, nullptr, 0);
+  EXPECT_EQ(textOf(own + "x"), "x") << "another process's";
+  first.removeTemporaryDirectory();
+  EXPECT_FALSE(fs::exists(own));
+  LocalFileManager given("", LocalFileManager::Groups::eachItsOwn, nullptr, users + "/mine/");
+  given.removeTemporaryDirectory();
+  EXPECT_TRUE(fs::exists(odd)) << "somebody else made it";
+
+  ::chmod(users.c_str(), 0777);
   const std::string other = LocalFileManager("").temporaryDirectory();
-  EXPECT_NE(other, own + '/');
+  EXPECT_FALSE(other.starts_with(users));
   EXPECT_TRUE(other.starts_with(folder.path()));
-  std::filesystem::remove(own);
-  std::filesystem::create_symlink(other, own);
-  EXPECT_NE(LocalFileManager("").temporaryDirectory(), own + '/') << "a trap";
+  fs::remove_all(users);
+  fs::create_symlink(other, users);
+  EXPECT_FALSE(LocalFileManager("").temporaryDirectory().starts_with(users)) << "a trap";
   old ? ::setenv("TMPDIR", before.c_str(), 1) : ::unsetenv("TMPDIR");
 }
 
@@ -485,6 +540,8 @@ TEST(LocalFileManagerTest, TheUsersDataLieWhereTheSystemSays) {
       {"/d", "/h", "/d/orvane"},
       {"", "/h", "/h/.local/share/orvane"},
       {"relative", "/h", "/h/.local/share/orvane"},
+      {"/d//", "/h", "/d/orvane"},
+      {"", "/h/", "/h/.local/share/orvane"},
       {"", "", ""},
   };
   const auto of = [](const char* name) {
