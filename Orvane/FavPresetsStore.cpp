@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/UnicodeText.h"
 #include "foundation/UserDefaults.h"
 
 namespace orvane {
@@ -12,6 +13,36 @@ using platform::PropertyList;
 namespace {
 
 constexpr const char* favouritesKey = "favpresets";
+/// Stands before the path of a file whose name is no text, with every odd byte as "%E9".
+constexpr std::string_view encodedPath = "file://";
+constexpr std::string_view hexDigits = "0123456789ABCDEF";
+
+/// A list of texts cannot hold the names of all files.
+std::string stored(const std::string& uniqueName) {
+  if (foundation::isUtf8(uniqueName)) return uniqueName;
+  std::string text(encodedPath);
+  for (const char c : uniqueName) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80 && c != '%')
+      text += c;
+    else
+      text.append({'%', hexDigits[byte >> 4U], hexDigits[byte & 15U]});
+  }
+  return text;
+}
+
+std::string restored(const std::string& text) {
+  if (!text.starts_with(encodedPath)) return text;
+  std::string name;
+  for (std::size_t i = encodedPath.size(); i < text.size(); ++i) {
+    const std::size_t high = i + 2 < text.size() ? hexDigits.find(text[i + 1]) : text.npos;
+    const std::size_t low = i + 2 < text.size() ? hexDigits.find(text[i + 2]) : text.npos;
+    const bool isByte = text[i] == '%' && high != text.npos && low != text.npos;
+    name += isByte ? static_cast<char>(high << 4U | low) : text[i];
+    if (isByte) i += 2;
+  }
+  return foundation::isUtf8(name) ? text : name;
+}
 
 void removeFirst(const std::string& uniqueName) {
   auto& list = FavPresetsStore::favouritePresets;
@@ -27,7 +58,7 @@ void FavPresetsStore::load() {
   const auto stored = defaults ? defaults->array(favouritesKey) : std::nullopt;
   if (!stored) return;
   for (const PropertyList& element : *stored)
-    if (const auto* name = element.as<std::string>()) favouritePresets.push_back(*name);
+    if (const auto* name = element.as<std::string>()) favouritePresets.push_back(restored(*name));
 }
 
 void FavPresetsStore::save() {
@@ -35,7 +66,8 @@ void FavPresetsStore::save() {
   // suite of the app group while another writes it.
   if (auto defaults = UserDefaults::open(suiteName)) defaults->removeObject(favouritesKey);
   if (auto defaults = UserDefaults::open(suiteName)) defaults->synchronize();
-  const PropertyList::Array whole(favouritePresets.begin(), favouritePresets.end());
+  PropertyList::Array whole;
+  for (const std::string& name : favouritePresets) whole.emplace_back(stored(name));
   if (auto defaults = UserDefaults::open(suiteName)) defaults->setObject(favouritesKey, whole);
   if (auto defaults = UserDefaults::open(suiteName)) defaults->synchronize();
 }
