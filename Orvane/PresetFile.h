@@ -26,8 +26,9 @@ class PresetFile {
 
   /// The categories in a preset file of `size` bytes, empty for a file that has none or is no
   /// preset; none when it cannot be read. Reads only the beginning and the end where they tell.
-  static std::optional<std::vector<std::string>> categories(platform::FileManager& files, const std::string& path,
-                                             std::uint64_t size);
+  static std::optional<std::vector<std::string>> categories(platform::FileManager& files,
+                                                            const std::string& path,
+                                                            std::uint64_t size);
   /// What the beginning of an XML property list says of the categories; none when it does not say.
   static std::optional<std::vector<std::string>> categoriesAtStart(std::string_view xml);
 

@@ -101,7 +101,7 @@ class PresetManager : public platform::WeakTarget {
   void wantsToExportFileFrom(const std::string& path);
   /// Installs every pack in the folder "Contents" of a bundle.
   void copyPresetsFromBundle(const std::string& bundleURL);
-  /// Installs one pack in place of an earlier version of it.
+  /// Installs one pack in place of an earlier version of it; nothing for what is installed already.
   void copyPresetsFromFolder(const std::string& folderURL);
   /// The folder of the installed packs; none without a container.
   std::optional<std::string> packPresetPath() const;
@@ -148,6 +148,8 @@ class PresetManager : public platform::WeakTarget {
   void report(const std::string& sentence);
   /// What the console is not told.
   void tell(const std::string& sentence);
+  /// One for each export: a chooser may still be open for an earlier one. Ends in "/".
+  std::optional<std::string> makeExportFolder();
   void exportFile(const std::string& file, const std::string& folder, const std::string& extension);
 
   platform::FileManager& fileManager_;

@@ -4,6 +4,7 @@
 #include "Orvane/PresetFile.h"
 #include "Orvane/PresetManager.h"
 #include "foundation/PropertyListCoding.h"
+#include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
 #include "platform/Presentation.h"
 
@@ -16,6 +17,18 @@ namespace {
 
 constexpr const char* packsFolder = "/PresetPacks";
 constexpr platform::Size popoverSize{320, 400};
+
+/// Whether a folder is `other` or lies in it, by whatever path.
+bool isWithin(FileManager& files, std::string folder, const std::string& other) {
+  const auto there = files.status(other, FileManager::Links::follow);
+  if (!there) return false;
+  for (;; folder = foundation::folderOf(folder)) {
+    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+    const auto status = files.status(folder, FileManager::Links::follow);
+    if (status && status->stamp == there->stamp) return true;
+    if (folder == "/" || folder == ".") return false;
+  }
+}
 
 platform::Presentation* presentationOf(const platform::Weak<KestroAUViewController>& controller) {
   return controller ? controller->presentation() : nullptr;
@@ -63,18 +76,33 @@ void PresetManager::exportPreset(const std::shared_ptr<Preset>& preset) {
     report("A preset cannot be exported under a name with \"/\" in it");
     return;
   }
-  const std::string path = fileManager_.temporaryDirectory() + fileName;
   const auto content = fileContent(preset->categories);
-  if (!content || !isWritten(*content, path)) return;
-  wantsToExportFileFrom(path);
+  const auto folder = content ? makeExportFolder() : std::nullopt;
+  if (folder && isWritten(*content, *folder + fileName)) wantsToExportFileFrom(*folder + fileName);
+}
+
+std::optional<std::string> PresetManager::makeExportFolder() {
+  const std::string base = fileManager_.temporaryDirectory() + "Export ";
+  for (int number = 1;; ++number) {
+    std::string folder = base + std::to_string(number);
+    const auto error = fileManager_.createDirectory(folder, FileManager::Intermediates::mustExist);
+    if (!error) return folder + '/';
+    if (error->code == FileError::Code::fileExists) continue;
+    report(error->localizedDescription);
+    return std::nullopt;
+  }
 }
 
 void PresetManager::exportAll() {
-  const std::string folder = fileManager_.temporaryDirectory() + "UserPresets/";
-  static_cast<void>(fileManager_.removeItem(folder));
-  static_cast<void>(fileManager_.createDirectory(folder, FileManager::Intermediates::mustExist));
   const auto* unit = audioUnit.get();
-  if (!unit) return;
+  const auto own = unit ? makeExportFolder() : std::nullopt;
+  if (!own) return;
+  const std::string folder = *own + "UserPresets/";
+  if (const auto error =
+          fileManager_.createDirectory(folder, FileManager::Intermediates::mustExist)) {
+    report(error->localizedDescription);
+    return;
+  }
   const std::string extension = unit->presetExtension();
   for (const auto& source : {localPresetPath(), iCloudPresetPath()}) {
     const auto entries = source ? fileManager_.contentsOfDirectory(*source) : std::nullopt;
@@ -140,6 +168,7 @@ void PresetManager::copyPresetsFromFolder(const std::string& folderURL) {
   const std::string name = platform::lastPathComponent(folderURL);
   if (!fileManager_.isDirectory(folderURL) || !platform::isFileName(name)) return;
   const std::string target = *packs + '/' + name;
+  if (isWithin(fileManager_, folderURL, target)) return;
   static_cast<void>(fileManager_.removeItem(target));
   createFolder(target);
   const auto entries = fileManager_.contentsOfDirectory(folderURL);

@@ -106,27 +106,51 @@ TEST_F(PresetTransferTest, WhatIsExportedIsTheStateAsItIsNow) {
   editor.exportPreset();
   const auto shared = events();
   ASSERT_THAT(shared, SizeIs(1));
-  EXPECT_EQ(shared[0].members[0].second, folder / "tmp/Init.synth");
-  const PropertyList file = listAt(folder / "tmp/Init.synth");
+  const std::string path = shared[0].members[0].second;
+  EXPECT_THAT(path, testing::StartsWith(folder / "tmp/"));
+  EXPECT_THAT(path, testing::EndsWith("/Init.synth"));
+  const PropertyList file = listAt(path);
   EXPECT_EQ(file.find("parameters")->find("cutoff")->number(), 444);
   EXPECT_EQ(*file.find("Categories"), PropertyList::Array{"bass"});
+
+  unit.setParameter("cutoff", 555);
+  editor.exportPreset();
+  EXPECT_THAT(textOf(path), HasSubstr("444")) << "a chooser may still be open for it";
+  EXPECT_THAT(textOf(events()[0].members[0].second), HasSubstr("555"));
+}
+
+TEST_F(PresetTransferTest, WhatCannotBeWrittenIsNotShared) {
+  unit.setParameter("cutoff", 111);
+  editor.selectPreset(editor.presetLibrary().all().front());
+  std::filesystem::remove_all(folder / "tmp");
+  folder.write("tmp", "no folder");
+  editor.exportPreset();
+  editor.exportAll();
+  const auto told = events();
+  ASSERT_THAT(told, SizeIs(2));
+  for (const auto& event : told) EXPECT_EQ(event.type, "console");
 }
 
 TEST_F(PresetTransferTest, AllPresetsLeaveAsPropertyLists) {
-  folder.write("tmp/UserPresets/earlier", "x");
-  editor.exportAll();
-  EXPECT_EQ(events()[0].members[0].second, folder / "tmp/UserPresets/");
-  EXPECT_THAT(namesIn(folder / "tmp/UserPresets"), IsEmpty());
+  const auto exported = [&] {
+    editor.exportAll();
+    const std::string path = events()[0].members[0].second;
+    EXPECT_THAT(path, testing::EndsWith("/UserPresets/"));
+    return path;
+  };
+  const std::string earlier = exported();
+  EXPECT_THAT(namesIn(earlier), IsEmpty());
 
   const auto archive = foundation::writeKeyedArchive(Dictionary{{"a", 1}});
   folder.write("data/Presets/old.synth", std::string(archive.begin(), archive.end()));
   const std::string xml = foundation::writeXmlPropertyList(Dictionary{{"b", 2}});
   folder.write("data/Presets/plain.other", xml);
   folder.write("data/Presets/broken.synth", "x");
-  editor.exportAll();
-  EXPECT_EQ(namesIn(folder / "tmp/UserPresets"), (Names{"old.synth", "plain.other.synth"}));
-  EXPECT_EQ(listAt(folder / "tmp/UserPresets/old.synth"), PropertyList(Dictionary{{"a", 1}}));
-  EXPECT_EQ(textOf(folder / "tmp/UserPresets/plain.other.synth"), xml);
+  const std::string path = exported();
+  EXPECT_EQ(namesIn(path), (Names{"old.synth", "plain.other.synth"}));
+  EXPECT_EQ(listAt(path + "old.synth"), PropertyList(Dictionary{{"a", 1}}));
+  EXPECT_EQ(textOf(path + "plain.other.synth"), xml);
+  EXPECT_THAT(namesIn(earlier), IsEmpty());
 }
 
 struct CloudTransferTest : PresetTransferTest {
@@ -138,7 +162,7 @@ TEST_F(CloudTransferTest, AllPresetsAreThoseOfTheCloudToo) {
   folder.write("data/Presets/here.synth", xml);
   folder.write("cloud/Documents/Presets/there.synth", xml);
   editor.exportAll();
-  EXPECT_EQ(namesIn(folder / "tmp/UserPresets"), (Names{"here.synth", "there.synth"}));
+  EXPECT_EQ(namesIn(events()[0].members[0].second), (Names{"here.synth", "there.synth"}));
 }
 
 TEST_F(PresetTransferTest, WhereThereIsRoomTheSheetStandsByTheEditor) {
@@ -179,6 +203,10 @@ TEST_F(PresetTransferTest, APackReplacesItsEarlierVersionWhole) {
   folder.write("bundle/Contents/Pads/c.synth", "3");
   manager().copyPresetsFromFolder(folder / "bundle/Contents/Pads/");
   EXPECT_EQ(namesIn(pads), Names{"c.synth"});
+  std::filesystem::create_directory_symlink(pads, folder / "Pads");
+  for (const std::string& installed : {pads, pads + "/../Pads/", folder / "Pads"})
+    manager().copyPresetsFromFolder(installed);
+  EXPECT_EQ(namesIn(pads), Names{"c.synth"}) << "it is there already";
   EXPECT_THAT(events(), IsEmpty());
   EXPECT_EQ(orvane::PresetManager("", {}).presetPackPath("Pads"), "");
 }
