@@ -65,33 +65,6 @@ double ButtonGroup::bestHeight(const platform::Size& available) const {
   return std::min(available.height, grid(available).rows * lineFaceHeight());
 }
 
-void ButtonGroup::touchBegan(const toolkit::Touch& touch) {
-  const platform::Weak<ButtonGroup> alive = this;
-  KestroControl::touchBegan(touch);
-  if (!alive || !isEnabled()) return;
-  slideBegins();
-  beginGesture();
-  if (alive) slideTo(touch.locationIn(*this));
-}
-
-void ButtonGroup::touchMoved(const toolkit::Touch& touch) {
-  const platform::Weak<ButtonGroup> alive = this;
-  KestroControl::touchMoved(touch);
-  if (alive && isInGesture()) slideTo(touch.locationIn(*this));
-}
-
-void ButtonGroup::touchEnded(const toolkit::Touch& touch) {
-  const platform::Weak<ButtonGroup> alive = this;
-  KestroControl::touchEnded(touch);
-  if (alive) endGesture();
-}
-
-void ButtonGroup::touchCancelled(const toolkit::Touch& touch) {
-  const platform::Weak<ButtonGroup> alive = this;
-  KestroControl::touchCancelled(touch);
-  if (alive) endGesture();
-}
-
 platform::Font ButtonGroup::cellFont(const platform::Size& cell) const {
   const double perLetter = 0.58 * static_cast<double>(maxTitleLength_);
   const platform::Font font = faceFont(Theme::smallTitleFont, cell.height);

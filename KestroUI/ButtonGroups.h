@@ -33,18 +33,15 @@ class ButtonGroup : public KestroControl {
  public:
   const std::vector<std::string>& titles() const { return titles_; }
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchMoved(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   double bestHeight(const platform::Size& available) const override;
 
  protected:
   platform::Accessibility::Role accessibilityRole() const override {
     return platform::Accessibility::Role::choice;
   }
-  /// The touch that now begins has set nothing yet.
-  virtual void slideBegins() {}
+  Grasp grasp(const toolkit::Touch&) override { return Grasp::value; }
+  void pressed(const toolkit::Touch& touch) override { slideTo(touch.locationIn(*this)); }
+  void slid(const toolkit::Touch& touch) override { slideTo(touch.locationIn(*this)); }
   /// The finger is at `point`; may destroy the control.
   virtual void slideTo(platform::Point point) = 0;
 
@@ -109,7 +106,7 @@ class BitFlagsGroup : public ButtonGroup {
   void paint(platform::Canvas& canvas) override;
 
  protected:
-  void slideBegins() override { painting_ = Painting::none; }
+  void letGo(int) override { painting_ = Painting::none; }
   /// Sets the switch there as the touch set the first one, so that it may slide over many.
   void slideTo(platform::Point point) override;
   /// The switches that are on.

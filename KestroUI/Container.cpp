@@ -297,11 +297,19 @@ void Container::setControl(KestroControl& control) {
 
 void Container::setFace(GestureControl& face) {
   face_ = &face;
-  addSubview(face);
+  addPart(face);
   face.addTarget<&Container::handleValueChanged>(*this, ControlEvent::valueChanged);
   face.addTarget<&Container::onEditingDidBegin>(*this, ControlEvent::editingDidBegin);
   face.addTarget<&Container::onEditingDidEnd>(*this, ControlEvent::editingDidEnd);
   face.doubleTapped = [this] { doubleTap(); };
+}
+
+void Container::addPart(GestureControl& part) {
+  addSubview(part);
+  part.described = [this, &part](platform::Accessibility& told) {
+    if (told.name.empty()) told.name = accessibilityName();
+    if (control_ == &part) told.value = valueText_;
+  };
 }
 
 void Container::handleValueChanged(toolkit::Control& sender) { sendMoved(movedIn(sender)); }

@@ -230,6 +230,8 @@ class Container : public toolkit::Control {
   void setControl(KestroControl& control);
   /// The same for a control of several values, which the kind itself tells apart.
   void setFace(GestureControl& face);
+  /// Adds a control that it has, which is named as the container where it has no name.
+  void addPart(GestureControl& part);
   /// The places of the values that the user has moved in `sender`, one of its controls; the own one
   /// in the base class.
   virtual std::vector<std::size_t> movedIn(toolkit::Control& sender);

@@ -121,6 +121,7 @@ void Container::showBadge(std::size_t index) {
   MidiValue& value = midi_[index];
   if (!value.badge) {
     value.badge = std::make_unique<MidiMapBadge>();
+    value.badge->ownerName = [this] { return accessibilityName(); };
     value.badge->setMessage(value.message);
     value.badge->setSelected(value.selected);
     value.badge->addTarget<&Container::handleSelected>(*this, ControlEvent::touchDown);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "KestroUI/KestroControl.h"
 
 namespace kestroui {
@@ -17,25 +15,18 @@ class DragControl : public KestroControl {
   float origin() const { return origin_; }
   void setOrigin(float position);
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchMoved(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
 
  protected:
+  Grasp grasp(const toolkit::Touch& touch) override;
+  void pressed(const toolkit::Touch& touch) override;
+  void slid(const toolkit::Touch& touch) override;
   virtual Axis dragAxis() const { return Axis::vertical; }
   /// Points of a drag through the whole range.
   virtual double dragLength() const { return 200; }
 
  private:
-  enum class Phase { none, dragging, secondTap };
-
-  void startDrag();
-
   float origin_ = 0;
-  std::optional<int> touchId_;
-  Phase phase_ = Phase::none;
   /// As drawn.
   DraggedShare share_;
 };

@@ -28,7 +28,10 @@ constexpr double watchInterval = 0.1;
 
 }  // namespace
 
-DropDownList::DropDownList() { setRange(0, 0); }
+DropDownList::DropDownList() {
+  setRange(0, 0);
+  addTarget<&DropDownList::open>(*this, toolkit::ControlEvent::touchUpInside);
+}
 
 DropDownList::~DropDownList() = default;
 
@@ -73,13 +76,6 @@ void DropDownList::close() {
 void DropDownList::choose(int index) {
   close();
   changeValueOnce(minimum() + static_cast<float>(index));
-}
-
-void DropDownList::touchEnded(const toolkit::Touch& touch) {
-  const platform::Weak<DropDownList> alive = this;
-  const bool tapped = isHighlighted();
-  KestroControl::touchEnded(touch);
-  if (alive && tapped) open();
 }
 
 std::string DropDownList::ownValueText() const {

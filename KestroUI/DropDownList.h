@@ -33,7 +33,6 @@ class DropDownList : public KestroControl {
   /// The user chooses an entry: closes, then sends. May destroy the control.
   void choose(int index);
 
-  void touchEnded(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent& event) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   void setHidden(bool hidden) override;

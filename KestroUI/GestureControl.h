@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "KestroUI/Theme.h"
 #include "foundation/RunLoop.h"
@@ -33,9 +34,15 @@ class DraggedShare {
   double left_ = 0;
 };
 
-/// Base of every control that a user takes hold of: the gesture around its changes, and how its
-/// face shows its states. A gesture (a drag, a burst of wheel turns) sends editingDidBegin and
-/// editingDidEnd; what lies between is the business of the kinds. User-interface thread only.
+/// Base of every control that a user takes hold of: its presses, the gesture around its changes, and
+/// how its face shows its states. A gesture (a press, a burst of wheel turns) sends editingDidBegin
+/// and editingDidEnd. User-interface thread only.
+///
+/// A press is what a finger or the mouse does from touching the control to leaving it. The base
+/// keeps its order: touchDown, editingDidBegin, `pressed`; touchDragged, `slid`; touchUpInside,
+/// `letGo`, editingDidEnd, `doubleTap`. Whoever is told an action may destroy the control or disable
+/// it, which ends its presses; nothing of the kind is called after that. So a kind says what a
+/// touch takes hold of and what its moves mean, and sends what it changes last.
 class GestureControl : public toolkit::Control {
  public:
   GestureControl() = default;
@@ -56,21 +63,50 @@ class GestureControl : public toolkit::Control {
   /// Called at the second tap of a double tap by the kinds whose value can be typed; may destroy
   /// the control.
   std::function<void()> doubleTapped;
+  /// Completes what assistive technology is told of it: whoever shows the control has a name for it,
+  /// and the text of its value.
+  std::function<void(platform::Accessibility& told)> described;
 
+  void touchBegan(const toolkit::Touch& touch) final;
+  void touchMoved(const toolkit::Touch& touch) final;
+  void touchEnded(const toolkit::Touch& touch) final;
+  void touchCancelled(const toolkit::Touch& touch) final;
   bool canBecomeFirstResponder() const override { return isEnabled(); }
   void firstResponderChanged() override;
   void setEnabled(bool enabled) override;
 
-  /// Named as its container is, with the container's text of the value.
   platform::Accessibility accessibility() const override;
 
  protected:
+  /// What a touch takes hold of: nothing, so that only its touch actions are sent; a value, with a
+  /// gesture around it; or, as the second tap of a double tap, a value only once it moves.
+  enum class Grasp { nothing, value, secondTap };
+
+  /// What a touch that begins here takes hold of; asked once, before anybody is told of it.
+  virtual Grasp grasp(const toolkit::Touch&) { return Grasp::nothing; }
+  /// A value has been taken hold of: when the touch began, or when a second tap first moved.
+  virtual void pressed(const toolkit::Touch&) {}
+  virtual void slid(const toolkit::Touch&) {}
+  /// What the touch held is free again: it was lifted or taken away, or the control was disabled,
+  /// which is still to happen. The gesture ends after it.
+  virtual void letGo(int /*touchId*/) {}
+  /// The second tap has been lifted where it was.
+  virtual void doubleTap(const toolkit::Touch&) { tellDoubleTap(); }
+  /// Calls doubleTapped.
+  void tellDoubleTap() const;
+  /// `isTouched` may have changed, and all of the press that changed it has been told.
+  virtual void touchedNow() {}
+  /// A touch has hold of it, or is a second tap.
+  bool isTouched() const;
+  /// Lets go of all that touches, keys and the wheel hold; a touch that is still down holds nothing
+  /// any more. May destroy the control.
+  void endPresses();
+
   virtual platform::Accessibility::Role accessibilityRole() const {
     return platform::Accessibility::Role::slider;
   }
-  /// The value as a person reads it where the container has no text of it.
+  /// The value as a person reads it where nobody else has a text of it.
   virtual std::string ownValueText() const { return {}; }
-  void beginGesture();
   virtual void endGesture();
   /// Makes one change with a gesture of its own around it, as of a key or a wheel notch; such
   /// changes that follow each other closely share one gesture. Does nothing while it is disabled
@@ -88,6 +124,21 @@ class GestureControl : public toolkit::Control {
   platform::Font faceFont(const platform::Font& font, double faceHeight) const;
 
  private:
+  struct Press {
+    int touchId;
+    Grasp grasp;
+  };
+
+  Press* pressOf(int touchId);
+  bool holdsValue() const;
+  void beginGesture();
+  /// The touch holds a value from now on.
+  void take(const toolkit::Touch& touch);
+  void release(int touchId);
+  /// The touch is over; false when the control died of it.
+  bool finish(int touchId);
+
+  std::vector<Press> presses_;
   double faceScale_ = 1;
   bool inactive_ = false;
   bool inGesture_ = false;

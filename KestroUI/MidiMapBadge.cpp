@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "KestroUI/Container.h"
 #include "KestroUI/Icons.h"
 #include "KestroUI/Theme.h"
 #include "foundation/UnicodeText.h"
@@ -121,13 +120,12 @@ bool MidiMapBadge::keyPressed(const platform::KeyEvent& event) {
 }
 
 platform::Accessibility MidiMapBadge::accessibility() const {
-  const auto* owner = dynamic_cast<const Container*>(superview());
-  return {platform::Accessibility::Role::button,
-          "MIDI " + (owner ? owner->accessibilityName() : std::string()) +
-              (title_.empty() ? "" : ", " + title_),
-          !what_.empty() ? text()
-          : isSelected() ? waitingText
-                         : "Not bound"};
+  return {
+      platform::Accessibility::Role::button,
+      "MIDI " + (ownerName ? ownerName() : std::string()) + (title_.empty() ? "" : ", " + title_),
+      !what_.empty() ? text()
+      : isSelected() ? waitingText
+                     : "Not bound"};
 }
 
 void MidiMapBadge::draw(const Rect&) {

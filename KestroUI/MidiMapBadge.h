@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,6 +40,8 @@ class MidiMapBadge : public toolkit::Control {
   toolkit::Control& deleteButton() { return deleteButton_; }
   /// How much larger texts are than on the smallest editor.
   void setTextScale(double scale);
+  /// What the control is called, which it covers.
+  std::function<std::string()> ownerName;
   /// Where the control is in it; the rest is left for the title.
   void setFace(const platform::Rect& face);
 

@@ -15,7 +15,7 @@ constexpr std::size_t muteIndex = 1;
 }  // namespace
 
 MutableContainer::MutableContainer() {
-  addSubview(muteButton_);
+  addPart(muteButton_);
   muteButton_.addTarget<&MutableContainer::onMuted>(*this, ControlEvent::valueChanged);
   muteButton_.addTarget<&MutableContainer::onMuteHeld>(*this, ControlEvent::editingDidBegin);
   muteButton_.addTarget<&MutableContainer::onMuteLetGo>(*this, ControlEvent::editingDidEnd);

@@ -23,7 +23,7 @@ bool same(float a, float b) { return a == b || (std::isnan(a) && std::isnan(b));
 
 void ShapeControl::setValueCount(std::size_t count) {
   if (count == values_.size()) return;
-  endGesture();
+  endPresses();
   hoveredHandle_.reset();
   values_.resize(count);
   chosen_ = 0;
@@ -257,7 +257,8 @@ void ShapeControl::noteActive() {
   if (text == shownActive_) return;
   shownActive_ = std::move(text);
   setNeedsDisplay();
-  if (activeChanged) activeChanged();
+  // A copy, since the action may destroy the control and with it the original.
+  if (const auto action = activeChanged) action();
 }
 
 // Painting

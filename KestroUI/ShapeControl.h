@@ -74,10 +74,6 @@ class ShapeControl : public GestureControl {
   /// activeText has changed.
   std::function<void()> activeChanged;
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchMoved(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   void hoverMoved(platform::Point location) override;
   void hoverChanged(bool hovered) override;
   void firstResponderChanged() override;
@@ -136,12 +132,12 @@ class ShapeControl : public GestureControl {
   /// The value that the active handle moves, or that was chosen by key.
   std::optional<std::size_t> activeHandle() const;
   bool isHeld(std::size_t index) const;
-  /// A finger or the mouse has hold of a handle.
-  bool isTouched() const { return !grips_.empty(); }
-  /// Takes hold of a value for a change by the user; a gesture begins with the first.
-  void hold(std::size_t index);
-  /// Ends the gesture with the last.
-  void release(std::size_t index);
+  Grasp grasp(const toolkit::Touch& touch) override;
+  void pressed(const toolkit::Touch& touch) override;
+  void slid(const toolkit::Touch& touch) override;
+  void letGo(int touchId) override;
+  void doubleTap(const toolkit::Touch& touch) override;
+  void touchedNow() override { noteActive(); }
   void endGesture() override;
   /// A change by the user, to a share of the range; true when it changed. Takes linked values along.
   /// Sends nothing.
@@ -163,7 +159,6 @@ class ShapeControl : public GestureControl {
   struct Grip {
     int touchId;
     std::size_t handle;
-    bool secondTap;
     DraggedShare x, y;
     std::vector<std::size_t> held;
   };
@@ -183,12 +178,21 @@ class ShapeControl : public GestureControl {
   /// The value of the handle that was moved last, else its first.
   std::size_t meant(const Handle& handle) const;
   Grip* gripOf(int touchId);
-  /// Takes hold of what the grip's handle moves; false when the control died of it.
-  bool startDrag(int touchId, const Handle& handle);
+  /// A touch holds the value.
+  bool isGripped(std::size_t index) const;
+  /// Takes hold of values for a change by the user; false when the control died of it.
+  bool hold(const std::vector<std::size_t>& indices);
+  /// Tells of those that are held, or are not; false when the control died of it.
+  bool tellHolds(const std::vector<std::size_t>& indices, bool held);
+  bool isSecondTap(const toolkit::Touch& touch) const {
+    return touch.tapCount == 2 && valueDoubleTapped;
+  }
   /// Moves the handle of a grip by a way in points; may destroy the control.
   void dragBy(Grip& grip, const Handle& handle, platform::Point way);
   /// Draws from one place to another; may destroy the control.
   void drawTo(int touchId, platform::Point from, platform::Point to);
+  /// Tells of a change by the user, if it was one; may destroy the control.
+  void tellMoved(bool changed);
   /// One notch, arrow or page on a value.
   void nudge(std::size_t index, double shareBy, bool all = false);
 
@@ -196,6 +200,7 @@ class ShapeControl : public GestureControl {
   std::vector<std::size_t> moved_;
   std::vector<bool> links_;
   std::vector<Grip> grips_;
+  /// By touches, keys or the wheel; each value once.
   std::vector<std::size_t> holds_;
   std::optional<std::size_t> hoveredHandle_;
   std::size_t chosen_ = 0;

@@ -13,8 +13,6 @@ using platform::Rect;
 
 namespace {
 
-// A second tap that moves further than this, in points, is a drag after all.
-constexpr double tapSlop = 4;
 // A finger this near to a handle, in points, holds it.
 constexpr double reach = 22;
 
@@ -31,35 +29,39 @@ bool ShapeControl::isHeld(std::size_t index) const {
   return std::find(holds_.begin(), holds_.end(), index) != holds_.end();
 }
 
-void ShapeControl::hold(std::size_t index) {
-  const platform::Weak<ShapeControl> alive = this;
-  if (!isInGesture()) beginGesture();
-  if (!alive) return;
-  holds_.push_back(index);
-  // A copy, since the action may destroy the control and with it the original.
-  if (const auto action = holdChanged) action(index, true);
+bool ShapeControl::isGripped(std::size_t index) const {
+  return std::any_of(grips_.begin(), grips_.end(), [index](const Grip& grip) {
+    return std::find(grip.held.begin(), grip.held.end(), index) != grip.held.end();
+  });
 }
 
-void ShapeControl::release(std::size_t index) {
-  const auto entry = std::find(holds_.begin(), holds_.end(), index);
-  if (entry == holds_.end()) return;
-  const platform::Weak<ShapeControl> alive = this;
-  holds_.erase(entry);
-  if (const auto action = holdChanged) action(index, false);
-  if (alive && holds_.empty()) endGesture();
+bool ShapeControl::hold(const std::vector<std::size_t>& indices) {
+  std::vector<std::size_t> taken;
+  for (const std::size_t index : indices) {
+    if (isHeld(index)) continue;
+    holds_.push_back(index);
+    taken.push_back(index);
+  }
+  return tellHolds(taken, true);
+}
+
+bool ShapeControl::tellHolds(const std::vector<std::size_t>& indices, bool held) {
+  const platform::Weak<ShapeControl> self = this;
+  // A copy, since the action may destroy the control and with it the original.
+  const auto action = holdChanged;
+  if (!action) return true;
+  for (const std::size_t index : indices) {
+    if (isHeld(index) == held) action(index, held);
+    if (!self) return false;
+  }
+  return true;
 }
 
 void ShapeControl::endGesture() {
-  const platform::Weak<ShapeControl> alive = this;
-  grips_.clear();
-  const std::vector<std::size_t> held = std::exchange(holds_, {});
-  for (const std::size_t index : held) {
-    if (!alive) return;
-    if (const auto action = holdChanged) action(index, false);
-  }
-  if (!alive) return;
+  const platform::Weak<ShapeControl> self = this;
+  if (!tellHolds(std::exchange(holds_, {}), false)) return;
   GestureControl::endGesture();
-  if (alive) noteActive();
+  if (self) noteActive();
 }
 
 void ShapeControl::tellDoubleTap(std::size_t index, const std::vector<Handle>& handles) {
@@ -92,47 +94,33 @@ ShapeControl::Grip* ShapeControl::gripOf(int touchId) {
   return found == grips_.end() ? nullptr : &*found;
 }
 
-bool ShapeControl::startDrag(int touchId, const Handle& handle) {
-  const platform::Weak<ShapeControl> alive = this;
-  const std::vector<std::size_t> held = movedBy(handle);
-  if (Grip* const grip = gripOf(touchId)) {
-    grip->secondTap = false;
-    grip->x = DraggedShare(handle.x ? share(*handle.x) : 0);
-    grip->y = DraggedShare(handle.y ? share(*handle.y) : 0);
-    // A stroke takes hold of what it passes.
-    if (!isDrawn()) grip->held = held;
-  }
-  choose(meant(handle));
-  if (isDrawn()) return true;
-  for (const std::size_t index : held) {
-    hold(index);
-    if (!alive) return false;
-  }
-  noteActive();
-  return static_cast<bool>(alive);
-}
-
-void ShapeControl::touchBegan(const toolkit::Touch& touch) {
-  if (!isEnabled() || gripOf(touch.id)) return;
-  const Point location = touch.locationIn(*this);
-  const std::optional<std::size_t> found = handleAt(location);
-  const platform::Weak<ShapeControl> alive = this;
-  GestureControl::touchBegan(touch);
-  if (!alive || !found) return;
+GestureControl::Grasp ShapeControl::grasp(const toolkit::Touch& touch) {
+  const std::optional<std::size_t> found = handleAt(touch.locationIn(*this));
+  if (!found || *found >= handles().size()) return Grasp::nothing;
   // One finger for each handle.
   for (const Grip& grip : grips_)
-    if (grip.handle == *found) return;
-  // A burst of the wheel or of keys is over.
-  if (grips_.empty()) endGesture();
-  const std::vector<Handle> all = alive ? handles() : std::vector<Handle>();
-  if (*found >= all.size()) return;
-  const Handle& handle = all[*found];
-  const bool secondTap = touch.tapCount == 2 && valueDoubleTapped;
-  grips_.push_back({touch.id, *found, secondTap, {}, {}, {}});
-  if (secondTap || !startDrag(touch.id, handle)) return;
-  if (isDrawn()) return drawTo(touch.id, location, location);
+    if (grip.handle == *found) return Grasp::nothing;
+  grips_.push_back({touch.id, *found, {}, {}, {}});
+  return isSecondTap(touch) ? Grasp::secondTap : Grasp::value;
+}
+
+void ShapeControl::pressed(const toolkit::Touch& touch) {
+  Grip* grip = gripOf(touch.id);
+  const std::vector<Handle> all = handles();
+  if (!grip || grip->handle >= all.size()) return;
+  const Handle& handle = all[grip->handle];
+  const Point location = touch.locationIn(*this);
+  // The second tap goes on from where it was when it moves.
+  const bool goesOn = isSecondTap(touch);
+  choose(meant(handle));
+  // A stroke takes hold of what it passes.
+  if (isDrawn()) return goesOn ? void() : drawTo(touch.id, location, location);
+  grip->x = DraggedShare(handle.x ? share(*handle.x) : 0);
+  grip->y = DraggedShare(handle.y ? share(*handle.y) : 0);
+  const std::vector<std::size_t> held = grip->held = movedBy(handle);
+  if (!hold(held) || goesOn) return;
+  grip = gripOf(touch.id);
   const Point way = location - handle.place;
-  Grip* const grip = gripOf(touch.id);
   if (grip && jumpsToTouch() && std::hypot(way.x, way.y) > reach) dragBy(*grip, handle, way);
 }
 
@@ -147,57 +135,49 @@ void ShapeControl::dragBy(Grip& grip, const Handle& handle, Point way) {
   if (handle.y && way.y != 0) move(grip.y, *handle.y, -way.y / atLeastAPoint(handle.travel.height));
   if (handle.x && handle.y && way.x != way.y)
     choose(std::fabs(way.x) > std::fabs(way.y) ? *handle.x : *handle.y);
+  tellMoved(changed);
+}
+
+void ShapeControl::tellMoved(bool changed) {
+  const platform::Weak<ShapeControl> self = this;
   noteActive();
-  if (changed) sendActions(toolkit::ControlEvent::valueChanged);
+  if (self && changed) sendActions(toolkit::ControlEvent::valueChanged);
 }
 
 void ShapeControl::drawTo(int touchId, Point from, Point to) {
   const std::vector<Handle> all = handles();
   const auto first = handleAt(from), last = handleAt(to);
   if (!first || !last || *first >= all.size() || *last >= all.size()) return;
-  const platform::Weak<ShapeControl> alive = this;
   const Rect area = plot();
   bool changed = false;
   for (std::size_t i = *first;; i = i < *last ? i + 1 : i - 1) {
-    Grip* const grip = gripOf(touchId);
+    Grip* grip = gripOf(touchId);
     if (!grip) return;
     grip->handle = i;
     const double way = to.x != from.x ? (all[i].place.x - from.x) / (to.x - from.x) : 1;
     const double y = i == *last ? to.y : from.y + (to.y - from.y) * std::clamp(way, 0.0, 1.0);
     const std::optional<std::size_t> index = all[i].y;
-    const bool isOwn =
-        index && std::find(grip->held.begin(), grip->held.end(), *index) != grip->held.end();
-    if (index && !isOwn && !isHeld(*index)) {
+    if (index && !isGripped(*index)) {
       grip->held.push_back(*index);
-      hold(*index);
-      if (!alive) return;
+      if (!hold({*index})) return;
+      grip = gripOf(touchId);
     }
     // What another finger holds stays with that.
-    const Grip* const own = gripOf(touchId);
-    if (index && own && std::find(own->held.begin(), own->held.end(), *index) != own->held.end()) {
+    if (index && grip &&
+        std::find(grip->held.begin(), grip->held.end(), *index) != grip->held.end()) {
       choose(*index);
       changed = moveTo(*index, (area.maxY() - y) / std::max(1.0, area.height)) || changed;
     }
     if (i == *last) break;
   }
-  noteActive();
-  if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
+  tellMoved(changed);
 }
 
-void ShapeControl::touchMoved(const toolkit::Touch& touch) {
-  if (!gripOf(touch.id)) return;
-  const platform::Weak<ShapeControl> alive = this;
-  GestureControl::touchMoved(touch);
-  Grip* grip = alive ? gripOf(touch.id) : nullptr;
-  if (!grip) return;
+void ShapeControl::slid(const toolkit::Touch& touch) {
+  Grip* const grip = gripOf(touch.id);
   const std::vector<Handle> all = handles();
-  if (grip->handle >= all.size()) return;
+  if (!grip || grip->handle >= all.size()) return;
   const Handle& handle = all[grip->handle];
-  if (grip->secondTap) {
-    const Point way = touch.location - touch.startLocation;
-    if (std::hypot(way.x, way.y) > tapSlop) startDrag(touch.id, handle);
-    return;
-  }
   const bool isFine = has(touch.modifiers, platform::Modifiers::shift);
   if (isDrawn() && !isFine)
     return drawTo(touch.id, touch.previousLocationIn(*this), touch.locationIn(*this));
@@ -207,31 +187,22 @@ void ShapeControl::touchMoved(const toolkit::Touch& touch) {
   dragBy(*grip, handle, {way.x * speed, way.y * speed});
 }
 
-void ShapeControl::touchEnded(const toolkit::Touch& touch) {
-  const Grip* const found = gripOf(touch.id);
-  const platform::Weak<ShapeControl> alive = this;
-  if (!found) return GestureControl::touchEnded(touch);
-  const Grip grip = *found;
-  std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touch.id; });
-  GestureControl::touchEnded(touch);
-  for (const std::size_t index : grip.held)
-    if (alive) release(index);
-  if (!alive) return;
-  noteActive();
-  if (!alive || !grip.secondTap) return;
-  const std::vector<Handle> all = handles();
-  if (grip.handle < all.size()) tellDoubleTap(meant(all[grip.handle]), {all[grip.handle]});
+void ShapeControl::letGo(int touchId) {
+  const Grip* const grip = gripOf(touchId);
+  if (!grip) return;
+  const std::vector<std::size_t> held = grip->held;
+  std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touchId; });
+  std::vector<std::size_t> freed;
+  // Another finger may hold the same value by a handle that is linked.
+  for (const std::size_t index : held)
+    if (!isGripped(index) && std::erase(holds_, index) > 0) freed.push_back(index);
+  tellHolds(freed, false);
 }
 
-void ShapeControl::touchCancelled(const toolkit::Touch& touch) {
-  const Grip* const found = gripOf(touch.id);
-  const platform::Weak<ShapeControl> alive = this;
-  const std::vector<std::size_t> held = found ? found->held : std::vector<std::size_t>();
-  std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touch.id; });
-  GestureControl::touchCancelled(touch);
-  for (const std::size_t index : held)
-    if (alive) release(index);
-  if (alive) noteActive();
+void ShapeControl::doubleTap(const toolkit::Touch& touch) {
+  const std::vector<Handle> all = handles();
+  const auto found = handleAt(convertFromRoot(touch.startLocation));
+  if (found && *found < all.size()) tellDoubleTap(meant(all[*found]), {all[*found]});
 }
 
 // Mouse and focus
@@ -245,16 +216,14 @@ void ShapeControl::hoverMoved(Point location) {
 }
 
 void ShapeControl::hoverChanged(bool hovered) {
-  const platform::Weak<ShapeControl> alive = this;
   if (!hovered) hoveredHandle_.reset();
   GestureControl::hoverChanged(hovered);
-  if (alive) noteActive();
+  noteActive();
 }
 
 void ShapeControl::firstResponderChanged() {
-  const platform::Weak<ShapeControl> alive = this;
   GestureControl::firstResponderChanged();
-  if (alive) noteActive();
+  noteActive();
 }
 
 // Wheel and keys
@@ -264,13 +233,7 @@ void ShapeControl::nudge(std::size_t index, double shareBy, bool all) {
   setNeedsDisplay();
   const double target = share(index) + shareBy;
   changeOnce([this, index, target, all, together = movedWith(index, all)] {
-    const platform::Weak<ShapeControl> alive = this;
-    for (const std::size_t moved : together)
-      if (alive && !isHeld(moved)) hold(moved);
-    if (!alive) return;
-    const bool changed = moveTo(index, target, all);
-    noteActive();
-    if (alive && changed) sendActions(toolkit::ControlEvent::valueChanged);
+    if (hold(together)) tellMoved(moveTo(index, target, all));
   });
 }
 

@@ -54,26 +54,28 @@ Rect Stepper::frameOf(Part part) const {
   return {};
 }
 
-void Stepper::touchBegan(const toolkit::Touch& touch) {
-  if (pressed_ != Part::none || !isEnabled()) return;
+GestureControl::Grasp Stepper::grasp(const toolkit::Touch& touch) {
   const double x = touch.locationIn(*this).x;
-  const Part part = x < frameOf(Part::text).x        ? Part::minus
-                    : x < frameOf(Part::text).maxX() ? Part::text
-                                                     : Part::plus;
-  const platform::Weak<Stepper> alive = this;
-  if (part == Part::text) {
-    DragControl::touchBegan(touch);
-    return;
-  }
+  const Rect text = frameOf(Part::text);
+  pressed_ = x < text.x ? Part::minus : x < text.maxX() ? Part::text : Part::plus;
   // A press of a sign is no drag.
-  KestroControl::touchBegan(touch);  // NOLINT(bugprone-parent-virtual-call)
-  if (!alive) return;
-  pressed_ = part;
-  beginGesture();
-  if (!alive) return;
+  return pressed_ == Part::text ? DragControl::grasp(touch) : Grasp::value;
+}
+
+void Stepper::pressed(const toolkit::Touch& touch) {
+  if (pressed_ == Part::text) return DragControl::pressed(touch);
   if (foundation::RunLoop::mainIfAny())
     repeat_ = Timer(repeatDelay, Timer::Repeat::once, [this] { repeat(); });
-  stepBy(part == Part::plus ? 1 : -1);
+  stepBy(pressed_ == Part::plus ? 1 : -1);
+}
+
+void Stepper::slid(const toolkit::Touch& touch) {
+  if (pressed_ == Part::text) DragControl::slid(touch);
+}
+
+void Stepper::letGo(int) {
+  repeat_.invalidate();
+  pressed_ = Part::none;
 }
 
 void Stepper::repeat() {
@@ -84,37 +86,6 @@ void Stepper::repeat() {
 void Stepper::stepBy(int direction) {
   const float by = static_cast<float>(isInverted() ? -direction : direction) * step();
   changeValue(value() + by);
-}
-
-void Stepper::stopRepeating() {
-  repeat_.invalidate();
-  if (pressed_ == Part::none) return;
-  pressed_ = Part::none;
-  endGesture();
-}
-
-void Stepper::touchMoved(const toolkit::Touch& touch) {
-  if (pressed_ == Part::none) DragControl::touchMoved(touch);
-}
-
-void Stepper::touchEnded(const toolkit::Touch& touch) {
-  if (pressed_ == Part::none) {
-    DragControl::touchEnded(touch);
-    return;
-  }
-  const platform::Weak<Stepper> alive = this;
-  KestroControl::touchEnded(touch);  // NOLINT(bugprone-parent-virtual-call)
-  if (alive) stopRepeating();
-}
-
-void Stepper::touchCancelled(const toolkit::Touch& touch) {
-  if (pressed_ == Part::none) {
-    DragControl::touchCancelled(touch);
-    return;
-  }
-  const platform::Weak<Stepper> alive = this;
-  KestroControl::touchCancelled(touch);  // NOLINT(bugprone-parent-virtual-call)
-  if (alive) stopRepeating();
 }
 
 std::string Stepper::shownText() const {

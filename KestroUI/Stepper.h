@@ -20,16 +20,16 @@ class Stepper : public DragControl {
   void setValueNames(std::vector<std::string> names);
   void setValue(float value) override;
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchMoved(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   double bestHeight(const platform::Size& available) const override {
     return std::min(available.height, lineFaceHeight());
   }
   void paint(platform::Canvas& canvas) override;
 
  protected:
+  Grasp grasp(const toolkit::Touch& touch) override;
+  void pressed(const toolkit::Touch& touch) override;
+  void slid(const toolkit::Touch& touch) override;
+  void letGo(int touchId) override;
   platform::Accessibility::Role accessibilityRole() const override {
     return platform::Accessibility::Role::slider;
   }
@@ -41,7 +41,6 @@ class Stepper : public DragControl {
   platform::Rect frameOf(Part part) const;
   void stepBy(int direction);
   void repeat();
-  void stopRepeating();
   std::string shownText() const;
 
   std::vector<std::string> names_;

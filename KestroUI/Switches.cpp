@@ -20,26 +20,6 @@ void OnOffButton::setTitles(std::vector<std::string> titles) {
 
 void OnOffButton::setOn(bool on) { setValue(on ? 1.0f : 0.0f); }
 
-void OnOffButton::touchBegan(const toolkit::Touch& touch) {
-  const platform::Weak<OnOffButton> alive = this;
-  KestroControl::touchBegan(touch);
-  if (!alive || !isEnabled() || switching_ == Switching::byOwner) return;
-  beginGesture();
-  if (alive) changeValue(switchedValue());
-}
-
-void OnOffButton::touchEnded(const toolkit::Touch& touch) {
-  const platform::Weak<OnOffButton> alive = this;
-  KestroControl::touchEnded(touch);
-  if (alive) endGesture();
-}
-
-void OnOffButton::touchCancelled(const toolkit::Touch& touch) {
-  const platform::Weak<OnOffButton> alive = this;
-  KestroControl::touchCancelled(touch);
-  if (alive) endGesture();
-}
-
 bool OnOffButton::keyPressed(const platform::KeyEvent& event) {
   const bool switches = event.key == platform::Key::space || event.key == platform::Key::returnKey;
   if (!switches) return switching_ == Switching::byTouch && KestroControl::keyPressed(event);
@@ -195,39 +175,14 @@ void MomentaryButton::setTitle(const std::string& title) {
   setNeedsDisplay();
 }
 
-void MomentaryButton::touchBegan(const toolkit::Touch& touch) {
-  const platform::Weak<MomentaryButton> alive = this;
-  KestroControl::touchBegan(touch);
-  if (!alive || !isEnabled()) return;
-  beginGesture();
-  if (alive) changeValue(1);
-}
-
-void MomentaryButton::touchEnded(const toolkit::Touch& touch) {
-  const platform::Weak<MomentaryButton> alive = this;
-  KestroControl::touchEnded(touch);
-  if (alive) release();
-}
-
-void MomentaryButton::touchCancelled(const toolkit::Touch& touch) {
-  const platform::Weak<MomentaryButton> alive = this;
-  KestroControl::touchCancelled(touch);
-  if (alive) release();
-}
-
-void MomentaryButton::release() {
-  const platform::Weak<MomentaryButton> alive = this;
-  changeValue(0);
-  if (alive) endGesture();
-}
-
 bool MomentaryButton::keyPressed(const platform::KeyEvent& event) {
   if (event.key != platform::Key::space && event.key != platform::Key::returnKey) return false;
   if (!isEnabled()) return false;
-  const platform::Weak<MomentaryButton> alive = this;
-  beginGesture();
-  if (alive) changeValue(1);
-  if (alive) release();
+  changeOnce([this] {
+    const platform::Weak<MomentaryButton> self = this;
+    changeValue(1);
+    if (self) changeValue(0);
+  });
   return true;
 }
 

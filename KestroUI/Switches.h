@@ -27,14 +27,15 @@ class OnOffButton : public KestroControl {
   Switching switching() const { return switching_; }
   void setSwitching(Switching switching) { switching_ = switching; }
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override;
   void paint(platform::Canvas& canvas) override;
 
  protected:
+  Grasp grasp(const toolkit::Touch&) override {
+    return switching_ == Switching::byTouch ? Grasp::value : Grasp::nothing;
+  }
+  void pressed(const toolkit::Touch&) override { changeValue(switchedValue()); }
   /// The value that a touch switches to.
   virtual float switchedValue() const { return isOn() ? 0.0f : 1.0f; }
   platform::Accessibility::Role accessibilityRole() const override {
@@ -82,9 +83,6 @@ class MomentaryButton : public KestroControl {
   const std::string& title() const { return title_; }
   void setTitle(const std::string& title);
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
   bool wheelTurned(const platform::WheelEvent&) override { return false; }
   bool keyPressed(const platform::KeyEvent& event) override;
   double bestHeight(const platform::Size& available) const override {
@@ -93,13 +91,14 @@ class MomentaryButton : public KestroControl {
   void paint(platform::Canvas& canvas) override;
 
  protected:
+  Grasp grasp(const toolkit::Touch&) override { return Grasp::value; }
+  void pressed(const toolkit::Touch&) override { changeValue(1); }
+  void letGo(int) override { changeValue(0); }
   platform::Accessibility::Role accessibilityRole() const override {
     return platform::Accessibility::Role::button;
   }
 
  private:
-  void release();
-
   std::string title_;
 };
 

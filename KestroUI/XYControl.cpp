@@ -20,32 +20,10 @@ void XYControl::setLit(bool lit) {
   setNeedsDisplay();
 }
 
-void XYControl::touchBegan(const toolkit::Touch& touch) {
-  const platform::Weak<XYControl> alive = this;
-  ShapeControl::touchBegan(touch);
-  if (alive) noteTouched();
-}
-
-void XYControl::touchEnded(const toolkit::Touch& touch) {
-  const platform::Weak<XYControl> alive = this;
-  ShapeControl::touchEnded(touch);
-  if (alive) noteTouched();
-}
-
-void XYControl::touchCancelled(const toolkit::Touch& touch) {
-  const platform::Weak<XYControl> alive = this;
-  ShapeControl::touchCancelled(touch);
-  if (alive) noteTouched();
-}
-
-void XYControl::endGesture() {
-  const platform::Weak<XYControl> alive = this;
-  ShapeControl::endGesture();
-  if (alive) noteTouched();
-}
-
-void XYControl::noteTouched() {
-  if (isTouched() == touched_) return;
+void XYControl::touchedNow() {
+  const platform::Weak<XYControl> self = this;
+  ShapeControl::touchedNow();
+  if (!self || isTouched() == touched_) return;
   touched_ = !touched_;
   if (const auto action = touchedChanged) action(touched_);
 }

@@ -17,20 +17,13 @@ class XYControl : public ShapeControl {
   /// The first finger is on the pad (true), or the last has left it.
   std::function<void(bool touched)> touchedChanged;
 
-  void touchBegan(const toolkit::Touch& touch) override;
-  void touchEnded(const toolkit::Touch& touch) override;
-  void touchCancelled(const toolkit::Touch& touch) override;
-
  protected:
   std::vector<Handle> handles() const override;
   bool jumpsToTouch() const override { return true; }
   void paintShape(platform::Canvas& canvas, const platform::Rect& plot) override;
-
-  void endGesture() override;
+  void touchedNow() override;
 
  private:
-  void noteTouched();
-
   std::optional<std::size_t> x_, y_;
   bool lit_ = false;
   bool touched_ = false;

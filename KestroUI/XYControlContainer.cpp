@@ -16,7 +16,7 @@ XYControlContainer::XYControlContainer() {
 }
 
 void XYControlContainer::connect(Switch& part) {
-  addSubview(part.button);
+  addPart(part.button);
   part.button.addTarget<&XYControlContainer::onSwitched>(*this, ControlEvent::valueChanged);
   part.button.addTarget<&XYControlContainer::onSwitchHeld>(*this, ControlEvent::editingDidBegin);
   part.button.addTarget<&XYControlContainer::onSwitchLetGo>(*this, ControlEvent::editingDidEnd);

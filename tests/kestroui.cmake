@@ -7,6 +7,7 @@ orvane_add_tests(kestroui
     ControlTypeTest.cpp
     DisplayContainersTest.cpp
     DropDownListTest.cpp
+    GestureControlTest.cpp
     ShapeKindsTest.cpp
     MidiMapBadgeTest.cpp
   DEPENDS orvane::kestroui orvane::toolkit orvane::foundation)

@@ -68,34 +68,30 @@ void Control::setHighlighted(bool highlighted) {
 
 void Control::touchBegan(const Touch&) {
   if (!enabled_) return;
-  const Weak<Control> self = this;
   tracking_ = true;
   setHighlighted(true);
-  if (self) sendActions(ControlEvent::touchDown);
+  sendActions(ControlEvent::touchDown);
 }
 
 void Control::touchMoved(const Touch& touch) {
   if (!tracking_) return;
-  const Weak<Control> self = this;
   setHighlighted(pointInside(touch.locationIn(*this)));
-  if (self) sendActions(ControlEvent::touchDragged);
+  sendActions(ControlEvent::touchDragged);
 }
 
 void Control::touchEnded(const Touch& touch) {
   if (!tracking_) return;
-  const Weak<Control> self = this;
   const bool inside = pointInside(touch.locationIn(*this));
   tracking_ = false;
   setHighlighted(false);
-  if (self) sendActions(inside ? ControlEvent::touchUpInside : ControlEvent::touchUpOutside);
+  sendActions(inside ? ControlEvent::touchUpInside : ControlEvent::touchUpOutside);
 }
 
 void Control::touchCancelled(const Touch&) {
   if (!tracking_) return;
-  const Weak<Control> self = this;
   tracking_ = false;
   setHighlighted(false);
-  if (self) sendActions(ControlEvent::touchCancelled);
+  sendActions(ControlEvent::touchCancelled);
 }
 
 void Control::hoverChanged(bool hovered) {
