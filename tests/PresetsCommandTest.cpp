@@ -116,19 +116,26 @@ TEST_F(PresetsCommandTest, ConvertRewritesArchivesAlone) {
 }
 
 TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
-  folder.write("Pads/a.example", "1");
+  folder.write("Pads/a.example", xmlPreset({}));
+  folder.write("Pads/.DS_Store", "junk");
   folder.write("data/PresetPacks/Pads/old.example", "0");
   const json installed = run({"pack", "install", folder / "Pads/", "--data", data});
-  EXPECT_EQ(installed["files"], 1);
-  EXPECT_EQ(namesIn(data + "/PresetPacks/Pads"), Names{"a.example"});
+  EXPECT_EQ(installed["presets"], 1);
+  const Names both{".DS_Store", "a.example"};
+  EXPECT_EQ(namesIn(data + "/PresetPacks/Pads"), both);
+  folder.write("data/PresetPacks/Leads/b", "no preset");
+  folder.write("data/PresetPacks/Readme", "no pack");
+  EXPECT_EQ(runTool({"presets", "pack", "list", "--data", data}).out,
+            "Leads: 0 presets\nPads: 1 preset\n");
+  EXPECT_EQ(run({"pack", "list", "--data", data})[1]["presets"], 1);
   const std::string own = data + "/PresetPacks/Pads";
   for (const std::string& path : {own, own + "/../Pads/"})
     EXPECT_THAT(runTool({"presets", "pack", "install", path, "--data", data}).err,
                 HasSubstr(": is installed already"));
-  EXPECT_EQ(namesIn(own), Names{"a.example"});
+  EXPECT_EQ(namesIn(own), both);
   ::mkfifo((folder / "Pads/pipe").c_str(), 0600);
   const json most = run({"pack", "install", folder / "Pads", "--data", data}, 1);
-  EXPECT_EQ(most["files"], 1);
+  EXPECT_EQ(most["presets"], 1);
   EXPECT_EQ(most["errors"].size(), 1u);
   const auto told = runTool({"presets", "pack", "install", folder / "Pads", "--data", data});
   EXPECT_EQ(told.code, 1);
@@ -137,6 +144,7 @@ TEST_F(PresetsCommandTest, APackIsInstalledWhole) {
   const json users =
       run({"pack", "install", folder / "Pads", support::dataFile("example.json")}, 1);
   EXPECT_THAT(users["pack"], testing::EndsWith("/orvane/group.example/PresetPacks/Pads"));
+  EXPECT_EQ(run({"pack", "list", support::dataFile("example.json")})[0]["folder"], users["pack"]);
   EXPECT_EQ(runTool({"presets", "pack", "install", folder / "none", "--data", data}).code, 1);
 }
 
@@ -168,6 +176,35 @@ TEST_F(PresetsCommandTest, TheDoctorReportsAndMendsOnlyWhenAsked) {
   EXPECT_THAT(textOf(store), HasSubstr("BANK A/Init"));
   EXPECT_THAT(textOf(store), HasSubstr(">/Init<")) << "a factory preset without a bank";
   EXPECT_EQ(runTool({"presets", "doctor", data}).out, data + ": no problems\n");
+}
+
+TEST_F(PresetsCommandTest, TheDoctorKeepsStarsThatItNeedNotTakeAway) {
+  const std::string presets = data + "/Presets/";
+  for (const char* name : {"A.example", "a.example"})
+    folder.write(std::string("data/Presets/") + name, xmlPreset({}));
+  folder.write("data/PresetTrash/2026-01-02 03.04.05/Old.example", "old");
+  const PropertyList::Array kept{presets + "A.example", "/Kick/Snare", "/media/gone/x.example",
+                                 presets + "sub/x.example"};
+  PropertyList::Array before = kept;
+  before.emplace_back(presets + "a.example");
+  before.emplace_back(presets + "gone.example");
+  const std::string store =
+      folder.write("data/Library/Preferences/group.example.plist",
+                   foundation::writeXmlPropertyList(Dictionary{{"favpresets", before}}));
+  const json told = run({"doctor", data, "--fix"});
+  ASSERT_EQ(told.size(), 3u);
+  EXPECT_EQ(told[2]["kind"], "trash");
+  EXPECT_THAT(told[2]["text"], HasSubstr("2026-01-02"));
+  EXPECT_EQ(textOf(data + "/PresetTrash/2026-01-02 03.04.05/Old.example"), "old");
+  PropertyList::Array after = kept;
+  after.emplace_back(presets + "a 2.example");
+  const std::string text = textOf(store);
+  for (const PropertyList& name : after)
+    EXPECT_THAT(text, HasSubstr('>' + *name.as<std::string>() + '<'));
+  EXPECT_THAT(text, testing::Not(HasSubstr("gone.example")));
+  const auto again = runTool({"presets", "doctor", data});
+  EXPECT_EQ(again.code, 0) << "what is in the trash is no problem";
+  EXPECT_THAT(again.out, HasSubstr("no problems"));
 }
 
 TEST_F(PresetsCommandTest, TheDoctorPutsAsideAsManyBrokenFilesOfOneNameAsThereAre) {

@@ -4,8 +4,10 @@
 #include <chrono>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <utility>
 
+#include "Orvane/PresetTrash.h"
 #include "foundation/SafeFile.h"
 #include "foundation/UnicodeText.h"
 #include "foundation/UserDefaults.h"
@@ -41,6 +43,8 @@ std::string kindName(Kind kind) {
       return "missing-favourite";
     case Kind::unfinished:
       return "unfinished";
+    case Kind::trash:
+      return "trash";
   }
   return "";
 }
@@ -55,6 +59,7 @@ std::vector<PresetProblem> PresetDoctor::examine() {
   findCategories();
   findMissingFavourites();
   findUnfinished();
+  listTrash();
   return problems_;
 }
 
@@ -70,8 +75,7 @@ void PresetDoctor::found(Kind kind, const std::string& file, std::string text, F
 }
 
 std::string PresetDoctor::move(const std::string& from, const std::string& to) {
-  auto error = files_.copyItem(from, to);
-  if (!error) error = files_.removeItem(from);
+  const auto error = files_.moveItem(from, to);
   return error ? error->localizedDescription : std::string();
 }
 
@@ -108,6 +112,7 @@ void PresetDoctor::findDuplicates() {
         if (firstOf.count(foundation::lowercased(name)) || files_.fileExists(path)) continue;
         std::string whyNot = move(preset.path, path);
         if (whyNot.empty()) {
+          whyNot = changeFavourite(preset.path, path);
           preset.path = path;
           firstOf.emplace(foundation::lowercased(name), path);
         }
@@ -135,25 +140,48 @@ void PresetDoctor::findCategories() {
   }
 }
 
-void PresetDoctor::findMissingFavourites() {
+std::string PresetDoctor::changeFavourite(const std::string& name,
+                                          const std::optional<std::string>& newName) {
   for (const Favourites& favourites : favouritesIn(files_, folder_.container)) {
-    // Factory presets have a bank's name in front; the path of a file begins with "/".
-    const auto isMissing = [&](const std::string& name) {
-      return name.size() > 1 && name[0] == '/' && name.find('/', 1) != name.npos &&
-             !files_.fileExists(name);
-    };
-    for (const std::string& name : favourites.names) {
-      if (!isMissing(name)) continue;
-      found(Kind::missingFavourite, name, "is a favourite, but there is no such file", [&] {
-        auto defaults = foundation::UserDefaults::open(favourites.suite);
-        auto list = defaults ? defaults->array("favpresets") : std::nullopt;
-        if (!list) return std::string("the favourites cannot be read");
-        const auto place = std::find(list->begin(), list->end(), PropertyList(name));
-        if (place != list->end()) list->erase(place);
-        defaults->setObject("favpresets", *list);
-        return std::string();
-      });
-    }
+    if (std::find(favourites.names.begin(), favourites.names.end(), name) == favourites.names.end())
+      continue;
+    auto defaults = foundation::UserDefaults::open(favourites.suite);
+    auto list = defaults ? defaults->array("favpresets") : std::nullopt;
+    if (!list) return "the favourites cannot be read";
+    if (newName)
+      std::replace(list->begin(), list->end(), PropertyList(name), PropertyList(*newName));
+    else
+      std::erase(*list, PropertyList(name));
+    defaults->setObject("favpresets", *list);
+  }
+  return "";
+}
+
+void PresetDoctor::findMissingFavourites() {
+  // What lies elsewhere, such as on a disk that is not there now, may come back. A factory preset
+  // without a bank has "/" in front as well.
+  const std::string inFolder = folder_.presets + '/';
+  std::set<std::string> missing;
+  for (const Favourites& favourites : favouritesIn(files_, folder_.container))
+    for (const std::string& name : favourites.names)
+      if (name.starts_with(inFolder) && platform::isFileName(name.substr(inFolder.size())) &&
+          !files_.status(name, platform::FileManager::Links::itself))
+        missing.insert(name);
+  for (const std::string& name : missing)
+    found(Kind::missingFavourite, name, "is a favourite, but there is no such file",
+          [&] { return changeFavourite(name, std::nullopt); });
+}
+
+void PresetDoctor::listTrash() {
+  const orvane::PresetTrash trash(
+      files_, foundation::folderOf(folder_.presets) + '/' + orvane::PresetTrash::folderName);
+  auto entries = trash.entries();
+  std::sort(entries.begin(), entries.end(),
+            [](const auto& a, const auto& b) { return a.path < b.path; });
+  for (const auto& entry : entries) {
+    const std::string time =
+        platform::lastPathComponent(foundation::folderOf(entry.path)).substr(0, 10);
+    problems_.push_back({Kind::trash, entry.path, "was deleted or replaced on " + time});
   }
 }
 

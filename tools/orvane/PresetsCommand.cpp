@@ -196,9 +196,49 @@ std::string groupOf(const std::string& plugin) {
   return group;
 }
 
-int installPack(const Words& words, Streams streams) {
+/// A file is counted as the browser lists it; without a plug-in, whatever is a preset.
+std::size_t countPresets(foundation::LocalFileManager& files, const std::string& folder) {
+  const auto presets = presetsIn(files, folder);
+  return static_cast<std::size_t>(
+      std::count_if(presets.begin(), presets.end(),
+                    [](const PresetEntry& preset) { return preset.error.empty(); }));
+}
+
+int listPacks(ArgumentParser& arguments, Streams streams) {
+  const auto plugin = arguments.optionalPositional();
+  arguments.finish();
+  DataFolders folders(arguments, WithoutData::usersOwn);
+  std::vector<std::string> containers;
+  if (plugin && !folders.data())
+    containers.push_back(*folders.files().groupContainer(groupOf(*plugin)));
+  else
+    for (const PresetFolder& folder : foldersToList(folders))
+      if (!folder.isCloud) containers.push_back(folder.container);
+  Json list = Json::array();
+  for (const std::string& container : containers) {
+    auto packs = folders.files().contentsOfDirectory(container + "/PresetPacks");
+    if (!packs) continue;
+    std::sort(packs->begin(), packs->end(),
+              [](const auto& a, const auto& b) { return a.name < b.name; });
+    for (const auto& pack : *packs) {
+      if (!pack.isDirectory) continue;
+      const std::string path = container + "/PresetPacks/" + pack.name;
+      const std::size_t count = countPresets(folders.files(), path);
+      list.push_back({{"name", oneLine(pack.name)}, {"folder", oneLine(path)}, {"presets", count}});
+      if (!arguments.flag("--json"))
+        streams.out << oneLine(pack.name) << ": " << count
+                    << (count == 1 ? " preset\n" : " presets\n");
+    }
+  }
+  if (arguments.flag("--json")) print(streams, list);
+  return 0;
+}
+
+int packCommand(const Words& words, Streams streams) {
   ArgumentParser arguments("presets pack", words, {}, jsonFlag);
-  if (arguments.positional("install") != "install") arguments.fail("only install is known");
+  const std::string action = arguments.positional("install or list");
+  if (action == "list") return listPacks(arguments, streams);
+  if (action != "install") arguments.fail("only install and list are known");
   const std::string folder = arguments.positional("FOLDER");
   const auto plugin = arguments.optionalPositional();
   arguments.finish();
@@ -216,14 +256,13 @@ int installPack(const Words& words, Streams streams) {
   std::error_code error;
   if (fs::equivalent(folder, pack, error)) throw Failure(folder + ": is installed already");
   manager.copyPresetsFromFolder(absolute(folder));
-  const auto installed = folders.files().contentsOfDirectory(pack);
-  if (!installed) throw Failure(folder + ": the pack could not be installed");
+  if (!folders.files().isDirectory(pack))
+    throw Failure(folder + ": the pack could not be installed");
+  const std::size_t count = countPresets(folders.files(), pack);
   if (arguments.flag("--json"))
-    print(streams,
-          {{"pack", oneLine(pack)}, {"files", installed->size()}, {"errors", texts(printed)}});
+    print(streams, {{"pack", oneLine(pack)}, {"presets", count}, {"errors", texts(printed)}});
   else
-    streams.out << oneLine(pack) << ": " << installed->size()
-                << (installed->size() == 1 ? " file\n" : " files\n");
+    streams.out << oneLine(pack) << ": " << count << (count == 1 ? " preset\n" : " presets\n");
   if (!printed.empty() && !arguments.flag("--json")) throw Failure(folder + ": " + printed.front());
   return printed.empty() ? 0 : 1;
 }
@@ -239,10 +278,12 @@ int examineFolder(const Words& words, Streams streams) {
   if (!files.isDirectory(folder.presets)) throw Failure(path + ": there is no such folder");
   const auto mode = arguments.flag("--fix") ? PresetDoctor::Mode::fix : PresetDoctor::Mode::report;
   Json list = Json::array();
-  bool isLeft = false;
+  bool isLeft = false, areAny = false;
   const auto problems = PresetDoctor(files, folder, mode).examine();
   for (const PresetProblem& problem : problems) {
-    isLeft = isLeft || !problem.isFixed;
+    const bool isTrash = problem.kind == PresetProblem::Kind::trash;
+    areAny = areAny || !isTrash;
+    isLeft = isLeft || (!isTrash && !problem.isFixed);
     if (arguments.flag("--json"))
       list.push_back({{"kind", kindName(problem.kind)},
                       {"file", oneLine(problem.file)},
@@ -254,7 +295,7 @@ int examineFolder(const Words& words, Streams streams) {
   }
   if (arguments.flag("--json"))
     print(streams, list);
-  else if (problems.empty())
+  else if (!areAny)
     streams.out << oneLine(path) << ": no problems\n";
   return isLeft ? 1 : 0;
 }
@@ -268,7 +309,7 @@ int presetsCommand(const Words& words, Streams streams) {
   } commands[] = {{"list", listPresets},
                   {"show", showPreset},
                   {"convert", convertPresets},
-                  {"pack", installPack},
+                  {"pack", packCommand},
                   {"doctor", examineFolder}};
   if (words.empty())
     throw UsageError("orvane presets: list, show, convert, pack or doctor is missing");
