@@ -170,25 +170,33 @@ bool PresetManager::load(const std::shared_ptr<Preset>& preset) {
     return loadUserPreset(*user);
   auto* unit = audioUnit.get();
   if (!unit || !preset->preset) return false;
+  if (preset->preset->number < 0 && !preset->presetPackID.empty())
+    return loadFile(
+        presetPackPath(preset->presetPackID) + '/' + preset->name + '.' + unit->presetExtension(),
+        preset->name);
   unit->setCurrentPreset(preset->preset->number);
   return true;
 }
 
 bool PresetManager::loadUserPreset(const UserPreset& preset) {
+  return loadFile(preset.url, preset.name);
+}
+
+bool PresetManager::loadFile(const std::string& url, const std::string& name) {
   FileError error;
-  auto bytes = fileManager_.contents(preset.url, error);
+  const auto bytes = fileManager_.contents(url, error);
   if (!bytes) {
     tell(error.localizedDescription);
     return false;
   }
   auto* unit = audioUnit.get();
   if (!unit) return false;
-  if (unit->setFullState(PropertyList::Dictionary{{"data", *bytes}, {"presetName", preset.name}}))
+  if (unit->setFullState(PropertyList::Dictionary{{"data", *bytes}, {"presetName", name}}))
     return true;
   // The audio unit has told the console.
   std::string reason;
   if (PresetFile::decode(*bytes, reason)) reason = "it is no preset";
-  tell(foundation::fileError(preset.url, "loaded", reason).localizedDescription);
+  tell(foundation::fileError(url, "loaded", reason).localizedDescription);
   return false;
 }
 

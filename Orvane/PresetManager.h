@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "Orvane/PresetTrash.h"
 #include "platform/AudioUnit.h"
 #include "platform/FileManager.h"
+#include "platform/KestroAUPreset.h"
 #include "platform/Weak.h"
 
 namespace orvane {
@@ -60,6 +62,10 @@ class PresetManager : public platform::WeakTarget {
   /// only files that are new or have changed since the last time; the presets of others are the same
   /// objects as then.
   std::vector<std::shared_ptr<UserPreset>> getUserPresets();
+  /// The files of the installed packs that have the audio unit's extension, as the list takes factory
+  /// presets: by pack and name, in a bank that is called as the pack, with numbers below 0 that are
+  /// none of the audio unit's own. `load` knows them.
+  std::vector<platform::KestroAUPreset> getPackPresets();
 
   // Each tells whether it is done
 
@@ -144,6 +150,7 @@ class PresetManager : public platform::WeakTarget {
   bool isWritten(const std::string& content, const std::string& url);
   std::optional<PresetUndo::Step> moveToTrash(const std::string& url);
   bool restore(const PresetUndo::Step& step);
+  bool loadFile(const std::string& url, const std::string& name);
   /// Every failure ends here.
   void report(const std::string& sentence);
   /// What the console is not told.
@@ -155,6 +162,12 @@ class PresetManager : public platform::WeakTarget {
   platform::FileManager& fileManager_;
   ICloudManager iCloudManager_;
   KnownFolder local_, cloud_;
+  struct PackFile {
+    platform::FileStamp stamp;
+    std::vector<std::string> categories;
+  };
+  /// By path.
+  std::map<std::string, PackFile> packFiles_;
   std::optional<PresetUndo> lastChange_;
 };
 

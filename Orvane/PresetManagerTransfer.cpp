@@ -1,5 +1,8 @@
 // Presets that come from elsewhere and go elsewhere.
 
+#include <algorithm>
+#include <tuple>
+
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetFile.h"
 #include "Orvane/PresetManager.h"
@@ -151,6 +154,43 @@ std::optional<std::string> PresetManager::packPresetPath() const {
 std::string PresetManager::presetPackPath(const std::string& packID) const {
   const auto packs = packPresetPath();
   return packs ? *packs + '/' + packID : std::string();
+}
+
+std::vector<platform::KestroAUPreset> PresetManager::getPackPresets() {
+  std::vector<platform::KestroAUPreset> presets;
+  const auto* unit = audioUnit.get();
+  const auto folder = packPresetPath();
+  const auto packs = folder ? fileManager_.contentsOfDirectory(*folder) : std::nullopt;
+  if (!unit || !packs) return presets;
+  std::map<std::string, PackFile> files;
+  for (const auto& pack : *packs) {
+    const std::string path = *folder + '/' + pack.name;
+    const auto entries = pack.isDirectory ? fileManager_.contentsOfDirectory(path) : std::nullopt;
+    if (!entries) continue;
+    for (const auto& entry : *entries) {
+      if (entry.isDirectory || platform::pathExtension(entry.name) != unit->presetExtension())
+        continue;
+      const std::string url = path + '/' + entry.name;
+      const auto known = packFiles_.find(url);
+      PackFile& file = files[url];
+      if (known != packFiles_.end() && known->second.stamp == entry.stamp)
+        file = std::move(known->second);
+      else
+        file = {entry.stamp, PresetFile::categories(fileManager_, url, entry.stamp.size)
+                                 .value_or(std::vector<std::string>())};
+      presets.emplace_back(platform::AUAudioUnitPreset{.name = platform::fileStem(entry.name),
+                                                       .bank = pack.name,
+                                                       .categories = file.categories,
+                                                       .pack = pack.name});
+    }
+  }
+  packFiles_ = std::move(files);
+  std::sort(presets.begin(), presets.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.bankName, a.preset.name) < std::tie(b.bankName, b.preset.name);
+  });
+  for (std::size_t place = 0; place < presets.size(); ++place)
+    presets[place].preset.number = -1 - static_cast<int>(place);
+  return presets;
 }
 
 void PresetManager::copyPresetsFromBundle(const std::string& bundleURL) {

@@ -211,6 +211,36 @@ TEST_F(PresetTransferTest, APackReplacesItsEarlierVersionWhole) {
   EXPECT_EQ(orvane::PresetManager("", {}).presetPackPath("Pads"), "");
 }
 
+TEST_F(PresetTransferTest, InstalledPacksAreBanksOfPresets) {
+  unit.setParameter("cutoff", 444);
+  const std::string file = save("Made");
+  folder.write("Pads/Warm.synth", textOf(file));
+  folder.write("Pads/Glass.synth", foundation::writeXmlPropertyList(
+                                       Dictionary{{"Categories", PropertyList::Array{"pad"}}}));
+  folder.write("Leads/Sharp.synth", "no preset");
+  for (const char* junk : {"Pads/.DS_Store", "Pads/Readme.txt", "Pads/in/Deep.synth"})
+    folder.write(junk, "x");
+  EXPECT_THAT(manager().getPackPresets(), IsEmpty());
+  for (const char* pack : {"Pads", "Leads"}) manager().copyPresetsFromFolder(folder / pack);
+  const auto presets = manager().getPackPresets();
+  std::vector<std::string> names;
+  for (const auto& preset : presets) names.push_back(preset.bankName + '/' + preset.preset.name);
+  EXPECT_THAT(names, ElementsAre("Leads/Sharp", "Pads/Glass", "Pads/Warm"));
+  EXPECT_THAT(presets[1].categories, ElementsAre("pad"));
+  const int reads = files.reads;
+  EXPECT_EQ(manager().getPackPresets().size(), 3u);
+  EXPECT_EQ(files.reads, reads) << "nothing has changed";
+  unit.setParameter("cutoff", 700);
+  const auto load = [&](std::size_t place) {
+    return manager().load(std::make_shared<orvane::FactoryPreset>(presets[place]));
+  };
+  EXPECT_FALSE(load(0));
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 700);
+  EXPECT_TRUE(load(2));
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 444);
+  EXPECT_EQ(unit.currentPresetName(), "Warm");
+}
+
 TEST_F(PresetTransferTest, WhatIsImportedBeforeThereIsASoundStaysChosen) {
   Editor early;
   early.view();
