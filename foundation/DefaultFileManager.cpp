@@ -1,6 +1,7 @@
 #include "foundation/DefaultFileManager.h"
 
 #include "foundation/DispatchQueue.h"
+#include "foundation/FolderCloud.h"
 #include "foundation/LocalFileManager.h"
 
 namespace foundation {
@@ -14,7 +15,9 @@ FileManager& DefaultFileManager::current() {
       [](FileManager* const* manager) { return manager ? *manager : nullptr; });
   if (given) return *given;
   // Never destroyed: threads may still use it while the program ends.
-  static auto& usersOwn = *new LocalFileManager(LocalFileManager::usersDataFolder());
+  static auto& usersOwn =
+      *new LocalFileManager(LocalFileManager::usersDataFolder(),
+                            LocalFileManager::Groups::eachItsOwn, UsersCloud::ofEnvironment());
   static const struct AtExit {
     ~AtExit() { usersOwn.removeTemporaryDirectory(); }
   } atExit;

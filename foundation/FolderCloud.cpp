@@ -1,9 +1,11 @@
 #include "foundation/FolderCloud.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "foundation/Bundle.h"
 #include "foundation/DispatchQueue.h"
 #include "foundation/SafeFile.h"
 #include "platform/FilePath.h"
@@ -43,6 +45,32 @@ std::optional<std::string> FolderCloud::container(const std::optional<std::strin
   std::error_code error;
   if (folder.empty() || !fs::is_directory(folder, error)) return std::nullopt;
   return folder;
+}
+
+std::shared_ptr<UsersCloud> UsersCloud::in(const std::string& folder) {
+  std::string root = folder;
+  while (root.size() > 1 && root.back() == '/') root.pop_back();
+  if (!root.starts_with('/')) return nullptr;
+  return std::make_shared<UsersCloud>(Absolute{std::move(root)});
+}
+
+std::shared_ptr<UsersCloud> UsersCloud::ofEnvironment() {
+  const char* folder = std::getenv("ORVANE_CLOUD");
+  return in(folder ? folder : "");
+}
+
+std::optional<std::string> UsersCloud::container(const std::optional<std::string>& identifier) {
+  const auto root = identifier ? std::nullopt : FolderCloud::container(std::nullopt);
+  // Its disk or its account may be missing just now: then nothing is made in its place.
+  if (!root) return std::nullopt;
+  const auto info = Bundle::mainInfoDictionary();
+  const auto* entry =
+      info && info->contains("CFBundleIdentifier") ? &info->at("CFBundleIdentifier") : nullptr;
+  const auto* name = entry ? entry->as<std::string>() : nullptr;
+  std::string own = *root + '/' + (name && platform::isFileName(*name) ? *name : "Orvane");
+  std::error_code error;
+  fs::create_directory(own, error);
+  return error ? std::nullopt : std::optional(std::move(own));
 }
 
 bool FolderCloud::isUbiquitousItem(const std::string& path) {

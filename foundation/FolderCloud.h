@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/CloudStorage.h"
 
@@ -36,6 +37,24 @@ class FolderCloud : public platform::CloudStorage {
   const std::string folder_;
   const std::shared_ptr<CloudDownloader> downloader_;
   const std::map<std::string, std::string> others_;
+};
+
+/// The cloud of a user who keeps a folder in step with other computers, by whatever program: within it
+/// each plug-in has a container called by its bundle's identifier. Without that folder there is no
+/// cloud at that moment.
+class UsersCloud : public FolderCloud {
+  struct Absolute {
+    std::string path;
+  };
+
+ public:
+  explicit UsersCloud(Absolute folder) : FolderCloud(std::move(folder.path)) {}
+  /// Null for an empty folder, and for one that is not absolute.
+  static std::shared_ptr<UsersCloud> in(const std::string& folder);
+  /// That which the environment names as ORVANE_CLOUD.
+  static std::shared_ptr<UsersCloud> ofEnvironment();
+
+  std::optional<std::string> container(const std::optional<std::string>& identifier) override;
 };
 
 }  // namespace foundation

@@ -21,6 +21,7 @@
 #include <map>
 #include <thread>
 
+#include "foundation/Bundle.h"
 #include "foundation/DefaultFileManager.h"
 #include "foundation/DispatchQueue.h"
 #include "foundation/FileLock.h"
@@ -570,6 +571,23 @@ TEST(FolderCloudTest, HasWhatLiesInItsFoldersAndNotBesideThem) {
   EXPECT_TRUE(cloud.isUbiquitousItem(other));
   EXPECT_FALSE(cloud.isUbiquitousItem(folder.write("cloud 2/a", "")));
   EXPECT_FALSE(cloud.isUbiquitousItem(folder / "cloud/gone"));
+}
+
+TEST(UsersCloudTest, IsAFolderForEachPluginInTheOneThatTheUserNames) {
+  using foundation::UsersCloud;
+  using Info = platform::PropertyList::Dictionary;
+  const TemporaryFolder folder;
+  EXPECT_FALSE(UsersCloud::in("") || UsersCloud::in("relative"));
+  const foundation::MainBundle bundle(Info{{"CFBundleIdentifier", "org.example.synth"}});
+  const auto named = UsersCloud::in(folder / "cloud//");
+  EXPECT_FALSE(named->container(std::nullopt)) << "no disk, no account";
+  EXPECT_FALSE(std::filesystem::exists(folder / "cloud"));
+  std::filesystem::create_directory(folder / "cloud");
+  EXPECT_EQ(named->container(std::nullopt), folder / "cloud/org.example.synth");
+  EXPECT_FALSE(named->container("other"));
+  EXPECT_TRUE(named->isUbiquitousItem(folder.write("cloud/org.example.synth/x", "")));
+  const foundation::MainBundle odd(Info{{"CFBundleIdentifier", "../up"}});
+  EXPECT_EQ(UsersCloud::in(folder / "cloud")->container(std::nullopt), folder / "cloud/Orvane");
 }
 
 TEST(FileLockTest, KeepsOthersOutAsLongAsItLives) {

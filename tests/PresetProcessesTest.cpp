@@ -27,8 +27,9 @@ using testing::SizeIs;
 class PresetProcessesTest : public support::PresetBench {
  protected:
   /// `output`, if any, becomes the process's standard output.
-  pid_t start(std::vector<std::string> arguments, int output = -1) const {
-    arguments.insert(arguments.begin(), {ORVANE_BIN_DIR "/preset_saver", folder / "data"});
+  pid_t start(std::vector<std::string> arguments, int output = -1,
+              const std::string& container = "data") const {
+    arguments.insert(arguments.begin(), {ORVANE_BIN_DIR "/preset_saver", folder / container});
     std::vector<char*> words;
     for (std::string& argument : arguments) words.push_back(argument.data());
     words.push_back(nullptr);
@@ -89,6 +90,37 @@ TEST_F(PresetProcessesTest, EightAtOnceLoseNothing) {
     EXPECT_THAT(preset->categories, SizeIs(1)) << preset->name;
     EXPECT_THAT(FavPresetsStore::favouritePresets, Contains(preset->uniqueName()));
   }
+}
+
+TEST_F(PresetProcessesTest, TwoComputersInOneCloudFolderHaveEachOthersPresets) {
+  constexpr int presets = 10;
+  ::setenv("ORVANE_CLOUD", (folder / "cloud/").c_str(), 1);
+  std::vector<pid_t> running;
+  for (const char* computer : {"one", "two"}) {
+    std::filesystem::create_directory(folder / computer);
+    for (const char* name : {"a", "b"})
+      running.push_back(
+          start({std::string(computer) + name, std::to_string(presets)}, -1, computer));
+  }
+  for (const pid_t process : running) {
+    int status = -1;
+    ::waitpid(process, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  for (const char* computer : {"one", "two"}) {
+    foundation::LocalFileManager computersFiles(folder / computer,
+                                                foundation::LocalFileManager::Groups::oneForAll,
+                                                foundation::UsersCloud::ofEnvironment());
+    const foundation::DefaultFileManager computersScope(computersFiles);
+    const auto manager = makeManager();
+    const auto all = manager->getUserPresets();
+    EXPECT_THAT(all, SizeIs(4 * presets));
+    for (const auto& preset : all) EXPECT_TRUE(preset->isICloud && preset->categories.size() == 1);
+    FavPresetsStore::load();
+    EXPECT_THAT(FavPresetsStore::favouritePresets, SizeIs(2 * presets)) << "stars stay here";
+    EXPECT_THAT(support::namesIn(folder / computer + "/Presets"), testing::IsEmpty());
+  }
+  ::unsetenv("ORVANE_CLOUD");
 }
 
 TEST_F(PresetProcessesTest, AFullDiskLeavesPresetsAndFavouritesAsTheyWere) {

@@ -30,7 +30,8 @@ void saveForEver(orvane::PresetManager& manager, support::PresetUnit& unit,
 int main(int argc, char** argv) {
   if (argc < 3) return 2;
   const std::string container = argv[1], name = argv[2];
-  foundation::LocalFileManager files(container, foundation::LocalFileManager::Groups::oneForAll);
+  foundation::LocalFileManager files(container, foundation::LocalFileManager::Groups::oneForAll,
+                                     foundation::UsersCloud::ofEnvironment());
   const foundation::DefaultFileManager scope(files);
   headless::HeadlessRunLoop loop;
   support::PresetUnit unit;
