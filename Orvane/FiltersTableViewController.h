@@ -25,6 +25,8 @@ class FiltersTableViewController : public toolkit::TableViewController {
   /// In display order. Shown with the next frame; the selection comes with reapplySelection.
   void setFilterList(std::vector<std::string> filters);
   const std::optional<std::string>& selectedFilter() const { return selectedFilter_; }
+  /// Chosen from now on; reapplySelection shows it.
+  void setSelectedFilter(std::string filter) { selectedFilter_ = std::move(filter); }
   /// Selects the row of the chosen filter in the middle of the table and tells the delegate again;
   /// one that is not in the list any more selects nothing and shows the top.
   void reapplySelection();

@@ -86,11 +86,28 @@ void PresetListTableViewController::presetLibraryDidChange(Change change) {
       break;
     case Change::selection:
       moveToSelected();
+      showStates();
       break;
     case Change::marks:
-      tableView().refillCells();
+      showStates();
       break;
   }
+}
+
+void PresetListTableViewController::showStates() {
+  tableView().forEachCell([this](IndexPath row, toolkit::TableViewCell& cell) {
+    auto& shown = static_cast<PresetCell&>(cell);
+    const bool isThere = static_cast<std::size_t>(row.row) < presetsIn(row.section).size();
+    if (!isThere || shown.preset() != presetAt(row)) return;
+    shown.setPreset(presetAt(row));
+    shown.setModified(presetAt(row) == selectedPreset() && library_.isModified());
+  });
+}
+
+PresetListTableViewController::PresetPtr PresetListTableViewController::presetInFocus() {
+  const auto focused = tableView().focusedRow();
+  if (focused) return presetAt(*focused);
+  return selectedPreset() && rowOf(*selectedPreset()) ? selectedPreset() : nullptr;
 }
 
 void PresetListTableViewController::showPresets() {
@@ -171,6 +188,7 @@ toolkit::TableViewCell& PresetListTableViewController::cellForRowAt(TableView& t
   auto& cell = table.dequeueReusableCell<PresetCell>();
   cell.setShowStarButton(!useHeaders);
   cell.setPreset(presetAt(row));
+  cell.setModified(cell.preset() == selectedPreset() && library_.isModified());
   return cell;
 }
 
@@ -203,6 +221,30 @@ void PresetListTableViewController::didSelectRowAt(TableView& table, IndexPath r
   library_.select(preset);
   if (!self) return;
   if (auto* owner = delegate.get()) owner->presetListDidSelect(preset);
+}
+
+void PresetListTableViewController::didMarkRowAt(TableView&, IndexPath row, Mark how) {
+  // Who marks several has stopped listening.
+  rest_.invalidate();
+  switch (how) {
+    case Mark::none:
+      library_.clearMarks();
+      if (auto* owner = delegate.get(); owner && presetAt(row) == selectedPreset())
+        owner->presetListDidKeepSelected();
+      return;
+    case Mark::toggle:
+      return library_.toggleMark(presetAt(row));
+    case Mark::extend:
+      return library_.extendMarks(presetAt(row));
+    case Mark::all:
+      return library_.markAllShown();
+  }
+}
+
+bool PresetListTableViewController::isRowMarked(TableView&, IndexPath row) {
+  const Presets& presets = presetsIn(row.section);
+  const auto index = static_cast<std::size_t>(row.row);
+  return index < presets.size() && library_.isMarked(*presets[index]);
 }
 
 void PresetListTableViewController::didFocusRowAt(TableView&, IndexPath row) {

@@ -16,6 +16,8 @@ class PresetListTableViewControllerDelegate {
   virtual ~PresetListTableViewControllerDelegate() = default;
 
   virtual void presetListDidSelect(const std::shared_ptr<Preset>& preset) = 0;
+  /// The user has chosen the selected preset, which was heard before.
+  virtual void presetListDidKeepSelected() = 0;
   /// The arrow keys rest on a preset.
   virtual void presetListDidRestOn(const std::shared_ptr<Preset>& preset) = 0;
 };
@@ -67,6 +69,9 @@ class PresetListTableViewController : public toolkit::TableViewController,
   /// Brings the selected preset into sight, or the top where it is not shown.
   void moveToSelected();
 
+  /// The one that the arrow keys have reached, else the selected one; null when neither is shown.
+  PresetPtr presetInFocus();
+
   void presetLibraryDidChange(Change change) override;
   void viewDidLoad() override;
   int numberOfSections(toolkit::TableView& table) override;
@@ -78,10 +83,14 @@ class PresetListTableViewController : public toolkit::TableViewController,
   double heightForHeaderInSection(toolkit::TableView& table, int section) override;
   double heightForRowsInSection(toolkit::TableView& table, int section) override;
   void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
+  void didMarkRowAt(toolkit::TableView& table, toolkit::IndexPath row, Mark how) override;
+  bool isRowMarked(toolkit::TableView& table, toolkit::IndexPath row) override;
   void didFocusRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 
  private:
   void showPresets();
+  /// Stars, marks and the sign of a changed preset in the rows as they are.
+  void showStates();
   const Presets& presetsIn(int section) const;
   const PresetPtr& presetAt(toolkit::IndexPath row) const;
   std::optional<toolkit::IndexPath> rowOf(const Preset& preset) const;

@@ -32,6 +32,7 @@ void PresetTableStyle::apply(toolkit::TableViewCell& cell) {
   cell.setColors({.background = platform::Color::clear(),
                   .selected = Theme::accent.withAlpha(0.26f),
                   .pressed = Theme::accent.withAlpha(0.14f),
+                  .marked = Theme::accent.withAlpha(0.4f),
                   .focused = Theme::accent.withAlpha(0.7f)});
 }
 

@@ -41,6 +41,8 @@ void PresetViewOverlay::didMoveToSuperview() {
   addSubview(panel_);
   addSubview(presetTitle_);
   addSubview(countLabel_);
+  addSubview(clearButton_);
+  clearButton_.addTarget<&PresetViewOverlay::clearFilters>(*this, ControlEvent::touchDown);
   addSubview(categorySelector_);
   addSubview(searchBar_);
   addSubview(list_.view());
@@ -95,6 +97,7 @@ void PresetViewOverlay::setFactoryPresets(
   std::vector<std::string> filters{"ALL", "USER", "FAVOURITES"};
   filters.insert(filters.end(), banks.begin(), banks.end());
   filters_.setFilterList(std::move(filters));
+  if (useFilterList && !filters_.selectedFilter()) filters_.setSelectedFilter("ALL");
   filters_.reapplySelection();
   library_.setFactoryPresets(std::move(presets));
   setNeedsDisplay();
@@ -110,6 +113,14 @@ void PresetViewOverlay::searchTextChanged(const std::string& text) { list_.searc
 
 void PresetViewOverlay::searchBarDidReturn() { list_.tableView().becomeFirstResponder(); }
 
+void PresetViewOverlay::clearFilters() {
+  searchBar_.textField().setText({});
+  categorySelector_.setSelectedValues({});
+  filters_.setSelectedFilter("ALL");
+  library_.setFilter({});
+  filters_.reapplySelection();
+}
+
 void PresetViewOverlay::selectedValuesChanged() {
   list_.setCurrentCategoriesFilter(categorySelector_.selectedValues());
 }
@@ -119,6 +130,10 @@ void PresetViewOverlay::presetListDidSelect(const std::shared_ptr<Preset>& prese
   if (auto* owner = delegate.get()) owner->presetSelected(preset);
 }
 
+void PresetViewOverlay::presetListDidKeepSelected() {
+  if (auto* owner = delegate.get()) owner->endAudition(true);
+}
+
 void PresetViewOverlay::presetListDidRestOn(const std::shared_ptr<Preset>& preset) {
   if (auto* owner = delegate.get()) owner->presetAuditioned(preset);
 }
@@ -126,11 +141,14 @@ void PresetViewOverlay::presetListDidRestOn(const std::shared_ptr<Preset>& prese
 void PresetViewOverlay::presetLibraryDidChange(Change) {
   const std::size_t shown = library_.shown().size();
   const std::size_t all = library_.all().size();
-  countLabel_.setText(shown == all ? std::to_string(all)
-                                   : std::to_string(shown) + " of " + std::to_string(all));
+  const std::size_t marks = library_.markCount();
+  countLabel_.setText(marks > 0      ? std::to_string(marks) + " marked"
+                      : shown == all ? std::to_string(all)
+                                     : std::to_string(shown) + " of " + std::to_string(all));
+  clearButton_.setHidden(!library_.isNarrowed());
   emptyLabel_.setHidden(shown > 0);
   emptyLabel_.setText(all == 0 ? "No presets yet: SAVE NEW keeps the sound as it is now."
-                               : "Nothing matches. Clear the search, the categories or the bank.");
+                               : "Nothing matches. CLEAR shows all presets.");
   updateButtons();
 }
 
@@ -321,19 +339,43 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
     setHidden(true);
     return true;
   }
-  if (isDialogOpen() || event.modifiers == platform::Modifiers::control) return false;
-  toolkit::TextField& field = searchBar_.textField();
-  if (event.key == Key::up || event.key == Key::down) {
-    list_.tableView().becomeFirstResponder();
-    return list_.tableView().keyPressed(event);
+  if (isDialogOpen()) return false;
+  toolkit::TableView& table = list_.tableView();
+  const bool isStar = event.modifiers == platform::Modifiers::control &&
+                      event.key == Key::character && (event.text == "d" || event.text == "D");
+  if (isStar) {
+    starPresets();
+    return true;
   }
-  // Typing searches, wherever the keyboard is.
+  // A second Return after a search, before any arrow key.
+  if (event.key == Key::returnKey && table.isFirstResponder() && !library_.shown().empty()) {
+    table.keyPressed({Key::home, platform::Modifiers::none, {}});
+    return table.keyPressed(event);
+  }
+  const bool isShifted = event.modifiers == platform::Modifiers::shift;
+  if (event.modifiers != platform::Modifiers::none && !isShifted) return false;
+  for (const Key key : {Key::up, Key::down, Key::pageUp, Key::pageDown})
+    if (event.key == key) {
+      table.becomeFirstResponder();
+      return table.keyPressed(event);
+    }
+  // Typing begins a search, wherever the keyboard is.
+  toolkit::TextField& field = searchBar_.textField();
   const bool isTyped = event.key == Key::character && !event.text.empty();
   if (field.isFirstResponder() || !(isTyped || event.key == Key::backspace)) return false;
-  const std::string before = field.text();
   field.becomeFirstResponder();
-  field.setText(before);
+  if (isTyped) field.selectAll();
   return field.keyPressed(event);
+}
+
+void PresetViewOverlay::starPresets() {
+  PresetLibrary::Presets presets = library_.marked();
+  if (const auto focused = list_.presetInFocus(); presets.empty() && focused)
+    presets.push_back(focused);
+  const bool allHave = std::all_of(presets.begin(), presets.end(),
+                                   [](const auto& preset) { return preset->isFavourite; });
+  for (const auto& preset : presets)
+    if (preset->isFavourite == allHave) PresetLibrary::setFavourite(*preset, !allHave);
 }
 
 // Layout
@@ -354,6 +396,9 @@ void PresetViewOverlay::draw(const Rect&) {
   presetTitle_.setFrame({inside.x + inside.width * 0.3, y, inside.width * 0.4, line});
   countLabel_.setFont(Theme::valueFont.withSize(std::clamp(line * 0.32, 9.0, 24.0)));
   countLabel_.setFrame({inside.maxX() - inside.width * 0.3, y, inside.width * 0.3, line});
+  clearButton_.setFont(Theme::regularFont.withSize(std::clamp(line * 0.32, 9.0, 24.0)));
+  clearButton_.setFrame(
+      {inside.x, y + line * 0.1, std::max(52.0, inside.width * 0.12), line * 0.8});
   y += line + gap;
 
   const bool hasCategories = !categorySelector_.values().empty();

@@ -46,8 +46,9 @@ class PresetViewOverlayDelegate {
 };
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and
-/// buttons that save, name, delete, import and export. Typing searches, the arrow keys move through
-/// the list, Return loads, Escape closes. Owned by the overlay host. User-interface thread only.
+/// buttons that save, name, delete, import and export. Typing searches, the arrow keys let presets be
+/// heard, Return keeps, Escape goes back and then closes, Control and D give stars. Owned by the
+/// overlay host. User-interface thread only.
 class PresetViewOverlay : public toolkit::Control,
                           public PresetListTableViewControllerDelegate,
                           public PresetLibraryObserver,
@@ -81,6 +82,7 @@ class PresetViewOverlay : public toolkit::Control,
   ConfirmOverlay& confirmOverlay() { return confirmOverlay_; }
   /// Asks before a preset takes the name of another one.
   ConfirmOverlay& replaceOverlay() { return replaceOverlay_; }
+  kestroui::SimpleButton& clearButton() { return clearButton_; }
   kestroui::SimpleButton& saveButton() { return saveButton_; }
   kestroui::SimpleButton& saveNewButton() { return saveNewButton_; }
   kestroui::SimpleButton& deleteButton() { return deleteButton_; }
@@ -94,10 +96,14 @@ class PresetViewOverlay : public toolkit::Control,
   /// Closes the dialog that is open, if one is.
   bool closeDialog();
 
+  /// Shows all presets: no search, no bank, no category.
+  void clearFilters();
+
   /// The action of every button.
   void handleTouchDown(toolkit::Control& sender);
 
   void presetListDidSelect(const std::shared_ptr<Preset>& preset) override;
+  void presetListDidKeepSelected() override;
   void presetListDidRestOn(const std::shared_ptr<Preset>& preset) override;
   void presetLibraryDidChange(Change change) override;
   void filterSelected(const std::optional<std::string>& filter) override;
@@ -115,6 +121,8 @@ class PresetViewOverlay : public toolkit::Control,
 
  private:
   void updateButtons();
+  /// Takes the stars of the marked presets, or of that in focus, when all have one; else gives them.
+  void starPresets();
   /// The user's presets among those that are marked, or else the selected one if it is one.
   std::vector<std::shared_ptr<UserPreset>> chosenPresets() const;
   void openNamePanel(bool isEdit);
@@ -139,6 +147,7 @@ class PresetViewOverlay : public toolkit::Control,
   PresetListTableViewController list_;
   FiltersTableViewController filters_;
   MultiSelectable categorySelector_;
+  kestroui::SimpleButton clearButton_{"CLEAR"};
   kestroui::SimpleButton saveButton_{"SAVE"};
   kestroui::SimpleButton saveNewButton_{"SAVE NEW"};
   kestroui::SimpleButton deleteButton_{"DELETE"};

@@ -54,7 +54,7 @@ void SearchBar::draw(const platform::Rect&) {
   magnifierLayer_.setPath(
       Icons::fitted(magnifierPath_, square.inset(height * 0.22, height * 0.22)));
   textField_.setFrame({height, 0, std::max(0.0, width - height), height});
-  textField_.setFont(Theme::cellFont.withSize(std::min(26.0, height * 0.4)));
+  textField_.setFont(Theme::cellFont.withSize(std::clamp(height * 0.4, 11.0, 26.0)));
 }
 
 }  // namespace orvane

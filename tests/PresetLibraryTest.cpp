@@ -24,11 +24,6 @@ class PresetLibraryTest : public support::PresetBench {
         platform::KestroAUPreset({.number = 3, .name = "Zed", .bank = "Coast"})});
     library.reload();
   }
-  static Names namesOf(const PresetLibrary::Presets& presets) {
-    Names names;
-    for (const auto& preset : presets) names.push_back(preset->name);
-    return names;
-  }
   std::string file(const std::string& name) { return folder / ("data/Presets/" + name); }
 
   std::unique_ptr<orvane::PresetManager> manager = makeManager();

@@ -36,11 +36,6 @@ class PresetListTest : public support::PresetBench {
     list.view().setFrame({0, 0, 300, 400});
     list.reload();
   }
-  static Names namesOf(const std::vector<std::shared_ptr<orvane::Preset>>& presets) {
-    Names names;
-    for (const auto& preset : presets) names.push_back(preset->name);
-    return names;
-  }
   std::shared_ptr<orvane::Preset> named(const std::string& name) {
     for (const auto& preset : list.presetFileList())
       if (preset->name == name) return preset;
@@ -210,7 +205,7 @@ TEST_F(PresetNamingTest, KeysThatADialogHasAreNotTheSearchs) {
   EXPECT_EQ(browser().searchBar().textField().text(), "In");
   EXPECT_THAT(texts(), Contains("1 of 2"));
   browser().searchTextChanged("Inox");
-  EXPECT_THAT(texts(), Contains("Nothing matches. Clear the search, the categories or the bank."));
+  EXPECT_THAT(texts(), Contains("Nothing matches. CLEAR shows all presets."));
 }
 
 TEST_F(PresetNamingTest, TheArrowsInTheMenuBarMoveTheMarkInTheOpenList) {
@@ -227,21 +222,122 @@ TEST_F(PresetNamingTest, TheArrowsInTheMenuBarMoveTheMarkInTheOpenList) {
   }
 }
 
-TEST_F(PresetNamingTest, TheHostsShortcutsAreNoSearch) {
+TEST_F(PresetNamingTest, KeysAreTheSearchsTheListsOrTheHosts) {
+  save("Foam");
+  browser().setHidden(false);
   toolkit::View* const keyboard = window.window.firstResponder();
-  for (const char* letter : {"s", "a"})
-    EXPECT_FALSE(
-        window.window.keyPressed({platform::Key::character, platform::Modifiers::control, letter}));
+  const auto key = [this](platform::Key pressed, platform::Modifiers modifiers,
+                          const char* text = "") {
+    return window.window.keyPressed({pressed, modifiers, text});
+  };
+  using platform::Key;
+  using platform::Modifiers;
+  for (const Modifiers modifiers : {Modifiers::control, Modifiers::alt})
+    EXPECT_FALSE(key(Key::character, modifiers, "s")) << "the host's shortcuts";
   EXPECT_EQ(window.window.firstResponder(), keyboard) << "which the search has not taken";
+  type("In");
+  EXPECT_EQ(browser().searchBar().textField().text(), "In");
+  EXPECT_TRUE(key(Key::pageDown, Modifiers::none)) << "from the search into the list";
+  EXPECT_FALSE(browser().searchBar().textField().isFirstResponder());
+  type("F");
+  EXPECT_EQ(browser().searchBar().textField().text(), "F") << "a new search";
+  key(Key::returnKey, Modifiers::none);
+  key(Key::returnKey, Modifiers::none);
+  EXPECT_EQ(editor.currentPresetName(), "Foam") << "the first that was found";
+  EXPECT_FALSE(browser().clearButton().isHidden());
+  press(browser().clearButton());
   EXPECT_EQ(browser().searchBar().textField().text(), "");
+  EXPECT_THAT(texts(), Contains("2"));
+  EXPECT_TRUE(browser().clearButton().isHidden());
 }
 
-TEST_F(PresetNamingTest, TypingGoesOnWithASearchThatWasLeft) {
-  type("In");
-  window.window.keyPressed({platform::Key::returnKey, platform::Modifiers::none, ""});
-  EXPECT_FALSE(browser().searchBar().textField().isFirstResponder());
-  type("i");
-  EXPECT_EQ(browser().searchBar().textField().text(), "Ini");
+TEST_F(PresetNamingTest, SeveralRowsAreMarkedStarredAndDeletedTogether) {
+  for (const char* name : {"Alpha", "Beta", "Gamma"}) save(name);
+  FavPresetsStore::favouritePresets.clear();
+  orvane::PresetLibrary& library = editor.presetLibrary();
+  library.reload();
+  const auto rows = [&](const std::string& wanted) {
+    const auto& users = library.walk();
+    for (std::size_t i = 0; i < users.size(); ++i)
+      if (users[i]->name == wanted) return toolkit::IndexPath{0, static_cast<int>(i)};
+    return toolkit::IndexPath{};
+  };
+  toolkit::TableView& table = editor.overlaysView().presetList().tableView();
+  editor.overlaysView().setNeedsDisplay();
+  window.window.prepareFrame();
+  const auto tap = [&](const std::string& name, platform::Modifiers modifiers, double wait = 0,
+                       toolkit::Touch::Kind kind = toolkit::Touch::Kind::mouse) {
+    const platform::Rect cell = table.cellForRow(rows(name))->frameInRoot();
+    const platform::Point place{cell.x + 40, cell.midY()};
+    window.window.touchBegan(1, kind, place, 1, modifiers);
+    if (wait > 0) loop.advance(wait);
+    window.window.touchEnded(1, place, modifiers);
+    loop.runDue();
+    window.window.prepareFrame();
+  };
+  using platform::Modifiers;
+  tap("Alpha", Modifiers::none);
+  tap("Beta", Modifiers::shift);
+  EXPECT_THAT(texts(), Contains("2 marked"));
+  EXPECT_EQ(editor.currentPresetName(), "Alpha") << "marking loads nothing";
+  EXPECT_FALSE(browser().saveButton().isEnabled());
+  EXPECT_TRUE(browser().deleteButton().isEnabled());
+  tap("Gamma", Modifiers::control);
+  tap("Beta", Modifiers::none, 0.6, toolkit::Touch::Kind::finger);
+  EXPECT_EQ(namesOf(library.marked()), (Names{"Alpha", "Gamma"})) << "a finger that stays";
+  for (const bool stars : {true, false}) {
+    EXPECT_TRUE(window.window.keyPressed({platform::Key::character, Modifiers::control, "d"}));
+    EXPECT_EQ(library.userPresetNamed("Gamma")->isFavourite, stars);
+    EXPECT_FALSE(library.userPresetNamed("Beta")->isFavourite);
+  }
+  press(browser().deleteButton());
+  EXPECT_EQ(browser().confirmOverlay().subject(), "Alpha and 1 more");
+  press(browser().confirmOverlay().okButton());
+  EXPECT_EQ(support::namesIn(presets()), std::set<std::string>{"Beta.synth"});
+  EXPECT_EQ(editor.currentPresetName(), "Beta");
+  window.window.keyPressed({platform::Key::character, Modifiers::control, "a"});
+  EXPECT_EQ(library.markCount(), 2u);
+  tap("Beta", Modifiers::none);
+  EXPECT_EQ(library.markCount(), 0u) << "a plain tap means one";
+}
+
+TEST_F(PresetNamingTest, ArrowKeysLetPresetsBeHeardWhenTheyRestAndEscapeGoesBack) {
+  for (const char* name : {"Alpha", "Beta", "Gamma"}) {
+    unit.setParameter("cutoff", static_cast<float>(name[0]));
+    save(name);
+  }
+  const auto key = [this](platform::Key pressed) {
+    return window.window.keyPressed({pressed, platform::Modifiers::none, ""});
+  };
+  const auto before = editor.selectedPreset();
+  const unsigned generation = unit.presetGeneration();
+  key(platform::Key::up);
+  key(platform::Key::up);
+  EXPECT_EQ(unit.presetGeneration(), generation) << "a key that is held loads nothing";
+  loop.advance(0.2);
+  EXPECT_EQ(editor.currentPresetName(), "Alpha");
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 'A');
+  EXPECT_TRUE(key(platform::Key::escape));
+  EXPECT_EQ(editor.selectedPreset(), before);
+  EXPECT_EQ(unit.parameter("cutoff")->value(), 'G');
+  EXPECT_FALSE(browser().isHidden());
+  key(platform::Key::up);
+  loop.advance(0.2);
+  key(platform::Key::returnKey);
+  EXPECT_TRUE(key(platform::Key::escape));
+  EXPECT_TRUE(browser().isHidden()) << "what was kept stays";
+  EXPECT_NE(editor.selectedPreset(), before);
+}
+
+TEST_F(PresetNamingTest, AStarIsHitAtItsRowsEndAndLeavesTheKeyboardToTheList) {
+  orvane::PresetCell cell;
+  cell.setPreset(std::make_shared<orvane::Preset>("Foam"));
+  window.window.rootViewController()->view().addSubview(cell);
+  cell.setFrame({0, 0, 200, 20});
+  window.window.prepareFrame();
+  for (const double x : {160.0, 180.0, 199.0}) EXPECT_EQ(cell.hitTest({x, 10}), &cell.starButton());
+  EXPECT_NE(cell.hitTest({100, 10}), &cell.starButton());
+  EXPECT_FALSE(cell.starButton().becomeFirstResponder());
 }
 
 TEST_F(PresetNamingTest, BanksAndCategoriesAreThoseOfThePresets) {

@@ -322,7 +322,8 @@ TEST_F(TableViewTest, controlsInACellGetTheirOwnTouches) {
   } counter;
   auto* cell = static_cast<StarCell*>(table.cellForRow({0, 1}));
   cell->star.addTarget<&Counter::count>(counter, toolkit::ControlEvent::touchDown);
-  bench.tap({170, 24 + 45});
+  const platform::Rect star = cell->star.frameInRoot();
+  bench.tap({star.midX(), star.midY()});
   EXPECT_EQ(counter.taps, 1);
   EXPECT_EQ(journal, "");
 }

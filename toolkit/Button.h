@@ -21,7 +21,9 @@ class Button : public Control {
   const platform::Image& image() const { return image_; }
   void setImage(platform::Image image);
 
-  bool canBecomeFirstResponder() const override { return isEnabled(); }
+  /// Off for a button that repeats in every row of a list, whose keys are the list's.
+  void setTakesKeyboard(bool takes) { takesKeyboard_ = takes; }
+  bool canBecomeFirstResponder() const override { return isEnabled() && takesKeyboard_; }
   bool keyPressed(const platform::KeyEvent& event) override;
   void firstResponderChanged() override { setNeedsDisplay(); }
   platform::Accessibility accessibility() const override;
@@ -32,6 +34,7 @@ class Button : public Control {
   platform::Font font_;
   platform::Color titleColor_ = platform::Color::white();
   platform::Image image_;
+  bool takesKeyboard_ = true;
 };
 
 }  // namespace toolkit

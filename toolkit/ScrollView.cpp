@@ -59,6 +59,8 @@ ScrollView::~ScrollView() = default;
 
 double ScrollView::maximumOffset() const { return std::max(0.0, contentHeight_ - bounds().height); }
 
+double ScrollView::barRoom() const { return maximumOffset() > 0 ? barReach : 0; }
+
 void ScrollView::setContentHeight(double height) {
   if (height == contentHeight_) return;
   contentHeight_ = height;
@@ -178,7 +180,7 @@ void ScrollView::touchEnded(const Touch& touch) {
   if (gesture != Gesture::press) return;
   const Weak<ScrollView> self = this;
   pressed(std::nullopt);
-  if (self) tapped(touch.locationIn(*this));
+  if (self) tapped(touch);
 }
 
 void ScrollView::touchCancelled(const Touch&) {

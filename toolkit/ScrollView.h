@@ -26,6 +26,8 @@ class ScrollView : public View {
   double contentOffset() const { return offset_; }
   void setContentOffset(double offset);
   double maximumOffset() const;
+  /// What the bar takes of the width at the right end, in points; nothing when all is in sight.
+  double barRoom() const;
   /// The shortest way that brings `rect`, in the content's coordinates, into sight.
   void scrollRectToVisible(const platform::Rect& rect);
   /// Of the bar, over the content.
@@ -45,7 +47,7 @@ class ScrollView : public View {
   /// A touch is down, at this place in the view; none when it moved on or lifted.
   virtual void pressed(const std::optional<platform::Point>& /*place*/) {}
   /// A touch lifted where it began. May destroy the view.
-  virtual void tapped(platform::Point /*place*/) {}
+  virtual void tapped(const Touch& /*touch*/) {}
   /// The distance that one wheel notch moves, in points.
   virtual double wheelStep() const { return 48; }
   /// Views that scroll go in here, so that the bar stays above them.

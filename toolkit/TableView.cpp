@@ -15,6 +15,13 @@ using platform::Point;
 using platform::Rect;
 using platform::Weak;
 
+namespace {
+
+/// Seconds after which a finger that stays has meant to mark a row.
+constexpr double longPressTime = 0.5;
+
+}  // namespace
+
 TableView::TableView() {
   content().addSubview(rowViews_);
   content().addSubview(headerViews_);
@@ -42,6 +49,12 @@ void TableView::refillCells() {
   for (Shown& shown : shown_) retire(shown);
   shown_.clear();
   setNeedsDisplay();
+}
+
+void TableView::forEachCell(const std::function<void(IndexPath, TableViewCell&)>& show) {
+  for (const Shown& shown : shown_)
+    if (isRow(shown.row)) show(shown.row, *shown.cell);
+  updateCellStates();
 }
 
 void TableView::measure() {
@@ -108,7 +121,7 @@ std::optional<IndexPath> TableView::rowOfFlatIndex(int index) const {
 Rect TableView::rectForRow(IndexPath row) const {
   if (!isRow(row)) return {};
   const Section& section = sections_[static_cast<std::size_t>(row.section)];
-  return {0, section.rowTop(row.row), bounds().width, section.rowHeight};
+  return {0, section.rowTop(row.row), std::max(0.0, bounds().width - barRoom()), section.rowHeight};
 }
 
 std::optional<IndexPath> TableView::rowAt(double y) const {
@@ -173,7 +186,8 @@ void TableView::chooseRow(IndexPath row) {
   const std::optional<IndexPath> before = std::exchange(selected_, row);
   updateCellStates();
   const Weak<TableView> self = this;
-  if (before && before != row && source_) source_->didDeselectRowAt(*this, *before);
+  mark(row, TableViewSource::Mark::none);
+  if (self && before && before != row && source_) source_->didDeselectRowAt(*this, *before);
   if (self && source_) source_->didSelectRowAt(*this, row);
 }
 
@@ -196,14 +210,43 @@ void TableView::moveFocus(int rows) {
   const std::optional<IndexPath> from = focused_ ? focused_ : selected_;
   const int start = from ? flatIndex(*from) : rows > 0 ? -1 : count;
   setFocusedRow(rowOfFlatIndex(std::clamp(start + rows, 0, count - 1)));
-  if (focused_ && source_) source_->didFocusRowAt(*this, *focused_);
+}
+
+void TableView::mark(IndexPath row, TableViewSource::Mark how) {
+  const Weak<TableView> self = this;
+  if (source_) source_->didMarkRowAt(*this, row, how);
+  if (self) updateCellStates();
 }
 
 bool TableView::keyPressed(const KeyEvent& event) {
-  if (event.modifiers != Modifiers::none || totalRows() == 0) return false;
-  const double rowHeight = sections_.front().rowHeight;
-  const int page = std::max(1, static_cast<int>(bounds().height / rowHeight) - 1);
-  switch (event.key) {
+  if (totalRows() == 0) return false;
+  const bool isAll = event.modifiers == Modifiers::control && event.key == Key::character &&
+                     (event.text == "a" || event.text == "A");
+  if (isAll) {
+    mark(rowOfFlatIndex(0).value(), TableViewSource::Mark::all);
+    return true;
+  }
+  const bool moves = event.key == Key::up || event.key == Key::down || event.key == Key::pageUp ||
+                     event.key == Key::pageDown || event.key == Key::home || event.key == Key::end;
+  if (event.modifiers == Modifiers::shift && moves) {
+    if (!movesFocus(event.key)) return false;
+    if (focused_) mark(*focused_, TableViewSource::Mark::extend);
+    return true;
+  }
+  if (event.modifiers != Modifiers::none) return false;
+  if (moves) {
+    if (!movesFocus(event.key)) return false;
+    if (focused_ && source_) source_->didFocusRowAt(*this, *focused_);
+    return true;
+  }
+  if ((event.key != Key::returnKey && event.key != Key::space) || !focused_) return false;
+  chooseRow(*focused_);
+  return true;
+}
+
+bool TableView::movesFocus(Key key) {
+  const int page = std::max(1, static_cast<int>(bounds().height / sections_.front().rowHeight) - 1);
+  switch (key) {
     case Key::up:
       moveFocus(-1);
       return true;
@@ -222,11 +265,6 @@ bool TableView::keyPressed(const KeyEvent& event) {
     case Key::end:
       moveFocus(totalRows());
       return true;
-    case Key::returnKey:
-    case Key::space:
-      if (!focused_) return false;
-      chooseRow(*focused_);
-      return true;
     default:
       return false;
   }
@@ -241,15 +279,31 @@ bool TableView::isOnHeader(Point place) const {
                      [&](const Header& header) { return header.view->frame().contains(place); });
 }
 
+void TableView::touchBegan(const Touch& touch) {
+  hasMarked_ = false;
+  ScrollView::touchBegan(touch);
+  if (touch.kind != Touch::Kind::finger || !pressed_) return;
+  longPress_ =
+      foundation::Timer(longPressTime, foundation::Timer::Repeat::once, [this, row = *pressed_] {
+        hasMarked_ = true;
+        mark(row, TableViewSource::Mark::toggle);
+      });
+}
+
 void TableView::pressed(const std::optional<Point>& place) {
+  longPress_.invalidate();
   pressed_ = place && !isOnHeader(*place) ? rowAt(place->y + contentOffset()) : std::nullopt;
   updateCellStates();
 }
 
-void TableView::tapped(Point place) {
+void TableView::tapped(const Touch& touch) {
+  const Point place = touch.locationIn(*this);
   const std::optional<IndexPath> row = rowAt(place.y + contentOffset());
-  if (!row || isOnHeader(place)) return;
+  if (!row || isOnHeader(place) || hasMarked_) return;
   focused_ = std::nullopt;
+  if (has(touch.modifiers, Modifiers::shift)) return mark(*row, TableViewSource::Mark::extend);
+  if (has(touch.modifiers, Modifiers::control) || has(touch.modifiers, Modifiers::command))
+    return mark(*row, TableViewSource::Mark::toggle);
   chooseRow(*row);
 }
 
@@ -264,6 +318,7 @@ void TableView::updateCellStates() {
     shown.cell->setSelected(selected_ == shown.row);
     shown.cell->setHighlighted(pressed_ == shown.row);
     shown.cell->setFocused(focused_ == shown.row);
+    shown.cell->setMarked(source_ && isRow(shown.row) && source_->isRowMarked(*this, shown.row));
   }
 }
 

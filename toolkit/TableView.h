@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,13 +47,27 @@ class TableViewSource {
   /// The user has chosen a row: by a tap, or by Return on the row that the arrow keys have reached.
   virtual void didSelectRowAt(TableView&, IndexPath) {}
   virtual void didDeselectRowAt(TableView&, IndexPath) {}
+  enum class Mark {
+    /// A row was chosen alone: marks end.
+    none,
+    /// Control and a click, or a finger that stays: this row more, or less.
+    toggle,
+    /// Shift and a click or an arrow key: all from the last one to this.
+    extend,
+    /// Control and A: every row.
+    all,
+  };
+  /// The user marks rows, for what is done to several of them.
+  virtual void didMarkRowAt(TableView&, IndexPath, Mark) {}
+  virtual bool isRowMarked(TableView&, IndexPath) { return false; }
   /// The arrow keys have reached a row.
   virtual void didFocusRowAt(TableView&, IndexPath) {}
 };
 
 /// Rows in sections, of which only those in sight have a cell. Headers stay at the top while their
 /// section scrolls by. Up, Down, Page Up, Page Down, Home and End move through the rows, Return
-/// chooses. User-interface thread only.
+/// chooses. With Shift or Control, or a finger that stays, rows are marked, which their source keeps.
+/// User-interface thread only.
 class TableView : public ScrollView {
  public:
   enum class ScrollPosition {
@@ -100,6 +115,8 @@ class TableView : public ScrollView {
   platform::Rect rectForRow(IndexPath row) const;
   /// The row at a place in the content's coordinates; none on a header or beyond the last row.
   std::optional<IndexPath> rowAt(double y) const;
+  /// Every cell in sight, for when rows are the same and show something else.
+  void forEachCell(const std::function<void(IndexPath, TableViewCell&)>& show);
   /// The cell of a row that is in sight, else null.
   TableViewCell* cellForRow(IndexPath row) const;
   /// Cells that exist, in sight or kept for later.
@@ -111,11 +128,12 @@ class TableView : public ScrollView {
   bool canBecomeFirstResponder() const override { return true; }
   void firstResponderChanged() override;
   bool keyPressed(const platform::KeyEvent& event) override;
+  void touchBegan(const Touch& touch) override;
   void draw(const platform::Rect& rect) override;
 
  protected:
   void pressed(const std::optional<platform::Point>& place) override;
-  void tapped(platform::Point place) override;
+  void tapped(const Touch& touch) override;
   double wheelStep() const override;
 
  private:
@@ -153,7 +171,10 @@ class TableView : public ScrollView {
   /// Whole, and below the header that floats.
   bool isInSight(IndexPath row, double height) const;
   void setFocusedRow(std::optional<IndexPath> row);
+  /// What a key does that goes through the rows; false for any other.
+  bool movesFocus(platform::Key key);
   void updateCellStates();
+  void mark(IndexPath row, TableViewSource::Mark how);
 
   platform::Weak<TableViewSource> source_;
   std::vector<Section> sections_;
@@ -166,6 +187,9 @@ class TableView : public ScrollView {
   /// Was brought into sight before the table had its present size.
   std::optional<IndexPath> toCentre_;
   ScrollPosition toCentreBy_ = ScrollPosition::middle;
+  /// Due when a finger has stayed on the pressed row; off once it has marked it.
+  foundation::Timer longPress_;
+  bool hasMarked_ = false;
   double measuredHeight_ = -1;
   bool needsMeasure_ = true;
   platform::Color headerBackground_ = platform::Color::black();

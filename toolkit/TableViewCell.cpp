@@ -30,6 +30,7 @@ void TableViewCell::set(bool& state, bool value) {
 }
 
 void TableViewCell::setSelected(bool selected) { set(selected_, selected); }
+void TableViewCell::setMarked(bool marked) { set(marked_, marked); }
 void TableViewCell::setHighlighted(bool highlighted) { set(highlighted_, highlighted); }
 void TableViewCell::setFocused(bool focused) { set(focused_, focused); }
 
@@ -44,9 +45,12 @@ void TableViewCell::layoutContent() {
 
 void TableViewCell::paint(Canvas& canvas) {
   const Color ground = highlighted_ ? colors_.pressed
+                       : marked_    ? colors_.marked
                        : selected_  ? colors_.selected
                                     : colors_.background;
   if (ground.alpha > 0) canvas.fillRect(bounds(), ground);
+  // By which the marked ones are told from the selected one without their colour.
+  if (marked_) canvas.fillRect({0, 0, 3, bounds().height}, colors_.marked.withAlpha(1));
   if (focused_) canvas.strokeRoundedRect(bounds().inset(1, 1), 2, 1, colors_.focused);
 }
 

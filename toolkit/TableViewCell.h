@@ -21,6 +21,8 @@ class TableViewCell : public View {
     platform::Color selected = platform::Color::white().withAlpha(0.16f);
     /// A touch is down on it.
     platform::Color pressed = platform::Color::white().withAlpha(0.1f);
+    /// One of several rows that are marked.
+    platform::Color marked = platform::Color::white().withAlpha(0.22f);
     /// The outline of the row that the arrow keys have reached.
     platform::Color focused = platform::Color::white().withAlpha(0.5f);
   };
@@ -28,13 +30,18 @@ class TableViewCell : public View {
 
   bool isSelected() const { return selected_; }
   virtual void setSelected(bool selected);
+  bool isMarked() const { return marked_; }
+  void setMarked(bool marked);
   bool isHighlighted() const { return highlighted_; }
   void setHighlighted(bool highlighted);
   bool isFocused() const { return focused_; }
   void setFocused(bool focused);
 
   platform::Accessibility accessibility() const override {
-    return {platform::Accessibility::Role::row, textLabel_.text(), selected_ ? "Selected" : ""};
+    return {platform::Accessibility::Role::row, textLabel_.text(),
+            marked_     ? "Marked"
+            : selected_ ? "Selected"
+                        : ""};
   }
   void draw(const platform::Rect& rect) override;
   void paint(platform::Canvas& canvas) override;
@@ -51,6 +58,7 @@ class TableViewCell : public View {
   Colors colors_;
   double textInset_ = 10;
   bool selected_ = false;
+  bool marked_ = false;
   bool highlighted_ = false;
   bool focused_ = false;
 };

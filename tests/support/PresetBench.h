@@ -91,6 +91,12 @@ class PresetBench : public testing::Test {
     std::sort(names.begin(), names.end());
     return names;
   }
+  static std::vector<std::string> namesOf(
+      const std::vector<std::shared_ptr<orvane::Preset>>& presets) {
+    std::vector<std::string> names;
+    for (const auto& preset : presets) names.push_back(preset->name);
+    return names;
+  }
   static platform::PropertyList listAt(const std::string& path) {
     const std::string text = textOf(path);
     std::string error;
