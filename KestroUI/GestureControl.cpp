@@ -1,7 +1,6 @@
 #include "KestroUI/GestureControl.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kestroui {
 
@@ -68,7 +67,7 @@ bool GestureControl::holdsValue() const {
 }
 
 void GestureControl::touchBegan(const toolkit::Touch& touch) {
-  if (!isEnabled() || pressOf(touch.id)) return;
+  if (!isEnabled()) return;
   const platform::Weak<GestureControl> self = this;
   presses_.push_back({touch.id, grasp(touch)});
   Control::touchBegan(touch);
@@ -126,10 +125,10 @@ bool GestureControl::finish(int touchId) {
 void GestureControl::release(int touchId) {
   Press* const press = pressOf(touchId);
   if (!press || press->grasp == Grasp::nothing) return;
-  const bool held = std::exchange(press->grasp, Grasp::nothing) == Grasp::value;
+  press->grasp = Grasp::nothing;
   const platform::Weak<GestureControl> self = this;
   letGo(touchId);
-  if (self && held && !holdsValue()) endGesture();
+  if (self && !holdsValue()) endGesture();
 }
 
 void GestureControl::endPresses() {

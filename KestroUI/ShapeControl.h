@@ -180,13 +180,10 @@ class ShapeControl : public GestureControl {
   Grip* gripOf(int touchId);
   /// A touch holds the value.
   bool isGripped(std::size_t index) const;
-  /// Takes hold of values for a change by the user; false when the control died of it.
+  /// Takes hold of values for a change by the user, or lets go of them; false when the control died of it.
   bool hold(const std::vector<std::size_t>& indices);
-  /// Tells of those that are held, or are not; false when the control died of it.
-  bool tellHolds(const std::vector<std::size_t>& indices, bool held);
-  bool isSecondTap(const toolkit::Touch& touch) const {
-    return touch.tapCount == 2 && valueDoubleTapped;
-  }
+  bool free(const std::vector<std::size_t>& indices);
+  bool tellHold(std::size_t index, bool held);
   /// Moves the handle of a grip by a way in points; may destroy the control.
   void dragBy(Grip& grip, const Handle& handle, platform::Point way);
   /// Draws from one place to another; may destroy the control.

@@ -36,30 +36,32 @@ bool ShapeControl::isGripped(std::size_t index) const {
 }
 
 bool ShapeControl::hold(const std::vector<std::size_t>& indices) {
-  std::vector<std::size_t> taken;
   for (const std::size_t index : indices) {
-    if (isHeld(index)) continue;
+    // Whoever was told of one before may have ended the gesture.
+    if (!isInGesture() || isHeld(index)) continue;
     holds_.push_back(index);
-    taken.push_back(index);
-  }
-  return tellHolds(taken, true);
-}
-
-bool ShapeControl::tellHolds(const std::vector<std::size_t>& indices, bool held) {
-  const platform::Weak<ShapeControl> self = this;
-  // A copy, since the action may destroy the control and with it the original.
-  const auto action = holdChanged;
-  if (!action) return true;
-  for (const std::size_t index : indices) {
-    if (isHeld(index) == held) action(index, held);
-    if (!self) return false;
+    if (!tellHold(index, true)) return false;
   }
   return true;
 }
 
+bool ShapeControl::free(const std::vector<std::size_t>& indices) {
+  for (const std::size_t index : indices)
+    if (std::erase(holds_, index) > 0 && !tellHold(index, false)) return false;
+  return true;
+}
+
+bool ShapeControl::tellHold(std::size_t index, bool held) {
+  const platform::Weak<ShapeControl> self = this;
+  // A copy, since the action may destroy the control and with it the original.
+  if (const auto action = holdChanged) action(index, held);
+  return static_cast<bool>(self);
+}
+
 void ShapeControl::endGesture() {
   const platform::Weak<ShapeControl> self = this;
-  if (!tellHolds(std::exchange(holds_, {}), false)) return;
+  const std::vector<std::size_t> held = holds_;
+  if (!free(held)) return;
   GestureControl::endGesture();
   if (self) noteActive();
 }
@@ -101,7 +103,7 @@ GestureControl::Grasp ShapeControl::grasp(const toolkit::Touch& touch) {
   for (const Grip& grip : grips_)
     if (grip.handle == *found) return Grasp::nothing;
   grips_.push_back({touch.id, *found, {}, {}, {}});
-  return isSecondTap(touch) ? Grasp::secondTap : Grasp::value;
+  return touch.tapCount == 2 && valueDoubleTapped ? Grasp::secondTap : Grasp::value;
 }
 
 void ShapeControl::pressed(const toolkit::Touch& touch) {
@@ -110,15 +112,13 @@ void ShapeControl::pressed(const toolkit::Touch& touch) {
   if (!grip || grip->handle >= all.size()) return;
   const Handle& handle = all[grip->handle];
   const Point location = touch.locationIn(*this);
-  // The second tap goes on from where it was when it moves.
-  const bool goesOn = isSecondTap(touch);
   choose(meant(handle));
   // A stroke takes hold of what it passes.
-  if (isDrawn()) return goesOn ? void() : drawTo(touch.id, location, location);
+  if (isDrawn()) return drawTo(touch.id, location, location);
   grip->x = DraggedShare(handle.x ? share(*handle.x) : 0);
   grip->y = DraggedShare(handle.y ? share(*handle.y) : 0);
   const std::vector<std::size_t> held = grip->held = movedBy(handle);
-  if (!hold(held) || goesOn) return;
+  if (!hold(held)) return;
   grip = gripOf(touch.id);
   const Point way = location - handle.place;
   if (grip && jumpsToTouch() && std::hypot(way.x, way.y) > reach) dragBy(*grip, handle, way);
@@ -190,13 +190,11 @@ void ShapeControl::slid(const toolkit::Touch& touch) {
 void ShapeControl::letGo(int touchId) {
   const Grip* const grip = gripOf(touchId);
   if (!grip) return;
-  const std::vector<std::size_t> held = grip->held;
+  std::vector<std::size_t> held = grip->held;
   std::erase_if(grips_, [&](const Grip& other) { return other.touchId == touchId; });
-  std::vector<std::size_t> freed;
   // Another finger may hold the same value by a handle that is linked.
-  for (const std::size_t index : held)
-    if (!isGripped(index) && std::erase(holds_, index) > 0) freed.push_back(index);
-  tellHolds(freed, false);
+  std::erase_if(held, [this](std::size_t index) { return isGripped(index); });
+  free(held);
 }
 
 void ShapeControl::doubleTap(const toolkit::Touch& touch) {

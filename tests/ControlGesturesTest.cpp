@@ -153,7 +153,9 @@ TEST_F(ControlGesturesTest, stepsAreTakenWholeByDragWheelAndKeys) {
   EXPECT_EQ(knob->value(), 0.5f) << "18 points are less than half a step";
   bench.drag({130, 100});
   EXPECT_EQ(knob->value(), 0.75f);
-  bench.lift({130, 100});
+  bench.drag({130, 70});
+  EXPECT_EQ(knob->value(), 0.75f) << "60 points are nearer to one step than to two";
+  bench.lift({130, 70});
   wheel(-1);
   EXPECT_EQ(knob->value(), 0.5f);
   wheel(0.6);

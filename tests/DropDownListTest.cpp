@@ -59,6 +59,13 @@ TEST_F(DropDownListTest, aTapOpensTheListAboveEverythingAndAnotherChooses) {
   EXPECT_EQ(bench.root().subviews().size(), 1u);
 }
 
+TEST_F(DropDownListTest, aPressThatIsDrawnAwayOpensNothing) {
+  bench.press({30, 30});
+  EXPECT_FALSE(list->isOpen());
+  bench.lift({300, 200});
+  EXPECT_FALSE(list->isOpen());
+}
+
 TEST_F(DropDownListTest, aTapBesideTheListClosesIt) {
   openByTap();
   bench.tap({350, 250});

@@ -12,6 +12,7 @@
 #include "KestroUI/CurveControls.h"
 #include "KestroUI/Stepper.h"
 #include "KestroUI/Switches.h"
+#include "KestroUI/ValueContainers.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/WindowBench.h"
 
@@ -99,6 +100,7 @@ class GestureControlTest : public testing::Test {
 TEST_F(GestureControlTest, tellsOfAPressInOneOrder) {
   const auto slide = [this] { bench.drag({130, 120}); };
   const auto tremble = [this] { bench.drag({130, 128}); };
+  const auto drift = [this] { bench.drag({130, 125}); };
   const auto lift = [this] { bench.lift({130, 130}); };
   const auto liftOutside = [this] { bench.lift({300, 130}); };
   const auto cancel = [this] { bench.window.cancelTouches(); };
@@ -125,6 +127,7 @@ TEST_F(GestureControlTest, tellsOfAPressInOneOrder) {
       {"double tap", Kind::isTyped, 2, {tremble, lift}, "d+muL-T"},
       {"double tap taken away", Kind::isTyped, 2, {cancel}, "d+cL-"},
       {"double tap that is disabled", Kind::isTyped, 2, {disable, lift}, "d+L--"},
+      {"double tap that drifts", Kind::isTyped, 2, {tremble, drift, lift}, "d+mm[PuL]-"},
       {"double tap that moves", Kind::isTyped, 2, {tremble, slide, slide, lift}, "d+mm[PmSuL]-"},
       {"second tap where it means nothing", Kind::drags, 2, {tremble, lift}, "d[P+mSuL]-"},
   };
@@ -248,10 +251,85 @@ TEST_F(GestureControlTest, aGestureOfSeveralFingersEndsWithTheLast) {
   EXPECT_EQ(holds, "+0+2");
   bench.lift(last);
   EXPECT_EQ(holds, "+0+2-2-0") << "a press ends the burst of the wheel that it takes over";
-  bench.press(first);
-  curve.setValueCount(2);
-  EXPECT_EQ(holds, "+0+2-2-0+0-0");
-  EXPECT_FALSE(curve.isInGesture());
+}
+
+TEST_F(GestureControlTest, handlesThatAreGoneAreNotHeld) {
+  SimpleCurveControl curve;
+  curve.setValueCount(3);
+  show(curve);
+  std::string holds;
+  curve.holdChanged = [&](std::size_t index, bool held) {
+    holds += (held ? '+' : '-') + std::to_string(index);
+  };
+  const auto end = [&](const std::function<void()>& ends) {
+    curve.setValueCount(3);
+    curve.setEnabled(true);
+    holds.clear();
+    const platform::Point at[] = {curve.convertToRoot(curve.placeOf(0)),
+                                  curve.convertToRoot(curve.placeOf(2))};
+    for (const int id : {0, 1}) bench.press(at[id], id);
+    ends();
+    curve.setEnabled(true);
+    EXPECT_FALSE(curve.isInGesture());
+    for (const int id : {0, 1}) bench.drag({at[id].x, at[id].y - 30}, id);
+    EXPECT_EQ(curve.value(0) + curve.value(1) + curve.value(2), 0) << "nothing without a gesture";
+    for (const int id : {0, 1}) bench.lift(at[id], id);
+    return holds;
+  };
+  EXPECT_EQ(end([&] { curve.setValueCount(2); }), "+0+2-0-2");
+  EXPECT_EQ(end([&] { curve.setEnabled(false); }), "+0+2-0-2");
+  curve.setValueCount(3);
+  curve.setLinks({true, true, true});
+  holds.clear();
+  curve.holdChanged = [&](std::size_t index, bool held) {
+    holds += (held ? '+' : '-') + std::to_string(index);
+    curve.setValueCount(1);
+  };
+  press();
+  EXPECT_EQ(holds, "+0-0") << "cut by whoever is told of the first of three";
+}
+
+TEST_F(GestureControlTest, aDisabledControlEndsTheBurstOfItsWheel) {
+  Stepper stepper;
+  show(stepper);
+  bench.window.wheelTurned({{130, 130}, 0, 1, platform::Modifiers::none});
+  stepper.setEnabled(false);
+  EXPECT_EQ(journal.take(), "[v]");
+}
+
+TEST_F(GestureControlTest, aPressOfASignIsNeitherADragNorADoubleTap) {
+  Stepper stepper;
+  stepper.setRange(0, 10);
+  stepper.setStepCount(10);
+  stepper.doubleTapped = [] { FAIL(); };
+  show(stepper);
+  for (const int tapCount : {1, 2}) {
+    bench.window.touchBegan(1, toolkit::Touch::Kind::finger, {155, 130}, tapCount);
+    bench.drag({155, 30});
+    EXPECT_EQ(stepper.value(), static_cast<float>(tapCount));
+    bench.lift({155, 130});
+  }
+}
+
+TEST_F(GestureControlTest, isNamedByItsContainerUnlessItHasAName) {
+  KnobContainer container;
+  container.setTitle("Cutoff");
+  container.showValue(0, 0.5f, "632 Hz");
+  EXPECT_EQ(container.knob().accessibility().name, "Cutoff");
+  EXPECT_EQ(container.knob().accessibility().value, "632 Hz");
+  container.knob().setAccessibilityLabel("Own");
+  EXPECT_EQ(container.knob().accessibility().name, "Own");
+}
+
+TEST_F(GestureControlTest, aShapeMayBeDestroyedByWhoeverShowsWhatIsActive) {
+  auto curve = std::make_unique<SimpleCurveControl>();
+  curve->setValueCount(1);
+  show(*curve);
+  curve->setText(0, "0.1");
+  curve->activeChanged = [&] { curve.reset(); };
+  bench.window.wheelTurned({{130, 130}, 0, 1, platform::Modifiers::none});
+  EXPECT_EQ(curve, nullptr);
+  EXPECT_EQ(journal.take(), "[");
 }
 
 }  // namespace

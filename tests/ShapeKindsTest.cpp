@@ -518,6 +518,11 @@ TEST_F(ShapeKindsTest, whatAnotherFingerHoldsIsNotDrawnOver) {
   EXPECT_EQ(std::count(owner.events.begin(), owner.events.end(), "[k1"), 1);
   bench.lift(second, 1);
   bench.lift(last, 2);
+  bench.window.wheelTurned({second, 0, 1, {}});
+  const float turned = valueOf(steps, "k1");
+  bench.press({second.x, 80});
+  EXPECT_LT(valueOf(steps, "k1"), turned) << "what the wheel has moved may be drawn";
+  bench.lift({second.x, 80});
   // With Shift a step moves finely from where it is.
   bench.window.touchBegan(1, toolkit::Touch::Kind::mouse, {second.x, 50}, 1);
   const float before = valueOf(steps, "k1");
@@ -568,6 +573,13 @@ TEST_F(ShapeKindsTest, aTremblingDoubleTapIsNoDrag) {
   bench.lift({at.x + 2, at.y - 2});
   EXPECT_THAT(owner.take(), ElementsAre("tap q"));
   EXPECT_EQ(valueOf(curve, "q"), 0);
+  // A tap means what it began on.
+  StepSequencerContainer steps;
+  show(steps, numbered(4), {0, 0, 400, 100});
+  const double border = (place(steps, "k1").x + place(steps, "k2").x) / 2;
+  bench.window.touchBegan(1, toolkit::Touch::Kind::finger, {border - 1, 50}, 2);
+  bench.lift({border + 2, 50});
+  EXPECT_THAT(owner.take(), ElementsAre("tap k1"));
 }
 
 }  // namespace
