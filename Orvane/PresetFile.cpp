@@ -53,6 +53,7 @@ std::optional<PresetFile> PresetFile::decode(std::span<const std::uint8_t> bytes
       file.content = std::move(*root);
       return file;
     }
+    if (root) error = "the keyed archive holds no dictionary";
   }
   file.content = std::move(*list);
   return file;

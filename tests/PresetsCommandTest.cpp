@@ -15,6 +15,7 @@
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
 #include "foundation/SafeFile.h"
+#include "fuzz/PresetFolderTarget.h"
 #include "tests/support/RunTool.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -235,6 +236,20 @@ TEST_F(PresetsCommandTest, TheDoctorTakesNothingThatIsBeingWrittenOrThatItCannot
   EXPECT_EQ(textOf(data + "/Presets/broken.example"), "x");
   EXPECT_TRUE(fs::exists(young));
   EXPECT_FALSE(fs::exists(old));
+}
+
+/// A folder of presets as the fuzzer of folders takes it.
+TEST_F(PresetsCommandTest, NoFolderOfFilesLosesOneOfThem) {
+  const std::string corpus = ORVANE_SOURCE_DIR "/fuzz/corpus/folder";
+  const Names all = namesIn(corpus);
+  EXPECT_GE(all.size(), 5u);
+  for (const std::string& name : all) {
+    SCOPED_TRACE(name);
+    const std::string text = textOf(corpus + '/' + name);
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    fuzz::presetFolder({bytes, text.size()});
+    fuzz::presetFolder({bytes, text.size() / 2});
+  }
 }
 
 TEST_F(PresetsCommandTest, WrongWordsAreUsageErrors) {

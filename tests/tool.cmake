@@ -7,4 +7,5 @@ orvane_add_tests(tool
     PresetsCommandTest.cpp
     ToolCommandTest.cpp
     ToolNonsenseTest.cpp
+    ${Orvane_SOURCE_DIR}/fuzz/PresetFolderTarget.cpp
   DEPENDS orvane::tool nlohmann_json::nlohmann_json)
