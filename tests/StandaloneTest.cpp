@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 
+#include "Orvane/PresetManager.h"
 #include "backends/juce/StandaloneWindow.h"
 #include "tests/support/JuceBench.h"
 #include "tests/support/TemporaryFolder.h"
@@ -40,6 +41,16 @@ class Environment {
 class StandaloneTest : public testing::Test {
  protected:
   using Script = std::function<void(StandaloneWindow&)>;
+  /// An editor that keeps presets.
+  class Keeper : public support::TestController {
+   public:
+    explicit Keeper(std::string groupId)
+        : TestController(std::make_shared<support::GivenDesign>()), group_(std::move(groupId)) {}
+    std::string groupBundleId() override { return group_; }
+
+   private:
+    const std::string group_;
+  };
 
   /// Runs the program, `script` once its window is there and `later` a moment later; then closes it
   /// as a user would.
@@ -51,6 +62,8 @@ class StandaloneTest : public testing::Test {
       unit = made.get();
       return made;
     };
+    if (!group.empty())
+      entry.makeViewController = [this] { return std::make_unique<Keeper>(group); };
     bool hasRun = false;
     entry.makeViewController = [this, script, later, &hasRun, make = entry.makeViewController] {
       juce::MessageManager::callAsync([script, later, &hasRun] {
@@ -87,6 +100,8 @@ class StandaloneTest : public testing::Test {
   support::RenderLog* unit = nullptr;
   orvane::KestroAUViewController* editor = nullptr;
   std::string said;
+  /// Empty for an editor that keeps no presets.
+  std::string group;
 };
 
 struct StandaloneWindowTest : StandaloneTest {
@@ -208,6 +223,46 @@ TEST_F(StandaloneWindowTest, midiLearnIsSwitchedByTheMenusAndEndedByEscape) {
     EXPECT_TRUE(window.keyPressed(juce::KeyPress(juce::KeyPress::escapeKey)))
         << "also where the editor has not the keyboard";
     EXPECT_FALSE(item().isTicked);
+  });
+}
+
+TEST_F(StandaloneWindowTest, presetsAreKeptInTheFolderThatTheUserHasChosen) {
+  const Environment data("XDG_DATA_HOME", folder / "data");
+  const Environment none("ORVANE_CLOUD", "");
+  std::filesystem::create_directory(folder / "cloud");
+  folder.write(
+      "settings/org.example.renderlog.settings",
+      "<PROPERTIES><VALUE name=\"cloudFolder\" val=\"" + folder / "cloud" + "\"/></PROPERTIES>");
+  run([](StandaloneWindow& window) {
+    auto* bar = dynamic_cast<juce::MenuBarComponent*>(window.getMenuBarComponent());
+    EXPECT_EQ(bar->getModel()->getMenuBarNames().size(), 1) << "an editor without presets";
+  });
+  group = "group.renderlog";
+  run([this](StandaloneWindow& window) {
+    EXPECT_THAT(editor->presetManager()->iCloudPresetPath().value_or(""),
+                testing::StartsWith(folder / "cloud/"));
+    EXPECT_TRUE(editor->presetManager()->saveNew("Pad", {}));
+    auto* model = dynamic_cast<juce::MenuBarComponent*>(window.getMenuBarComponent())->getModel();
+    const auto item = [&](int place) {
+      const juce::PopupMenu menu = model->getMenuForIndex(1, {});
+      juce::PopupMenu::MenuItemIterator items(menu);
+      for (int i = 0; i <= place; ++i) items.next();
+      return items.getItem();
+    };
+    EXPECT_EQ(item(1).text, juce::String("Keep presets in " + folder / "cloud"));
+    EXPECT_FALSE(item(0).isTicked);
+    item(0).action();
+    EXPECT_TRUE(item(0).isTicked);
+    EXPECT_FALSE(editor->presetManager()->iCloudPresetPath());
+    EXPECT_EQ(editor->presetManager()->saveNew("Pad", {}),
+              folder / "data/orvane/group.renderlog/Presets/Pad.preset");
+  });
+  run([this](StandaloneWindow&) {
+    EXPECT_FALSE(editor->presetManager()->iCloudPresetPath()) << "the choice is kept";
+  });
+  const Environment named("ORVANE_CLOUD", folder / "cloud");
+  run([this](StandaloneWindow&) {
+    EXPECT_TRUE(editor->presetManager()->iCloudPresetPath()) << "unless the environment has one";
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 #include "Orvane/KestroAUViewController.h"
 #include "backends/juce/JuceInput.h"
@@ -12,6 +13,8 @@
 #include "backends/juce/StandaloneSound.h"
 #include "backends/juce/StandaloneWindow.h"
 #include "backends/juce/StoredBindings.h"
+#include "foundation/DefaultFileManager.h"
+#include "foundation/LocalFileManager.h"
 
 namespace juce_backend {
 namespace {
@@ -72,6 +75,11 @@ class StandaloneApplication : public juce::JUCEApplication {
     settings_ = std::make_unique<juce::PropertiesFile>(settingsFile(entry, launch->options),
                                                        settingsOptions());
     bindings_ = std::make_unique<StoredBindings>(processor_->midiLearn(), *settings_);
+    auto cloud = std::make_shared<StandaloneCloud>(*settings_);
+    files_ = std::make_unique<foundation::LocalFileManager>(
+        foundation::LocalFileManager::usersDataFolder(),
+        foundation::LocalFileManager::Groups::eachItsOwn, cloud);
+    defaultFiles_.emplace(*files_);
     sound_ = std::make_unique<StandaloneSound>(*processor_);
     if (sound_->problem().isNotEmpty())
       std::fprintf(stderr, "%s is silent: %s\n", entry.name.c_str(), sound_->problem().toRawUTF8());
@@ -83,12 +91,18 @@ class StandaloneApplication : public juce::JUCEApplication {
       controller->setAudioUnit(&processor_->audioUnit());
       return controller;
     });
-    processor_->midiLearn().setEditor(
-        dynamic_cast<orvane::KestroAUViewController*>(&editor_->controller()));
+    auto* const controller = dynamic_cast<orvane::KestroAUViewController*>(&editor_->controller());
+    processor_->midiLearn().setEditor(controller);
+    cloud->folderChanged = [alive = platform::Weak<orvane::KestroAUViewController>(controller)] {
+      if (!alive || !alive->presetManager()) return;
+      alive->instantiatePresetManager();
+      alive->rebuildPresetList();
+    };
     editor_->setSize(static_cast<int>(entry.preferredSize.width),
                      static_cast<int>(entry.preferredSize.height));
     window_ = std::make_unique<StandaloneWindow>(
         toText(entry.name), *editor_, *settings_, processor_->midiLearn(),
+        controller && !controller->groupBundleId().empty() ? std::move(cloud) : nullptr,
         [this](const juce::MidiMessage& message) { sound_->play(message); });
   }
 
@@ -98,6 +112,9 @@ class StandaloneApplication : public juce::JUCEApplication {
     editor_.reset();
     sound_.reset();
     bindings_.reset();
+    defaultFiles_.reset();
+    files_->removeTemporaryDirectory();
+    files_.reset();
     settings_.reset();
     processor_.reset();
   }
@@ -106,6 +123,8 @@ class StandaloneApplication : public juce::JUCEApplication {
   std::unique_ptr<AudioUnitProcessor> processor_;
   std::unique_ptr<juce::PropertiesFile> settings_;
   std::unique_ptr<StoredBindings> bindings_;
+  std::unique_ptr<foundation::LocalFileManager> files_;
+  std::optional<foundation::DefaultFileManager> defaultFiles_;
   std::unique_ptr<StandaloneSound> sound_;
   std::unique_ptr<EditorComponent> editor_;
   std::unique_ptr<StandaloneWindow> window_;

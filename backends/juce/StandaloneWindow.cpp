@@ -16,6 +16,7 @@ constexpr int menuHeight = 24;
 
 StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& editor,
                                    juce::PropertiesFile& settings, orvane::MidiLearn& midiLearn,
+                                   std::shared_ptr<StandaloneCloud> cloud,
                                    std::function<void(const juce::MidiMessage&)> playNote)
     : juce::DocumentWindow(title, juce::Colours::black,
                            juce::DocumentWindow::minimiseButton |
@@ -24,7 +25,8 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
                            false),
       keyboard_(std::move(playNote)),
       settings_(settings),
-      midiLearn_(midiLearn) {
+      midiLearn_(midiLearn),
+      cloud_(std::move(cloud)) {
   setLookAndFeel(&*look_);
   setUsingNativeTitleBar(true);
   setMenuBar(this, menuHeight);
@@ -74,8 +76,12 @@ void StandaloneWindow::activeWindowStatusChanged() {
   if (!isActiveWindow()) keyboard_.releaseAll();
 }
 
-juce::PopupMenu StandaloneWindow::getMenuForIndex(int, const juce::String&) {
-  return midiLearnMenu(midiLearn_);
+juce::StringArray StandaloneWindow::getMenuBarNames() {
+  return cloud_ ? juce::StringArray{"MIDI", "Presets"} : juce::StringArray{"MIDI"};
+}
+
+juce::PopupMenu StandaloneWindow::getMenuForIndex(int index, const juce::String&) {
+  return index == 0 ? midiLearnMenu(midiLearn_) : presetFolderMenu(cloud_);
 }
 
 bool StandaloneWindow::keyPressed(const juce::KeyPress& key) {
