@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 
 #include "Orvane/PresetListTableViewController.h"
@@ -22,7 +23,7 @@ namespace {
 using platform::PropertyList;
 namespace fs = std::filesystem;
 
-constexpr int presetCount = 10000;
+constexpr int presetCount = 10000, fewCount = 5, manyCount = 50000;
 constexpr std::size_t presetSize = 9000;
 
 /// Counts what is read.
@@ -59,18 +60,43 @@ double elapsed(Action action) {
 
 class Folder {
  public:
-  Folder() : path_(fs::temp_directory_path() / ("orvane-bench-" + std::to_string(::getpid()))) {
+  Folder(int count, const std::string& text)
+      : path_(fs::temp_directory_path() /
+              ("orvane-bench-" + std::to_string(::getpid()) + '-' + std::to_string(count))) {
     fs::create_directories(path_ / "Presets");
+    for (int i = 0; i < count; ++i) add("Preset " + std::to_string(i), text);
   }
   ~Folder() {
     std::error_code ignored;
     fs::remove_all(path_, ignored);
+  }
+  void add(const std::string& name, const std::string& text) const {
+    std::ofstream(path_ / "Presets" / (name + ".preset"), std::ios::binary) << text;
   }
   std::string path() const { return path_.string(); }
 
  private:
   const fs::path path_;
 };
+
+/// Milliseconds of a listing of a folder of `count` presets: the fastest of twenty, before each of which
+/// `change` is made. The first listing is not among them.
+double listing(int count, const std::string& text, BenchAudioUnit& unit,
+               const std::function<void(const Folder&, int)>& change) {
+  const Folder folder(count, text);
+  foundation::LocalFileManager files(folder.path(),
+                                     foundation::LocalFileManager::Groups::oneForAll);
+  const foundation::DefaultFileManager scope(files);
+  orvane::PresetManager manager("bench", {});
+  manager.audioUnit = &unit;
+  manager.getUserPresets();
+  double fastest = 1e9;
+  for (int i = 0; i < 20; ++i) {
+    change(folder, i);
+    fastest = std::min(fastest, elapsed([&] { manager.getUserPresets(); }));
+  }
+  return fastest;
+}
 
 /// The keystroke that the user waits for longest while typing a word, over a list in which each key
 /// leaves fewer presets: milliseconds of the list's own work.
@@ -107,13 +133,8 @@ double maxKeystroke() {
 }  // namespace
 
 void addPresetRows(Report& report) {
-  const Folder folder;
   const std::string text = presetText();
-  for (int i = 0; i < presetCount; ++i)
-    std::ofstream(folder.path() + "/Presets/Preset " + std::to_string(i) + ".preset",
-                  std::ios::binary)
-        << text;
-
+  const Folder folder(presetCount, text);
   CountingFiles files(folder.path(), foundation::LocalFileManager::Groups::oneForAll);
   const foundation::DefaultFileManager scope(files);
   BenchAudioUnit unit(twoHundred.count());
@@ -141,8 +162,15 @@ void addPresetRows(Report& report) {
                 .goalFor = Row::Goal::figure});
   };
   add("presetsFirst", "first listing of " + std::to_string(listed) + " presets", "ms", first, 2000);
-  add("presetsAgain", "unchanged listing of them", "ms", again, 50);
+  add("presetsAgain", "unchanged listing of them", "ms", again, 10);
   add("presetsReads", "files read in five unchanged listings", "", readsOfAgain, 0);
+  add("presetsFew", "listing of " + std::to_string(fewCount) + " presets", "ms",
+      listing(fewCount, text, unit, [](const Folder&, int) {}), 0.1);
+  // Their size does not matter, only that they are many.
+  add("presetsMany", "listing of 50,000 after one more has come", "ms",
+      listing(manyCount, text.substr(0, 300), unit,
+              [&](const Folder& many, int i) { many.add("New " + std::to_string(i), text); }),
+      15);
   add("presetSearch", "longest keystroke of a search in 100,000", "ms", maxKeystroke(), 16);
   add("presetSave", "one save (the disk's cache included)", "ms", save, 5);
 }
