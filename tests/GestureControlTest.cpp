@@ -159,6 +159,32 @@ TEST_F(GestureControlTest, isToldNothingAfterItsDeath) {
       }
 }
 
+TEST_F(GestureControlTest, aShapeTellsNothingAfterItsDeath) {
+  for (const bool isKeyed : {false, true})
+    for (journal.stopsAt = 1;; ++journal.stopsAt) {
+      auto curve = std::make_unique<SimpleCurveControl>();
+      journal.then = [&] { curve.reset(); };
+      curve->setValueCount(3);
+      curve->setLinks({true, true, true});
+      curve->holdChanged = [this](std::size_t, bool held) { journal.note(held ? '+' : '-'); };
+      show(*curve);
+      journal.told.clear();
+      if (isKeyed) {
+        bench.window.wheelTurned({{130, 130}, 0, 1, platform::Modifiers::none});
+        loop.advance(1);
+      } else {
+        press();
+        bench.drag({130, 120});
+        bench.lift({130, 120});
+      }
+      if (curve) {
+        EXPECT_EQ(journal.take(), isKeyed ? "[+++v---]" : "d[+++mvu---]");
+        break;
+      }
+      EXPECT_EQ(journal.told.size(), journal.stopsAt) << journal.told;
+    }
+}
+
 TEST_F(GestureControlTest, whoeverIsToldMayDisableIt) {
   for (const int tapCount : {1, 2})
     for (journal.stopsAt = 1;; ++journal.stopsAt) {
@@ -305,7 +331,7 @@ TEST_F(GestureControlTest, aPressOfASignIsNeitherADragNorADoubleTap) {
   show(stepper);
   for (const int tapCount : {1, 2}) {
     bench.window.touchBegan(1, toolkit::Touch::Kind::finger, {155, 130}, tapCount);
-    bench.drag({155, 30});
+    if (tapCount == 1) bench.drag({155, 30});
     EXPECT_EQ(stepper.value(), static_cast<float>(tapCount));
     bench.lift({155, 130});
   }
