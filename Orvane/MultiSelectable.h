@@ -17,9 +17,14 @@ class MultiSelectableButton : public kestroui::OnOffButton {
   /// Its share of the row's width.
   float weight = 1.0f;
   const std::string& text() const { return titles().front(); }
+  /// In points.
+  void setTextSize(double size);
 
   platform::Accessibility accessibility() const override;
   void paint(platform::Canvas& canvas) override;
+
+ private:
+  double textSize_ = 12;
 };
 
 /// Whoever wants to know what is chosen in a MultiSelectable. Held weakly.
@@ -31,7 +36,8 @@ class MultiSelectableDelegate {
 };
 
 /// A row of texts of which any number may be chosen at once: a tap switches one. Longer texts get
-/// more of the width. User-interface thread only.
+/// more of the width. Its owner may let it have several rows, so that many texts stay readable.
+/// User-interface thread only.
 class MultiSelectable : public toolkit::Control {
  public:
   MultiSelectable() = default;
@@ -48,6 +54,10 @@ class MultiSelectable : public toolkit::Control {
   void setSelectedValues(const std::vector<std::string>& values);
   const std::vector<std::unique_ptr<MultiSelectableButton>>& buttons() const { return buttons_; }
 
+  /// As many rows as it takes for all texts to be read, of which the only one has this size, in
+  /// points; answers the height of all. To be called by whoever places it in a window.
+  double fitRows(const platform::Size& row);
+
   /// The action of every button: switches it. A sender that is none of them is ignored.
   void handleTouchDown(toolkit::Control& sender);
 
@@ -55,8 +65,14 @@ class MultiSelectable : public toolkit::Control {
   void setNeedsDisplay() override;
 
  private:
+  /// What the texts of buttons that share `rows` rows of this width can be set in, in points.
+  double textSize(std::size_t rows, double width, double wanted) const;
+  /// The row of each button, in order: all rows weigh about the same.
+  std::vector<std::size_t> rowsOfButtons(std::size_t rows) const;
+  std::vector<double> widthsOfButtons(std::size_t rows, double width) const;
   void selectionChanged();
 
+  std::size_t rows_ = 1;
   std::vector<std::string> values_;
   std::vector<std::string> selectedValues_;
   std::vector<std::unique_ptr<MultiSelectableButton>> buttons_;

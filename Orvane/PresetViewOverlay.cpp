@@ -404,8 +404,9 @@ void PresetViewOverlay::draw(const Rect&) {
   const bool hasCategories = !categorySelector_.values().empty();
   categorySelector_.setHidden(!hasCategories);
   if (hasCategories) {
-    categorySelector_.setFrame({inside.x, y, inside.width, line});
-    y += line + gap;
+    const double selectorHeight = categorySelector_.fitRows({inside.width, line});
+    categorySelector_.setFrame({inside.x, y, inside.width, selectorHeight});
+    y += selectorHeight + gap;
   }
 
   const double filterWidth = useFilterList ? filterShare * width : 0;

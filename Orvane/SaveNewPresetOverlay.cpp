@@ -29,8 +29,9 @@ void SaveNewPresetOverlay::touchBegan(const toolkit::Touch& touch) {
 void SaveNewPresetOverlay::draw(const platform::Rect& rect) {
   TextFieldOverlay::draw(rect);
   const platform::Rect field = textField().frame();
-  const platform::Rect selector{0.05 * bounds().width, field.maxY() + 0.06 * bounds().height,
-                                0.9 * bounds().width, field.height};
+  const double width = 0.9 * bounds().width;
+  const platform::Rect selector{0.05 * bounds().width, field.maxY() + 0.06 * bounds().height, width,
+                                categorySelector_.fitRows({width, field.height})};
   categorySelector_.setFrame(selector);
   const double padding = 0.75 * field.height, top = titleLabel().frame().y - padding;
   if (categories().empty())

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 #include "tests/support/WindowBench.h"
 
 namespace orvane {
@@ -49,6 +52,56 @@ TEST_F(MultiSelectableTest, LongerTextsGetMoreOfTheRow) {
   show({"Plucks", "Strings"});
   EXPECT_EQ(row.buttons()[0]->weight, 1.0f);
   EXPECT_EQ(row.buttons()[1]->weight, 1.4f);
+}
+
+/// Sizes and widths of what is written.
+struct TextCanvas : support::LogCanvas {
+  void drawText(std::string_view text, const platform::Font& font, const platform::Rect& rect,
+                platform::TextAlignment, platform::Color, double minimumScale) override {
+    sizes.insert(font.pointSize * std::min(1.0, minimumScale));
+    isWhole &= 0.55 * font.pointSize * static_cast<double>(text.size()) <= rect.width;
+  }
+  std::set<double> sizes;
+  bool isWhole = true;
+};
+
+TEST_F(MultiSelectableTest, ManyTextsStandInRowsInWhichAllAreReadAndOfOneSize) {
+  const Texts many{"Bass",   "Lead",  "Pad",        "Pluck",      "Keys",  "Strings", "Brass",
+                   "Voices", "Drone", "Percussion", "Atmosphere", "Noise", "Organ",   "Bells"};
+  const struct {
+    Texts values;
+    platform::Size row;
+    double height;
+    bool isWhole;
+  } cases[] = {{{"Bass", "Leads", "Atmosphere"}, {310, 20}, 20, true},
+               {many, {375, 20}, 32, true},
+               {many, {390, 66}, 3 * 66 * 0.7, true},
+               {Texts(20, "Beyond any measure"), {300, 20}, 64, false},
+               {{"Beyond any measure", "Bass"}, {50, 20}, 20, false}};
+  for (const auto& c : cases) {
+    show(c.values);
+    EXPECT_NEAR(row.fitRows(c.row), c.height, 1e-6);
+    row.setFrame({0, 0, c.row.width, c.height});
+    bench.frame();
+    TextCanvas canvas;
+    bench.window.composite(canvas, {0, 0, 400, 300});
+    EXPECT_EQ(canvas.sizes.size(), 1u);
+    EXPECT_GE(*canvas.sizes.begin(), 9);
+    EXPECT_EQ(canvas.isWhole, c.isWhole);
+    platform::Rect before{0, 0, 0, 0};
+    for (const auto& button : row.buttons()) {
+      const platform::Rect frame = button->frame();
+      if (frame.x == 0 && before.width > 0) {
+        EXPECT_NEAR(before.maxX(), c.row.width, 1e-3) << "each row is full";
+        EXPECT_NEAR(frame.y, before.maxY(), 1e-6);
+      } else {
+        EXPECT_NEAR(frame.x, before.maxX(), 1e-6);
+        EXPECT_EQ(frame.y, before.y);
+      }
+      before = frame;
+    }
+    EXPECT_NEAR(before.maxY(), c.height, 1e-6);
+  }
 }
 
 TEST_F(MultiSelectableTest, TheSelectionIsInDisplayOrder) {
