@@ -43,18 +43,19 @@ int FiltersTableViewController::numberOfRowsInSection(TableView&, int) {
 toolkit::TableViewCell& FiltersTableViewController::cellForRowAt(TableView& table, IndexPath row) {
   auto& cell = table.dequeueReusableCell<toolkit::TableViewCell>();
   PresetTableStyle::apply(cell);
-  cell.textLabel().setFont(PresetTableStyle::font(PresetTableStyle::rowHeight(table)));
+  cell.textLabel().setFont(
+      PresetTableStyle::font(PresetTableStyle::rowHeight(table.frame().height)));
   cell.textLabel().setText(filterList_[static_cast<std::size_t>(row.row)]);
   return cell;
 }
 
 // Free space, by which the first filter stands about where the list beside it begins.
 double FiltersTableViewController::heightForHeaderInSection(TableView& table, int) {
-  return PresetTableStyle::headerHeight(table);
+  return PresetTableStyle::headerHeight(table.frame().height);
 }
 
 double FiltersTableViewController::heightForRowsInSection(TableView& table, int) {
-  return PresetTableStyle::rowHeight(table);
+  return PresetTableStyle::rowHeight(table.frame().height);
 }
 
 void FiltersTableViewController::didSelectRowAt(TableView& table, IndexPath row) {

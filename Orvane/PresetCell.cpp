@@ -11,6 +11,7 @@ namespace orvane {
 
 PresetCell::PresetCell() {
   PresetTableStyle::apply(*this);
+  textLabel().setMinimumScale(1);
   starButton_.setAccentColor(kestroui::Theme::accent);
   // The keys of a row are the list's.
   starButton_.setTakesKeyboard(false);
@@ -66,8 +67,14 @@ toolkit::View* PresetCell::hitTest(platform::Point point) {
 
 platform::Accessibility PresetCell::accessibility() const {
   platform::Accessibility told = TableViewCell::accessibility();
-  if (preset_ && !preset_->bankName.empty()) told.name += ", " + preset_->bankName;
-  if (modified_) told.value += told.value.empty() ? "Changed" : ", changed";
+  if (!preset_) return told;
+  for (const std::string& text : {preset_->bankName, categories_})
+    if (!text.empty()) told.name += ", " + text;
+  const auto tell = [&](bool isSo, const char* state) {
+    if (isSo) told.value += (told.value.empty() ? "" : ", ") + std::string(state);
+  };
+  tell(modified_, "Changed");
+  tell(preset_->isFavourite, "Favourite");
   return told;
 }
 
@@ -103,12 +110,12 @@ void PresetCell::paint(platform::Canvas& canvas) {
   TableViewCell::paint(canvas);
   if (!preset_ || columns_[0].isEmpty()) return;
   // Painted, as they are no text of their own: a row is one thing to press.
-  const platform::Font& font = textLabel().font();
-  const platform::Font small = font.withSize(std::max(10.0, font.pointSize * 0.82));
+  const platform::Font small =
+      kestroui::Theme::regularFont.withSize(std::max(10.0, textLabel().font().pointSize * 0.8));
   const std::string* const texts[] = {&preset_->bankName, &categories_};
   for (int i = 0; i < 2; ++i)
     canvas.drawText(*texts[i], small, columns_[i], platform::TextAlignment::left,
-                    kestroui::Theme::textDim);
+                    kestroui::Theme::textDim, 1);
 }
 
 }  // namespace orvane

@@ -340,14 +340,14 @@ void PresetLibrary::toggleMark(const PresetPtr& preset) {
   tell(Change::marks);
 }
 
-void PresetLibrary::extendMarks(const PresetPtr& preset) {
+void PresetLibrary::extendMarks(const PresetPtr& preset, const Presets& order) {
   const Preset* const anchor = markAnchor_ ? markAnchor_.get() : selected_.get();
-  const auto to = placeOf(preset.get(), shown_);
-  const auto from = placeOf(anchor, shown_);
+  const auto to = placeOf(preset.get(), order);
+  const auto from = placeOf(anchor, order);
   if (!to) return;
   const auto [first, last] = std::minmax(from.value_or(*to), *to);
   marked_.clear();
-  for (std::size_t i = first; i <= last; ++i) marked_.insert(shown_[i].get());
+  for (std::size_t i = first; i <= last; ++i) marked_.insert(order[i].get());
   tell(Change::marks);
 }
 
@@ -356,8 +356,8 @@ void PresetLibrary::markAllShown() {
   tell(Change::marks);
 }
 
-void PresetLibrary::clearMarks() {
-  markAnchor_ = nullptr;
+void PresetLibrary::clearMarks(const PresetPtr& reached) {
+  markAnchor_ = reached;
   if (marked_.empty()) return;
   marked_.clear();
   tell(Change::marks);

@@ -135,10 +135,11 @@ class PresetLibrary : public platform::WeakTarget {
   bool isMarked(const Preset& preset) const { return marked_.contains(&preset); }
   std::size_t markCount() const { return marked_.size(); }
   void toggleMark(const PresetPtr& preset);
-  /// All shown presets from the one that was marked or selected last to this one.
-  void extendMarks(const PresetPtr& preset);
+  /// All presets of `order` from the one that was marked, reached or selected last to this one.
+  void extendMarks(const PresetPtr& preset, const Presets& order);
   void markAllShown();
-  void clearMarks();
+  /// `reached` is where extendMarks begins then; null for the selected preset.
+  void clearMarks(const PresetPtr& reached = nullptr);
 
   /// Stores the star of a preset and shows it in all editors of the process.
   static void setFavourite(Preset& preset, bool isFavourite);

@@ -158,6 +158,13 @@ const PresetListTableViewController::Presets& PresetListTableViewController::pre
   return useHeaders ? sections_[section == 0 ? 0 : 1] : library_.shown();
 }
 
+PresetListTableViewController::Presets PresetListTableViewController::presetsInRows() const {
+  Presets presets;
+  for (int section = 0; section < (useHeaders ? 2 : 1); ++section)
+    presets.insert(presets.end(), presetsIn(section).begin(), presetsIn(section).end());
+  return presets;
+}
+
 const PresetListTableViewController::PresetPtr& PresetListTableViewController::presetAt(
     IndexPath row) const {
   const Presets& presets = presetsIn(row.section);
@@ -204,11 +211,11 @@ std::unique_ptr<toolkit::View> PresetListTableViewController::viewForHeaderInSec
 }
 
 double PresetListTableViewController::heightForHeaderInSection(TableView& table, int) {
-  return useHeaders ? PresetTableStyle::headerHeight(table) : 0;
+  return useHeaders ? PresetTableStyle::headerHeight(table.frame().height) : 0;
 }
 
 double PresetListTableViewController::heightForRowsInSection(TableView& table, int) {
-  return PresetTableStyle::rowHeight(table);
+  return PresetTableStyle::rowHeight(table.frame().height);
 }
 
 void PresetListTableViewController::didSelectRowAt(TableView& table, IndexPath row) {
@@ -235,7 +242,7 @@ void PresetListTableViewController::didMarkRowAt(TableView&, IndexPath row, Mark
     case Mark::toggle:
       return library_.toggleMark(presetAt(row));
     case Mark::extend:
-      return library_.extendMarks(presetAt(row));
+      return library_.extendMarks(presetAt(row), presetsInRows());
     case Mark::all:
       return library_.markAllShown();
   }
@@ -248,6 +255,7 @@ bool PresetListTableViewController::isRowMarked(TableView&, IndexPath row) {
 }
 
 void PresetListTableViewController::didFocusRowAt(TableView&, IndexPath row) {
+  library_.clearMarks(presetAt(row));
   // A key that is held passes over a hundred presets.
   rest_ =
       foundation::Timer(restTime, foundation::Timer::Repeat::once, [this, preset = presetAt(row)] {

@@ -92,6 +92,7 @@ class PresetListTableViewController : public toolkit::TableViewController,
   /// Stars, marks and the sign of a changed preset in the rows as they are.
   void showStates();
   const Presets& presetsIn(int section) const;
+  Presets presetsInRows() const;
   const PresetPtr& presetAt(toolkit::IndexPath row) const;
   std::optional<toolkit::IndexPath> rowOf(const Preset& preset) const;
 

@@ -8,13 +8,11 @@ namespace orvane {
 
 namespace Theme = kestroui::Theme;
 
-double PresetTableStyle::rowHeight(const toolkit::TableView& table) {
-  return std::max(table.frame().height / 8, Theme::cellFont.lineHeight());
+double PresetTableStyle::rowHeight(double tableHeight) {
+  return std::max(tableHeight / 8, Theme::cellFont.lineHeight());
 }
 
-double PresetTableStyle::headerHeight(const toolkit::TableView& table) {
-  return 0.8 * rowHeight(table);
-}
+double PresetTableStyle::headerHeight(double tableHeight) { return 0.8 * rowHeight(tableHeight); }
 
 platform::Font PresetTableStyle::font(double rowHeight) {
   return Theme::cellFont.withSize(std::clamp(rowHeight * 0.34, 11.0, 30.0));
@@ -28,6 +26,8 @@ void PresetTableStyle::apply(toolkit::TableView& table) {
 void PresetTableStyle::apply(toolkit::TableViewCell& cell) {
   cell.textLabel().setFont(Theme::cellFont);
   cell.textLabel().setTextColor(Theme::text);
+  // Rows whose texts are of several sizes are hard to read down.
+  cell.textLabel().setMinimumScale(0.85);
   cell.setTextInset(14);
   cell.setColors({.background = platform::Color::clear(),
                   .selected = Theme::accent.withAlpha(0.26f),

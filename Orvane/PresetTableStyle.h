@@ -8,10 +8,10 @@ namespace orvane {
 /// What the browser's two lists have in common.
 namespace PresetTableStyle {
 
-/// In points: eight rows fill the table, but none is lower than its line of text.
-double rowHeight(const toolkit::TableView& table);
+/// In points: eight rows fill a table of this height, but none is lower than its line of text.
+double rowHeight(double tableHeight);
 /// In points.
-double headerHeight(const toolkit::TableView& table);
+double headerHeight(double tableHeight);
 /// Grows with the rows, as far as that reads well.
 platform::Font font(double rowHeight);
 void apply(toolkit::TableView& table);

@@ -6,6 +6,7 @@
 
 #include "KestroUI/Theme.h"
 #include "Orvane/OverlayStyle.h"
+#include "Orvane/PresetTableStyle.h"
 #include "foundation/UnicodeText.h"
 
 namespace orvane {
@@ -111,13 +112,19 @@ void PresetViewOverlay::filterSelected(const std::optional<std::string>& filter)
 
 void PresetViewOverlay::searchTextChanged(const std::string& text) { list_.searchFor(text); }
 
-void PresetViewOverlay::searchBarDidReturn() { list_.tableView().becomeFirstResponder(); }
+void PresetViewOverlay::searchBarDidReturn() {
+  toolkit::TableView& table = list_.tableView();
+  table.becomeFirstResponder();
+  const bool startsBelow = list_.useHeaders && list_.numberOfRowsInSection(table, 0) == 0;
+  table.focusRow({startsBelow ? 1 : 0, 0});
+}
 
 void PresetViewOverlay::clearFilters() {
   searchBar_.textField().setText({});
   categorySelector_.setSelectedValues({});
-  filters_.setSelectedFilter("ALL");
   library_.setFilter({});
+  if (!useFilterList) return;
+  filters_.setSelectedFilter("ALL");
   filters_.reapplySelection();
 }
 
@@ -334,9 +341,18 @@ void PresetViewOverlay::setHidden(bool hidden) {
 }
 
 bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
+  toolkit::TextField& field = searchBar_.textField();
   if (event.key == Key::escape) {
-    if (closeDialog() || (delegate && delegate->endAudition(false))) return true;
-    setHidden(true);
+    // What was begun last ends first.
+    if (closeDialog()) return true;
+    if (library_.markCount() > 0) {
+      library_.clearMarks();
+    } else if (field.isFirstResponder() && !field.text().empty()) {
+      field.setText({});
+      list_.searchFor({});
+    } else if (!delegate || !delegate->endAudition(false)) {
+      setHidden(true);
+    }
     return true;
   }
   if (isDialogOpen()) return false;
@@ -347,20 +363,14 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
     starPresets();
     return true;
   }
-  // A second Return after a search, before any arrow key.
-  if (event.key == Key::returnKey && table.isFirstResponder() && !library_.shown().empty()) {
-    table.keyPressed({Key::home, platform::Modifiers::none, {}});
-    return table.keyPressed(event);
-  }
   const bool isShifted = event.modifiers == platform::Modifiers::shift;
   if (event.modifiers != platform::Modifiers::none && !isShifted) return false;
-  for (const Key key : {Key::up, Key::down, Key::pageUp, Key::pageDown})
+  for (const Key key : {Key::up, Key::down, Key::pageUp, Key::pageDown, Key::home, Key::end})
     if (event.key == key) {
       table.becomeFirstResponder();
       return table.keyPressed(event);
     }
   // Typing begins a search, wherever the keyboard is.
-  toolkit::TextField& field = searchBar_.textField();
   const bool isTyped = event.key == Key::character && !event.text.empty();
   if (field.isFirstResponder() || !(isTyped || event.key == Key::backspace)) return false;
   field.becomeFirstResponder();
@@ -413,12 +423,14 @@ void PresetViewOverlay::draw(const Rect&) {
   const double listX = inside.x + (useFilterList ? filterWidth + gap : 0);
   const Rect buttons{inside.x, inside.maxY() - line * 1.15, inside.width, line * 1.15};
   const double bottom = buttons.y - gap;
-  if (useFilterList)
-    filters_.view().setFrame({inside.x, y, filterWidth, std::max(0.0, bottom - y)});
   searchBar_.setFrame({listX, y, inside.maxX() - listX, line});
   y += line + gap;
   const Rect list{listX, y, inside.maxX() - listX, std::max(0.0, bottom - y)};
   list_.view().setFrame(list);
+  // Below the free space at its top, the banks stand in the lines of the presets.
+  if (useFilterList)
+    filters_.view().setFrame(
+        {inside.x, list.y - PresetTableStyle::headerHeight(list.height), filterWidth, list.height});
   emptyLabel_.setFont(Theme::cellFont.withSize(std::clamp(line * 0.36, 9.0, 28.0)));
   emptyLabel_.setFrame({list.x + gap, list.midY() - line, list.width - 2 * gap, line * 2});
   layoutButtons(buttons);

@@ -122,7 +122,7 @@ TEST_F(PresetLibraryTest, SeveralPresetsAreMarkedFromTheSelectedOneOn) {
   library.toggleMark(shown[0]);
   EXPECT_EQ(namesOf(library.marked()), (Names{"c"}));
   library.clearMarks();
-  library.extendMarks(shown[2]);
+  library.extendMarks(shown[2], shown);
   EXPECT_EQ(namesOf(library.marked()), (Names{"a", "b", "c"}));
   std::filesystem::remove(file("b.synth"));
   library.reload();

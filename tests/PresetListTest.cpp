@@ -5,6 +5,7 @@
 #include "Orvane/PresetCell.h"
 #include "tests/support/PresetBench.h"
 #include "tests/support/TestEditor.h"
+#include "tests/support/WindowBench.h"
 
 namespace {
 
@@ -327,6 +328,107 @@ TEST_F(PresetNamingTest, ArrowKeysLetPresetsBeHeardWhenTheyRestAndEscapeGoesBack
   EXPECT_TRUE(key(platform::Key::escape));
   EXPECT_TRUE(browser().isHidden()) << "what was kept stays";
   EXPECT_NE(editor.selectedPreset(), before);
+}
+
+TEST_F(PresetNamingTest, TheArrowKeysMeanOneRowAndWithShiftTheRowsBetween) {
+  for (const char* name : {"Alpha", "Zeta", "Iota"}) save(name);
+  orvane::PresetLibrary& library = editor.presetLibrary();
+  using platform::Key;
+  const auto key = [this](Key pressed, platform::Modifiers modifiers = platform::Modifiers::none) {
+    return window.window.keyPressed({pressed, modifiers, ""});
+  };
+  EXPECT_TRUE(key(Key::home)) << "from the button that was pressed into the list";
+  EXPECT_TRUE(key(Key::down));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(key(Key::down, platform::Modifiers::shift));
+  EXPECT_EQ(namesOf(library.marked()), (Names{"Init", "Iota", "Zeta"}))
+      << "the user's and below them the factory's, as the rows stand";
+  EXPECT_TRUE(key(Key::escape));
+  EXPECT_EQ(library.markCount(), 0u);
+  EXPECT_FALSE(browser().isHidden());
+  key(Key::up, platform::Modifiers::shift);
+  key(Key::up);
+  EXPECT_EQ(library.markCount(), 0u) << "as a plain tap";
+}
+
+TEST_F(PresetNamingTest, ReturnLeadsToTheFirstHitAndEscapeClearsTheSearchFirst) {
+  save("Foam");
+  save("Froth");
+  toolkit::TableView& table = editor.overlaysView().presetList().tableView();
+  const auto key = [this](platform::Key pressed) {
+    return window.window.keyPressed({pressed, platform::Modifiers::none, ""});
+  };
+  table.becomeFirstResponder();
+  EXPECT_FALSE(key(platform::Key::returnKey)) << "without a search it means no preset";
+  EXPECT_EQ(editor.currentPresetName(), "Froth");
+  for (const auto& [search, hit] :
+       {std::pair{"o", toolkit::IndexPath{0, 0}}, {"nit", toolkit::IndexPath{1, 0}}}) {
+    type(search);
+    key(platform::Key::returnKey);
+    EXPECT_EQ(table.focusedRow(), hit) << search;
+  }
+  type("zzz");
+  EXPECT_TRUE(key(platform::Key::escape));
+  EXPECT_EQ(browser().searchBar().textField().text(), "");
+  EXPECT_EQ(editor.presetLibrary().shown().size(), 3u);
+  EXPECT_FALSE(browser().isHidden());
+  EXPECT_TRUE(key(platform::Key::escape));
+  EXPECT_TRUE(browser().isHidden());
+}
+
+TEST_F(PresetNamingTest, ClearLeavesABrowserWithoutBanksWithoutABank) {
+  browser().searchTextChanged("In");
+  press(browser().clearButton());
+  EXPECT_EQ(editor.presetLibrary().filter().bank, "");
+}
+
+TEST_F(PresetNamingTest, ARowTellsWhatItHasRoomForAndAllOfItToThoseWhoListen) {
+  orvane::PresetCell cell;
+  auto preset = std::make_shared<orvane::Preset>("Foam");
+  preset->bankName = "COAST";
+  preset->categories = {"pad", "keys"};
+  preset->isFavourite = true;
+  cell.setPreset(preset);
+  cell.setModified(true);
+  cell.setMarked(true);
+  cell.setSelected(true);
+  window.window.rootViewController()->view().addSubview(cell);
+  const auto texts = [&](double width) {
+    cell.setFrame({0, 0, width, 30});
+    window.window.prepareFrame();
+    support::LogCanvas canvas;
+    window.window.composite(canvas, cell.frameInRoot());
+    std::erase_if(canvas.lines, [](const std::string& line) {
+      return line != "text Foam" && line != "text COAST" && line != "text pad, keys";
+    });
+    return canvas.lines;
+  };
+  EXPECT_THAT(texts(200), ElementsAre("text Foam"));
+  EXPECT_THAT(texts(600),
+              testing::UnorderedElementsAre("text Foam", "text COAST", "text pad, keys"));
+  const platform::Accessibility told = cell.accessibility();
+  EXPECT_EQ(told.name, "Foam, COAST, pad, keys");
+  EXPECT_EQ(told.value, "Selected, Marked, Changed, Favourite");
+}
+
+TEST(PresetBrowserLayout, BanksStandInTheLinesOfPresets) {
+  orvane::PresetLibrary library;
+  orvane::PresetViewOverlay browser(library);
+  browser.useFilterList = true;
+  support::EditorWindow window{{800, 600}};
+  window.host.view().addSubview(browser);
+  for (const platform::Size& size : {platform::Size{480, 320}, {1600, 1200}}) {
+    window.window.setSize(size);
+    browser.setFrame({0, 0, size.width, size.height});
+    browser.setFactoryPresets(factory());
+    library.reload();
+    for (int i = 0; i < 2; ++i) window.window.prepareFrame();
+    const auto line = [](toolkit::TableView& table) {
+      const toolkit::TableViewCell* cell = table.cellForRow({0, 1});
+      return cell ? cell->frameInRoot().midY() : -1;
+    };
+    EXPECT_NEAR(line(browser.filtersTableViewController().tableView()),
+                line(browser.presetListTableViewController().tableView()), 0.5);
+  }
 }
 
 TEST_F(PresetNamingTest, AStarIsHitAtItsRowsEndAndLeavesTheKeyboardToTheList) {

@@ -35,8 +35,15 @@ void Label::setTextAlignment(TextAlignment alignment) {
   setNeedsDisplay();
 }
 
+void Label::setMinimumScale(double scale) {
+  if (scale == minimumScale_) return;
+  minimumScale_ = scale;
+  setNeedsDisplay();
+}
+
 void Label::paint(Canvas& canvas) {
-  if (!text_.empty()) canvas.drawText(text_, font_, bounds(), alignment_, textColor_);
+  if (!text_.empty())
+    canvas.drawText(text_, font_, bounds(), alignment_, textColor_, minimumScale_);
 }
 
 }  // namespace toolkit

@@ -21,6 +21,9 @@ class Label : public View {
   platform::TextAlignment textAlignment() const { return alignment_; }
   void setTextAlignment(platform::TextAlignment alignment);
 
+  /// How much smaller a text is set before it is cut with an ellipsis: 0.7 at first, 1 for not at all.
+  void setMinimumScale(double scale);
+
   platform::Accessibility accessibility() const override {
     return {platform::Accessibility::Role::text, text_};
   }
@@ -31,6 +34,7 @@ class Label : public View {
   platform::Font font_;
   platform::Color textColor_ = platform::Color::white();
   platform::TextAlignment alignment_ = platform::TextAlignment::left;
+  double minimumScale_ = 0.7;
 };
 
 }  // namespace toolkit

@@ -212,6 +212,13 @@ void TableView::moveFocus(int rows) {
   setFocusedRow(rowOfFlatIndex(std::clamp(start + rows, 0, count - 1)));
 }
 
+void TableView::focusRow(IndexPath row) {
+  measure();
+  if (!isRow(row)) return;
+  setFocusedRow(row);
+  if (source_) source_->didFocusRowAt(*this, row);
+}
+
 void TableView::mark(IndexPath row, TableViewSource::Mark how) {
   const Weak<TableView> self = this;
   if (source_) source_->didMarkRowAt(*this, row, how);

@@ -110,6 +110,8 @@ class TableView : public ScrollView {
   /// The row that the arrow keys have reached, or none.
   std::optional<IndexPath> focusedRow() const { return focused_; }
   void moveFocus(int rows);
+  /// As if the arrow keys had come to this row; one that is not there changes nothing.
+  void focusRow(IndexPath row);
 
   /// In the content's coordinates.
   platform::Rect rectForRow(IndexPath row) const;

@@ -39,9 +39,10 @@ class TableViewCell : public View {
 
   platform::Accessibility accessibility() const override {
     return {platform::Accessibility::Role::row, textLabel_.text(),
-            marked_     ? "Marked"
-            : selected_ ? "Selected"
-                        : ""};
+            selected_ && marked_ ? "Selected, Marked"
+            : selected_          ? "Selected"
+            : marked_            ? "Marked"
+                                 : ""};
   }
   void draw(const platform::Rect& rect) override;
   void paint(platform::Canvas& canvas) override;
