@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 #include "KestroUI/Theme.h"
 #include "backends/juce/JuceInput.h"
 #include "tests/support/OffScreenWindow.h"
@@ -146,13 +148,59 @@ TEST_F(FilePanelTest, cancellingAnswersOnceWithNothing) {
 }
 
 TEST_F(FilePanelTest, itHasTheKeyboardAndTheWheelToItself) {
+  // As an editor does, which moves a keyboard of its own with Tab.
+  struct Behind : juce::Component {
+    Behind() { setWantsKeyboardFocus(true); }
+    bool keyPressed(const juce::KeyPress&) override { return ++keys > 0; }
+    int keys = 0;
+  } behind;
+  behind.setSize(800, 600);
+  support::OffScreenWindow window(behind);
+  behind.addAndMakeVisible(parent);
+  for (const auto kind : {FileChoice::Kind::folder, FileChoice::Kind::fileToSave}) {
+    open(kind);
+    EXPECT_TRUE(window.key(juce::KeyPress('Z', {}, 'z')));
+    for (const auto modifier : {0, static_cast<int>(juce::ModifierKeys::shiftModifier)}) {
+      std::set<juce::Component*> parts;
+      std::vector<juce::Component*> order;
+      for (int i = 0; i < 12; ++i) {
+        EXPECT_TRUE(window.key(juce::KeyPress(juce::KeyPress::tabKey, modifier, 0)));
+        order.push_back(juce::Component::getCurrentlyFocusedComponent());
+        parts.insert(order.back());
+        ASSERT_TRUE(panel->hasKeyboardFocus(true)) << "it goes round inside";
+      }
+      EXPECT_GE(parts.size(), 5u) << "a path, the way up, a list and two buttons";
+      EXPECT_EQ(parts.count(panel.get()), 0u);
+      EXPECT_EQ(order[parts.size()], order[0]);
+    }
+    window.wheel({5, 5}, 1);
+    EXPECT_EQ(window.wheelsLeft, 0);
+  }
+  EXPECT_EQ(behind.keys, 0);
+  panel.reset();
+  behind.removeChildComponent(&parent);
+}
+
+TEST_F(FilePanelTest, aNameIsTypedAtOnceAndEscapeClosesFromTheFieldToo) {
   support::OffScreenWindow window(parent);
-  open(FileChoice::Kind::folder);
-  EXPECT_TRUE(panel->hasKeyboardFocus(true));
-  EXPECT_TRUE(panel->keyPressed(juce::KeyPress('Z', {}, 'z')));
-  EXPECT_FALSE(panel->keyPressed(juce::KeyPress(juce::KeyPress::tabKey))) << "goes round inside";
-  window.wheel({5, 5}, 1);
-  EXPECT_EQ(window.wheelsLeft, 0);
+  open(FileChoice::Kind::fileToSave);
+  EXPECT_TRUE(window.key(juce::KeyPress('Z', {}, 'z')));
+  EXPECT_EQ(panel->browser().getSelectedFile(0), file("in/z")) << "in place of the whole name";
+  EXPECT_TRUE(window.key(escape));
+  EXPECT_TRUE(support::runUntil([&] { return answers == 1; }, 1));
+  open(FileChoice::Kind::filesToOpen);
+  EXPECT_TRUE(list().hasKeyboardFocus(true));
+  const auto edge = window.getLocalPoint(&list(), juce::Point<int>(60, 0));
+  const auto isRinged = [&] {
+    return window.screen().getPixelAt(edge.x, edge.y).getBrightness() > 0.5f;
+  };
+  EXPECT_TRUE(support::runUntil(isRinged, 1)) << "it shows that it has the keyboard";
+  panel->okButton().grabKeyboardFocus();
+  EXPECT_TRUE(support::runUntil([&] { return !isRinged(); }, 1));
+  list().grabKeyboardFocus();
+  EXPECT_NE(panel->browser().getRoot(), file("in").getParentDirectory());
+  EXPECT_TRUE(window.key(juce::KeyPress(juce::KeyPress::backspaceKey)));
+  EXPECT_EQ(panel->browser().getRoot(), file("in").getParentDirectory());
 }
 
 TEST_F(FilePanelTest, allItsPartsHaveRoomOfTheirOwnAtAnySize) {

@@ -1,5 +1,6 @@
 #include "backends/juce/FilePanel.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "KestroUI/Theme.h"
@@ -37,6 +38,7 @@ FilePanel::FilePanel(juce::Component& parent, const FileChoice& choice, Answer a
       ok_(choice.verb) {
   setLookAndFeel(&*look_);
   setWantsKeyboardFocus(true);
+  setFocusContainerType(FocusContainerType::keyboardFocusContainer);
   addAndMakeVisible(browser_);
   addAndMakeVisible(ok_);
   addAndMakeVisible(cancel_);
@@ -44,17 +46,27 @@ FilePanel::FilePanel(juce::Component& parent, const FileChoice& choice, Answer a
   // It has taken its colours before it had this look.
   browser_.sendLookAndFeelChange();
   browser_.addListener(this);
-  if (auto* list = dynamic_cast<juce::FileListComponent*>(browser_.getDisplayComponent()))
-    list->setRowHeight(rowHeight);
+  auto* const list = dynamic_cast<juce::FileListComponent*>(browser_.getDisplayComponent());
+  if (list) list->setRowHeight(rowHeight);
+  juce::Component* first = list;
+  for (juce::Component* part : browser_.getChildren())
+    if (auto* name = dynamic_cast<juce::TextEditor*>(part)) {
+      name->setSelectAllWhenFocused(true);
+      // It would keep the key to itself.
+      name->onEscapeKey = [this] { finish({}); };
+      if (choice_.kind == FileChoice::Kind::fileToSave) first = name;
+    }
   ok_.onClick = [this] { accept(); };
   cancel_.onClick = [this] { finish({}); };
   parent.addAndMakeVisible(*this);
   setBounds(parent.getLocalBounds());
   enableOkButton();
-  if (isShowing()) grabKeyboardFocus();
+  juce::Desktop::getInstance().addFocusChangeListener(this);
+  if (first && isShowing()) first->grabKeyboardFocus();
 }
 
 FilePanel::~FilePanel() {
+  juce::Desktop::getInstance().removeFocusChangeListener(this);
   browser_.removeListener(this);
   setLookAndFeel(nullptr);
 }
@@ -76,6 +88,14 @@ void FilePanel::paint(juce::Graphics& graphics) {
   graphics.setFont(EditorLook::font(16));
   graphics.drawText(choice_.title, panel().reduced(gap).removeFromTop(line),
                     juce::Justification::centred);
+}
+
+void FilePanel::paintOverChildren(juce::Graphics& graphics) {
+  // JUCE's lists and boxes do not show the keyboard themselves.
+  const juce::Component* focused = getCurrentlyFocusedComponent();
+  if (!focused || !isParentOf(focused)) return;
+  graphics.setColour(toColour(Theme::accent.withAlpha(0.8f)));
+  graphics.drawRect(getLocalArea(focused, focused->getLocalBounds()), 1);
 }
 
 void FilePanel::resized() {
@@ -100,11 +120,21 @@ bool FilePanel::keyPressed(const juce::KeyPress& key) {
     accept();
   } else if (key == juce::KeyPress::backspaceKey) {
     browser_.goUp();
-  } else {
-    // Keys that mean nothing here mean nothing below either; Tab goes round inside.
-    return key.getKeyCode() != juce::KeyPress::tabKey;
+  } else if (key.getKeyCode() == juce::KeyPress::tabKey) {
+    moveKeyboard(key.getModifiers().isShiftDown() ? -1 : 1);
   }
+  // Keys that mean nothing here mean nothing below either.
   return true;
+}
+
+void FilePanel::moveKeyboard(int direction) {
+  const std::vector<juce::Component*> parts = juce::KeyboardFocusTraverser().getAllComponents(this);
+  if (parts.empty()) return;
+  const auto count = static_cast<std::ptrdiff_t>(parts.size());
+  const auto found = std::find(parts.begin(), parts.end(), getCurrentlyFocusedComponent());
+  std::ptrdiff_t next = direction > 0 ? 0 : count - 1;
+  if (found != parts.end()) next = (found - parts.begin() + direction + count) % count;
+  parts[static_cast<std::size_t>(next)]->grabKeyboardFocus();
 }
 
 void FilePanel::enableOkButton() {

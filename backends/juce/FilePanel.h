@@ -26,9 +26,12 @@ struct FileChoice {
 };
 
 /// A file chooser inside the editor, for desktops that bring none of their own: it covers its parent
-/// and stands in nobody else's way, as a modal window would. Its owner destroys it when it is
-/// answered. Message thread.
-class FilePanel : public juce::Component, private juce::FileBrowserListener {
+/// and stands in nobody else's way, as a modal window would. The keyboard begins at the name of what
+/// is saved or at the list, and Tab goes round inside. Its owner destroys it when it is answered.
+/// Message thread.
+class FilePanel : public juce::Component,
+                  private juce::FileBrowserListener,
+                  private juce::FocusChangeListener {
  public:
   using Answer = std::function<void(const juce::Array<juce::File>& files)>;
 
@@ -42,6 +45,7 @@ class FilePanel : public juce::Component, private juce::FileBrowserListener {
   juce::TextButton& cancelButton() { return cancel_; }
 
   void paint(juce::Graphics& graphics) override;
+  void paintOverChildren(juce::Graphics& graphics) override;
   void resized() override;
   void parentSizeChanged() override;
   bool keyPressed(const juce::KeyPress& key) override;
@@ -53,6 +57,9 @@ class FilePanel : public juce::Component, private juce::FileBrowserListener {
   void fileClicked(const juce::File&, const juce::MouseEvent&) override {}
   void fileDoubleClicked(const juce::File& file) override;
   void browserRootChanged(const juce::File&) override { enableOkButton(); }
+  void globalFocusChanged(juce::Component*) override { repaint(); }
+  /// To the next (1) or previous (-1) part that can have it.
+  void moveKeyboard(int direction);
   void enableOkButton();
   void accept();
   void finish(const juce::Array<juce::File>& files);
