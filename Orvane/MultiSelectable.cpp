@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t shortText = 5;
 constexpr std::size_t longText = 6;
 /// Beside a text in its button, in points.
-constexpr double margin = 4;
+constexpr double margin = 6;
 /// Texts are never smaller, in points; what is too long then is cut.
 constexpr double minimumSize = 9;
 constexpr std::size_t maximumRows = 4;
@@ -54,7 +54,7 @@ void MultiSelectableButton::paint(platform::Canvas& canvas) {
   canvas.strokeRoundedRect(
       place.inset(0.5, 0.5), radius, 1,
       isFirstResponder() ? Theme::accent : Theme::line.withAlpha(isOn() ? 0.0f : 0.8f));
-  canvas.drawText(text(), Theme::smallTitleFont.withSize(textSize_), place.inset(2, 0),
+  canvas.drawText(text(), Theme::smallTitleFont.withSize(textSize_), place,
                   platform::TextAlignment::centre,
                   isOn() ? Theme::textOn(litSurface()) : Theme::lightGrey, 1);
 }

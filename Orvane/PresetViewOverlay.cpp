@@ -161,11 +161,13 @@ void PresetViewOverlay::presetLibraryDidChange(Change) {
 
 void PresetViewOverlay::updateButtons() {
   if (isHidden()) return;
-  const std::size_t count = chosenPresets().size();
-  for (kestroui::SimpleButton* button : {&saveButton_, &editButton_})
-    button->setEnabled(count == 1);
+  const auto chosen = chosenPresets();
+  const bool isOne = chosen.size() == 1 && library_.markCount() < 2;
+  // What is only marked has another sound than the one that would be saved over it.
+  saveButton_.setEnabled(isOne && chosen.front() == library_.selected());
+  editButton_.setEnabled(isOne);
   for (kestroui::SimpleButton* button : {&deleteButton_, &exportButton_})
-    button->setEnabled(count > 0);
+    button->setEnabled(!chosen.empty());
 }
 
 std::vector<std::shared_ptr<UserPreset>> PresetViewOverlay::chosenPresets() const {
@@ -373,8 +375,8 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
   // Typing begins a search, wherever the keyboard is.
   const bool isTyped = event.key == Key::character && !event.text.empty();
   if (field.isFirstResponder() || !(isTyped || event.key == Key::backspace)) return false;
+  // Which selects what was searched for before.
   field.becomeFirstResponder();
-  if (isTyped) field.selectAll();
   return field.keyPressed(event);
 }
 

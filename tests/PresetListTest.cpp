@@ -242,6 +242,10 @@ TEST_F(PresetNamingTest, KeysAreTheSearchsTheListsOrTheHosts) {
   EXPECT_FALSE(browser().searchBar().textField().isFirstResponder());
   type("F");
   EXPECT_EQ(browser().searchBar().textField().text(), "F") << "a new search";
+  key(Key::pageDown, Modifiers::none);
+  key(Key::backspace, Modifiers::none);
+  EXPECT_EQ(browser().searchBar().textField().text(), "") << "or none";
+  type("F");
   key(Key::returnKey, Modifiers::none);
   key(Key::returnKey, Modifiers::none);
   EXPECT_EQ(editor.currentPresetName(), "Foam") << "the first that was found";
@@ -286,6 +290,10 @@ TEST_F(PresetNamingTest, SeveralRowsAreMarkedStarredAndDeletedTogether) {
   tap("Gamma", Modifiers::control);
   tap("Beta", Modifiers::none, 0.6, toolkit::Touch::Kind::finger);
   EXPECT_EQ(namesOf(library.marked()), (Names{"Alpha", "Gamma"})) << "a finger that stays";
+  tap("Alpha", Modifiers::control);
+  EXPECT_FALSE(browser().saveButton().isEnabled()) << "Gamma is not what is heard";
+  EXPECT_TRUE(browser().editButton().isEnabled());
+  tap("Alpha", Modifiers::control);
   for (const bool stars : {true, false}) {
     EXPECT_TRUE(window.window.keyPressed({platform::Key::character, Modifiers::control, "d"}));
     EXPECT_EQ(library.userPresetNamed("Gamma")->isFavourite, stars);
@@ -331,7 +339,7 @@ TEST_F(PresetNamingTest, ArrowKeysLetPresetsBeHeardWhenTheyRestAndEscapeGoesBack
 }
 
 TEST_F(PresetNamingTest, TheArrowKeysMeanOneRowAndWithShiftTheRowsBetween) {
-  for (const char* name : {"Alpha", "Zeta", "Iota"}) save(name);
+  for (const char* name : {"Alpha", "Iota", "Zeta"}) save(name);
   orvane::PresetLibrary& library = editor.presetLibrary();
   using platform::Key;
   const auto key = [this](Key pressed, platform::Modifiers modifiers = platform::Modifiers::none) {
@@ -360,11 +368,18 @@ TEST_F(PresetNamingTest, ReturnLeadsToTheFirstHitAndEscapeClearsTheSearchFirst) 
   table.becomeFirstResponder();
   EXPECT_FALSE(key(platform::Key::returnKey)) << "without a search it means no preset";
   EXPECT_EQ(editor.currentPresetName(), "Froth");
-  for (const auto& [search, hit] :
-       {std::pair{"o", toolkit::IndexPath{0, 0}}, {"nit", toolkit::IndexPath{1, 0}}}) {
+  struct Case {
+    const char* search;
+    toolkit::IndexPath hit;
+    const char* name;
+  };
+  for (const auto& [search, hit, name] : {Case{"o", {0, 0}, "Foam"}, {"nit", {1, 0}, "Init"}}) {
     type(search);
     key(platform::Key::returnKey);
     EXPECT_EQ(table.focusedRow(), hit) << search;
+    loop.advance(0.2);
+    EXPECT_EQ(editor.currentPresetName(), name) << "is heard";
+    key(platform::Key::returnKey);
   }
   type("zzz");
   EXPECT_TRUE(key(platform::Key::escape));
@@ -410,6 +425,24 @@ TEST_F(PresetNamingTest, ARowTellsWhatItHasRoomForAndAllOfItToThoseWhoListen) {
   EXPECT_EQ(told.value, "Selected, Marked, Changed, Favourite");
 }
 
+TEST_F(PresetNamingTest, TheRowOfAChangedPresetSaysSoHoweverItCameIntoSight) {
+  save("Foam");
+  editor.overlaysView().setNeedsDisplay();
+  window.window.prepareFrame();
+  toolkit::TableView& table = editor.overlaysView().presetList().tableView();
+  const auto isModified = [&](int section) {
+    window.window.prepareFrame();
+    return dynamic_cast<orvane::PresetCell*>(table.cellForRow({section, 0}))->isModified();
+  };
+  for (const bool modified : {true, false}) {
+    editor.presetLibrary().setModified(modified);
+    EXPECT_EQ(isModified(0), modified);
+    table.refillCells();
+    EXPECT_EQ(isModified(0), modified);
+    EXPECT_FALSE(isModified(1));
+  }
+}
+
 TEST(PresetBrowserLayout, BanksStandInTheLinesOfPresets) {
   orvane::PresetLibrary library;
   orvane::PresetViewOverlay browser(library);
@@ -440,6 +473,8 @@ TEST_F(PresetNamingTest, AStarIsHitAtItsRowsEndAndLeavesTheKeyboardToTheList) {
   for (const double x : {160.0, 180.0, 199.0}) EXPECT_EQ(cell.hitTest({x, 10}), &cell.starButton());
   EXPECT_NE(cell.hitTest({100, 10}), &cell.starButton());
   EXPECT_FALSE(cell.starButton().becomeFirstResponder());
+  cell.setShowStarButton(false);
+  EXPECT_NE(cell.hitTest({199, 10}), &cell.starButton());
 }
 
 TEST_F(PresetNamingTest, BanksAndCategoriesAreThoseOfThePresets) {

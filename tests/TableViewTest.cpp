@@ -20,7 +20,7 @@ class StarCell : public toolkit::TableViewCell {
   StarCell() { addSubview(star); }
   void draw(const platform::Rect& rect) override {
     TableViewCell::draw(rect);
-    star.setFrame({bounds().width - 40, 0, 20, bounds().height});
+    star.setFrame({bounds().width - 20, 0, 20, bounds().height});
   }
   toolkit::Control star;
 };
@@ -58,6 +58,10 @@ class TableViewTest : public testing::Test,
     journal += "+" + std::to_string(row.section) + "/" + std::to_string(row.row);
     if (onSelect) onSelect();
   }
+  void didMarkRowAt(TableView&, IndexPath row, Mark how) override {
+    static const char* const names[] = {"none", "toggle", "extend", "all"};
+    marks += std::string(names[static_cast<int>(how)]) + std::to_string(row.row) + " ";
+  }
   void didDeselectRowAt(TableView&, IndexPath row) override {
     journal += "-" + std::to_string(row.section) + "/" + std::to_string(row.row);
     if (onDeselect) onDeselect();
@@ -76,7 +80,7 @@ class TableViewTest : public testing::Test,
   support::WindowBench bench;
   std::vector<int> rows{3, 100000};
   TableView table;
-  std::string journal;
+  std::string journal, marks;
   std::function<void()> onSelect, onDeselect;
   int filled = 0;
 };
@@ -177,6 +181,43 @@ TEST_F(TableViewTest, cellsShowWhatIsPressedChosenAndReachedByKeys) {
   table.deselectRow({0, 1});
   EXPECT_FALSE(cell(1)->isSelected());
   EXPECT_EQ(journal, "+0/1+0/1") << "only what the user does is told";
+}
+
+TEST_F(TableViewTest, aTapMeansOneRowAndKeysMouseAndARestingFingerMarkSeveral) {
+  using Kind = toolkit::Touch::Kind;
+  using platform::Modifiers;
+  struct Case {
+    Kind kind;
+    Modifiers modifiers;
+    double rest, moves;
+    const char* marks;
+    const char* chosen;
+  };
+  for (const Case& c : {Case{Kind::mouse, Modifiers::none, 1, 0, "none1 ", "+0/1"},
+                        {Kind::mouse, Modifiers::control, 0, 0, "toggle1 ", ""},
+                        {Kind::mouse, Modifiers::command, 0, 0, "toggle1 ", ""},
+                        {Kind::mouse, Modifiers::shift, 0, 0, "extend1 ", ""},
+                        {Kind::finger, Modifiers::none, 0.1, 0, "none1 ", "+0/1"},
+                        {Kind::finger, Modifiers::none, 0.6, 0, "toggle1 ", ""},
+                        {Kind::finger, Modifiers::none, 0.6, 30, "", ""}}) {
+    marks = journal = "";
+    table.reloadData();
+    table.setContentOffset(0);
+    bench.frame();
+    bench.window.touchBegan(1, c.kind, {50, 69}, 1, c.modifiers);
+    if (c.moves > 0) bench.window.touchMoved(1, {50, 69 + c.moves});
+    loop.advance(c.rest);
+    bench.seconds += 1;
+    bench.window.touchEnded(1, {50, 69 + c.moves}, c.modifiers);
+    loop.advance(1);
+    EXPECT_EQ(marks, c.marks);
+    EXPECT_EQ(journal, c.chosen);
+  }
+  marks = "";
+  bench.key(Key::down);
+  bench.key(Key::down, Modifiers::shift);
+  bench.key(Key::character, Modifiers::control, "a");
+  EXPECT_EQ(marks, "extend1 all0 ");
 }
 
 TEST_F(TableViewTest, theReachedRowIsNeverUnderAHeaderNorOutOfSight) {
@@ -323,8 +364,8 @@ TEST_F(TableViewTest, controlsInACellGetTheirOwnTouches) {
   auto* cell = static_cast<StarCell*>(table.cellForRow({0, 1}));
   cell->star.addTarget<&Counter::count>(counter, toolkit::ControlEvent::touchDown);
   const platform::Rect star = cell->star.frameInRoot();
-  bench.tap({star.midX(), star.midY()});
-  EXPECT_EQ(counter.taps, 1);
+  for (const double x : {star.x + 1, star.maxX() - 1}) bench.tap({x, star.midY()});
+  EXPECT_EQ(counter.taps, 2) << "at its very end too, beside the bar";
   EXPECT_EQ(journal, "");
 }
 
