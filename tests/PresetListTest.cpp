@@ -353,7 +353,10 @@ TEST_F(PresetNamingTest, TheArrowKeysMeanOneRowAndWithShiftTheRowsBetween) {
   EXPECT_TRUE(key(Key::escape));
   EXPECT_EQ(library.markCount(), 0u);
   EXPECT_FALSE(browser().isHidden());
-  key(Key::up, platform::Modifiers::shift);
+  key(Key::up);
+  key(Key::down, platform::Modifiers::shift);
+  EXPECT_EQ(namesOf(library.marked()), (Names{"Init", "Zeta"}));
+  EXPECT_FALSE(browser().editButton().isEnabled()) << "one name for two";
   key(Key::up);
   EXPECT_EQ(library.markCount(), 0u) << "as a plain tap";
 }
