@@ -147,6 +147,7 @@ DropDownPopup::DropDownPopup(DropDownList& owner, toolkit::View& root) : owner_(
   highlighted_ = owner.selectedIndex();
   place();
   root.addSubview(*this);
+  modalScope().opened();
 }
 
 int DropDownPopup::count() const { return static_cast<int>(owner_.entries().size()); }

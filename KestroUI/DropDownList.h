@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "KestroUI/KestroControl.h"
-#include "toolkit/View.h"
+#include "toolkit/ModalView.h"
 
 namespace kestroui {
 
@@ -57,7 +57,7 @@ class DropDownList : public KestroControl {
 
 /// The open list of a DropDownList. It covers the root view, so that a tap beside the list closes
 /// it, and paints the list below or above its owner's face. Owned by the DropDownList.
-class DropDownPopup : public toolkit::View {
+class DropDownPopup : public toolkit::ModalView {
  public:
   /// Adds itself to `root` and takes the keyboard.
   DropDownPopup(DropDownList& owner, toolkit::View& root);

@@ -118,7 +118,7 @@ void AboutOverlay::updateTexts() {
 void AboutOverlay::setHidden(bool hidden) {
   const bool changes = hidden != isHidden();
   if (!hidden) updateTexts();
-  View::setHidden(hidden);
+  Modal::setHidden(hidden);
   if (!changes) return;
   if (!hidden) {
     takesKeyboard_ = true;

@@ -10,6 +10,7 @@
 #include "Orvane/SocialView.h"
 #include "toolkit/ImageView.h"
 #include "toolkit/Label.h"
+#include "toolkit/ModalView.h"
 
 namespace orvane {
 
@@ -31,7 +32,7 @@ class AboutOverlayDelegate {
 /// The panel over the whole editor that says what the plug-in is and leads to its maker. What has
 /// no address is left out. Escape and a touch beside the panel close it. Owned by the overlay host.
 /// User-interface thread only.
-class AboutOverlay : public ResponderView {
+class AboutOverlay : public toolkit::Modal<ResponderView> {
  public:
   AboutOverlay();
 

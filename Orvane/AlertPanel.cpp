@@ -36,8 +36,8 @@ void AlertPanel::show(Message message) {
   if (std::any_of(messages_.begin(), messages_.end(), same)) return;
   messages_.push_back(std::move(message));
   if (messages_.size() > 1) return;
-  keyboardBefore_.remember(root_);
   root_.addSubview(*this);
+  modalScope().opened();
   showFirst();
 }
 
@@ -57,8 +57,8 @@ void AlertPanel::answer(std::size_t index) {
   const std::function<void(std::size_t)> answered = std::move(messages_.front().answered);
   messages_.erase(messages_.begin());
   if (messages_.empty()) {
+    modalScope().closed();
     removeFromSuperview();
-    keyboardBefore_.giveBack();
   } else {
     showFirst();
   }

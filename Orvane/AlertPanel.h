@@ -6,7 +6,7 @@
 
 #include "KestroUI/KestroButtons.h"
 #include "Orvane/OverlayStyle.h"
-#include "toolkit/View.h"
+#include "toolkit/ModalView.h"
 
 namespace orvane {
 
@@ -14,7 +14,7 @@ namespace orvane {
 /// keyboard while it is shown: Return presses the button in focus, Escape the first one. Messages
 /// wait for each other; one that is shown or waits already is not shown twice. User-interface
 /// thread.
-class AlertPanel : public toolkit::View {
+class AlertPanel : public toolkit::ModalView {
  public:
   struct Message {
     std::string title;
@@ -48,7 +48,6 @@ class AlertPanel : public toolkit::View {
   toolkit::View& root_;
   std::vector<Message> messages_;
   kestroui::SimpleButton buttons_[2];
-  KeyboardBefore keyboardBefore_;
   platform::Rect box_, titleFrame_;
   platform::Font titleFont_, textFont_;
   std::vector<std::string> lines_;

@@ -35,14 +35,9 @@ void ConfirmOverlay::handleTouchDown(toolkit::Control& sender) {
 }
 
 void ConfirmOverlay::setHidden(bool hidden) {
-  const bool wasHidden = isHidden();
-  if (wasHidden && !hidden) keyboardBefore_.remember(*this);
-  View::setHidden(hidden);
+  Modal::setHidden(hidden);
   // Return must not delete by accident.
-  if (!hidden)
-    cancelButton_.becomeFirstResponder();
-  else if (!wasHidden)
-    keyboardBefore_.giveBack();
+  if (!hidden) cancelButton_.becomeFirstResponder();
 }
 
 bool ConfirmOverlay::keyPressed(const platform::KeyEvent& event) {

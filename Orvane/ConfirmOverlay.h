@@ -5,6 +5,7 @@
 #include "KestroUI/KestroButtons.h"
 #include "Orvane/OverlayStyle.h"
 #include "toolkit/Label.h"
+#include "toolkit/ModalView.h"
 
 namespace orvane {
 
@@ -19,9 +20,8 @@ class ConfirmOverlayDelegate {
   virtual void confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool yes) = 0;
 };
 
-/// A panel that asks a question with NO and YES. Escape answers NO. Hidden, it gives the keyboard
-/// back to whoever had it before. User-interface thread only.
-class ConfirmOverlay : public toolkit::View {
+/// A panel that asks a question with NO and YES. Escape answers NO. User-interface thread only.
+class ConfirmOverlay : public toolkit::ModalView {
  public:
   ConfirmOverlay();
 
@@ -52,7 +52,6 @@ class ConfirmOverlay : public toolkit::View {
   toolkit::Label textLabel_;
   kestroui::SimpleButton cancelButton_{"NO"};
   kestroui::SimpleButton okButton_{"YES"};
-  KeyboardBefore keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -74,6 +74,8 @@ void KestroAUViewController::viewDidLoad() {
   view().addSubview(menuBar_);
   view().addSubview(enterValueOverlay_);
   view().addSubview(noticeView_);
+  menuBar_.setReachableBesideModals(true);
+  noticeView_.setReachableBesideModals(true);
   menuBar_.delegate = {this, *this};
   enterValueOverlay_.setHidden(true);
   enterValueOverlay_.delegate = {this, *this};

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "KestroUI/Theme.h"
-#include "toolkit/Window.h"
 
 namespace orvane {
 
@@ -41,13 +40,5 @@ platform::Rect panelIn(const platform::Rect& bounds) {
 }
 
 }  // namespace OverlayStyle
-
-void KeyboardBefore::remember(const toolkit::View& overlay) {
-  if (const toolkit::Window* window = overlay.window()) view_ = window->firstResponder();
-}
-
-void KeyboardBefore::giveBack() {
-  if (view_) view_->becomeFirstResponder();
-}
 
 }  // namespace orvane

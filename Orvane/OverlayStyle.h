@@ -4,7 +4,6 @@
 #include "platform/Color.h"
 #include "platform/Geometry.h"
 #include "toolkit/Layer.h"
-#include "toolkit/View.h"
 
 namespace orvane {
 
@@ -28,17 +27,5 @@ double textSizeIn(const platform::Rect& bounds);
 platform::Rect panelIn(const platform::Rect& bounds);
 
 }  // namespace OverlayStyle
-
-/// Who had the keyboard before an overlay took it. User-interface thread only.
-class KeyboardBefore {
- public:
-  /// When the overlay, which is in a window, is about to be shown.
-  void remember(const toolkit::View& overlay);
-  /// When it was hidden.
-  void giveBack();
-
- private:
-  platform::Weak<toolkit::View> view_;
-};
 
 }  // namespace orvane

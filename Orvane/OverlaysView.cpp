@@ -1,5 +1,9 @@
 #include "Orvane/OverlaysView.h"
 
+#include <utility>
+
+#include "Orvane/PresetManager.h"
+
 namespace orvane {
 
 void OverlaysView::didMoveToSuperview() {
@@ -27,6 +31,8 @@ void OverlaysView::initPresetList(platform::AudioUnit* audioUnit, bool isLoading
   if (audioUnit)
     for (const platform::AUAudioUnitPreset& preset : audioUnit->factoryPresets())
       records.emplace_back(preset);
+  if (auto* store = library_.store())
+    for (auto& record : store->getPackPresets()) records.push_back(std::move(record));
   presetViewOverlay_.setFactoryPresets(std::move(records));
   reloadPresetList();
   if (audioUnit && !isLoadingUserPreset) followCurrentPreset(*audioUnit);

@@ -311,8 +311,10 @@ void PresetLibrary::follow(const platform::PresetSource& audioUnit) {
   const std::string name = audioUnit.currentPresetName();
   const bool isFactory = audioUnit.currentPreset() >= 0;
   const auto isCurrent = [&](const PresetPtr& preset) {
-    return preset && preset->isUserPreset != isFactory &&
-           (isFactory ? preset->id == audioUnit.currentPreset() : preset->name == name);
+    if (!preset || isFactory) return preset && preset->id == audioUnit.currentPreset();
+    // A preset of the user or of a pack, whose numbers are none of the audio unit's.
+    const bool isOfUnit = !preset->isUserPreset && preset->id.value_or(-1) >= 0;
+    return !isOfUnit && preset->name == name;
   };
   if (!isCurrent(selected_)) select(firstThat(all_, isCurrent));
 }

@@ -70,6 +70,9 @@ void PresetViewOverlay::didMoveToSuperview() {
   saveNewPresetOverlay_.setHidden(true);
   confirmOverlay_.setHidden(true);
   replaceOverlay_.setHidden(true);
+  for (auto* dialog : {&confirmOverlay_, &replaceOverlay_})
+    dialog->setKeyboardFallback(list_.tableView());
+  saveNewPresetOverlay_.setKeyboardFallback(list_.tableView());
   importButton_.setHidden(!allowImportAndExport);
   exportButton_.setHidden(!allowImportAndExport);
   updateButtons();
@@ -303,9 +306,7 @@ void PresetViewOverlay::confirmOverlayDidAnswer(ConfirmOverlay& overlay, bool ye
     return;
   }
   if (yes && delegate) delegate->deletePresets(asked_);
-  if (!self) return;
-  confirmOverlay_.setHidden(true);
-  list_.tableView().becomeFirstResponder();
+  if (self) confirmOverlay_.setHidden(true);
 }
 
 bool PresetViewOverlay::isDialogOpen() const {
@@ -328,7 +329,7 @@ void PresetViewOverlay::setHidden(bool hidden) {
   const platform::Weak<PresetViewOverlay> self = this;
   if (hidden && !isHidden() && delegate) delegate->endAudition(true);
   if (!self) return;
-  Control::setHidden(hidden);
+  Modal::setHidden(hidden);
   if (!hidden) {
     updateButtons();
     // Others may have saved or removed presets meanwhile.

@@ -14,6 +14,7 @@
 #include "Orvane/SaveNewPresetOverlay.h"
 #include "Orvane/SearchBar.h"
 #include "toolkit/Label.h"
+#include "toolkit/ModalView.h"
 
 namespace orvane {
 
@@ -49,7 +50,7 @@ class PresetViewOverlayDelegate {
 /// buttons that save, name, delete, import and export. Typing searches, the arrow keys let presets be
 /// heard, Return keeps, Escape goes back and then closes, Control and D give stars. Owned by the
 /// overlay host. User-interface thread only.
-class PresetViewOverlay : public toolkit::Control,
+class PresetViewOverlay : public toolkit::Modal<toolkit::Control>,
                           public PresetListTableViewControllerDelegate,
                           public PresetLibraryObserver,
                           public FiltersTableViewControllerDelegate,

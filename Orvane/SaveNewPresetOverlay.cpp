@@ -22,10 +22,6 @@ void SaveNewPresetOverlay::didMoveToSuperview() {
   if (superview()) addSubview(categorySelector_);
 }
 
-void SaveNewPresetOverlay::touchBegan(const toolkit::Touch& touch) {
-  if (!back_.frame().contains(touch.locationIn(*this))) setHidden(true);
-}
-
 void SaveNewPresetOverlay::draw(const platform::Rect& rect) {
   TextFieldOverlay::draw(rect);
   const platform::Rect field = textField().frame();

@@ -8,7 +8,7 @@
 
 namespace orvane {
 
-/// Asks for the name and the categories of a preset. A touch beside the panel closes it.
+/// Asks for the name and the categories of a preset. What is typed is not lost by a touch beside it.
 /// User-interface thread only.
 class SaveNewPresetOverlay : public TextFieldOverlay {
  public:
@@ -19,7 +19,6 @@ class SaveNewPresetOverlay : public TextFieldOverlay {
   /// What the selector offers.
   void setCategories(std::vector<std::string> categories);
 
-  void touchBegan(const toolkit::Touch& touch) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 

@@ -34,14 +34,9 @@ void TextFieldOverlay::didMoveToSuperview() {
 }
 
 void TextFieldOverlay::setHidden(bool hidden) {
-  const bool wasHidden = isHidden();
-  if (wasHidden && !hidden) keyboardBefore_.remember(*this);
-  View::setHidden(hidden);
-  if (hidden) {
-    textField_.resignFirstResponder();
-    if (!wasHidden) keyboardBefore_.giveBack();
-    return;
-  }
+  if (hidden) textField_.resignFirstResponder();
+  Modal::setHidden(hidden);
+  if (hidden) return;
   textField_.setText({});
   textField_.becomeFirstResponder();
 }

@@ -6,6 +6,7 @@
 #include "KestroUI/KestroButtons.h"
 #include "Orvane/OverlayStyle.h"
 #include "toolkit/Label.h"
+#include "toolkit/ModalView.h"
 #include "toolkit/TextField.h"
 
 namespace orvane {
@@ -25,8 +26,8 @@ class TextFieldOverlayDelegate {
 /// A panel over the editor that asks for one line of text: a title, a field and OK. Showing it
 /// empties the field and gives it the keyboard. Return leaves the field for the OK button and
 /// confirms nothing by itself; Escape hides the panel. Its owner shows it, gets the text and hides
-/// it; then whoever had the keyboard before gets it back. User-interface thread only.
-class TextFieldOverlay : public toolkit::View, public toolkit::TextFieldDelegate {
+/// it. User-interface thread only.
+class TextFieldOverlay : public toolkit::ModalView, public toolkit::TextFieldDelegate {
  public:
   TextFieldOverlay();
 
@@ -54,7 +55,6 @@ class TextFieldOverlay : public toolkit::View, public toolkit::TextFieldDelegate
   toolkit::Label titleLabel_;
   toolkit::TextField textField_;
   kestroui::SimpleButton okButton_;
-  KeyboardBefore keyboardBefore_;
 };
 
 }  // namespace orvane

@@ -165,6 +165,7 @@ TEST_F(OverlayPanelsTest, aPanelGivesTheKeyboardBackToWhoHadIt) {
 
 TEST_F(OverlayPanelsTest, anAlertIsSaidOnceAndKeepsAllKeysButTheHostsShortcuts) {
   toolkit::TextField before;
+  before.setFrame({0, 0, 80, 20});
   bench.root().addSubview(before);
   before.becomeFirstResponder();
   AlertPanel alert(bench.root());

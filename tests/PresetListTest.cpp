@@ -467,6 +467,40 @@ TEST(PresetBrowserLayout, BanksStandInTheLinesOfPresets) {
   }
 }
 
+TEST_F(PresetNamingTest, DialogsKeepWhatIsTypedAndTheKeyboardIsNeverNowhere) {
+  save("Foam");
+  editor.overlaysView().setNeedsDisplay();
+  window.window.prepareFrame();
+  const auto tap = [this](platform::Point place) {
+    window.window.touchBegan(1, toolkit::Touch::Kind::mouse, place, 1);
+    window.window.touchEnded(1, place);
+    window.window.prepareFrame();
+  };
+  press(browser().saveNewButton());
+  type("Hello");
+  for (const platform::Point beside : {platform::Point{10, 400}, {400, 590}, {400, 140}})
+    tap(beside);
+  EXPECT_FALSE(browser().isHidden());
+  EXPECT_FALSE(panel().isHidden());
+  EXPECT_EQ(panel().textField().text(), "Hello");
+  for (int i = 0; i < 12; ++i) {
+    window.window.keyPressed({platform::Key::tab, platform::Modifiers::none, ""});
+    EXPECT_TRUE(window.window.firstResponder()->isDescendantOf(panel()));
+  }
+  browser().closeDialog();
+  press(browser().deleteButton());
+  press(browser().confirmOverlay().okButton());
+  type("In");
+  EXPECT_EQ(browser().searchBar().textField().text(), "In") << "after DELETE";
+  browser().clearFilters();
+  const platform::Rect bar = editor.menuBar().arrowRight().frameInRoot();
+  tap({bar.midX(), bar.midY()});
+  type("Fo");
+  EXPECT_EQ(browser().searchBar().textField().text(), "Fo") << "after an arrow of the menu bar";
+  tap({10, 400});
+  EXPECT_TRUE(browser().isHidden()) << "a click beside the browser";
+}
+
 TEST_F(PresetNamingTest, AStarIsHitAtItsRowsEndAndLeavesTheKeyboardToTheList) {
   orvane::PresetCell cell;
   cell.setPreset(std::make_shared<orvane::Preset>("Foam"));

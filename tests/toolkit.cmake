@@ -2,6 +2,7 @@ orvane_add_tests(toolkit
   SOURCES
     ControlTest.cpp
     LayerTest.cpp
+    ModalTest.cpp
     TableViewTest.cpp
     TextFieldTest.cpp
     TouchTest.cpp

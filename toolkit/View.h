@@ -94,6 +94,9 @@ class View : public platform::Responder {
   /// Off at first: while one touch is down in this view, further ones that hit it are dropped.
   bool isMultipleTouchEnabled() const { return multipleTouchEnabled_; }
   void setMultipleTouchEnabled(bool enabled) { multipleTouchEnabled_ = enabled; }
+  /// On: it and what is in it are hit beside a modal view too, for what stays in reach above one.
+  bool isReachableBesideModals() const { return reachableBesideModals_; }
+  void setReachableBesideModals(bool reachable) { reachableBesideModals_ = reachable; }
   /// The topmost view at `point` (in this view's coordinates), or null.
   virtual View* hitTest(platform::Point point);
   /// Whether `point`, in this view's coordinates, is in this view.
@@ -191,6 +194,7 @@ class View : public platform::Responder {
   bool clipsToBounds_ = false;
   bool userInteractionEnabled_ = true;
   bool multipleTouchEnabled_ = false;
+  bool reachableBesideModals_ = false;
   unsigned needs_ = Need::layout | Need::display | Need::place;
   /// The frames, as the window counts them, of the last layout and the last display.
   std::uint32_t laidOutIn_ = 0;

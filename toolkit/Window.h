@@ -73,9 +73,15 @@ class Window : public platform::Responder {
   /// nobody used it: the host gets it back.
   bool keyPressed(const platform::KeyEvent& event) override;
   View* firstResponder() const { return firstResponder_.get(); }
+  /// The modal view that was opened last of those that are shown, or null. The keyboard stays in it,
+  /// and touches beside it are dropped.
+  View* uppermostModal() const;
+  /// Whether some of a view is where nothing clips it away.
+  static bool isInSight(const View& view);
 
  private:
   friend class View;
+  friend class ModalScope;
   struct ActiveTouch {
     Touch touch;
     platform::Weak<View> view;
@@ -107,6 +113,10 @@ class Window : public platform::Responder {
   /// The tree below the resting mouse has changed.
   void refreshHover();
   bool giveKeyboard(View* view);
+  /// The view at a place that may be touched there.
+  View* hitAt(platform::Point location) const;
+  void addModal(View& view);
+  void removeModal(View& view);
   /// To the next (1) or previous (-1) view that can have it.
   bool moveKeyboard(int direction);
 
@@ -129,6 +139,8 @@ class Window : public platform::Responder {
   /// Where the mouse rests, while it is over the window.
   std::optional<platform::Point> mouse_;
   platform::Weak<View> firstResponder_;
+  /// In the order in which they were opened.
+  std::vector<platform::Weak<View>> modals_;
 };
 
 }  // namespace toolkit

@@ -29,22 +29,12 @@ bool offer(Responder* start, const Responder* skipped, Use use) {
   return false;
 }
 
-/// Whether something lies over all of `view`, so that the mouse could not reach it either.
-bool isCovered(View& root, const View& view) {
-  const Rect frame = view.frameInRoot();
-  if (frame.isEmpty()) return true;
-  for (const double x : {0.5, 0.1, 0.9})
-    for (const double y : {0.5, 0.1, 0.9}) {
-      const View* hit = root.hitTest({frame.x + x * frame.width, frame.y + y * frame.height});
-      if (hit && hit->isDescendantOf(view)) return false;
-    }
-  return true;
-}
-
 void collectKeyboardViews(View& view, std::vector<View*>& found) {
   if (view.isHidden() || !view.isUserInteractionEnabled()) return;
   const auto* control = dynamic_cast<const Control*>(&view);
-  if ((!control || control->isEnabled()) && view.canBecomeFirstResponder()) found.push_back(&view);
+  if ((!control || control->isEnabled()) && view.canBecomeFirstResponder() &&
+      Window::isInSight(view))
+    found.push_back(&view);
   for (View* subview : view.subviews()) collectKeyboardViews(*subview, found);
 }
 
@@ -53,6 +43,37 @@ bool holds(const std::vector<Weak<View>>& views, const Weak<View>& view) {
 }
 
 }  // namespace
+
+View* Window::uppermostModal() const {
+  const auto found = std::find_if(modals_.rbegin(), modals_.rend(),
+                                  [this](const auto& view) { return view && shows(*view); });
+  return found == modals_.rend() ? nullptr : found->get();
+}
+
+void Window::addModal(View& view) {
+  removeModal(view);
+  modals_.push_back(&view);
+}
+
+void Window::removeModal(View& view) {
+  std::erase_if(modals_, [&](const auto& each) { return !each || each == &view; });
+}
+
+bool Window::isInSight(const View& view) {
+  Rect seen = view.frameInRoot();
+  for (const View* above = view.superview(); above; above = above->superview())
+    if (above->clipsToBounds()) seen = seen.intersection(above->frameInRoot());
+  return !seen.isEmpty();
+}
+
+View* Window::hitAt(Point location) const {
+  View* const hit = rootView_ ? rootView_->hitTest(location) : nullptr;
+  const View* const modal = uppermostModal();
+  if (!hit || !modal || hit->isDescendantOf(*modal)) return hit;
+  for (const View* view = hit; view; view = view->superview())
+    if (view->reachableBesideModals_) return hit;
+  return nullptr;
+}
 
 bool Window::shows(const View& view) const { return view.isShown() && view.window() == this; }
 
@@ -103,7 +124,7 @@ void Window::touchBegan(int id, Touch::Kind kind, Point location, int tapCount,
     if (missed.view) missed.view->touchCancelled(missed.touch);
   }
   if (!self || activeTouch(id) || !rootView_) return;
-  const Weak<View> hit = rootView_->hitTest(location);
+  const Weak<View> hit = hitAt(location);
   if (!hit) return;
   const bool taken = std::any_of(touches_.begin(), touches_.end(),
                                  [&](const ActiveTouch& active) { return active.view == hit; });
@@ -184,7 +205,7 @@ void Window::hoverEnded() {
 void Window::refreshHover() {
   if (!mouse_) return;
   std::vector<Weak<View>> chain;
-  View* view = rootView_ ? rootView_->hitTest(*mouse_) : nullptr;
+  View* view = hitAt(*mouse_);
   for (; view; view = view->superview()) chain.push_back(view);
   setHoverChain(std::move(chain));
 }
@@ -208,7 +229,7 @@ bool Window::wheelTurned(const WheelEvent& event) {
   const Weak<Window> self = this;
   releaseLost();
   if (!self || !rootView_) return false;
-  return offer(rootView_->hitTest(event.location), this,
+  return offer(hitAt(event.location), this,
                [&](Responder& responder) { return responder.wheelTurned(event); });
 }
 
@@ -230,8 +251,10 @@ bool Window::keyPressed(const KeyEvent& event) {
   const Weak<Window> self = this;
   releaseLost();
   if (!self) return false;
-  View* const first = firstResponder_ ? firstResponder_.get() : rootView_;
-  bool used = !firstResponder_ && root_ && offerToChildren(*root_, event);
+  // A modal view without a keyboard holder has the keys itself.
+  View* const modal = uppermostModal();
+  View* const first = firstResponder_ ? firstResponder_.get() : modal ? modal : rootView_;
+  bool used = !firstResponder_ && !modal && root_ && offerToChildren(*root_, event);
   if (!used && self) used = offer(first, this, [&](Responder& r) { return r.keyPressed(event); });
   if (used || !self || event.key != Key::tab) return used;
   if (event.modifiers == Modifiers::none) return moveKeyboard(1);
@@ -241,9 +264,8 @@ bool Window::keyPressed(const KeyEvent& event) {
 
 bool Window::moveKeyboard(int direction) {
   std::vector<View*> views;
-  if (rootView_) collectKeyboardViews(*rootView_, views);
-  // What lies under an overlay waits until that closes.
-  std::erase_if(views, [this](const View* view) { return isCovered(*rootView_, *view); });
+  View* const scope = uppermostModal() ? uppermostModal() : rootView_;
+  if (scope) collectKeyboardViews(*scope, views);
   if (views.empty()) return false;
   const auto count = static_cast<std::ptrdiff_t>(views.size());
   const auto found = std::find(views.begin(), views.end(), firstResponder_.get());
@@ -255,6 +277,9 @@ bool Window::moveKeyboard(int direction) {
 
 bool Window::giveKeyboard(View* view) {
   if (firstResponder_ == view) return true;
+  // What is behind a modal view waits until that closes.
+  if (const View* const modal = uppermostModal(); view && modal && !view->isDescendantOf(*modal))
+    return false;
   const Weak<Window> self = this;
   const Weak<View> next = view;
   const Weak<View> before = std::exchange(firstResponder_, next);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "backends/juce/JuceInput.h"
+#include "toolkit/Window.h"
 
 namespace juce_backend {
 namespace {
@@ -126,6 +127,14 @@ void collect(toolkit::View& view, std::vector<toolkit::View*>& found) {
   for (toolkit::View* subview : view.subviews()) collect(*subview, found);
 }
 
+/// What assistive technology reaches: all, or a modal view and what stays in reach beside it.
+void collectReachable(toolkit::View& view, const toolkit::View* modal,
+                      std::vector<toolkit::View*>& found) {
+  if (view.isHidden()) return;
+  if (!modal || &view == modal || view.isReachableBesideModals()) return collect(view, found);
+  for (toolkit::View* subview : view.subviews()) collectReachable(*subview, modal, found);
+}
+
 }  // namespace
 
 // The element of one view
@@ -166,7 +175,8 @@ void AccessibleEditor::timerCallback() {
 
 void AccessibleEditor::update() {
   std::vector<toolkit::View*> views;
-  collect(root_, views);
+  const toolkit::Window* const window = root_.window();
+  collectReachable(root_, window ? window->uppermostModal() : nullptr, views);
   const bool same = std::equal(
       views.begin(), views.end(), elements_.begin(), elements_.end(),
       [](const toolkit::View* view, const auto& element) { return element->view() == view; });
