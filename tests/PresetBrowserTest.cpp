@@ -183,8 +183,7 @@ TEST_F(PresetBrowserTest, typingSearchesArrowsMoveAndReturnLoads) {
   const json found = last(open + "type lead\npresets");
   for (const std::string& name : names(found["shown"])) EXPECT_THAT(name, HasSubstr("Lead"));
   EXPECT_EQ(found["selected"], "Init") << "nothing is loaded yet";
-  EXPECT_EQ(last(open + "type lead\nkey return\nkey return\npresets")["selected"],
-            "Bright Lead");
+  EXPECT_EQ(last(open + "type lead\nkey return\nkey return\npresets")["selected"], "Bright Lead");
 }
 
 TEST_F(PresetBrowserTest, theArrowsWalkThroughUserThenFactoryPresetsAroundTheEnds) {
