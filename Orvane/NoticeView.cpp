@@ -80,7 +80,9 @@ void NoticeView::draw(const platform::Rect&) {
   const double textHeight = label_.heightFor(textWidth);
   const double height = std::max(textHeight, textSize * 2.2) + padding;
   const double width = textWidth + 2 * padding + buttonRoom;
-  panel_.setFrame({(bounds().width - width) / 2, bounds().height * 0.97 - height, width, height});
+  // Above the buttons of the browser: whoever clears up deletes one preset after the other.
+  const double bottom = bounds().height * 0.88;
+  panel_.setFrame({(bounds().width - width) / 2, bottom - height, width, height});
   label_.setFrame({padding, (height - textHeight) / 2, textWidth, textHeight});
   button_.setFrame({width - padding - buttonWidth, padding * 0.5, buttonWidth, height - padding});
 }

@@ -446,6 +446,22 @@ TEST_F(PresetNamingTest, TheRowOfAChangedPresetSaysSoHoweverItCameIntoSight) {
   }
 }
 
+TEST_F(PresetNamingTest, WhatCanBeUndoneLeavesTheButtonsThatDidItInReach) {
+  save("Foam");
+  press(browser().deleteButton());
+  press(browser().confirmOverlay().okButton());
+  ASSERT_FALSE(editor.noticeView().isHidden());
+  for (const platform::Size& size :
+       {platform::Size{480, 320}, {800, 600}, {1024, 768}, {2560, 1600}}) {
+    window.resize(size);
+    window.window.prepareFrame();
+    const platform::Rect notice = editor.noticeView().panelFrame().translated(
+        editor.noticeView().frameInRoot().x, editor.noticeView().frameInRoot().y);
+    const platform::Rect button = browser().deleteButton().frameInRoot();
+    EXPECT_GT(button.y, notice.maxY()) << size.width;
+  }
+}
+
 TEST(PresetBrowserLayout, BanksStandInTheLinesOfPresets) {
   orvane::PresetLibrary library;
   orvane::PresetViewOverlay browser(library);
