@@ -6,6 +6,7 @@
 
 #include "backends/juce/EditorComponent.h"
 #include "tests/support/OffScreenWindow.h"
+#include "toolkit/ModalView.h"
 
 namespace {
 
@@ -88,6 +89,25 @@ TEST_F(AccessibleEditorTest, whatIsShownAndHasANameIsFoundInItsOrderAndPlace) {
   editor.accessibleEditor().update();
   EXPECT_EQ(names(), (std::vector<std::string>{"inner", "row"}));
   EXPECT_EQ(first().getX(), 100);
+}
+
+TEST_F(AccessibleEditorTest, aModalViewIsAllThatIsFoundWithWhatStaysInReachAboveIt) {
+  add("below", Role::button, {0, 0, 20, 20}).setReachableBesideModals(true);
+  toolkit::ModalView modal;
+  modal.setHidden(true);
+  editor.controller().view().addSubview(modal);
+  add("in it", Role::button, {0, 20, 20, 20}, &modal);
+  add("beside", Role::button, {0, 40, 20, 20});
+  add("above", Role::button, {0, 60, 20, 20}).setReachableBesideModals(true);
+  const auto update = [this] {
+    editor.accessibleEditor().update();
+    return names();
+  };
+  EXPECT_EQ(update(), (std::vector<std::string>{"below", "beside", "above"}));
+  modal.setHidden(false);
+  EXPECT_EQ(update(), (std::vector<std::string>{"in it", "above"}));
+  modal.setHidden(true);
+  EXPECT_EQ(update().size(), 3u);
 }
 
 TEST_F(AccessibleEditorTest, eachRoleIsToldInJucesTermsWithWhatItCanDo) {

@@ -141,6 +141,28 @@ TEST_F(JucePresentationTest, anExportedFileIsSavedWhereTheUserSaysAndReplacesNot
   EXPECT_THAT(namesIn(folder.path()), testing::Not(testing::Contains("Other.preset")));
 }
 
+TEST_F(JucePresentationTest, whileTheChooserIsOpenTheEditorBehindHasNoKeyboardAndTellsNothing) {
+  auto& dialog = static_cast<Editor&>(editor.controller()).enterValueOverlay();
+  const auto told = [this] {
+    editor.accessibleEditor().update();
+    return editor.accessibleEditor().elements().size();
+  };
+  dialog.setHidden(false);
+  editor.window().prepareFrame();
+  const auto before = told();
+  EXPECT_GT(before, 0u);
+  for (int i = 0; i < 2; ++i) {
+    presentation().present(platform::ActivitySheet{{preset("tmp/Lead.preset", 10)}, {}});
+    EXPECT_EQ(editor.window().firstResponder(), nullptr);
+    key(Key::tab);
+    EXPECT_EQ(editor.window().firstResponder(), nullptr);
+    EXPECT_EQ(told(), 0u);
+  }
+  presentation().filePanel()->cancelButton().onClick();
+  EXPECT_TRUE(dialog.textField().isFirstResponder());
+  EXPECT_EQ(told(), before);
+}
+
 TEST_F(JucePresentationTest, onlyOneChooserIsOpenAndTheNextBeginsWhereTheUserWas) {
   const std::string from = preset("tmp/Lead.preset", 10);
   std::filesystem::create_directory(folder / "out");
@@ -242,7 +264,23 @@ TEST_F(JucePresentationTest, droppedPresetsAreImportedOneByOneAndOtherFilesRefus
   EXPECT_EQ(namesIn(folder / "data/Presets"), (Names{"A.preset", "B.preset", "Lead.preset"}));
   EXPECT_EQ(mix(), 50) << "the last one is loaded";
 
-  static_cast<Editor&>(editor.controller()).allowImportAndExport = false;
+  auto& controller = static_cast<Editor&>(editor.controller());
+  auto& browser = controller.overlaysView().presetViewOverlay();
+  browser.setHidden(false);
+  EXPECT_TRUE(editor.isInterestedInFileDrag(strings({lead}))) << "into the browser itself";
+  for (const bool isConfirm : {false, true}) {
+    toolkit::View& dialog = isConfirm ? static_cast<toolkit::View&>(browser.confirmOverlay())
+                                      : browser.saveNewPresetOverlay();
+    dialog.setHidden(false);
+    EXPECT_FALSE(editor.isInterestedInFileDrag(strings({lead}))) << "behind a dialog";
+    dialog.setHidden(true);
+  }
+  presentation().present(platform::ActivitySheet{{lead}, {}});
+  EXPECT_FALSE(editor.isInterestedInFileDrag(strings({lead}))) << "behind the chooser";
+  presentation().filePanel()->cancelButton().onClick();
+  EXPECT_TRUE(editor.isInterestedInFileDrag(strings({lead})));
+
+  controller.allowImportAndExport = false;
   EXPECT_FALSE(editor.isInterestedInFileDrag(strings({lead})));
 }
 

@@ -127,12 +127,16 @@ void collect(toolkit::View& view, std::vector<toolkit::View*>& found) {
   for (toolkit::View* subview : view.subviews()) collect(*subview, found);
 }
 
-/// What assistive technology reaches: all, or a modal view and what stays in reach beside it.
-void collectReachable(toolkit::View& view, const toolkit::View* modal,
+/// Adds what assistive technology reaches while a view is modal: that, and what stays in reach above
+/// it. `isAbove` once the modal view has been passed.
+void collectReachable(toolkit::View& view, const toolkit::View& modal, bool& isAbove,
                       std::vector<toolkit::View*>& found) {
   if (view.isHidden()) return;
-  if (!modal || &view == modal || view.isReachableBesideModals()) return collect(view, found);
-  for (toolkit::View* subview : view.subviews()) collectReachable(*subview, modal, found);
+  if (&view == &modal || (isAbove && view.isReachableBesideModals())) {
+    isAbove = true;
+    return collect(view, found);
+  }
+  for (toolkit::View* subview : view.subviews()) collectReachable(*subview, modal, isAbove, found);
 }
 
 }  // namespace
@@ -176,7 +180,11 @@ void AccessibleEditor::timerCallback() {
 void AccessibleEditor::update() {
   std::vector<toolkit::View*> views;
   const toolkit::Window* const window = root_.window();
-  collectReachable(root_, window ? window->uppermostModal() : nullptr, views);
+  bool isAbove = false;
+  if (const toolkit::View* const modal = window ? window->uppermostModal() : nullptr)
+    collectReachable(root_, *modal, isAbove, views);
+  else
+    collect(root_, views);
   const bool same = std::equal(
       views.begin(), views.end(), elements_.begin(), elements_.end(),
       [](const toolkit::View* view, const auto& element) { return element->view() == view; });

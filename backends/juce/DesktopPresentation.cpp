@@ -24,10 +24,12 @@ juce::String wildcardFor(const std::vector<std::string>& types) {
 
 DesktopPresentation::DesktopPresentation(juce::Component& component, toolkit::View& root)
     : component_(component),
+      root_(root),
       alerts_(root),
       folder_(juce::File::getSpecialLocation(juce::File::userDocumentsDirectory)) {
   if (!folder_.isDirectory())
     folder_ = juce::File::getSpecialLocation(juce::File::userHomeDirectory);
+  behindPanel_.setHidden(true);
 }
 
 DesktopPresentation::~DesktopPresentation() { cancelPendingUpdate(); }
@@ -120,6 +122,8 @@ void DesktopPresentation::choose(const FileChoice& choice, Answer answer) {
         });
     return;
   }
+  root_.addSubview(behindPanel_);
+  behindPanel_.setHidden(false);
   filePanel_ = std::make_unique<FilePanel>(
       component_, choice, [this, answer = std::move(answer)](const juce::Array<juce::File>& files) {
         closeFilePanel();
@@ -139,6 +143,7 @@ void DesktopPresentation::closeFilePanel() {
   // The keyboard goes back to the component.
   filePanel_->setVisible(false);
   closedPanel_ = std::move(filePanel_);
+  behindPanel_.setHidden(true);
   triggerAsyncUpdate();
 }
 

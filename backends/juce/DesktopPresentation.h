@@ -11,6 +11,7 @@
 #include "backends/juce/FileExport.h"
 #include "backends/juce/FilePanel.h"
 #include "platform/Presentation.h"
+#include "toolkit/ModalView.h"
 
 namespace juce_backend {
 
@@ -48,6 +49,10 @@ class DesktopPresentation : public platform::Presentation, private juce::AsyncUp
   void handleAsyncUpdate() override { closedPanel_.reset(); }
 
   juce::Component& component_;
+  toolkit::View& root_;
+  /// Shown while the chooser inside the editor is open: the editor has no keyboard, takes no files and
+  /// tells assistive technology nothing until it gets the keyboard back.
+  toolkit::ModalView behindPanel_;
   orvane::AlertPanel alerts_;
   std::unique_ptr<juce::FileChooser> systemChooser_;
   std::unique_ptr<FilePanel> filePanel_;

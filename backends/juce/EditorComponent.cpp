@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "Orvane/KestroAUViewController.h"
+#include "Orvane/PresetViewOverlay.h"
 #include "backends/juce/DroppedPresets.h"
 #include "backends/juce/JuceCanvas.h"
 #include "backends/juce/JuceInput.h"
@@ -112,9 +113,10 @@ void EditorComponent::displayFrame() {
     repaint();
     return;
   }
+  // Also what paints nothing may have become modal.
+  if (accessibleEditor_) accessibleEditor_->look();
   const std::vector<platform::Rect> damage = window_.prepareFrame();
   if (damage.empty()) return;
-  if (accessibleEditor_) accessibleEditor_->look();
   for (const platform::Rect& area : damage) {
     // Lines and glyphs are moved by up to half a pixel.
     const platform::Rect grown = area.inset(-1 / scale_, -1 / scale_);
@@ -225,6 +227,9 @@ bool EditorComponent::keyPressed(const juce::KeyPress& key) {
 std::vector<std::string> EditorComponent::importable(const juce::StringArray& paths) {
   auto* editor = dynamic_cast<orvane::KestroAUViewController*>(controller_.get());
   if (!editor || !editor->allowImportAndExport || !editor->audioUnit()) return {};
+  // A dialog asks about what is there; no preset comes before its answer.
+  const toolkit::View* const modal = window_.uppermostModal();
+  if (modal && !dynamic_cast<const orvane::PresetViewOverlay*>(modal)) return {};
   return droppedPresets(paths, editor->audioUnit()->presetExtension());
 }
 
