@@ -40,7 +40,13 @@ std::optional<PresetTrash::Clock::time_point> timeOf(const std::string& name) {
   const PresetTrash::Clock::time_point time =
       std::chrono::sys_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
       std::chrono::seconds(second);
-  return name.starts_with(nameOf(time)) ? std::optional(time) : std::nullopt;
+  const std::string exact = nameOf(time);
+  if (!name.starts_with(exact)) return std::nullopt;
+  // The second of one time has a number behind it.
+  const bool isOurs = name.size() == exact.size() ||
+                      (name[exact.size()] == ' ' && name.size() > exact.size() + 1 &&
+                       name.find_first_not_of("0123456789", exact.size() + 1) == name.npos);
+  return isOurs ? std::optional(time) : std::nullopt;
 }
 
 }  // namespace

@@ -254,7 +254,7 @@ TEST_F(PresetManagerTest, FavouritesAreOneListInOneOrder) {
   FavPresetsStore::load();
   EXPECT_THAT(FavPresetsStore::favouritePresets, ElementsAre("/a"));
   // A list of texts, though not every file's name is one.
-  const std::string odd = "/p/Caf\xe9 100%.synth";
+  const std::string odd = "/p/Caf\xe9 100%41.synth";
   for (const std::string& name : {odd, std::string("/p/100%41.synth"), std::string("file:///p%41")})
     FavPresetsStore::add(name);
   FavPresetsStore::load();
