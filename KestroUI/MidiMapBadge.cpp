@@ -69,6 +69,7 @@ double widthOf(const std::string& text, double pointSize) {
 }  // namespace
 
 MidiMapBadge::MidiMapBadge() {
+  setCoversSiblings(true);
   deleteButton_.setHidden(true);
   addSubview(deleteButton_);
 }

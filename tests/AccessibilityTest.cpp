@@ -11,6 +11,7 @@
 #include "examples/Gallery/GalleryPlugin.h"
 #include "examples/Halden/HaldenPlugin.h"
 #include "tests/support/EditorHands.h"
+#include "toolkit/ModalView.h"
 
 namespace {
 
@@ -89,13 +90,15 @@ TEST_F(AccessibilityTest, EveryControlOfHaldenIsMovedByKeysFromEndToEnd) {
   }
 }
 
-TEST_F(AccessibilityTest, WhatLiesUnderAnOverlayOrIsHiddenIsNotReached) {
-  struct Overlay : toolkit::View {
+TEST_F(AccessibilityTest, WhatLiesUnderAModalViewOrIsHiddenIsNotReached) {
+  struct Overlay : toolkit::ModalView {
     bool canBecomeFirstResponder() const override { return true; }
   };
   Overlay overlay;
+  overlay.setHidden(true);
   host.rootView().addSubview(overlay);
   overlay.setFrame(host.rootView().bounds());
+  overlay.setHidden(false);
   loop.runDue();
   EXPECT_EQ(walk(), std::vector<toolkit::View*>{&overlay});
   overlay.setHidden(true);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "platform/Fatal.h"
 #include "toolkit/ViewController.h"
@@ -187,6 +188,14 @@ bool View::becomeFirstResponder() {
 
 void View::resignFirstResponder() {
   if (isFirstResponder()) window()->giveKeyboard(nullptr);
+}
+
+std::vector<View*> View::reachableSubviews() const {
+  const auto covers = [](const View* view) { return view->coversSiblings_ && !view->isHidden(); };
+  if (std::none_of(subviews_.begin(), subviews_.end(), covers)) return subviews_;
+  std::vector<View*> covering;
+  std::copy_if(subviews_.begin(), subviews_.end(), std::back_inserter(covering), covers);
+  return covering;
 }
 
 bool View::isFirstResponder() const {

@@ -121,6 +121,12 @@ class View : public platform::Responder {
   bool becomeFirstResponder();
   void resignFirstResponder();
   bool isFirstResponder() const;
+  /// On: while it is shown, keys and assistive technology do not reach the views beside it, which it
+  /// covers; several may cover the same ones together.
+  bool coversSiblings() const { return coversSiblings_; }
+  void setCoversSiblings(bool covers) { coversSiblings_ = covers; }
+  /// The subviews that keys and assistive technology reach, in their order.
+  std::vector<View*> reachableSubviews() const;
 
   // Accessibility
 
@@ -195,6 +201,7 @@ class View : public platform::Responder {
   bool userInteractionEnabled_ = true;
   bool multipleTouchEnabled_ = false;
   bool reachableBesideModals_ = false;
+  bool coversSiblings_ = false;
   unsigned needs_ = Need::layout | Need::display | Need::place;
   /// The frames, as the window counts them, of the last layout and the last display.
   std::uint32_t laidOutIn_ = 0;

@@ -35,7 +35,7 @@ void collectKeyboardViews(View& view, std::vector<View*>& found) {
   if ((!control || control->isEnabled()) && view.canBecomeFirstResponder() &&
       Window::isInSight(view))
     found.push_back(&view);
-  for (View* subview : view.subviews()) collectKeyboardViews(*subview, found);
+  for (View* subview : view.reachableSubviews()) collectKeyboardViews(*subview, found);
 }
 
 bool holds(const std::vector<Weak<View>>& views, const Weak<View>& view) {

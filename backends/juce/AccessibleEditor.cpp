@@ -124,7 +124,7 @@ void collect(toolkit::View& view, std::vector<toolkit::View*>& found) {
     found.push_back(&view);
   // A row's texts are its own name.
   if (now.role == Accessibility::Role::row) return;
-  for (toolkit::View* subview : view.subviews()) collect(*subview, found);
+  for (toolkit::View* subview : view.reachableSubviews()) collect(*subview, found);
 }
 
 /// Adds what assistive technology reaches while a view is modal: that, and what stays in reach above
