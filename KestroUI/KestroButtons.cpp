@@ -91,6 +91,12 @@ void ImageButton::paint(platform::Canvas& canvas) {
     canvas.drawText(title(), titleFont, place, platform::TextAlignment::left, color);
 }
 
+void SimpleButton::setTitleMargin(double margin) {
+  if (margin == titleMargin_) return;
+  titleMargin_ = margin;
+  setNeedsDisplay();
+}
+
 void SimpleButton::paint(platform::Canvas& canvas) {
   Rect place = bounds();
   if (!(place.width >= 4) || !(place.height >= 4)) return;
@@ -103,7 +109,7 @@ void SimpleButton::paint(platform::Canvas& canvas) {
   }
   paintState(canvas, radius);
   const platform::Color color = stateColor(titleColor());
-  place = place.inset(std::min(8.0, place.width * 0.06), 0);
+  place = place.inset(std::max(titleMargin_, std::min(8.0, place.width * 0.06)), 0);
   if (!image().isEmpty()) {
     const double side = std::min(place.height * 0.6, place.width);
     const bool alone = title().empty();
@@ -124,8 +130,10 @@ void ArrowButton::paint(platform::Canvas& canvas) {
   paintState(canvas, Theme::cornerRadius + 1);
   const auto centre = bounds().centre();
   const platform::Rect place{centre.x - side / 2, centre.y - side / 2, side, side};
-  path_ = Icons::fitted(
-      direction_ == Direction::left ? Icons::chevronLeft() : Icons::chevronRight(), place);
+  const platform::Path shape = direction_ == Direction::left    ? Icons::chevronLeft()
+                               : direction_ == Direction::right ? Icons::chevronRight()
+                                                                : Icons::chevronDown();
+  path_ = Icons::fitted(shape, place);
   canvas.strokePath(path_, {std::clamp(side * 0.14, 1.25, 3.0)}, stateColor(titleColor()));
 }
 

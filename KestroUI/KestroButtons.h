@@ -52,13 +52,19 @@ class SimpleButton : public KestroButton {
   SimpleButton() = default;
   explicit SimpleButton(std::string title) { setTitle(std::move(title)); }
 
+  /// Keeps the title off both ends, in points, for what stands there.
+  void setTitleMargin(double margin);
+
   void paint(platform::Canvas& canvas) override;
+
+ private:
+  double titleMargin_ = 0;
 };
 
-/// An arrow to the left or right as a button.
+/// An arrow as a button: to the left or right for what is there, down for what opens.
 class ArrowButton : public KestroButton {
  public:
-  enum class Direction { left, right };
+  enum class Direction { left, right, down };
 
   explicit ArrowButton(Direction direction = Direction::right) : direction_(direction) {}
 

@@ -287,6 +287,9 @@ class KestroAUViewController : public toolkit::ViewController,
       const std::vector<std::string>& presetCategories) override;
   void savePreset(const UserPreset& preset) override;
   void deletePresets(const std::vector<std::shared_ptr<UserPreset>>& presets) override;
+  void setPresetCategories(const std::vector<PresetCategories>& categories) override;
+  void exportPresets(const std::vector<std::shared_ptr<UserPreset>>& presets) override;
+  bool undoPresetChange() override;
   void presetAuditioned(const std::shared_ptr<Preset>& preset) override;
   bool endAudition(bool keeps) override;
   void presetSessionWillLoad() override { preLoadAction(); }
@@ -303,6 +306,8 @@ class KestroAUViewController : public toolkit::ViewController,
   void menuBarDidRequestRandomize() override { randomize(); }
   void menuBarDidChangeDisplay(int index) override { displayChanged(index); }
   void menuBarOpenURL(const std::string& url) override { openURL(url); }
+  std::vector<PresetAction> menuBarPresetActions() override;
+  void openSaveNewPanel();
   void aboutOverlayRequestReview() override;
   bool aboutOverlayCanRequestReview() override;
   void aboutOverlayHiddenChanged() override { menuBar_.setNeedsDisplay(); }

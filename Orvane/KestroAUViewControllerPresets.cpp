@@ -79,7 +79,28 @@ void KestroAUViewController::presetLibraryDidChange(Change) {
   menuBar_.setPresetModified(presetLibrary().isModified());
   menuBar_.setCanStepPresets(presetLibrary().walk().size() > 1);
   // An editor that neither brings presets nor keeps any has nothing to browse.
-  menuBar_.presetNameLabel().setHidden(groupBundleId().empty() && presetLibrary().all().empty());
+  menuBar_.setHasPresets(!groupBundleId().empty() || !presetLibrary().all().empty());
+}
+
+std::vector<MenuBarDelegate::PresetAction> KestroAUViewController::menuBarPresetActions() {
+  std::vector<PresetAction> actions;
+  const auto selected = selectedPreset();
+  const bool isModified = selected && presetLibrary().isModified();
+  const std::string name = selected ? "\u201c" + selected->name + "\u201d" : std::string();
+  if (isModified) actions.push_back({"Revert to " + name, [this] { presetSession_.revert(); }});
+  if (presetSession_.canUndo())
+    actions.push_back({"Undo: " + presetSession_.undoTitle(), [this] { presetSession_.undo(); }});
+  const auto user = std::dynamic_pointer_cast<UserPreset>(selected);
+  if (isModified && user) actions.push_back({"Save " + name, [this, user] { savePreset(*user); }});
+  if (presetManager_ && !groupBundleId().empty())
+    actions.push_back({"Save as a new preset", [this] { openSaveNewPanel(); }});
+  return actions;
+}
+
+void KestroAUViewController::openSaveNewPanel() {
+  PresetViewOverlay& browser = overlaysView_.presetViewOverlay();
+  if (browser.isHidden()) menuBar_.onPresetButton();
+  browser.handleTouchDown(browser.saveNewButton());
 }
 
 const std::shared_ptr<Preset>& KestroAUViewController::selectedPreset() {
@@ -144,6 +165,17 @@ void KestroAUViewController::deletePresets(
   presetSession_.remove(presets);
 }
 
+void KestroAUViewController::setPresetCategories(const std::vector<PresetCategories>& categories) {
+  presetSession_.setCategories(categories);
+}
+
+bool KestroAUViewController::undoPresetChange() {
+  if (!presetSession_.canUndo()) return false;
+  noticeView_.hide();
+  presetSession_.undo();
+  return true;
+}
+
 void KestroAUViewController::importPreset() {
   if (presetManager_) presetManager_->importPreset();
 }
@@ -162,6 +194,11 @@ void KestroAUViewController::documentPickerAction(const std::vector<std::string>
 
 void KestroAUViewController::exportPreset() {
   if (presetManager_) presetManager_->exportPreset(selectedPreset());
+}
+
+void KestroAUViewController::exportPresets(
+    const std::vector<std::shared_ptr<UserPreset>>& presets) {
+  if (presetManager_) presetManager_->exportPresets(presets);
 }
 
 void KestroAUViewController::exportAll() {

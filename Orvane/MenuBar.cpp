@@ -49,7 +49,7 @@ MenuBar::MenuBar()
   presetNameLabel_.setTitleColor(Theme::white);
   presetNameLabel_.layer().setBorderWidth(1.0);
   presetNameLabel_.layer().setBorderColor(Theme::white);
-  for (kestroui::ArrowButton* arrow : {&arrowLeft_, &arrowRight_}) {
+  for (kestroui::ArrowButton* arrow : {&arrowLeft_, &arrowRight_, &presetMenuButton_}) {
     arrow->setTitleColor(Theme::white);
     arrow->setAccentColor(Theme::white);
   }
@@ -58,12 +58,13 @@ MenuBar::MenuBar()
   aboutButton_.setTitleColor(Theme::white);
   arrowLeft_.setAccessibilityLabel("Previous preset");
   arrowRight_.setAccessibilityLabel("Next preset");
+  presetMenuButton_.setAccessibilityLabel("Preset menu");
   randomizeButton_.setAccessibilityLabel("Randomize");
   helpButton_.setAccessibilityLabel("Help");
   modifiedDot_.setBackgroundColor(Theme::accent);
   setPresetName({});
   setCanStepPresets(false);
-  presetNameLabel_.setHidden(true);
+  setHasPresets(false);
 }
 
 void MenuBar::setAppLogo(platform::Image logo) {
@@ -92,6 +93,11 @@ void MenuBar::setPresetModified(bool modified) {
   setNeedsDisplay();
 }
 
+void MenuBar::setHasPresets(bool hasPresets) {
+  presetNameLabel_.setHidden(!hasPresets);
+  presetMenuButton_.setHidden(!hasPresets);
+}
+
 void MenuBar::setCanStepPresets(bool canStep) {
   arrowLeft_.setHidden(!canStep);
   arrowRight_.setHidden(!canStep);
@@ -110,12 +116,14 @@ void MenuBar::setDisplays(std::vector<std::string> displays) {
 
 void MenuBar::didMoveToSuperview() {
   if (!superview()) return;
-  for (View* view : std::initializer_list<View*>{&aboutButton_, &presetNameLabel_, &logoView_,
-                                                 &arrowLeft_, &arrowRight_, &randomizeButton_})
+  for (View* view :
+       std::initializer_list<View*>{&aboutButton_, &presetNameLabel_, &logoView_, &arrowLeft_,
+                                    &arrowRight_, &randomizeButton_, &presetMenuButton_})
     addSubview(*view);
   layer().addSublayer(modifiedDot_);
   aboutButton_.addTarget<&MenuBar::onAboutButton>(*this, ControlEvent::touchDown);
   presetNameLabel_.addTarget<&MenuBar::onPresetButton>(*this, ControlEvent::touchDown);
+  presetMenuButton_.addTarget<&MenuBar::onPresetMenu>(*this, ControlEvent::touchDown);
   randomizeButton_.addTarget<&MenuBar::onRandomize>(*this, ControlEvent::touchDown);
   arrowLeft_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
   arrowRight_.addTarget<&MenuBar::onPresetArrow>(*this, ControlEvent::touchDown);
@@ -157,6 +165,11 @@ void MenuBar::draw(const platform::Rect& rect) {
   presetNameLabel_.setFrame(name);
   presetNameLabel_.layer().setCornerRadius(std::max(0.0, name.height * 0.5 - 2.5));
   presetNameLabel_.setFont(Theme::regularFont.withSize(textSize));
+
+  const double menuSide = name.height * 0.8;
+  presetMenuButton_.setFrame(
+      {name.maxX() - menuSide - name.height * 0.1, name.midY() - menuSide / 2, menuSide, menuSide});
+  presetNameLabel_.setTitleMargin(name.height * 0.8);
 
   const double dot = std::max(4.0, name.height * 0.16);
   modifiedDot_.setFrame({name.x + name.height * 0.36, name.midY() - dot / 2, dot, dot});
@@ -211,6 +224,27 @@ void MenuBar::onPresetButton() {
   overlays->aboutViewOverlay().setHidden(true);
   updateAboutImage();
   overlays->setNeedsDisplay();
+}
+
+void MenuBar::onPresetMenu() {
+  auto* owner = delegate.get();
+  auto* overlays = overlaysView.get();
+  // As with the arrows.
+  if (!owner || (overlays && overlays->presetViewOverlay().isDialogOpen())) return;
+  presetActions_ = owner->menuBarPresetActions();
+  presetActionTitles_.clear();
+  for (const auto& action : presetActions_) presetActionTitles_.push_back(action.title);
+  if (presetActions_.empty()) return onPresetButton();
+  presetMenu_ = kestroui::ListPopup::open(*this, presetNameLabel_,
+                                          {Theme::accent, kestroui::textScaleIn(*this)});
+}
+
+void MenuBar::popupDidCancel() { kestroui::ListPopup::close(presetMenu_); }
+
+void MenuBar::popupDidChoose(int index) {
+  const auto chosen = presetActions_.at(static_cast<std::size_t>(index)).act;
+  kestroui::ListPopup::close(presetMenu_);
+  chosen();
 }
 
 void MenuBar::onPresetArrow(toolkit::Control& sender) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "KestroUI/ButtonGroups.h"
 #include "KestroUI/KestroButtons.h"
+#include "KestroUI/ListPopup.h"
 #include "Orvane/OverlaysView.h"
 #include "platform/URLSession.h"
 #include "toolkit/ImageView.h"
@@ -22,14 +24,21 @@ class MenuBarDelegate {
   /// The user chose a display mode.
   virtual void menuBarDidChangeDisplay(int index) = 0;
   virtual void menuBarOpenURL(const std::string& url) = 0;
+
+  struct PresetAction {
+    std::string title;
+    std::function<void()> act;
+  };
+  /// What can be done with the preset just now, for the menu of its name.
+  virtual std::vector<PresetAction> menuBarPresetActions() { return {}; }
 };
 
 /// The strip across the top of the editor: the plug-in's logo and name, which open the about panel,
 /// the current preset between the arrows that step through the presets, randomize, the display modes
 /// if there are any, help once its address is known, and the maker's logo. The preset's name opens
-/// and closes the browser. It knows nothing of the plug-in: it shows the overlays, and asks its
+/// and closes the browser, and has a menu of its own. It knows nothing of the plug-in: it shows the overlays, and asks its
 /// delegate for everything else. User-interface thread only.
-class MenuBar : public toolkit::View {
+class MenuBar : public toolkit::View, public kestroui::ListPopupOwner {
  public:
   MenuBar();
 
@@ -54,6 +63,8 @@ class MenuBar : public toolkit::View {
   /// Marks the name while the sound is not what the preset has stored.
   bool isPresetModified() const { return presetModified_; }
   void setPresetModified(bool modified);
+  /// Without presets there is no name, and nothing to do with one.
+  void setHasPresets(bool hasPresets);
   /// Without several presets there are no arrows.
   void setCanStepPresets(bool canStep);
 
@@ -65,6 +76,8 @@ class MenuBar : public toolkit::View {
 
   kestroui::ImageButton& aboutButton() { return aboutButton_; }
   kestroui::SimpleButton& presetNameLabel() { return presetNameLabel_; }
+  /// At the end of the name: opens the menu of what can be done with the preset.
+  kestroui::ArrowButton& presetMenuButton() { return presetMenuButton_; }
   kestroui::ArrowButton& arrowLeft() { return arrowLeft_; }
   kestroui::ArrowButton& arrowRight() { return arrowRight_; }
   kestroui::DiceButton& randomizeButton() { return randomizeButton_; }
@@ -76,6 +89,7 @@ class MenuBar : public toolkit::View {
 
   void onAboutButton();
   void onPresetButton();
+  void onPresetMenu();
   void onPresetArrow(toolkit::Control& sender);
   void onRandomize();
   void onDisplayChanged();
@@ -83,6 +97,9 @@ class MenuBar : public toolkit::View {
   /// Shows the logo, or what closes the about panel while that is open.
   void updateAboutImage();
 
+  const std::vector<std::string>& popupEntries() const override { return presetActionTitles_; }
+  void popupDidChoose(int index) override;
+  void popupDidCancel() override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 
@@ -95,6 +112,10 @@ class MenuBar : public toolkit::View {
   toolkit::Layer modifiedDot_;
   kestroui::ImageButton aboutButton_;
   kestroui::SimpleButton presetNameLabel_;
+  kestroui::ArrowButton presetMenuButton_{kestroui::ArrowButton::Direction::down};
+  std::vector<MenuBarDelegate::PresetAction> presetActions_;
+  std::vector<std::string> presetActionTitles_;
+  std::unique_ptr<kestroui::ListPopup> presetMenu_;
   toolkit::ImageView logoView_;
   kestroui::ArrowButton arrowLeft_{kestroui::ArrowButton::Direction::left};
   kestroui::ArrowButton arrowRight_{kestroui::ArrowButton::Direction::right};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,12 @@ class UserPreset : public Preset {
   bool isICloud = false;
   /// The path of the file.
   const std::string url;
+};
+
+/// The categories that a preset is to have.
+struct PresetCategories {
+  std::shared_ptr<UserPreset> preset;
+  std::vector<std::string> names;
 };
 
 /// A preset that the audio unit itself provides.

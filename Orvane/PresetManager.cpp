@@ -33,6 +33,14 @@ std::span<const std::uint8_t> bytesOf(const std::string& text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
+/// Categories as a file has them.
+PropertyList::Array stored(const std::vector<std::string>& categories) {
+  PropertyList::Array lowered;
+  for (const std::string& category : categories)
+    lowered.push_back(foundation::lowercased(category));
+  return lowered;
+}
+
 }  // namespace
 
 PresetManager::PresetManager(std::string groupId, std::vector<std::string> extraResources)
@@ -237,10 +245,7 @@ std::optional<std::string> PresetManager::fileContent(
   auto state = foundation::readKeyedArchive(*bytes, error);
   auto* entries = state ? state->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return std::nullopt;
-  PropertyList::Array lowered;
-  for (const std::string& category : categories)
-    lowered.push_back(foundation::lowercased(category));
-  (*entries)[PresetFile::categoriesKey] = std::move(lowered);
+  (*entries)[PresetFile::categoriesKey] = stored(categories);
   return foundation::writeXmlPropertyList(*state);
 }
 
@@ -251,14 +256,15 @@ bool PresetManager::isWritten(const std::string& content, const std::string& url
 }
 
 bool PresetManager::savePreset(const std::string& url, const std::vector<std::string>& categories) {
-  using Change = PresetUndo::Step::Change;
   lastChange_.reset();
-  const auto content = fileContent(categories);
-  if (!content) {
-    if (audioUnit)
-      tell(foundation::fileError(url, "saved", "the sound has no state").localizedDescription);
-    return false;
-  }
+  if (const auto content = fileContent(categories)) return replace(url, *content);
+  if (audioUnit)
+    tell(foundation::fileError(url, "saved", "the sound has no state").localizedDescription);
+  return false;
+}
+
+bool PresetManager::replace(const std::string& url, const std::string& content) {
+  using Change = PresetUndo::Step::Change;
   auto trash = trashOf(url);
   FileError error;
   PresetUndo::Step step{.change = Change::created, .url = url};
@@ -266,14 +272,14 @@ bool PresetManager::savePreset(const std::string& url, const std::vector<std::st
   if (trash && fileManager_.fileExists(url)) {
     step.change = Change::replaced;
     const auto before = fileManager_.contents(url, error);
-    const bool isEqual = before && std::ranges::equal(*before, bytesOf(*content));
+    const bool isEqual = before && std::ranges::equal(*before, bytesOf(content));
     const auto kept = before && !isEqual
                           ? trash->keep(*before, platform::lastPathComponent(url), error)
                           : std::nullopt;
     step.kept = kept.value_or("");
     canBeTakenBack = isEqual || kept;
   }
-  if (!isWritten(*content, url)) {
+  if (!isWritten(content, url)) {
     if (!step.kept.empty()) trash->forget(step.kept);
     return false;
   }
@@ -284,6 +290,28 @@ bool PresetManager::savePreset(const std::string& url, const std::vector<std::st
   step.written = written->stamp;
   lastChange_ = {{std::move(step)}};
   return true;
+}
+
+bool PresetManager::setCategories(const UserPreset& preset,
+                                  const std::vector<std::string>& categories) {
+  lastChange_.reset();
+  const std::string url = preset.url;
+  FileError error;
+  const auto bytes = fileManager_.contents(url, error);
+  if (!bytes) {
+    report(error.localizedDescription);
+    return false;
+  }
+  std::string reason;
+  auto file = PresetFile::decode(*bytes, reason);
+  auto* entries = file ? file->content.as<PropertyList::Dictionary>() : nullptr;
+  if (!entries) {
+    if (file) reason = "it is no preset";
+    report(foundation::fileError(url, "changed", reason).localizedDescription);
+    return false;
+  }
+  (*entries)[PresetFile::categoriesKey] = stored(categories);
+  return replace(url, foundation::writeXmlPropertyList(file->content));
 }
 
 std::optional<std::string> PresetManager::saveNew(const std::string& name,

@@ -34,6 +34,10 @@ struct PresetUndo {
     bool wasFavourite = false;
   };
 
+  void add(const std::optional<PresetUndo>& next) {
+    if (next) steps.insert(steps.end(), next->steps.begin(), next->steps.end());
+  }
+
   std::vector<Step> steps;
 };
 
@@ -84,6 +88,8 @@ class PresetManager : public platform::WeakTarget {
   /// of one file. Under its own name a preset is saved where it lies. Its marks stay as they are.
   std::optional<std::string> renamePreset(const UserPreset& preset, const std::string& name,
                                           const std::vector<std::string>& categories);
+  /// Gives a preset other categories; the sound in its file stays as it is.
+  bool setCategories(const UserPreset& preset, const std::vector<std::string>& categories);
   /// Moves the file, or a link itself, to the trash; nothing else can be deleted. Takes the first
   /// mark of a favourite away in any case.
   bool deleteUserPreset(const UserPreset& preset);
@@ -102,7 +108,9 @@ class PresetManager : public platform::WeakTarget {
   bool importPresetFile(const std::string& url);
   /// Shares the audio unit's state as it is now, under the name and categories of the preset.
   void exportPreset(const std::shared_ptr<Preset>& preset);
-  /// Shares all user presets as one folder; older files leave as property lists.
+  /// Shares these presets as they are stored, as one folder; older files leave as property lists.
+  void exportPresets(const std::vector<std::shared_ptr<UserPreset>>& presets);
+  /// The same with all files of the user's presets.
   void exportAll();
   void wantsToExportFileFrom(const std::string& path);
   /// Installs every pack in the folder "Contents" of a bundle.
@@ -148,6 +156,8 @@ class PresetManager : public platform::WeakTarget {
   /// What savePreset writes; none without a state.
   std::optional<std::string> fileContent(const std::vector<std::string>& categories) const;
   bool isWritten(const std::string& content, const std::string& url);
+  /// Writes what a preset's file is to hold; the file that was there is kept in the trash.
+  bool replace(const std::string& url, const std::string& content);
   std::optional<PresetUndo::Step> moveToTrash(const std::string& url);
   bool restore(const PresetUndo::Step& step);
   bool loadFile(const std::string& url, const std::string& name);
@@ -157,7 +167,11 @@ class PresetManager : public platform::WeakTarget {
   void tell(const std::string& sentence);
   /// One for each export: a chooser may still be open for an earlier one. Ends in "/".
   std::optional<std::string> makeExportFolder();
-  void exportFile(const std::string& file, const std::string& folder, const std::string& extension);
+  /// What is no preset is left out; it is told where it was asked for by name.
+  enum class Unreadable { skip, report };
+  void exportFiles(const std::vector<std::string>& files, Unreadable unreadable);
+  void exportFile(const std::string& file, const std::string& folder, const std::string& extension,
+                  Unreadable unreadable);
 
   platform::FileManager& fileManager_;
   ICloudManager iCloudManager_;

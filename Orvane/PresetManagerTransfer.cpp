@@ -96,7 +96,23 @@ std::optional<std::string> PresetManager::makeExportFolder() {
   }
 }
 
+void PresetManager::exportPresets(const std::vector<std::shared_ptr<UserPreset>>& presets) {
+  std::vector<std::string> files;
+  for (const auto& preset : presets) files.push_back(preset->url);
+  exportFiles(files, Unreadable::report);
+}
+
 void PresetManager::exportAll() {
+  std::vector<std::string> files;
+  for (const auto& source : {localPresetPath(), iCloudPresetPath()}) {
+    const auto entries = source ? fileManager_.contentsOfDirectory(*source) : std::nullopt;
+    if (!entries) continue;
+    for (const auto& entry : *entries) files.push_back(*source + '/' + entry.name);
+  }
+  exportFiles(files, Unreadable::skip);
+}
+
+void PresetManager::exportFiles(const std::vector<std::string>& files, Unreadable unreadable) {
   const auto* unit = audioUnit.get();
   const auto own = unit ? makeExportFolder() : std::nullopt;
   if (!own) return;
@@ -107,23 +123,23 @@ void PresetManager::exportAll() {
     return;
   }
   const std::string extension = unit->presetExtension();
-  for (const auto& source : {localPresetPath(), iCloudPresetPath()}) {
-    const auto entries = source ? fileManager_.contentsOfDirectory(*source) : std::nullopt;
-    if (!entries) continue;
-    for (const auto& entry : *entries) exportFile(*source + '/' + entry.name, folder, extension);
-  }
+  for (const std::string& file : files) exportFile(file, folder, extension, unreadable);
   wantsToExportFileFrom(folder);
 }
 
 void PresetManager::exportFile(const std::string& file, const std::string& folder,
-                               const std::string& extension) {
+                               const std::string& extension, Unreadable unreadable) {
   std::string target = folder + platform::lastPathComponent(file);
   if (platform::pathExtension(file) != extension) target += '.' + extension;
-  FileError ignored;
-  const auto bytes = fileManager_.contents(file, ignored);
+  FileError failed;
+  const auto bytes = fileManager_.contents(file, failed);
   std::string reason;
   const auto decoded = bytes ? PresetFile::decode(*bytes, reason) : std::nullopt;
-  if (!decoded) return;
+  if (!decoded) {
+    if (bytes) failed = foundation::fileError(file, "exported", reason);
+    if (unreadable == Unreadable::report) report(failed.localizedDescription);
+    return;
+  }
   FileManager::Error error;
   if (decoded->form == PresetFile::Form::keyedArchive) {
     const std::string xml = foundation::writeXmlPropertyList(decoded->content);

@@ -167,6 +167,21 @@ std::optional<std::string> PresetSession::rename(const UserPreset& preset, const
   return url;
 }
 
+void PresetSession::setCategories(const std::vector<PresetCategories>& categories) {
+  auto* store = library_.store();
+  if (!store || categories.empty()) return;
+  const platform::Weak<PresetSession> self = this;
+  PresetUndo change;
+  for (const auto& [preset, names] : categories)
+    if (store->setCategories(*preset, names)) change.add(store->lastChange());
+  library_.announce();
+  if (!self || change.steps.empty()) return;
+  const std::size_t count = change.steps.size();
+  remember(count == 1 ? inQuotes(categories.front().preset->name) + " has other categories."
+                      : std::to_string(count) + " presets have other categories.",
+           [this, change = std::move(change)] { takeBack(change); });
+}
+
 void PresetSession::remove(const UserPresets& presets) {
   auto* store = library_.store();
   if (!store || presets.empty()) return;
@@ -180,8 +195,7 @@ void PresetSession::remove(const UserPresets& presets) {
   for (const auto& preset : presets) {
     if (!store->deleteUserPreset(*preset)) continue;
     gone = preset->name;
-    if (const auto& last = store->lastChange())
-      change.steps.insert(change.steps.end(), last->steps.begin(), last->steps.end());
+    change.add(store->lastChange());
   }
   library_.clearMarks();
   if (self) library_.announce();
@@ -228,13 +242,15 @@ void PresetSession::takeBack(const PresetUndo& change) {
   store->restore(change);
   const platform::Weak<PresetSession> self = this;
   library_.announce();
-  const PresetPtr back =
-      self && !change.steps.empty() ? library_.userPresetAt(change.steps.front().url) : nullptr;
+  const auto deleted =
+      std::find_if(change.steps.begin(), change.steps.end(), [](const PresetUndo::Step& step) {
+        return step.change == PresetUndo::Step::Change::deleted;
+      });
+  if (!self || deleted == change.steps.end()) return;
+  const PresetPtr back = library_.userPresetAt(deleted->url);
   if (!back || back == library_.selected()) return;
   library_.select(back);
-  if (self && change.steps.front().change == PresetUndo::Step::Change::deleted && load(back) &&
-      self)
-    wasLoaded();
+  if (self && load(back) && self) wasLoaded();
 }
 
 void PresetSession::remember(std::string sentence, std::function<void()> takeBack) {

@@ -71,6 +71,8 @@ class PresetSession : public platform::WeakTarget {
   /// Saves the sound as the preset is to be called, and removes it under its old name.
   std::optional<std::string> rename(const UserPreset& preset, const std::string& name,
                                     const std::vector<std::string>& categories);
+  /// Gives presets other categories.
+  void setCategories(const std::vector<PresetCategories>& categories);
   /// Removes presets. The neighbour of the selected one takes its place.
   void remove(const UserPresets& presets);
 

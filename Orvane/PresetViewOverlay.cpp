@@ -168,7 +168,8 @@ void PresetViewOverlay::updateButtons() {
   const bool isOne = chosen.size() == 1 && library_.markCount() < 2;
   // What is only marked has another sound than the one that would be saved over it.
   saveButton_.setEnabled(isOne && chosen.front() == library_.selected());
-  editButton_.setEnabled(isOne);
+  editButton_.setEnabled(!chosen.empty());
+  editButton_.setTitle(chosen.size() > 1 ? "CATEGORIES" : "RENAME");
   for (kestroui::SimpleButton* button : {&deleteButton_, &exportButton_})
     button->setEnabled(!chosen.empty());
 }
@@ -198,7 +199,12 @@ void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
   } else if (&sender == &importButton_) {
     if (owner) owner->importPresets();
   } else if (&sender == &exportButton_) {
-    if (owner) owner->exportPreset();
+    // What is only marked leaves as it is stored.
+    const bool isHeard = asked_.size() == 1 && asked_.front() == library_.selected();
+    if (owner && (isHeard || asked_.empty()))
+      owner->exportPreset();
+    else if (owner)
+      owner->exportPresets(asked_);
   } else if (&sender == &deleteButton_) {
     const std::string name = asked_.empty() ? std::string() : asked_.front()->name;
     confirmOverlay_.setSubject(
@@ -210,16 +216,44 @@ void PresetViewOverlay::handleTouchDown(toolkit::Control& sender) {
 void PresetViewOverlay::openNamePanel(bool isEdit) {
   isEdit_ = isEdit;
   if (!isEdit) asked_.clear();
+  const std::size_t count = asked_.size();
+  saveNewPresetOverlay_.setSubject(count > 1 ? std::to_string(count) + " presets" : std::string());
   saveNewPresetOverlay_.setHidden(false);
-  // Stored in lower case; the selector has them as the plug-in writes them.
-  std::vector<std::string> chosen;
-  if (!asked_.empty()) {
+  if (count == 1) {
     saveNewPresetOverlay_.textField().setText(asked_.front()->name);
     saveNewPresetOverlay_.textField().selectAll();
-    for (const std::string& name : saveNewPresetOverlay_.categories())
-      if (PresetLibrary::hasCategory(*asked_.front(), name)) chosen.push_back(name);
   }
-  saveNewPresetOverlay_.categorySelector().setSelectedValues(chosen);
+  // Stored in lower case; the selector has them as the plug-in writes them.
+  shared_.clear();
+  for (const std::string& name : saveNewPresetOverlay_.categories())
+    if (count > 0 && std::all_of(asked_.begin(), asked_.end(), [&](const auto& preset) {
+          return PresetLibrary::hasCategory(*preset, name);
+        }))
+      shared_.push_back(name);
+  saveNewPresetOverlay_.categorySelector().setSelectedValues(shared_);
+}
+
+void PresetViewOverlay::saveCategories() {
+  const auto& chosen = saveNewPresetOverlay_.categorySelector().selectedValues();
+  const auto without = [](std::vector<std::string> names, const std::vector<std::string>& left) {
+    std::erase_if(names, [&](const std::string& name) {
+      return std::find(left.begin(), left.end(), name) != left.end();
+    });
+    return names;
+  };
+  const auto stored = [](std::vector<std::string> names) {
+    for (std::string& name : names) name = foundation::lowercased(name);
+    return names;
+  };
+  const auto added = stored(without(chosen, shared_)), removed = stored(without(shared_, chosen));
+  std::vector<PresetCategories> changes;
+  for (const auto& preset : asked_) {
+    std::vector<std::string> names = without(preset->categories, removed);
+    const auto missing = without(added, names);
+    names.insert(names.end(), missing.begin(), missing.end());
+    if (names != preset->categories) changes.push_back({preset, std::move(names)});
+  }
+  if (delegate && !changes.empty()) delegate->setPresetCategories(changes);
 }
 
 std::vector<std::string> PresetViewOverlay::chosenCategories(const Preset* preset) {
@@ -254,6 +288,12 @@ bool PresetViewOverlay::replacesAnother(const std::string& name) const {
 
 void PresetViewOverlay::textFieldOverlayDidConfirm(TextFieldOverlay&,
                                                    const std::optional<std::string>& text) {
+  const platform::Weak<PresetViewOverlay> self = this;
+  if (asked_.size() > 1) {
+    saveCategories();
+    if (self) saveNewPresetOverlay_.setHidden(true);
+    return;
+  }
   const std::string whyNot = text ? whyNoName(*text) : std::string();
   const bool keepsName = text && !asked_.empty() && asked_.front()->name == *text;
   if (!whyNot.empty()) {
@@ -267,7 +307,6 @@ void PresetViewOverlay::textFieldOverlayDidConfirm(TextFieldOverlay&,
     replaceOverlay_.setHidden(false);
     return;
   }
-  const platform::Weak<PresetViewOverlay> self = this;
   if (text) saveAs(*text);
   if (!self) return;
   filters_.reapplySelection();
@@ -360,9 +399,10 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
   }
   if (isDialogOpen()) return false;
   toolkit::TableView& table = list_.tableView();
-  const bool isStar = event.modifiers == platform::Modifiers::control &&
-                      event.key == Key::character && (event.text == "d" || event.text == "D");
-  if (isStar) {
+  if (event.modifiers == platform::Modifiers::control && event.key == Key::character) {
+    if (event.text == "z" || event.text == "Z")
+      return !field.isFirstResponder() && delegate && delegate->undoPresetChange();
+    if (event.text != "d" && event.text != "D") return false;
     starPresets();
     return true;
   }

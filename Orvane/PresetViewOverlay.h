@@ -34,13 +34,20 @@ class PresetViewOverlayDelegate {
                                                   const std::vector<std::string>& categories) = 0;
   /// Replaces the preset by the state as it is now.
   virtual void savePreset(const UserPreset& preset) = 0;
+  /// The presets get these categories; their sounds stay as they are stored.
+  virtual void setPresetCategories(const std::vector<PresetCategories>& categories) = 0;
   virtual void deletePresets(const std::vector<std::shared_ptr<UserPreset>>& presets) = 0;
   /// Let this preset be heard, until endAudition keeps it or goes back to what was there before.
   virtual void presetAuditioned(const std::shared_ptr<Preset>& preset) = 0;
   /// False when nothing was auditioned.
   virtual bool endAudition(bool keeps) = 0;
   virtual void importPresets() = 0;
+  /// The sound as it is now, as the selected preset.
   virtual void exportPreset() = 0;
+  /// Presets as they are stored.
+  virtual void exportPresets(const std::vector<std::shared_ptr<UserPreset>>& presets) = 0;
+  /// False when nothing can be taken back.
+  virtual bool undoPresetChange() = 0;
   virtual void presetViewOverlayDidHide() = 0;
   /// Why it does not do what the user wants, in a sentence.
   virtual void presetViewOverlayDidRefuse(const std::string& sentence) = 0;
@@ -48,8 +55,8 @@ class PresetViewOverlayDelegate {
 
 /// The preset browser, over the whole editor: the list of presets with what narrows it down, and
 /// buttons that save, name, delete, import and export. Typing searches, the arrow keys let presets be
-/// heard, Return keeps, Escape goes back and then closes, Control and D give stars. Owned by the
-/// overlay host. User-interface thread only.
+/// heard, Return keeps, Escape goes back and then closes, Control and D give stars, Control and Z
+/// takes back. Owned by the overlay host. User-interface thread only.
 class PresetViewOverlay : public toolkit::Modal<toolkit::Control>,
                           public PresetListTableViewControllerDelegate,
                           public PresetLibraryObserver,
@@ -127,6 +134,9 @@ class PresetViewOverlay : public toolkit::Modal<toolkit::Control>,
   /// The user's presets among those that are marked, or else the selected one if it is one.
   std::vector<std::shared_ptr<UserPreset>> chosenPresets() const;
   void openNamePanel(bool isEdit);
+  /// Gives the presets that the dialog is about the categories that were switched on in it, and takes
+  /// those that were switched off.
+  void saveCategories();
   void saveAs(const std::string& name);
   /// The categories that the panel has chosen, and those of a preset that it does not offer.
   std::vector<std::string> chosenCategories(const Preset* preset);
@@ -160,6 +170,8 @@ class PresetViewOverlay : public toolkit::Modal<toolkit::Control>,
   ConfirmOverlay replaceOverlay_;
   /// What the open dialog is about, whatever is selected meanwhile.
   std::vector<std::shared_ptr<UserPreset>> asked_;
+  /// The categories that all of them had.
+  std::vector<std::string> shared_;
   std::string nameToReplace_;
   bool isEdit_ = false;
 };

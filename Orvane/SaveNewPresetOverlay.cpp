@@ -16,6 +16,17 @@ void SaveNewPresetOverlay::setCategories(std::vector<std::string> categories) {
   categorySelector_.setValues(std::move(categories));
 }
 
+void SaveNewPresetOverlay::setSubject(const std::string& subject) {
+  textField().setHidden(!subject.empty());
+  titleLabel().setText(subject.empty() ? titleText() : "Categories of " + subject);
+}
+
+void SaveNewPresetOverlay::setHidden(bool hidden) {
+  TextFieldOverlay::setHidden(hidden);
+  if (!hidden && textField().isHidden() && !categorySelector_.buttons().empty())
+    categorySelector_.buttons().front()->becomeFirstResponder();
+}
+
 void SaveNewPresetOverlay::didMoveToSuperview() {
   if (superview()) layer().addSublayer(back_);
   TextFieldOverlay::didMoveToSuperview();
@@ -25,6 +36,7 @@ void SaveNewPresetOverlay::didMoveToSuperview() {
 void SaveNewPresetOverlay::draw(const platform::Rect& rect) {
   TextFieldOverlay::draw(rect);
   const platform::Rect field = textField().frame();
+  if (textField().isHidden()) titleLabel().setFrame(field);
   const double width = 0.9 * bounds().width;
   const platform::Rect selector{0.05 * bounds().width, field.maxY() + 0.06 * bounds().height, width,
                                 categorySelector_.fitRows({width, field.height})};

@@ -16,9 +16,12 @@ class SaveNewPresetOverlay : public TextFieldOverlay {
 
   MultiSelectable& categorySelector() { return categorySelector_; }
   const std::vector<std::string>& categories() const { return categorySelector_.values(); }
+  /// What the categories are chosen for, where no name is asked for; empty for a name.
+  void setSubject(const std::string& subject);
   /// What the selector offers.
   void setCategories(std::vector<std::string> categories);
 
+  void setHidden(bool hidden) override;
   void didMoveToSuperview() override;
   void draw(const platform::Rect& rect) override;
 

@@ -58,9 +58,9 @@ class MenuBarTest : public testing::Test {
 
 TEST_F(MenuBarTest, itsViewsAreInTheOrderInWhichTheyAreDrawn) {
   show();
-  EXPECT_THAT(bar->subviews(),
-              ElementsAre(&bar->aboutButton(), &bar->presetNameLabel(), &bar->logoView(),
-                          &bar->arrowLeft(), &bar->arrowRight(), &bar->randomizeButton()));
+  EXPECT_THAT(bar->subviews(), ElementsAre(&bar->aboutButton(), &bar->presetNameLabel(),
+                                           &bar->logoView(), &bar->arrowLeft(), &bar->arrowRight(),
+                                           &bar->randomizeButton(), &bar->presetMenuButton()));
 }
 
 TEST_F(MenuBarTest, withoutAListOfPresetsThereIsNothingToStepThroughOrToOpen) {
@@ -68,6 +68,7 @@ TEST_F(MenuBarTest, withoutAListOfPresetsThereIsNothingToStepThroughOrToOpen) {
   EXPECT_TRUE(bar->arrowLeft().isHidden());
   EXPECT_TRUE(bar->arrowRight().isHidden());
   EXPECT_TRUE(bar->presetNameLabel().isHidden());
+  EXPECT_TRUE(bar->presetMenuButton().isHidden());
 }
 
 TEST_F(MenuBarTest, thePresetButtonShowsItsPictureUntilThereIsAName) {

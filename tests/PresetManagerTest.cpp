@@ -87,6 +87,22 @@ TEST_F(PresetManagerTest, APresetIsSavedListedLoadedAndDeleted) {
               ElementsAre("\"Warm Pad.synth\" could not be removed: No such file or directory"));
 }
 
+TEST_F(PresetManagerTest, OtherCategoriesLeaveTheSoundOfAFileAsItIs) {
+  const auto manager = makeManager();
+  const PropertyList stored(Dictionary{{"secret", "x"}, {"Categories", "none"}});
+  const auto archive = foundation::writeKeyedArchive(stored);
+  folder.write("data/Presets/Old.synth", std::string(archive.begin(), archive.end()));
+  folder.write("data/Presets/Notes.txt", "to do");
+  unit.setParameter("cutoff", 999);
+  for (const auto& preset : manager->getUserPresets())
+    EXPECT_EQ(manager->setCategories(*preset, {"Pad"}), preset->name == "Old");
+  EXPECT_EQ(listAt(folder / "data/Presets/Old.synth"),
+            PropertyList(Dictionary{{"secret", "x"}, {"Categories", PropertyList::Array{"pad"}}}));
+  EXPECT_EQ(support::textOf(folder / "data/Presets/Notes.txt"), "to do");
+  EXPECT_THAT(printed, ElementsAre(testing::StartsWith("\"Notes.txt\" could not be changed: ")));
+  EXPECT_FALSE(manager->setCategories(UserPreset(folder / "data/Presets/Gone.synth", false), {}));
+}
+
 TEST_F(PresetManagerTest, LoadingWhatIsNotThereDoesNothing) {
   const auto manager = makeManager();
   unit.setParameter("cutoff", 700);

@@ -210,4 +210,67 @@ TEST_F(PresetSessionTest, CategoriesAreThoseOfThePresetAtHand) {
   EXPECT_THAT(named("New")->categories, ElementsAre("lead")) << "saved over, they stay";
 }
 
+TEST_F(PresetSessionTest, SeveralPresetsGetAndLoseTheCategoriesThatAreSwitched) {
+  auto& browser = editor.overlaysView().presetViewOverlay();
+  auto& panel = browser.saveNewPresetOverlay();
+  session.save(*named("Alpha"), {"Bass", "Vintage"});
+  session.save(*named("Beta"), {"Bass", "Lead"});
+  set(999);
+  browser.setHidden(false);
+  for (const char* name : {"Alpha", "Beta", "Gamma"}) library.toggleMark(named(name));
+  const auto before = support::textOf(named("Gamma")->url);
+  EXPECT_EQ(browser.editButton().title(), "CATEGORIES");
+  browser.handleTouchDown(browser.editButton());
+  EXPECT_TRUE(panel.textField().isHidden());
+  EXPECT_THAT(panel.categorySelector().selectedValues(), ElementsAre("Bass")) << "all have it";
+  panel.categorySelector().setSelectedValues({"Lead"});
+  panel.handleTouchDown(panel.okButton());
+  EXPECT_TRUE(panel.isHidden());
+  EXPECT_THAT(named("Alpha")->categories, ElementsAre("vintage", "lead"));
+  EXPECT_THAT(named("Beta")->categories, ElementsAre("lead"));
+  EXPECT_THAT(named("Gamma")->categories, ElementsAre("lead"));
+  EXPECT_EQ(listAt(named("Gamma")->url).find("parameters")->find("cutoff")->number(), 300);
+  EXPECT_EQ(notice(), "3 presets have other categories.");
+  library.clearMarks();
+  const platform::KeyEvent undo{platform::Key::character, platform::Modifiers::control, "z"};
+  EXPECT_TRUE(browser.keyPressed(undo));
+  EXPECT_EQ(notice(), "");
+  EXPECT_THAT(named("Beta")->categories, ElementsAre("bass", "lead"));
+  EXPECT_EQ(support::textOf(named("Gamma")->url), before);
+  EXPECT_EQ(selected(), "Alpha");
+  EXPECT_EQ(cutoff(), 999) << "the sound is another matter";
+}
+
+TEST_F(PresetSessionTest, TheMenuOfTheNameOffersWhatCanBeDoneNow) {
+  kestroui::ListPopupOwner& menu = editor.menuBar();
+  const auto choose = [&](int index) {
+    editor.menuBar().onPresetMenu();
+    menu.popupDidChoose(index);
+    loop.runDue();
+  };
+  const auto entries = [&] {
+    editor.menuBar().onPresetMenu();
+    menu.popupDidCancel();
+    return menu.popupEntries();
+  };
+  EXPECT_THAT(entries(), ElementsAre("Save as a new preset"));
+  set(150);
+  EXPECT_THAT(entries(), ElementsAre("Revert to \u201cAlpha\u201d", "Save \u201cAlpha\u201d",
+                                     "Save as a new preset"));
+  choose(0);
+  EXPECT_EQ(cutoff(), 100);
+  EXPECT_THAT(entries(), ElementsAre("Undo: \u201cAlpha\u201d was changed and not saved.",
+                                     "Save as a new preset"));
+  choose(0);
+  EXPECT_EQ(cutoff(), 150);
+  choose(1);
+  EXPECT_EQ(listAt(named("Alpha")->url).find("parameters")->find("cutoff")->number(), 150);
+  EXPECT_FALSE(editor.menuBar().isPresetModified());
+  choose(1);
+  auto& browser = editor.overlaysView().presetViewOverlay();
+  EXPECT_FALSE(browser.isHidden());
+  EXPECT_FALSE(browser.saveNewPresetOverlay().isHidden());
+  EXPECT_FALSE(browser.isEdit());
+}
+
 }  // namespace

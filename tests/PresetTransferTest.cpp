@@ -153,6 +153,24 @@ TEST_F(PresetTransferTest, AllPresetsLeaveAsPropertyLists) {
   EXPECT_THAT(namesIn(earlier), IsEmpty());
 }
 
+TEST_F(PresetTransferTest, SeveralPresetsLeaveAsTheyAreStored) {
+  const std::string alpha = save("Alpha"), beta = save("Beta");
+  save("Gamma");
+  unit.setParameter("cutoff", 999);
+  folder.write("data/Presets/Broken.synth", "x");
+  const auto preset = [](const std::string& url) {
+    return std::make_shared<orvane::UserPreset>(url, false);
+  };
+  manager().exportPresets(
+      {preset(beta), preset(alpha), preset(folder / "data/Presets/Broken.synth")});
+  const auto told = events();
+  ASSERT_THAT(told, SizeIs(2));
+  EXPECT_THAT(editor.noticeView().text(), HasSubstr("\"Broken.synth\" could not be exported: "));
+  const std::string path = told[1].members[0].second;
+  EXPECT_EQ(namesIn(path), (Names{"Alpha.synth", "Beta.synth"}));
+  EXPECT_EQ(textOf(path + "Alpha.synth"), textOf(alpha));
+}
+
 struct CloudTransferTest : PresetTransferTest {
   CloudTransferTest() : PresetTransferTest(true) {}
 };
