@@ -286,15 +286,19 @@ PresetPtr PresetLibrary::neighbourInWalk(const Preset& preset, bool backward) co
 }
 
 PresetPtr PresetLibrary::neighbourShown(const Preset& preset, const Presets& leaving) const {
-  const auto stays = [&](const PresetPtr& each) {
-    return each.get() != &preset && !placeOf(each.get(), leaving);
-  };
   const auto place = placeOf(&preset, shown_);
   if (!place) return nullptr;
   const auto from = shown_.begin() + static_cast<std::ptrdiff_t>(*place);
-  if (const auto next = std::find_if(from, shown_.end(), stays); next != shown_.end()) return *next;
-  const auto before = std::find_if(std::make_reverse_iterator(from), shown_.rend(), stays);
-  return before == shown_.rend() ? nullptr : *before;
+  for (const bool isUser : {preset.isUserPreset, !preset.isUserPreset}) {
+    const auto stays = [&](const PresetPtr& each) {
+      return each->isUserPreset == isUser && each.get() != &preset && !placeOf(each.get(), leaving);
+    };
+    const auto next = std::find_if(from, shown_.end(), stays);
+    if (next != shown_.end()) return *next;
+    const auto before = std::find_if(std::make_reverse_iterator(from), shown_.rend(), stays);
+    if (before != shown_.rend()) return *before;
+  }
+  return nullptr;
 }
 
 // Selection
@@ -347,7 +351,7 @@ void PresetLibrary::extendMarks(const PresetPtr& preset, const Presets& order) {
   const auto to = placeOf(preset.get(), order);
   const auto from = placeOf(anchor, order);
   if (!to) return;
-  const auto [first, last] = std::minmax(from.value_or(*to), *to);
+  const auto [first, last] = std::minmax({from.value_or(*to), *to});
   marked_.clear();
   for (std::size_t i = first; i <= last; ++i) marked_.insert(order[i].get());
   tell(Change::marks);

@@ -110,7 +110,7 @@ class PresetLibrary : public platform::WeakTarget {
   /// Before or after a preset in the walk, around its ends; null when it is not in the walk.
   PresetPtr neighbourInWalk(const Preset& preset, bool backward) const;
   /// Which preset takes the place of one that leaves with others: the next one shown that stays, else
-  /// the one before; null when there is none.
+  /// the one before; one of the same kind if there is one. Null when there is none.
   PresetPtr neighbourShown(const Preset& preset, const Presets& leaving) const;
 
   // Selection: the preset that is loaded

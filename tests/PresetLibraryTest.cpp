@@ -134,7 +134,7 @@ TEST_F(PresetLibraryTest, SeveralPresetsAreMarkedFromTheSelectedOneOn) {
 }
 
 TEST_F(PresetLibraryTest, TheNearestNeighbourTakesThePlaceOfWhatGoes) {
-  for (const char* name : {"a", "b", "c"}) manager->saveNew(name, {});
+  for (const char* name : {"a", "b", "z"}) manager->saveNew(name, {});
   library.reload();
   library.setFilter({.bank = "USER"});
   const auto shown = library.shown();
@@ -142,8 +142,15 @@ TEST_F(PresetLibraryTest, TheNearestNeighbourTakesThePlaceOfWhatGoes) {
   EXPECT_EQ(library.neighbourShown(*shown[0], {shown[0], shown[1]}), shown[2]);
   EXPECT_EQ(library.neighbourShown(*shown[2], {shown[2], shown[1]}), shown[0]);
   EXPECT_EQ(library.neighbourShown(*shown[1], shown), nullptr);
-  library.setFilter({.searchText = "c"});
+  library.setFilter({.searchText = "z"});
   EXPECT_EQ(library.neighbourShown(*shown[2], {}), nullptr);
+  library.setFilter({});
+  const auto all = library.shown();
+  const auto factory =
+      std::find_if(all.begin(), all.end(), [](const auto& each) { return !each->isUserPreset; });
+  ASSERT_NE(factory, all.end());
+  EXPECT_EQ(library.neighbourShown(*shown[0], {shown[1]}), shown[2]) << "past the factory's";
+  EXPECT_EQ(library.neighbourShown(*shown[1], shown), *factory);
 }
 
 }  // namespace
