@@ -194,4 +194,42 @@ TEST_F(PresetBrowserTest, theArrowsWalkThroughUserThenFactoryPresetsAroundTheEnd
   EXPECT_EQ(last("preset user Zoo\nprevious")["selected"], "Lead Two");
 }
 
+TEST_F(PresetBrowserTest, aDayWithTheBrowserByKeysAlone) {
+  drive(open + "set cutoff 500\n" + saveNew("Alpha") + "set cutoff 600\n" + saveNew("Beta") +
+        "set cutoff 700\n" + saveNew("Gamma"));
+  const std::string start = "size 1000 750\npreset user Alpha\nset cutoff 510\ntap \"Alpha\"\n";
+  const auto at = [&](const std::string& keys) { return last(start + keys + "state"); };
+  EXPECT_EQ(at("")["modified"], true);
+
+  // Listening
+  EXPECT_EQ(at("key down\n")["preset"], "Alpha") << "perhaps it goes on to the next";
+  EXPECT_EQ(at("key down\nkey down\nwait 0.2\n")["preset"], "Gamma");
+  const std::string listened = "key down\nwait 0.2\nkey escape\n";
+  EXPECT_EQ(at(listened)["modified"], true) << "what was changed comes back";
+  EXPECT_EQ(last(start + listened + "get cutoff")["value"], 510);
+  const json kept = at("key down\nwait 0.2\nkey return\n");
+  EXPECT_EQ(kept["preset"], "Beta");
+  EXPECT_EQ(kept["notice"], "\u201cAlpha\u201d was changed and not saved.");
+  EXPECT_EQ(last(start + "key down\nwait 0.2\nkey return\nkey control+z\nget cutoff")["value"],
+            510);
+
+  // Stars, marks and what is done with them
+  const json stars = last(start + "key down\nkey control+d\npresets")["favourites"];
+  EXPECT_EQ(stars.size(), 2u) << "Beta's is taken away";
+  const std::string two = "key shift+down\n";
+  drive(start + two + "tap \"CATEGORIES\"\nkey space\ntap \"OK\"");
+  EXPECT_THAT(names(last(open + "tap \"Bass\"\npresets")["shown"]),
+              testing::IsSupersetOf({"Alpha", "Beta"}));
+  const std::string deleted = start + two + "tap \"DELETE\"\ntap \"YES\"\n";
+  EXPECT_EQ(last(deleted + "key control+z\npresets")["walk"].size(),
+            last(open + "presets")["walk"].size());
+  EXPECT_EQ(last(deleted + "presets")["selected"], "Gamma") << "the neighbour";
+  EXPECT_EQ(files(), std::vector<std::string>{"Gamma"});
+
+  // Searching, and all again
+  const std::string found = "size 1000 750\npreset user Gamma\ntap \"Gamma\"\ntype brig\n";
+  EXPECT_EQ(names(last(found + "presets")["shown"]).size(), 1u);
+  EXPECT_GT(names(last(found + "tap \"CLEAR\"\npresets")["shown"]).size(), 1u);
+}
+
 }  // namespace

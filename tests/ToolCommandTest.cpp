@@ -286,6 +286,19 @@ TEST(ToolCommand, CheckFindsParametersThatAreUsedNowhereAndPlacesThatShowNothing
                             senseless.path() +
                             ": pages[1].sections[0].state: \"d\" never reaches 1, so that the "
                             "section is always off\n");
+
+  description["parameters"].erase(3);
+  description["pages"][0]["sections"][0]["columns"][0]["slots"][1]["param"] = "c";
+  description["pages"].erase(1);
+  description["factoryPresets"] = {{{"name", "Init"}, {"bank", "A"}},
+                                   {{"name", "Init"}, {"bank", "B"}},
+                                   {{"name", "Init"}, {"bank", "A"}}};
+  const TemporaryFile alike(description.dump());
+  result = runTool({"check", alike.path(), "--size", "400x300"});
+  EXPECT_EQ(result.out,
+            alike.path() +
+                ": factoryPresets[2].name: \"Init\" is the name of factoryPresets[0] in "
+                "the same bank already, and both share one star\n");
 }
 
 TEST(ToolCommand, ASnapshotScriptThatFailsNamesItsLine) {

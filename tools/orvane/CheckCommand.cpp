@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <map>
 #include <ostream>
+#include <utility>
 
 #include "Orvane/AUFilterViewContainer.h"
 #include "tools/orvane/ArgumentParser.h"
@@ -56,6 +57,20 @@ void checkPage(const platform::AudioUnit& unit, const DescribedPage& page, const
   }
 }
 
+/// Presets that nobody can tell apart.
+void checkPresets(const platform::AudioUnit& unit, Problems& problems) {
+  std::map<std::pair<std::string, std::string>, std::size_t> places;
+  const auto& presets = unit.factoryPresets();
+  for (std::size_t i = 0; i < presets.size(); ++i) {
+    const auto [first, isNew] = places.emplace(std::pair(presets[i].bank, presets[i].name), i);
+    if (isNew) continue;
+    problems.push_back({"factoryPresets[" + std::to_string(i) + "].name",
+                        inQuotes(presets[i].name) + " is the name of factoryPresets[" +
+                            std::to_string(first->second) +
+                            "] in the same bank already, and both share one star"});
+  }
+}
+
 /// The design as the plug-in gives it, which may be as wrong as a description.
 void checkDesign(const Plugin& plugin, Problems& problems) {
   const headless::HeadlessRunLoop loop;
@@ -66,6 +81,7 @@ void checkDesign(const Plugin& plugin, Problems& problems) {
   for (const auto& page : design->pages()) pages.push_back({page->title(), page->sections});
   std::vector<std::shared_ptr<kestroui::ParamKey>> keys = design->paramKeys();
   checkSettings(*unit, keys, problems);
+  checkPresets(*unit, problems);
   std::vector<std::optional<std::string>> foot;
   for (const auto& key : controller->foot_stack()) {
     foot.push_back(key ? std::optional(key->key()) : std::nullopt);

@@ -68,7 +68,8 @@ void DriveSession::previous(const Words&, Json& answer) { stepPreset(true, answe
 void DriveSession::presets(const Words&, Json& answer) {
   orvane::PresetListTableViewController& list = presetList(host_);
   list.reload();
-  answer["selected"] = currentName(host_.audioUnit());
+  const auto& selected = host_.editor().selectedPreset();
+  answer["selected"] = selected ? Json(oneLine(selected->name)) : Json();
   Json& shown = answer["shown"] = Json::array();
   for (int section = 0; section < list.numberOfSections(list.tableView()); ++section)
     for (const auto& preset : list.presetFileListFiltered()) {

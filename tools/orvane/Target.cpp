@@ -7,6 +7,7 @@
 #include "backends/headless/RecordingCanvas.h"
 #include "toolkit/Button.h"
 #include "toolkit/Label.h"
+#include "toolkit/Window.h"
 #include "tools/orvane/Problems.h"
 #include "tools/orvane/Text.h"
 #include "tools/orvane/ViewTree.h"
@@ -42,7 +43,8 @@ Point placeOfText(HeadlessHost& host, const std::string& text) {
   View* button = nullptr;
   View* label = nullptr;
   visitShown(host.rootView(), [&](View& view) {
-    if (textOf(view) != text) return;
+    // What is scrolled away would lead to what lies there now.
+    if (textOf(view) != text || !toolkit::Window::isInSight(view)) return;
     View*& found = dynamic_cast<toolkit::Control*>(&view) ? button : label;
     if (!found) found = &view;
   });

@@ -14,6 +14,7 @@
 #include "Orvane/SectionView.h"
 #include "toolkit/Button.h"
 #include "toolkit/Label.h"
+#include "toolkit/TableViewCell.h"
 #include "toolkit/TextField.h"
 #include "tools/orvane/Text.h"
 
@@ -68,6 +69,8 @@ ordered_json viewTree(const View& view) {
     const auto* onOff = dynamic_cast<const kestroui::OnOffButton*>(control);
     node["selected"] = control->isSelected() || (onOff && onOff->isOn());
   }
+  if (const auto* row = dynamic_cast<const toolkit::TableViewCell*>(&view))
+    node["selected"] = row->isSelected();
   node["children"] = ordered_json::array();
   for (const View* child : view.subviews()) node["children"].push_back(viewTree(*child));
   return node;
