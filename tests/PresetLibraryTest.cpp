@@ -134,7 +134,7 @@ TEST_F(PresetLibraryTest, SeveralPresetsAreMarkedFromTheSelectedOneOn) {
 }
 
 TEST_F(PresetLibraryTest, TheNearestNeighbourTakesThePlaceOfWhatGoes) {
-  for (const char* name : {"a", "b", "z"}) manager->saveNew(name, {});
+  for (const char* name : {"a", "b", "y"}) manager->saveNew(name, {});
   library.reload();
   library.setFilter({.bank = "USER"});
   const auto shown = library.shown();
@@ -142,7 +142,7 @@ TEST_F(PresetLibraryTest, TheNearestNeighbourTakesThePlaceOfWhatGoes) {
   EXPECT_EQ(library.neighbourShown(*shown[0], {shown[0], shown[1]}), shown[2]);
   EXPECT_EQ(library.neighbourShown(*shown[2], {shown[2], shown[1]}), shown[0]);
   EXPECT_EQ(library.neighbourShown(*shown[1], shown), nullptr);
-  library.setFilter({.searchText = "z"});
+  library.setFilter({.searchText = "y"});
   EXPECT_EQ(library.neighbourShown(*shown[2], {}), nullptr);
   library.setFilter({});
   const auto all = library.shown();
