@@ -522,6 +522,20 @@ TEST_F(Lv2SoundTest, OfTwoStatesInOneCycleTheSecondStays) {
   EXPECT_THAT(instance.save(), HasSubstr(last));
 }
 
+TEST_F(Lv2SoundTest, AStateThatTheHostRestoresStaysThoughTheEditorsWasOnItsWay) {
+  instance.activate();
+  OddAudioUnit editors, saved;
+  editors.setCurrentPreset(0);
+  saved.setCurrentPreset(5);
+  const std::string state = lv2_backend::stateBesideParameters(editors, orvane::MidiLearn(editors));
+  send([&](LV2_Atom_Forge& forge) { EditorMessage::forgeState(forge, urids, state); });
+  instance.run(8);
+  EXPECT_EQ(instance.restore(lv2_backend::stateText(saved, orvane::MidiLearn(saved))),
+            LV2_STATE_SUCCESS);
+  instance.runWorker();
+  EXPECT_THAT(instance.save(), HasSubstr(saved.currentPresetName()));
+}
+
 TEST_F(Lv2SoundTest, AllocatesNothingWhileItRuns) {
   instance.activate();
   openEditor();

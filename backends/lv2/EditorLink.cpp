@@ -70,6 +70,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
     case EditorMessage::Kind::state:
       if (message.state.size() > stateCapacity) break;
       nextSize_ = message.state.copy(next_.get(), stateCapacity);
+      nextAfter_ = restored_.load(std::memory_order_acquire);
       passState();
       break;
     case EditorMessage::Kind::live:
@@ -84,6 +85,7 @@ void EditorLink::passState() {
   if (!nextSize_ || incomingBusy_.load(std::memory_order_acquire)) return;
   std::swap(incoming_, next_);
   incomingSize_ = *nextSize_;
+  incomingAfter_ = nextAfter_;
   incomingBusy_.store(true, std::memory_order_release);
   if (schedule(stateArrived)) {
     nextSize_.reset();
@@ -129,12 +131,14 @@ void EditorLink::work(std::string_view request) {
 
 void EditorLink::setState(std::string_view text) {
   const std::lock_guard lock(access_);
+  if (incomingAfter_ != restored_.load(std::memory_order_relaxed)) return;
   if (!lv2_backend::setState(audioUnit_, midiLearn_, text)) return;
   // Values that the audio thread set meanwhile are lost; the ports still have them.
   stateSet_.store(true, std::memory_order_release);
 }
 
 void EditorLink::stateRestored() {
+  restored_.fetch_add(1, std::memory_order_release);
   stateSet_.store(true, std::memory_order_release);
   wantsOwnValues_.store(true, std::memory_order_relaxed);
   if (isOpen_.load(std::memory_order_acquire)) sendState();

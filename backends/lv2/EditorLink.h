@@ -98,9 +98,14 @@ class EditorLink {
   /// The editor's newest state, of the audio thread alone, until the worker is free to take it.
   std::unique_ptr<char[]> next_;
   std::optional<std::size_t> nextSize_;
+  /// How often the host has restored a state, and how often it had when the editor's arrived: one
+  /// that a restored state has overtaken is no longer wanted.
+  std::atomic<unsigned> restored_{0};
+  unsigned nextAfter_ = 0;
   /// The editor's state between the audio thread and the worker, whose turn it is while busy.
   std::unique_ptr<char[]> incoming_;
   std::size_t incomingSize_ = 0;
+  unsigned incomingAfter_ = 0;
   std::atomic<bool> incomingBusy_{false};
 
   std::atomic<Outgoing*> outgoing_{nullptr};
