@@ -123,6 +123,7 @@ void CommonAudioUnit::setSampleData(const std::string& key,
 
 void CommonAudioUnit::setFactoryPresets(std::vector<PresetDescription> presets) {
   checkPresets(presets, tree_);
+  const std::lock_guard lock(loading_);
   presetDescriptions_ = std::move(presets);
   presets_.clear();
   for (const PresetDescription& description : presetDescriptions_)
@@ -136,22 +137,38 @@ const PresetDescription* CommonAudioUnit::preset(int number) const {
 }
 
 void CommonAudioUnit::setCurrentPreset(int number) {
-  const PresetDescription* found = preset(number);
-  if (!found) return;
-  // An observer may replace the list meanwhile.
-  const PresetDescription description = *found;
-  currentPreset_ = number;
-  currentPresetName_ = description.preset.name;
-  // It came with another preset.
-  unknownState_.clear();
-  unknownParameters_.clear();
-  ++presetGeneration_;
-  for (std::size_t i = 0; i < tree_.size(); ++i) {
-    Parameter& parameter = tree_.at(i);
-    const auto value = description.values.find(parameter.key());
-    parameter.setValue(value == description.values.end() ? parameter.description().defaultValue
-                                                         : value->second);
+  {
+    const std::lock_guard lock(loading_);
+    const PresetDescription* found = preset(number);
+    if (!found) return;
+    currentPreset_ = number;
+    currentPresetName_ = found->preset.name;
+    // It came with another preset.
+    unknownState_.clear();
+    unknownParameters_.clear();
+    ++presetGeneration_;
+    for (std::size_t i = 0; i < tree_.size(); ++i) {
+      Parameter& parameter = tree_.at(i);
+      const auto value = found->values.find(parameter.key());
+      parameter.store(value == found->values.end() ? parameter.description().defaultValue
+                                                   : value->second);
+    }
   }
+  tellAll();
+}
+
+void CommonAudioUnit::tellAll() {
+  for (std::size_t i = 0; i < tree_.size(); ++i) tree_.at(i).tell();
+}
+
+int CommonAudioUnit::currentPreset() const {
+  const std::lock_guard lock(loading_);
+  return currentPreset_;
+}
+
+std::string CommonAudioUnit::currentPresetName() const {
+  const std::lock_guard lock(loading_);
+  return currentPresetName_;
 }
 
 void CommonAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <random>
 #include <string>
@@ -29,6 +30,10 @@ struct PresetDescription {
 /// Base class of a plug-in's sound: parameters, state, factory presets and live values. The plug-in
 /// derives from it and overrides `render`, and whatever else differs from an effect with one stereo
 /// input and output, no MIDI and no tail.
+///
+/// Presets and states may be loaded and read on any thread but the audio thread: some hosts restore
+/// a session on another thread than the one that their editors run on. Of two loads at once the later
+/// one counts, as a whole.
 ///
 ///     class Gain : public quillon::CommonAudioUnit {
 ///      public:
@@ -95,9 +100,9 @@ class CommonAudioUnit : public platform::AudioUnit {
   }
   /// The list is fixed here; a plug-in whose list changes calls setFactoryPresets.
   void rebuildPresetList() override {}
-  int currentPreset() const override { return currentPreset_; }
+  int currentPreset() const override;
   void setCurrentPreset(int number) override;
-  std::string currentPresetName() const override { return currentPresetName_; }
+  std::string currentPresetName() const override;
   unsigned presetGeneration() const override { return presetGeneration_.load(); }
   /// Beside "data" and "presetName" the factory preset's number as "presetNumber".
   platform::PropertyList fullState() const override;
@@ -140,7 +145,7 @@ class CommonAudioUnit : public platform::AudioUnit {
   /// setStateDictionary brought beyond the parameters that are known. An override adds its own
   /// entries to what this returns.
   virtual platform::PropertyList::Dictionary stateDictionary() const;
-  /// A value that is no number counts as missing.
+  /// A value that is no number counts as missing. Observers are told afterwards.
   virtual void setStateDictionary(const platform::PropertyList::Dictionary& state);
 
   /// Throws as the constructor does, and then leaves the list as it was.
@@ -148,6 +153,7 @@ class CommonAudioUnit : public platform::AudioUnit {
 
  private:
   const PresetDescription* preset(int number) const;
+  void tellAll();
 
   ParameterTree tree_;
   std::unique_ptr<std::atomic<float>[]> live_;
@@ -157,6 +163,10 @@ class CommonAudioUnit : public platform::AudioUnit {
   std::map<std::string, std::shared_ptr<const platform::SampleData>, std::less<>> sampleData_;
   std::mt19937 random_;
 
+  /// Held while what follows is read or loaded, the parameters' values included, but never while
+  /// observers are told: those may wait for whoever waits for this. An override of stateDictionary may
+  /// ask for the preset's name.
+  mutable std::recursive_mutex loading_;
   std::vector<PresetDescription> presetDescriptions_;
   std::vector<platform::AUAudioUnitPreset> presets_;
   int currentPreset_ = -1;

@@ -23,6 +23,7 @@ bool isNumber(const PropertyList& list) {
 }  // namespace
 
 PropertyList CommonAudioUnit::fullState() const {
+  const std::lock_guard lock(loading_);
   Dictionary state{{dataEntry, foundation::writeKeyedArchive(stateDictionary())}};
   if (!currentPresetName_.empty()) state[presetNameEntry] = currentPresetName_;
   if (currentPreset_ >= 0) state[presetNumberEntry] = currentPreset_;
@@ -41,14 +42,18 @@ bool CommonAudioUnit::setFullState(const PropertyList& state) {
   const auto* nameText = name ? name->as<std::string>() : nullptr;
   const PropertyList* number = state.find(presetNumberEntry);
   const auto* numberValue = number ? number->as<std::int64_t>() : nullptr;
-  currentPresetName_ = nameText ? *nameText : std::string();
-  currentPreset_ = -1;
-  for (const platform::AUAudioUnitPreset& factoryPreset : presets_)
-    if (numberValue && *numberValue == factoryPreset.number &&
-        currentPresetName_ == factoryPreset.name)
-      currentPreset_ = factoryPreset.number;
-  ++presetGeneration_;
-  setStateDictionary(*dictionary);
+  {
+    const std::lock_guard lock(loading_);
+    currentPresetName_ = nameText ? *nameText : std::string();
+    currentPreset_ = -1;
+    for (const platform::AUAudioUnitPreset& factoryPreset : presets_)
+      if (numberValue && *numberValue == factoryPreset.number &&
+          currentPresetName_ == factoryPreset.name)
+        currentPreset_ = factoryPreset.number;
+    ++presetGeneration_;
+    setStateDictionary(*dictionary);
+  }
+  tellAll();
   return true;
 }
 
@@ -71,18 +76,15 @@ void CommonAudioUnit::setStateDictionary(const Dictionary& state) {
     for (const auto& [key, value] : *values)
       if (!tree_.indexOfKey(key)) unknownParameters_.emplace(key, value);
 
-  // Read before the first value is set: an observer might drop the dictionary.
-  std::vector<float> newValues(tree_.size());
   for (std::size_t i = 0; i < tree_.size(); ++i) {
     const auto found = values ? values->find(tree_.at(i).key()) : Dictionary::const_iterator();
     const PropertyList* value = values && found != values->end() ? &found->second : nullptr;
     const ParameterDescription& description = tree_.at(i).description();
     const double read = value && isNumber(*value) ? value->number() : std::nan("");
-    newValues[i] = std::isnan(read) ? description.defaultValue
-                                    : static_cast<float>(std::clamp<double>(
-                                          read, description.minValue, description.maxValue));
+    tree_.at(i).store(std::isnan(read) ? description.defaultValue
+                                       : static_cast<float>(std::clamp<double>(
+                                             read, description.minValue, description.maxValue)));
   }
-  for (std::size_t i = 0; i < tree_.size(); ++i) tree_.at(i).setValue(newValues[i]);
 }
 
 }  // namespace quillon

@@ -14,9 +14,19 @@ Parameter::Parameter(ParameterTree& tree, ParameterDescription description)
 
 void Parameter::setValue(float value, platform::AUParameterObserverToken originator) {
   if (std::isnan(value)) return;
-  value = std::clamp(value, description_.minValue, description_.maxValue);
+  value = inRange(value);
   value_.store(value, std::memory_order_relaxed);
   tree_.observers_.notify(description_.address, value, originator);
+}
+
+void Parameter::store(float value) {
+  if (!std::isnan(value)) value_.store(inRange(value), std::memory_order_relaxed);
+}
+
+void Parameter::tell() { tree_.observers_.notify(description_.address, value(), nullptr); }
+
+float Parameter::inRange(float value) const {
+  return std::clamp(value, description_.minValue, description_.maxValue);
 }
 
 void Parameter::beginGesture() {

@@ -33,6 +33,10 @@ class Parameter final : public platform::AUParameter {
 
   float value() const override { return value_.load(std::memory_order_relaxed); }
   void setValue(float value, platform::AUParameterObserverToken originator = nullptr) override;
+  /// The two halves of setValue, for who sets many at once: nobody hears of a value before all are
+  /// stored. `tell` says what the value is by then.
+  void store(float value);
+  void tell();
 
   void beginGesture() override;
   void endGesture() override;
@@ -40,6 +44,8 @@ class Parameter final : public platform::AUParameter {
   std::string stringFromValue(float value) const override;
 
  private:
+  float inRange(float value) const;
+
   ParameterTree& tree_;
   const ParameterDescription description_;
   std::atomic<float> value_;

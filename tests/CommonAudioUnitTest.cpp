@@ -6,9 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <string>
+#include <thread>
 #include <vector>
 
 #include "Quillon/FullState.h"
@@ -117,6 +120,48 @@ TEST(CommonAudioUnitTest, StateComesBackAsItWas) {
   EXPECT_EQ(second.currentPreset(), 5);
   EXPECT_EQ(second.currentPresetName(), "Bright");
   EXPECT_EQ(second.fullState(), first.fullState());
+}
+
+TEST(CommonAudioUnitTest, OfLoadsOnSeveralThreadsOneCountsAsAWhole) {
+  std::vector<quillon::ParameterDescription> parameters;
+  std::vector<PresetDescription> presets{{.preset = {.number = 0, .name = "0"}},
+                                         {.preset = {.number = 1, .name = "1"}}};
+  for (std::uint64_t i = 0; i < 40; ++i) {
+    parameters.push_back({.key = "p" + std::to_string(i), .address = i});
+    presets[1].values[parameters.back().key] = 1;
+  }
+  CommonAudioUnit unit(std::move(parameters), std::move(presets));
+  unit.setCurrentPreset(1);
+  const PropertyList saved = unit.fullState();
+  std::atomic<bool> isOver{false};
+  std::thread host([&] {
+    for (int i = 0; i < 400; ++i) unit.setFullState(saved);
+    isOver = true;
+  });
+  std::thread editor([&] {
+    while (!isOver) unit.setCurrentPreset(0);
+  });
+  bool isWhole = true;
+  const auto look = [&] {
+    const PropertyList state = quillon::unfolded(unit.fullState());
+    const double wanted = *state.find("presetName") == PropertyList("1") ? 1 : 0;
+    for (const auto& [key, value] : *state.find("parameters")->as<Dictionary>())
+      isWhole = isWhole && value.number() == wanted;
+  };
+  while (!isOver) look();
+  host.join();
+  editor.join();
+  look();
+  EXPECT_TRUE(isWhole);
+}
+
+TEST(CommonAudioUnitTest, ObserversOfALoadFindAllOfIt) {
+  Synth synth;
+  std::vector<float> last;
+  synth.parameterTree().tokenByAddingParameterObserver(
+      [&](platform::AUParameterAddress, float) { last.push_back(synth.value(1)); });
+  synth.setCurrentPreset(5);
+  EXPECT_EQ(last, std::vector<float>(4, 2));
 }
 
 TEST(CommonAudioUnitTest, MissingAndBrokenValuesTakeTheirDefaults) {

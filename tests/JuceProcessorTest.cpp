@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <thread>
 
 #include "backends/juce/AudioUnitProcessor.h"
 #include "tests/support/AllocationCounter.h"
 #include "tests/support/GivenUnit.h"
 #include "tests/support/JuceBench.h"
+#include "tests/support/OffScreenWindow.h"
 
 namespace {
 
@@ -183,6 +185,53 @@ TEST_F(JuceProcessorTest, factoryPresetsAreProgramsAndARepeatedOneKeepsTheState)
   processor_.setCurrentProgram(1);
   processor_.setCurrentProgram(-1);
   EXPECT_FLOAT_EQ(value("mix"), 10);
+}
+
+TEST_F(JuceProcessorTest, whatAHostSetsOnAThreadOfItsOwnStandsAtOnceAndStays) {
+  juce::MemoryBlock saved;
+  parameter(3).setValue(0.1f);
+  processor_.getStateInformation(saved);
+  const auto restore = [&] {
+    processor_.setStateInformation(saved.getData(), static_cast<int>(saved.getSize()));
+  };
+  const struct {
+    const char* what;
+    std::function<void()> host;
+    int program;
+    float mix;
+  } cases[] = {
+      {"a program", [&] { processor_.setCurrentProgram(1); }, 1, 90},
+      {"another program",
+       [&] {
+         processor_.setCurrentProgram(1);
+         processor_.setCurrentProgram(0);
+       },
+       0, 25},
+      {"a state after a program",
+       [&] {
+         processor_.setCurrentProgram(1);
+         restore();
+       },
+       0, 10},
+      {"a value after a program",
+       [&] {
+         processor_.setCurrentProgram(1);
+         parameter(3).setValue(0.4f);
+       },
+       1, 40},
+  };
+  for (const auto& c : cases) {
+    processor_.setCurrentProgram(0);
+    parameter(3).setValue(0.5f);
+    std::thread([&] {
+      c.host();
+      EXPECT_EQ(processor_.getCurrentProgram(), c.program) << c.what;
+      EXPECT_FLOAT_EQ(value("mix"), c.mix) << c.what;
+    }).join();
+    // Longer than a message thread may put it off.
+    support::runFor(0.06);
+    EXPECT_FLOAT_EQ(value("mix"), c.mix) << c.what;
+  }
 }
 
 TEST_F(JuceProcessorTest, aBlockThatIsTooLongIsRenderedInPartsWithItsNotesInPlace) {

@@ -88,8 +88,6 @@ void AudioUnitProcessor::timerCallback() {
   // First, so that hosts record what MIDI moves as they record a finger.
   midiLearn_.poll(juce::Time::getMillisecondCounterHiRes() / 1000);
   for (AudioUnitParameter* parameter : parameters_) parameter->reportPendingChange();
-  const int program = pendingProgram_.exchange(-1);
-  if (program >= 0) setCurrentProgram(program);
 }
 
 const juce::String AudioUnitProcessor::getName() const {
@@ -197,10 +195,6 @@ int AudioUnitProcessor::getCurrentProgram() {
 }
 
 void AudioUnitProcessor::setCurrentProgram(int index) {
-  if (!juce::MessageManager::existsAndIsCurrentThread()) {
-    pendingProgram_.store(index);
-    return;
-  }
   const auto& presets = audioUnit_->factoryPresets();
   if (index < 0 || index >= static_cast<int>(presets.size())) return;
   // Hosts repeat the program after they have restored a state, which must survive that.

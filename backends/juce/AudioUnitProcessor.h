@@ -74,8 +74,6 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   std::vector<AudioUnitParameter*> parameters_;
   std::unordered_map<platform::AUParameterAddress, AudioUnitParameter*> parametersByAddress_;
   platform::AUParameterObserverToken token_ = nullptr;
-  /// A program that was chosen on another thread, for the message thread to load; or -1.
-  std::atomic<int> pendingProgram_{-1};
 
   // Of the audio thread, with room for all that a block may bring.
   std::vector<platform::MidiEvent> midiEvents_;
