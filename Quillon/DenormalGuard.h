@@ -9,7 +9,7 @@
 namespace quillon {
 
 /// Makes this thread treat denormal numbers as zero while it lives: a decaying filter costs a
-/// hundred times more once its state is denormal. One at the top of `render`. Does nothing on
+/// hundred times more once its state is denormal. RenderGuard has one. Does nothing on
 /// processors that it does not know.
 class DenormalGuard {
  public:

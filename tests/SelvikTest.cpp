@@ -149,6 +149,15 @@ TEST(SelvikTest, StaysFiniteWithoutAllocatingInAStormOfValues) {
   }
 }
 
+TEST(SelvikTest, SoundsOnAfterASampleThatIsNoNumber) {
+  for (const double bad : {std::nan(""), HUGE_VAL, 1e38}) {
+    SelvikPlayer player;
+    player.set({});
+    player.play(0.5, [&](double time) { return time == 0 ? bad : tone(1000, time); });
+    EXPECT_NEAR(player.rms(0.2, 0.5), 0.354, 0.1);
+  }
+}
+
 TEST(SelvikTest, EveryPresetEchoesAndEveryParameterHasAControl) {
   support::ManualLoop loop;
   const auto unit = pluginEntry().createAudioUnit();

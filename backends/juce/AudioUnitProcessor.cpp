@@ -104,6 +104,7 @@ bool AudioUnitProcessor::isBusesLayoutSupported(const BusesLayout& layout) const
 void AudioUnitProcessor::prepareToPlay(double sampleRate, int maximumFrames) {
   maximumFrames_ = static_cast<std::uint32_t>(std::max(1, maximumFrames));
   audioUnit_->allocateRenderResources(sampleRate, maximumFrames_);
+  guard_.allocate(maximumFrames_);
   setLatencySamples(audioUnit_->latencyFrames());
 }
 
@@ -139,7 +140,6 @@ platform::HostTransport AudioUnitProcessor::transport() const {
 }
 
 void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) {
-  const juce::ScopedNoDenormals noDenormals;
   const auto channels = static_cast<std::size_t>(buffer.getNumChannels());
   if (maximumFrames_ == 0 || channels < std::max(inputs_.size(), outputs_.size())) {
     buffer.clear();
@@ -168,7 +168,7 @@ void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::Mi
       inputs_[i] = buffer.getReadPointer(static_cast<int>(i), static_cast<int>(start));
     for (std::size_t i = 0; i < outputs_.size(); ++i)
       outputs_[i] = buffer.getWritePointer(static_cast<int>(i), static_cast<int>(start));
-    audioUnit_->render(
+    guard_.render(
         {inputs_, outputs_, count, {midiEvents_.data() + firstEvent, nextEvent - firstEvent}, now});
     now.beatPosition += now.isPlaying ? count / getSampleRate() * now.tempo / 60 : 0;
   }

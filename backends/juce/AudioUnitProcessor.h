@@ -9,6 +9,7 @@
 
 #include "Orvane/MidiLearn.h"
 #include "Orvane/PluginEntry.h"
+#include "Quillon/RenderGuard.h"
 #include "backends/juce/AudioUnitParameter.h"
 
 namespace juce_backend {
@@ -76,6 +77,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   platform::AUParameterObserverToken token_ = nullptr;
 
   // Of the audio thread, with room for all that a block may bring.
+  quillon::RenderGuard guard_{*audioUnit_};
   std::vector<platform::MidiEvent> midiEvents_;
   std::vector<const float*> inputs_;
   std::vector<float*> outputs_;

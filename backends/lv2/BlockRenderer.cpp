@@ -6,13 +6,14 @@ namespace lv2_backend {
 
 BlockRenderer::BlockRenderer(platform::AudioUnit& audioUnit, const Urids& urids, double sampleRate,
                              std::uint32_t maximumFrames)
-    : audioUnit_(audioUnit),
+    : guard_(audioUnit),
       transport_(urids, sampleRate),
       maximumFrames_(maximumFrames),
       inputs_(static_cast<std::size_t>(audioUnit.inputChannels())),
       outputs_(static_cast<std::size_t>(audioUnit.outputChannels())),
       blockInputs_(inputs_.size()),
       blockOutputs_(outputs_.size()) {
+  guard_.allocate(maximumFrames);
   waiting_.reserve(midiCapacity);
   blockMidi_.reserve(midiCapacity);
 }
@@ -75,7 +76,7 @@ void BlockRenderer::renderBlock(std::uint32_t frames) {
   block.frames = frames;
   block.midi = blockMidi_;
   block.transport = transport_.now();
-  audioUnit_.render(block);
+  guard_.render(block);
   transport_.advance(frames);
   done_ += frames;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "Quillon/RenderGuard.h"
 #include "backends/lv2/Transport.h"
 #include "backends/lv2/Urids.h"
 #include "platform/AudioUnit.h"
@@ -40,7 +41,7 @@ class BlockRenderer {
   void renderUpTo(std::uint32_t end);
   void renderBlock(std::uint32_t frames);
 
-  platform::AudioUnit& audioUnit_;
+  quillon::RenderGuard guard_;
   Transport transport_;
   std::uint32_t maximumFrames_;
   std::vector<const float*> inputs_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Quillon/DenormalGuard.h"
 #include "examples/Halden/HaldenParameters.h"
 #include "examples/Halden/HaldenPresets.h"
 #include "examples/Halden/dsp/FilterResponse.h"
@@ -62,7 +61,6 @@ void HaldenAudioUnit::readParameters() {
 }
 
 void HaldenAudioUnit::render(const platform::RenderBlock& block) {
-  const quillon::DenormalGuard guard;
   if (block.outputs.empty()) return;
   readParameters();
   float* left = block.outputs[0];

@@ -10,6 +10,12 @@ void DuckedEcho::setSampleRate(double sampleRate) {
   sampleRate_ = static_cast<float>(sampleRate);
   delay_.setSampleRate(sampleRate_);
   ducker_.setSampleRate(sampleRate_);
+  reset();
+}
+
+void DuckedEcho::reset() {
+  delay_.reset();
+  ducker_.reset();
   delaySettings_ = {};
   reduction_ = 0;
   fresh_ = true;
@@ -26,6 +32,12 @@ void DuckedEcho::process(const Settings& settings, std::span<const float* const>
     glide(settings, count);
     processFrame(outputs[0] + done, outputs[1] + done, count);
   }
+  // One bad number in a feedback path would stay for ever: better a gap than that.
+  float sum = 0;
+  for (std::size_t i = 0; i < frames; ++i) sum += outputs[0][i] + outputs[1][i];
+  if (std::isfinite(sum)) return;
+  reset();
+  for (float* output : outputs.first(2)) std::fill_n(output, frames, 0.0f);
 }
 
 void DuckedEcho::glide(const Settings& settings, std::size_t count) {

@@ -24,6 +24,8 @@ class DuckedEcho {
   };
 
   void setSampleRate(double sampleRate);
+  /// Silent at once, as after setSampleRate.
+  void reset();
   /// Two of each; outputs may be the inputs. Values glide to the settings over a few milliseconds.
   void process(const Settings& settings, std::span<const float* const> inputs,
                std::span<float* const> outputs, std::size_t frames);

@@ -2,7 +2,6 @@
 
 #include <iterator>
 
-#include "Quillon/DenormalGuard.h"
 #include "examples/Halden/dsp/Divisions.h"
 
 namespace selvik {
@@ -117,7 +116,6 @@ DuckedEcho::Settings SelvikAudioUnit::settings(double tempo) const {
 }
 
 void SelvikAudioUnit::render(const platform::RenderBlock& block) {
-  const quillon::DenormalGuard guard;
   if (block.inputs.size() < 2 || block.outputs.size() < 2) return CommonAudioUnit::render(block);
   const auto show = [&](quillon::LiveRing& ring, const float* left, const float* right) {
     for (std::uint32_t i = 0; i < block.frames && isUIVisible(); ++i)
