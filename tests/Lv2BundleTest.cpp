@@ -86,8 +86,11 @@ TEST_F(Lv2BundleTest, NamesThePlugin) {
   LilvNode* author = lilv_plugin_get_author_name(plugin);
   EXPECT_EQ(text(author), "A & B <c>");
   lilv_node_free(author);
-  EXPECT_TRUE(lilv_world_ask(world, lilv_plugin_get_uri(plugin), node(LILV_NS_RDF "type"),
-                             lv2("InstrumentPlugin")));
+  const auto is = [this](const LilvNode* type) {
+    return lilv_world_ask(world, lilv_plugin_get_uri(plugin), node(LILV_NS_RDF "type"), type);
+  };
+  EXPECT_TRUE(is(lv2("InstrumentPlugin")));
+  EXPECT_FALSE(is(node(LILV_NS_DOAP "Project"))) << "where hosts would list it";
   EXPECT_TRUE(lilv_plugin_has_latency(plugin));
 }
 
@@ -219,15 +222,17 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
     support::GivenUnit::Channels channels;
     std::vector<std::string> said, unsaid;
     bool takesMidi = false;
+    std::string pluginClass{};
   };
   const support::ManualLoop loop;
-  for (const auto& [channels, said, unsaid, takesMidi] : std::vector<Case>{
+  for (const auto& [channels, said, unsaid, takesMidi, pluginClass] : std::vector<Case>{
            {{1, 1, false},
-            {"a lv2:Plugin , doap", "pg:MonoGroup , pg:InputGroup", "lv2:name \"Audio In\" ;"},
+            {"a lv2:Plugin ;", "pg:MonoGroup , pg:InputGroup", "lv2:name \"Audio In\" ;"},
             {"midi:MidiEvent", "pg:left"}},
-           {{1, 1, false}, {"a lv2:Plugin , doap", "midi:MidiEvent"}, {"InstrumentPlugin"}, true},
+           {{2, 2, true}, {"a lv2:DelayPlugin , lv2:Plugin ;"}, {}, true, "DelayPlugin"},
+           {{1, 1, false}, {"a lv2:Plugin ;", "midi:MidiEvent"}, {"InstrumentPlugin"}, true},
            {{2, 2, true},
-            {"a lv2:Plugin , doap", "time:Position , midi:MidiEvent", "pg:StereoGroup",
+            {"a lv2:Plugin ;", "time:Position , midi:MidiEvent", "pg:StereoGroup",
              "\"Audio In Right\""},
             {"InstrumentPlugin"}},
            {{0, 0, true}, {"a lv2:MIDIPlugin , lv2:Plugin"}, {"pg:MonoGroup"}},
@@ -236,12 +241,12 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
             {"\"Audio Out 5\"", "pg:mainOutput", "\"in_1\""}}}) {
     const orvane::PluginEntry entry =
         support::entryOf([&made = channels] { return std::make_unique<support::GivenUnit>(made); });
-    lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", "", takesMidi});
+    lv2_backend::BundleTurtle bundle(entry, {"a.so", "", "plugin.ttl", "", takesMidi, pluginClass});
     const std::string text = bundle.plugin();
     for (const std::string& each : said) EXPECT_THAT(text, testing::HasSubstr(each));
     for (const std::string& each : unsaid)
       EXPECT_THAT(text.substr(text.find("\n\n")), testing::Not(testing::HasSubstr(each)));
-    EXPECT_THAT(text, testing::HasSubstr("lv2:minorVersion 213 ;\n\tlv2:microVersion 4 ;"));
+    EXPECT_THAT(text, testing::HasSubstr("lv2:minorVersion 426 ;\n\tlv2:microVersion 8 ;"));
     EXPECT_EQ(bundle.presets(), "");
   }
 }

@@ -11,6 +11,8 @@
 #     [BUILD <number>]                1 unless told
 #     [STORE_IDENTIFIER <text>]       what the app store calls it, for the page that reviews it
 #     [INSTRUMENT]                    else an effect
+#     [KIND <kind>]                   Delay, Reverb, Synth...: where hosts list it; those that there
+#                                     are stand in cmake/OrvanePluginKinds.cmake
 #     [MIDI_INPUT <ON or OFF>]        ON unless told: hosts send MIDI to effects too, for MIDI learn;
 #                                     without it no format but the stand-alone offers that
 #     FORMATS [Standalone] [VST3] [LV2]
@@ -22,7 +24,7 @@
 
 function(orvane_add_plugin target)
   set(one NAME IDENTIFIER VERSION CODE MANUFACTURER MANUFACTURER_CODE DESCRIPTION
-    BUILD STORE_IDENTIFIER MIDI_INPUT)
+    BUILD STORE_IDENTIFIER MIDI_INPUT KIND)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT" "${one}" "FORMATS;SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_plugin(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
@@ -66,16 +68,19 @@ function(orvane_add_plugin target)
   endif()
 
   if("LV2" IN_LIST arg_FORMATS AND COMMAND orvane_add_lv2)
-    set(instrument "")
+    set(kind "")
     if(arg_INSTRUMENT)
-      set(instrument INSTRUMENT)
+      list(APPEND kind INSTRUMENT)
+    endif()
+    if(arg_KIND)
+      list(APPEND kind KIND ${arg_KIND})
     endif()
     orvane_add_lv2(${target}
       NAME "${arg_NAME}"
       IDENTIFIER "${arg_IDENTIFIER}"
       VERSION "${arg_VERSION}"
       MANUFACTURER "${arg_MANUFACTURER}"
-      ${instrument}
+      ${kind}
       MIDI_INPUT ${arg_MIDI_INPUT}
       SOURCES ${arg_SOURCES}
       LIBRARIES ${arg_LIBRARIES})
@@ -86,9 +91,9 @@ endfunction()
 # The arguments are the caller's.
 macro(orvane_add_vst3 target)
   if(arg_INSTRUMENT)
-    set(category Instrument)
+    orvane_plugin_kind("${arg_KIND}" INSTRUMENT categories class)
   else()
-    set(category Fx)
+    orvane_plugin_kind("${arg_KIND}" EFFECT categories class)
   endif()
   # JUCE's wrapper compiles against the modules that are compiled already; only its own sources
   # are built for each plug-in.
@@ -105,7 +110,7 @@ macro(orvane_add_vst3 target)
     NEEDS_MIDI_INPUT ${arg_MIDI_INPUT}
     NEEDS_MIDI_OUTPUT FALSE
     EDITOR_WANTS_KEYBOARD_FOCUS TRUE
-    VST3_CATEGORIES ${category}
+    VST3_CATEGORIES ${categories}
     FORMATS VST3)
   target_sources(${target}_Juce PRIVATE "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/PluginFilter.cpp" ${arg_SOURCES})
   target_link_libraries(${target}_Juce PRIVATE ${arg_LIBRARIES} orvane::juce)

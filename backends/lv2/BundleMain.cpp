@@ -35,8 +35,9 @@ void write(const std::filesystem::path& path, const std::string& text) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 6) {
-    std::fprintf(stderr, "usage: %s BUNDLE PLUGIN_FILE LICENSE SOUND_LIBRARY EDITOR_LIBRARY\n",
+  if (count != 7) {
+    std::fprintf(stderr,
+                 "usage: %s BUNDLE PLUGIN_FILE LICENSE SOUND_LIBRARY EDITOR_LIBRARY CLASS\n",
                  count > 0 ? arguments[0] : "orvane_lv2_ttl");
     return 2;
   }
@@ -49,6 +50,7 @@ int main(int count, char** arguments) {
     files.license = arguments[3];
     files.soundLibrary = arguments[4];
     files.editorLibrary = arguments[5];
+    files.pluginClass = arguments[6];
     files.takesMidi = ORVANE_MIDI_INPUT != 0;
     lv2_backend::BundleTurtle turtle(orvanePluginEntry(), files);
     write(bundle / "manifest.ttl", turtle.manifest());

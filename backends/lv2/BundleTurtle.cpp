@@ -47,12 +47,6 @@ std::array<int, 3> versionNumbers(const std::string& version) {
   return numbers;
 }
 
-const char* pluginClass(const platform::AudioUnit& audioUnit) {
-  if (!audioUnit.acceptsMidi()) return "lv2:Plugin";
-  if (audioUnit.outputChannels() == 0) return "lv2:MIDIPlugin , lv2:Plugin";
-  return audioUnit.inputChannels() == 0 ? "lv2:InstrumentPlugin , lv2:Plugin" : "lv2:Plugin";
-}
-
 std::string address(const std::string& uri) { return "<" + uri + ">"; }
 
 }  // namespace
@@ -66,6 +60,13 @@ BundleTurtle::BundleTurtle(const orvane::PluginEntry& entry, BundleFiles files)
       groups_(*entry.createViewController()->design(), layout_),
       ports_(*audioUnit_, layout_, groups_, uri_, files_.takesMidi) {}
 
+std::string BundleTurtle::pluginClass() const {
+  if (!files_.pluginClass.empty()) return "lv2:" + files_.pluginClass + " , lv2:Plugin";
+  if (!audioUnit_->acceptsMidi()) return "lv2:Plugin";
+  if (audioUnit_->outputChannels() == 0) return "lv2:MIDIPlugin , lv2:Plugin";
+  return audioUnit_->inputChannels() == 0 ? "lv2:InstrumentPlugin , lv2:Plugin" : "lv2:Plugin";
+}
+
 std::string BundleTurtle::presetAddress(const platform::AUAudioUnitPreset& preset) const {
   return address(uri_ + "#preset_" + std::to_string(preset.number));
 }
@@ -73,7 +74,7 @@ std::string BundleTurtle::presetAddress(const platform::AUAudioUnitPreset& prese
 std::string BundleTurtle::manifest() const {
   std::string text = prefixes;
   const std::string seeAlso = " ;\n\trdfs:seeAlso " + turtleFile(files_.pluginFile) + " .\n\n";
-  text += address(uri_) + "\n\ta " + pluginClass(*audioUnit_) + " ;\n\tlv2:binary " +
+  text += address(uri_) + "\n\ta " + pluginClass() + " ;\n\tlv2:binary " +
           turtleFile(files_.soundLibrary) + seeAlso;
   if (!files_.editorLibrary.empty()) {
     text += address(editorUri(entry_)) + "\n\ta ui:X11UI ;\n\tlv2:binary " +
@@ -88,21 +89,24 @@ std::string BundleTurtle::manifest() const {
 }
 
 std::string BundleTurtle::plugin() const {
-  // LV2 knows two numbers; hosts take the bundle with the greater ones.
+  // LV2 knows two numbers; hosts take the bundle with the greater ones, and odd ones for what is not
+  // released.
   const auto [major, minor, micro] = versionNumbers(entry_.version);
   std::string text = prefixes;
   text += ports_.groups();
-  text += address(uri_) + "\n\ta " + pluginClass(*audioUnit_) + " , doap:Project ;\n";
+  text += address(uri_) + "\n\ta " + pluginClass() + " ;\n";
   text += "\tdoap:name " + turtleString(entry_.name) + " ;\n";
   if (!entry_.description.empty())
     text += "\tdoap:shortdesc " + turtleString(entry_.description) + " ;\n";
   if (!files_.license.empty()) text += "\tdoap:license " + address(files_.license) + " ;\n";
   if (!entry_.manufacturer.empty()) {
-    text += "\tdoap:maintainer [\n\t\ta foaf:Agent ;\n\t\tfoaf:name " +
-            turtleString(entry_.manufacturer) + "\n\t] ;\n";
+    // Only a project has a maintainer, and a plug-in that were one would be listed as such.
+    text += "\tlv2:project [\n\t\ta doap:Project ;\n\t\tdoap:name " + turtleString(entry_.name) +
+            " ;\n\t\tdoap:maintainer [\n\t\t\ta foaf:Agent ;\n\t\t\tfoaf:name " +
+            turtleString(entry_.manufacturer) + "\n\t\t]\n\t] ;\n";
   }
-  text += "\tlv2:minorVersion " + std::to_string(major * 100 + minor) + " ;\n\tlv2:microVersion " +
-          std::to_string(micro) + " ;\n";
+  text += "\tlv2:minorVersion " + std::to_string(2 * (major * 100 + minor)) +
+          " ;\n\tlv2:microVersion " + std::to_string(2 * micro) + " ;\n";
   text +=
       "\tlv2:requiredFeature urid:map ;\n"
       "\tlv2:optionalFeature lv2:hardRTCapable , opts:options , bufsz:boundedBlockLength ,\n"

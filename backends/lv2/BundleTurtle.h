@@ -22,6 +22,9 @@ struct BundleFiles {
   std::string license;
   /// Whether hosts are to send MIDI, which effects too can learn.
   bool takesMidi = true;
+  /// Of LV2's classes the one that the plug-in belongs to, "DelayPlugin"; when it is empty, what the
+  /// audio unit's channels say.
+  std::string pluginClass{};
 };
 
 /// The text of the files that describe a plug-in to LV2 hosts. Needs a run loop, as every editor
@@ -39,6 +42,7 @@ class BundleTurtle {
   std::string presets();
 
  private:
+  std::string pluginClass() const;
   std::string presetAddress(const platform::AUAudioUnitPreset& preset) const;
   std::string editor() const;
 

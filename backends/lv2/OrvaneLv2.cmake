@@ -2,6 +2,7 @@
 #
 #   orvane_add_lv2(<target>
 #     NAME <name>             the bundle is <name>.lv2
+#     [INSTRUMENT] [KIND <kind>]  see orvane_add_plugin
 #     [NO_INSTALL]            for a plug-in that nobody is to have; it stays in its own build folder
 #     [MIDI_INPUT <ON or OFF>]  ON unless told; see orvane_add_plugin
 #     [LICENSE <address>]     of the binaries; GPL 3 unless told, since the editor contains JUCE
@@ -14,7 +15,7 @@
 
 function(orvane_add_lv2 target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INSTRUMENT;NO_INSTALL"
-    "NAME;LICENSE;IDENTIFIER;VERSION;MANUFACTURER;MIDI_INPUT" "SOURCES;LIBRARIES")
+    "NAME;LICENSE;IDENTIFIER;VERSION;MANUFACTURER;MIDI_INPUT;KIND" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "orvane_add_lv2(${target}): what is ${arg_UNPARSED_ARGUMENTS}?")
   endif()
@@ -23,6 +24,11 @@ function(orvane_add_lv2 target)
   endif()
   if(NOT arg_LICENSE)
     set(arg_LICENSE "http://www.gnu.org/licenses/gpl-3.0.html")
+  endif()
+  if(arg_INSTRUMENT)
+    orvane_plugin_kind("${arg_KIND}" INSTRUMENT categories class)
+  else()
+    orvane_plugin_kind("${arg_KIND}" EFFECT categories class)
   endif()
   set(midi_input "ORVANE_MIDI_INPUT=1")
   if(DEFINED arg_MIDI_INPUT AND NOT arg_MIDI_INPUT)
@@ -72,7 +78,7 @@ function(orvane_add_lv2 target)
   add_custom_command(
     OUTPUT "${bundle}/manifest.ttl" "${bundle}/plugin.ttl"
     COMMAND ${CMAKE_COMMAND} -E make_directory "${bundle}"
-    COMMAND ${target}_LV2_Turtle "${bundle}" plugin.ttl "${arg_LICENSE}" "${sound}" "${editor}"
+    COMMAND ${target}_LV2_Turtle "${bundle}" plugin.ttl "${arg_LICENSE}" "${sound}" "${editor}" "${class}"
     DEPENDS ${target}_LV2_Turtle
     COMMENT "Describing ${arg_NAME}.lv2"
     VERBATIM)
