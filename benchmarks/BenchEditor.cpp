@@ -64,8 +64,8 @@ std::shared_ptr<orvane::AUDesign> BenchController::design() {
   return std::make_shared<BenchDesign>(grid_);
 }
 
-BenchEditor::BenchEditor(BenchAudioUnit& unit, const Grid& grid)
-    : component_([&] { return std::make_unique<BenchController>(unit, grid); }) {
+BenchEditor::BenchEditor(BenchAudioUnit& unit, const Grid& grid, const std::string& groupId)
+    : component_([&] { return std::make_unique<BenchController>(unit, grid, groupId); }) {
   for (int i = 0; i < grid.count(); ++i)
     knobs_.push_back(controller().container(benchKey(i)).get());
 }

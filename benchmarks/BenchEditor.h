@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Orvane/KestroAUViewController.h"
@@ -25,11 +26,17 @@ class BenchAudioUnit : public quillon::CommonAudioUnit {
 /// An editor as a plug-in's author would write it: one page that shows every parameter.
 class BenchController : public orvane::KestroAUViewController {
  public:
-  BenchController(BenchAudioUnit& unit, const Grid& grid) : grid_(grid) { setAudioUnit(&unit); }
+  /// `groupId` names where its user presets are; empty for an editor without any.
+  BenchController(BenchAudioUnit& unit, const Grid& grid, std::string groupId)
+      : grid_(grid), groupId_(std::move(groupId)) {
+    setAudioUnit(&unit);
+  }
+  std::string groupBundleId() override { return groupId_; }
   std::shared_ptr<orvane::AUDesign> design() override;
 
  private:
   const Grid grid_;
+  const std::string groupId_;
 };
 
 std::string benchKey(int index);
@@ -37,7 +44,7 @@ std::string benchKey(int index);
 /// The controller in the component that shows it on the desktop.
 class BenchEditor {
  public:
-  BenchEditor(BenchAudioUnit& unit, const Grid& grid);
+  BenchEditor(BenchAudioUnit& unit, const Grid& grid, const std::string& groupId = {});
 
   juce_backend::EditorComponent& component() { return component_; }
   BenchController& controller() { return static_cast<BenchController&>(component_.controller()); }
