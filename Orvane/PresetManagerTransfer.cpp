@@ -98,6 +98,7 @@ std::optional<std::string> PresetManager::makeExportFolder() {
 
 void PresetManager::exportPresets(const std::vector<std::shared_ptr<UserPreset>>& presets) {
   std::vector<std::string> files;
+  files.reserve(presets.size());
   for (const auto& preset : presets) files.push_back(preset->url);
   exportFiles(files, Unreadable::report);
 }

@@ -218,22 +218,27 @@ void PresetSession::rememberLeft(Snapshot snapshot) {
   remember(sentence, [this, snapshot = std::move(snapshot)] { restore(snapshot); });
 }
 
-void PresetSession::rememberChange(std::string sentence) {
+void PresetSession::rememberChange(const std::string& sentence) {
   const auto& change = library_.store()->lastChange();
   const auto isCreated = [](const PresetUndo::Step& step) {
     return step.change == PresetUndo::Step::Change::created;
   };
   // A new preset is there to be deleted.
   if (!change || std::all_of(change->steps.begin(), change->steps.end(), isCreated)) return;
-  remember(std::move(sentence),
+  remember(sentence,
            [this, change = *change, baseline = baseline_, selected = library_.selected()] {
-             const platform::Weak<PresetSession> self = this;
-             takeBack(change);
-             // The sound is as it was when it was saved.
-             if (!self || !selected || library_.find(*selected) != library_.selected()) return;
-             baseline_ = baseline;
-             library_.setModified(baseline_.isModified());
+             takeBackSaving(change, baseline, selected);
            });
+}
+
+void PresetSession::takeBackSaving(const PresetUndo& change, const PresetBaseline& baseline,
+                                   const PresetPtr& selected) {
+  const platform::Weak<PresetSession> self = this;
+  takeBack(change);
+  // The sound is as it was when it was saved.
+  if (!self || !selected || library_.find(*selected) != library_.selected()) return;
+  baseline_ = baseline;
+  library_.setModified(baseline_.isModified());
 }
 
 void PresetSession::takeBack(const PresetUndo& change) {
@@ -253,7 +258,7 @@ void PresetSession::takeBack(const PresetUndo& change) {
   if (self && load(back) && self) wasLoaded();
 }
 
-void PresetSession::remember(std::string sentence, std::function<void()> takeBack) {
+void PresetSession::remember(const std::string& sentence, std::function<void()> takeBack) {
   if (steps_.size() == maximumSteps) steps_.erase(steps_.begin());
   steps_.push_back({sentence, std::move(takeBack)});
   if (delegate) delegate->presetSessionCanUndo(sentence);

@@ -99,9 +99,11 @@ class PresetSession : public platform::WeakTarget {
   /// A sound that was changed has gone: it can come back.
   void rememberLeft(Snapshot snapshot);
   /// What the store has done last, if it can be taken back.
-  void rememberChange(std::string sentence);
+  void rememberChange(const std::string& sentence);
   void takeBack(const PresetUndo& change);
-  void remember(std::string sentence, std::function<void()> takeBack);
+  void takeBackSaving(const PresetUndo& change, const PresetBaseline& baseline,
+                      const PresetPtr& selected);
+  void remember(const std::string& sentence, std::function<void()> takeBack);
 
   PresetLibrary library_;
   platform::Weak<platform::AudioUnit> audioUnit_;
