@@ -13,17 +13,25 @@ using platform::PropertyList;
 namespace {
 
 constexpr const char* favouritesKey = "favpresets";
-/// Stands before the path of a file whose name is no text, with every odd byte as "%E9".
+/// Stands before the path of a file whose name no list can hold, with every odd byte as "%E9".
 constexpr std::string_view encodedPath = "file://";
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
+/// What XML has no form for is none.
+bool isPlainText(const std::string& text) {
+  const bool hasControls = std::any_of(text.begin(), text.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  return foundation::isUtf8(text) && !hasControls && text.find("\xef\xbf\xbe") == text.npos &&
+         text.find("\xef\xbf\xbf") == text.npos;
+}
+
 /// A list of texts cannot hold the names of all files.
 std::string stored(const std::string& uniqueName) {
-  if (foundation::isUtf8(uniqueName)) return uniqueName;
+  if (isPlainText(uniqueName)) return uniqueName;
   std::string text(encodedPath);
   for (const char c : uniqueName) {
     const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80 && c != '%')
+    if (byte >= 0x20 && byte < 0x80 && c != '%')
       text += c;
     else
       text.append({'%', hexDigits[byte >> 4U], hexDigits[byte & 15U]});
@@ -41,7 +49,7 @@ std::string restored(const std::string& text) {
     name += isByte ? static_cast<char>(high << 4U | low) : text[i];
     if (isByte) i += 2;
   }
-  return foundation::isUtf8(name) ? text : name;
+  return stored(name) == text ? name : text;
 }
 
 void removeFirst(const std::string& uniqueName) {

@@ -271,11 +271,15 @@ TEST_F(PresetManagerTest, FavouritesAreOneListInOneOrder) {
   EXPECT_THAT(FavPresetsStore::favouritePresets, ElementsAre("/a"));
   // A list of texts, though not every file's name is one.
   const std::string odd = "/p/Caf\xe9 100%41.synth";
-  for (const std::string& name : {odd, std::string("/p/100%41.synth"), std::string("file:///p%41")})
+  const std::string controls =
+      "/p/\x08"
+      "bell\r.synth";
+  for (const std::string& name :
+       {odd, controls, std::string("/p/100%41.synth"), std::string("file:///p%41")})
     FavPresetsStore::add(name);
   FavPresetsStore::load();
   EXPECT_THAT(FavPresetsStore::favouritePresets,
-              ElementsAre("/a", odd, "/p/100%41.synth", "file:///p%41"));
+              ElementsAre("/a", odd, controls, "/p/100%41.synth", "file:///p%41"));
   const std::string store = folder / "data/Library/Preferences/group.test.plist";
   std::ofstream(store) << foundation::writeXmlPropertyList(
       Dictionary{{"favpresets", PropertyList::Array{"x", 5, "y"}}});
