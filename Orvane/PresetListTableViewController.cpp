@@ -230,7 +230,7 @@ void PresetListTableViewController::didSelectRowAt(TableView& table, IndexPath r
   if (auto* owner = delegate.get()) owner->presetListDidSelect(preset);
 }
 
-void PresetListTableViewController::didMarkRowAt(TableView&, IndexPath row, Mark how) {
+bool PresetListTableViewController::didMarkRowAt(TableView&, IndexPath row, Mark how) {
   // Who marks several has stopped listening.
   rest_.invalidate();
   switch (how) {
@@ -238,14 +238,18 @@ void PresetListTableViewController::didMarkRowAt(TableView&, IndexPath row, Mark
       library_.clearMarks();
       if (auto* owner = delegate.get(); owner && presetAt(row) == selectedPreset())
         owner->presetListDidKeepSelected();
-      return;
+      break;
     case Mark::toggle:
-      return library_.toggleMark(presetAt(row));
+      library_.toggleMark(presetAt(row));
+      break;
     case Mark::extend:
-      return library_.extendMarks(presetAt(row), presetsInRows());
+      library_.extendMarks(presetAt(row), presetsInRows());
+      break;
     case Mark::all:
-      return library_.markAllShown();
+      library_.markAllShown();
+      break;
   }
+  return true;
 }
 
 bool PresetListTableViewController::isRowMarked(TableView&, IndexPath row) {

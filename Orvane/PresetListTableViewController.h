@@ -83,7 +83,7 @@ class PresetListTableViewController : public toolkit::TableViewController,
   double heightForHeaderInSection(toolkit::TableView& table, int section) override;
   double heightForRowsInSection(toolkit::TableView& table, int section) override;
   void didSelectRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
-  void didMarkRowAt(toolkit::TableView& table, toolkit::IndexPath row, Mark how) override;
+  bool didMarkRowAt(toolkit::TableView& table, toolkit::IndexPath row, Mark how) override;
   bool isRowMarked(toolkit::TableView& table, toolkit::IndexPath row) override;
   void didFocusRowAt(toolkit::TableView& table, toolkit::IndexPath row) override;
 

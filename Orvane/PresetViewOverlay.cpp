@@ -402,6 +402,8 @@ bool PresetViewOverlay::keyPressed(const platform::KeyEvent& event) {
   if (event.modifiers == platform::Modifiers::control && event.key == Key::character) {
     if (event.text == "z" || event.text == "Z")
       return !field.isFirstResponder() && delegate && delegate->undoPresetChange();
+    // From the banks, whose rows are not marked.
+    if (event.text == "a" || event.text == "A") return list_.tableView().keyPressed(event);
     if (event.text != "d" && event.text != "D") return false;
     starPresets();
     return true;

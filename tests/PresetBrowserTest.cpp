@@ -177,6 +177,11 @@ TEST_F(PresetBrowserTest, banksImportAndExportAreThereWhenThePluginAsksForThem) 
               ElementsAre("Bright Lead", "Lead Two"));
   EXPECT_THAT(names(last(open + "tap \"Lead\"\ntap \"BANK A\"\npresets")["shown"]),
               testing::IsEmpty());
+  const std::string all =
+      open + saveNew("Foam") + saveNew("Froth") + "tap \"USER\"\nkey control+a\n";
+  EXPECT_THAT(drive(all + "tap \"EXPORT\"").back()["events"][0]["path"].get<std::string>(),
+              HasSubstr("UserPresets/"))
+      << "what is marked, as one folder";
 }
 
 TEST_F(PresetBrowserTest, typingSearchesArrowsMoveAndReturnLoads) {

@@ -58,9 +58,11 @@ class TableViewTest : public testing::Test,
     journal += "+" + std::to_string(row.section) + "/" + std::to_string(row.row);
     if (onSelect) onSelect();
   }
-  void didMarkRowAt(TableView&, IndexPath row, Mark how) override {
+  bool didMarkRowAt(TableView&, IndexPath row, Mark how) override {
+    if (!marksRows) return false;
     static const char* const names[] = {"none", "toggle", "extend", "all"};
     marks += std::string(names[static_cast<int>(how)]) + std::to_string(row.row) + " ";
+    return true;
   }
   void didDeselectRowAt(TableView&, IndexPath row) override {
     journal += "-" + std::to_string(row.section) + "/" + std::to_string(row.row);
@@ -81,6 +83,7 @@ class TableViewTest : public testing::Test,
   std::vector<int> rows{3, 100000};
   TableView table;
   std::string journal, marks;
+  bool marksRows = true;
   std::function<void()> onSelect, onDeselect;
   int filled = 0;
 };
@@ -192,6 +195,7 @@ TEST_F(TableViewTest, aTapMeansOneRowAndKeysMouseAndARestingFingerMarkSeveral) {
     double rest, moves;
     const char* marks;
     const char* chosen;
+    bool marksRows = true;
   };
   for (const Case& c : {Case{Kind::mouse, Modifiers::none, 1, 0, "none1 ", "+0/1"},
                         {Kind::mouse, Modifiers::control, 0, 0, "toggle1 ", ""},
@@ -199,8 +203,12 @@ TEST_F(TableViewTest, aTapMeansOneRowAndKeysMouseAndARestingFingerMarkSeveral) {
                         {Kind::mouse, Modifiers::shift, 0, 0, "extend1 ", ""},
                         {Kind::finger, Modifiers::none, 0.1, 0, "none1 ", "+0/1"},
                         {Kind::finger, Modifiers::none, 0.6, 0, "toggle1 ", ""},
-                        {Kind::finger, Modifiers::none, 0.6, 30, "", ""}}) {
+                        {Kind::finger, Modifiers::none, 0.6, 30, "", ""},
+                        {Kind::mouse, Modifiers::shift, 0, 0, "", "+0/1", false},
+                        {Kind::mouse, Modifiers::control, 0, 0, "", "+0/1", false},
+                        {Kind::finger, Modifiers::none, 0.6, 0, "", "+0/1", false}}) {
     marks = journal = "";
+    marksRows = c.marksRows;
     table.reloadData();
     table.setContentOffset(0);
     bench.frame();
@@ -213,7 +221,11 @@ TEST_F(TableViewTest, aTapMeansOneRowAndKeysMouseAndARestingFingerMarkSeveral) {
     EXPECT_EQ(marks, c.marks);
     EXPECT_EQ(journal, c.chosen);
   }
+  EXPECT_FALSE(bench.key(Key::character, Modifiers::control, "a")) << "perhaps it is the host's";
   marks = "";
+  marksRows = true;
+  table.reloadData();
+  bench.frame();
   bench.key(Key::down);
   bench.key(Key::down, Modifiers::shift);
   bench.key(Key::character, Modifiers::control, "a");

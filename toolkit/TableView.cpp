@@ -219,20 +219,18 @@ void TableView::focusRow(IndexPath row) {
   if (source_) source_->didFocusRowAt(*this, row);
 }
 
-void TableView::mark(IndexPath row, TableViewSource::Mark how) {
+bool TableView::mark(IndexPath row, TableViewSource::Mark how) {
   const Weak<TableView> self = this;
-  if (source_) source_->didMarkRowAt(*this, row, how);
+  const bool isMarked = source_ && source_->didMarkRowAt(*this, row, how);
   if (self) updateCellStates();
+  return isMarked;
 }
 
 bool TableView::keyPressed(const KeyEvent& event) {
   if (totalRows() == 0) return false;
   const bool isAll = event.modifiers == Modifiers::control && event.key == Key::character &&
                      (event.text == "a" || event.text == "A");
-  if (isAll) {
-    mark(rowOfFlatIndex(0).value(), TableViewSource::Mark::all);
-    return true;
-  }
+  if (isAll) return mark(rowOfFlatIndex(0).value(), TableViewSource::Mark::all);
   const bool moves = event.key == Key::up || event.key == Key::down || event.key == Key::pageUp ||
                      event.key == Key::pageDown || event.key == Key::home || event.key == Key::end;
   if (event.modifiers == Modifiers::shift && moves) {
@@ -292,8 +290,9 @@ void TableView::touchBegan(const Touch& touch) {
   if (touch.kind != Touch::Kind::finger || !pressed_) return;
   longPress_ =
       foundation::Timer(longPressTime, foundation::Timer::Repeat::once, [this, row = *pressed_] {
-        hasMarked_ = true;
-        mark(row, TableViewSource::Mark::toggle);
+        const Weak<TableView> self = this;
+        const bool isMarked = mark(row, TableViewSource::Mark::toggle);
+        if (self) hasMarked_ = isMarked;
       });
 }
 
@@ -308,9 +307,11 @@ void TableView::tapped(const Touch& touch) {
   const std::optional<IndexPath> row = rowAt(place.y + contentOffset());
   if (!row || isOnHeader(place) || hasMarked_) return;
   focused_ = std::nullopt;
-  if (has(touch.modifiers, Modifiers::shift)) return mark(*row, TableViewSource::Mark::extend);
-  if (has(touch.modifiers, Modifiers::control) || has(touch.modifiers, Modifiers::command))
-    return mark(*row, TableViewSource::Mark::toggle);
+  const bool toggles =
+      has(touch.modifiers, Modifiers::control) || has(touch.modifiers, Modifiers::command);
+  const Weak<TableView> self = this;
+  if (has(touch.modifiers, Modifiers::shift) && mark(*row, TableViewSource::Mark::extend)) return;
+  if (!self || (toggles && mark(*row, TableViewSource::Mark::toggle)) || !self) return;
   chooseRow(*row);
 }
 

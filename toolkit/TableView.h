@@ -57,8 +57,8 @@ class TableViewSource {
     /// Control and A: every row.
     all,
   };
-  /// The user marks rows, for what is done to several of them.
-  virtual void didMarkRowAt(TableView&, IndexPath, Mark) {}
+  /// The user marks rows, for what is done to several of them. False where rows are not marked.
+  virtual bool didMarkRowAt(TableView&, IndexPath, Mark) { return false; }
   virtual bool isRowMarked(TableView&, IndexPath) { return false; }
   /// The arrow keys have reached a row.
   virtual void didFocusRowAt(TableView&, IndexPath) {}
@@ -176,7 +176,8 @@ class TableView : public ScrollView {
   /// What a key does that goes through the rows; false for any other.
   bool movesFocus(platform::Key key);
   void updateCellStates();
-  void mark(IndexPath row, TableViewSource::Mark how);
+  /// False where rows are not marked.
+  bool mark(IndexPath row, TableViewSource::Mark how);
 
   platform::Weak<TableViewSource> source_;
   std::vector<Section> sections_;
