@@ -77,6 +77,27 @@ TEST_F(JuceProcessorTest, hostsSeeEveryParameterWithItsIdentityAndScale) {
   EXPECT_EQ(parameter(1).getAllValueStrings(), juce::StringArray({"Sine", "Saw", "Noise"}));
 }
 
+TEST_F(JuceProcessorTest, hostsSeeParametersInTheGroupsOfTheDesign) {
+  orvane::PluginEntry entry = support::renderLogEntry();
+  entry.makeViewController = [] {
+    auto design = std::make_shared<support::GivenDesign>();
+    design->addPage("Main", {support::section("Tone", {"mix", "cutoff"}),
+                             support::section("Shape", {"wave", "mix"})});
+    return std::make_unique<support::TestController>(std::move(design));
+  };
+  AudioUnitProcessor processor(entry);
+  std::string groups;
+  for (const auto* group : processor.getParameterTree().getSubgroups(true)) {
+    groups += group->getName().toStdString() + ":";
+    for (const auto* parameter : group->getParameters(false))
+      groups += " " + parameter->getName(100).toStdString();
+    groups += "; ";
+  }
+  EXPECT_EQ(groups, "Tone: Cutoff Mix; Shape: Wave; ");
+  ASSERT_EQ(processor.getParameters().size(), 4);
+  EXPECT_EQ(processor.getParameterTree().getParameters(false).size(), 1) << "no section has \"on\"";
+}
+
 TEST_F(JuceProcessorTest, typedTextsBecomeValues) {
   const struct {
     int index;

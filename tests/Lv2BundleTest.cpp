@@ -267,7 +267,7 @@ TEST(Lv2Turtle, DescribesOnlyWhatAParameterCanBe) {
   section->stack[0].params[0].siblings = {std::nullopt, "shift"};
   section->feedbackParameter = "meter";
   design.addPage("ONE", {section});
-  const lv2_backend::PortGroups groups(design, layout);
+  const orvane::ParameterGroups groups(design, unit.parametersKeys());
   for (const char* key : {"choice", "shift", "meter"}) {
     ASSERT_NE(groups.groupOf(key), nullptr) << key;
     EXPECT_EQ(groups.groupOf(key)->name, "SPACE");

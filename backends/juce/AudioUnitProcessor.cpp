@@ -1,8 +1,14 @@
 #include "backends/juce/AudioUnitProcessor.h"
 
 #include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
 
+#include "Orvane/KestroAUViewController.h"
+#include "Orvane/ParameterGroups.h"
 #include "backends/juce/AudioUnitEditor.h"
+#include "backends/juce/JuceInput.h"
 #include "foundation/PropertyListCoding.h"
 
 namespace juce_backend {
@@ -57,6 +63,11 @@ juce::AudioProcessor::BusesProperties AudioUnitProcessor::busesOf(
 }
 
 void AudioUnitProcessor::addParameters() {
+  using Group = juce::AudioProcessorParameterGroup;
+  const orvane::ParameterGroups groups(*entry_.createViewController()->design(),
+                                       audioUnit_->parametersKeys());
+  std::map<std::string, Group*> made;
+  Group tree;
   for (const std::string& key : audioUnit_->parametersKeys()) {
     platform::AUParameter* parameter = audioUnit_->parameter(key);
     if (!parameter) continue;
@@ -64,17 +75,30 @@ void AudioUnitProcessor::addParameters() {
         std::make_unique<AudioUnitParameter>(*parameter, audioUnit_->defaultValueForKey(key));
     parameters_.push_back(owned.get());
     parametersByAddress_.emplace(parameter->address(), owned.get());
-    addParameter(owned.release());
+    const auto* const group = groups.groupOf(key);
+    if (!group) {
+      tree.addChild(std::move(owned));
+      continue;
+    }
+    Group*& place = made[group->name];
+    if (!place) {
+      auto child = std::make_unique<Group>(toText(group->name), toText(group->name), "|");
+      place = child.get();
+      tree.addChild(std::move(child));
+    }
+    place->addChild(std::move(owned));
   }
 
-  platform::AUParameterTree& tree = audioUnit_->parameterTree();
-  token_ = tree.tokenByAddingParameterObserver(
+  setParameterTree(std::move(tree));
+
+  platform::AUParameterTree& observed = audioUnit_->parameterTree();
+  token_ = observed.tokenByAddingParameterObserver(
       [this](platform::AUParameterAddress address, float value) {
         const auto found = parametersByAddress_.find(address);
         if (found != parametersByAddress_.end()) found->second->valueChanged(value);
       });
   for (AudioUnitParameter* parameter : parameters_) parameter->setOriginator(token_);
-  tree.setGestureObserver([this](platform::AUParameterAddress address, bool began) {
+  observed.setGestureObserver([this](platform::AUParameterAddress address, bool began) {
     const auto found = parametersByAddress_.find(address);
     if (found == parametersByAddress_.end()) return;
     if (began)

@@ -57,7 +57,7 @@ BundleTurtle::BundleTurtle(const orvane::PluginEntry& entry, BundleFiles files)
       uri_(pluginUri(entry)),
       audioUnit_(entry.createAudioUnit()),
       layout_(*audioUnit_),
-      groups_(*entry.createViewController()->design(), layout_),
+      groups_(*entry.createViewController()->design(), audioUnit_->parametersKeys()),
       ports_(*audioUnit_, layout_, groups_, uri_, files_.takesMidi) {}
 
 std::string BundleTurtle::pluginClass() const {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "Orvane/ParameterGroups.h"
 #include "Orvane/PluginEntry.h"
-#include "backends/lv2/PortGroups.h"
 #include "backends/lv2/PortLayout.h"
 #include "backends/lv2/PortTurtle.h"
 #include "platform/AudioUnit.h"
@@ -51,7 +51,7 @@ class BundleTurtle {
   std::string uri_;
   std::unique_ptr<platform::AudioUnit> audioUnit_;
   PortLayout layout_;
-  PortGroups groups_;
+  orvane::ParameterGroups groups_;
   PortTurtle ports_;
 };
 

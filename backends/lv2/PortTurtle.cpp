@@ -118,19 +118,27 @@ std::string line(std::string_view predicate, std::string_view object) {
 }  // namespace
 
 PortTurtle::PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
-                       const PortGroups& groups, std::string pluginUri, bool takesMidi)
+                       const orvane::ParameterGroups& groups, std::string pluginUri, bool takesMidi)
     : audioUnit_(audioUnit),
       layout_(layout),
       groups_(groups),
       pluginUri_(std::move(pluginUri)),
-      takesMidi_(takesMidi || audioUnit.acceptsMidi()) {}
+      takesMidi_(takesMidi || audioUnit.acceptsMidi()) {
+  SymbolSet symbols;
+  for (const orvane::ParameterGroups::Group& group : groups_.groups())
+    symbols_.push_back(symbols.add(group.name));
+}
+
+const std::string& PortTurtle::symbolOf(const orvane::ParameterGroups::Group& group) const {
+  return symbols_[static_cast<std::size_t>(&group - groups_.groups().data())];
+}
 
 std::string PortTurtle::audioGroup(std::uint32_t channels, const char* name) const {
   return channels == 1 || channels == 2 ? "<" + pluginUri_ + "#" + name + ">" : "";
 }
 
-std::string PortTurtle::groupAddress(const PortGroups::Group& group) const {
-  return "<" + pluginUri_ + "#section_" + group.symbol + ">";
+std::string PortTurtle::groupAddress(const orvane::ParameterGroups::Group& group) const {
+  return "<" + pluginUri_ + "#section_" + symbolOf(group) + ">";
 }
 
 float PortTurtle::defaultValue(const platform::AudioUnit& audioUnit,
@@ -204,7 +212,7 @@ std::string PortTurtle::parameterPort(std::uint32_t index, const ParameterPort& 
     text += line("pprops:rangeSteps", turtleNumber(static_cast<int>(steps)));
   }
   if (const auto unit = unitName(parameter.unit()); !unit.empty()) text += line("units:unit", unit);
-  if (const PortGroups::Group* group = groups_.groupOf(parameter.key()))
+  if (const orvane::ParameterGroups::Group* group = groups_.groupOf(parameter.key()))
     text += line("pg:group", groupAddress(*group));
   for (const auto& [value, label] : points) {
     text += "\t\tlv2:scalePoint [ rdfs:label " + turtleString(label) + " ; rdf:value " +
@@ -239,8 +247,8 @@ std::string PortTurtle::groups() const {
   if (const std::string address = mainOutput(); !address.empty())
     add(address, std::string(layoutType(layout_.outputs())) + " , pg:OutputGroup", "main_out",
         "Audio Out");
-  for (const PortGroups::Group& group : groups_.groups())
-    add(groupAddress(group), "pg:Group", group.symbol, group.name);
+  for (const orvane::ParameterGroups::Group& group : groups_.groups())
+    add(groupAddress(group), "pg:Group", symbolOf(group), group.name);
   return text;
 }
 

@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
-#include "backends/lv2/PortGroups.h"
+#include "Orvane/ParameterGroups.h"
 #include "backends/lv2/PortLayout.h"
 #include "platform/AudioUnit.h"
 
@@ -14,12 +15,11 @@ class PortTurtle {
  public:
   /// All outlive it. `pluginUri` is what the addresses of groups begin with.
   PortTurtle(const platform::AudioUnit& audioUnit, const PortLayout& layout,
-             const PortGroups& groups, std::string pluginUri, bool takesMidi = true);
+             const orvane::ParameterGroups& groups, std::string pluginUri, bool takesMidi = true);
 
   /// The addresses of the groups of audio channels; empty when there is no such group.
   std::string mainInput() const { return audioGroup(layout_.inputs(), "main_in"); }
   std::string mainOutput() const { return audioGroup(layout_.outputs(), "main_out"); }
-  std::string groupAddress(const PortGroups::Group& group) const;
 
   /// The value of `lv2:port`: all ports, separated by commas.
   std::string ports() const;
@@ -31,6 +31,8 @@ class PortTurtle {
                             const platform::AUParameter& parameter);
 
  private:
+  const std::string& symbolOf(const orvane::ParameterGroups::Group& group) const;
+  std::string groupAddress(const orvane::ParameterGroups::Group& group) const;
   std::string audioGroup(std::uint32_t channels, const char* name) const;
   std::string audioPort(std::uint32_t channel, bool isInput) const;
   std::string controlPort() const;
@@ -40,7 +42,9 @@ class PortTurtle {
 
   const platform::AudioUnit& audioUnit_;
   const PortLayout& layout_;
-  const PortGroups& groups_;
+  const orvane::ParameterGroups& groups_;
+  /// Of the groups, in their order.
+  std::vector<std::string> symbols_;
   std::string pluginUri_;
   bool takesMidi_;
 };

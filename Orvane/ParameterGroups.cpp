@@ -1,15 +1,15 @@
-#include "backends/lv2/PortGroups.h"
+#include "Orvane/ParameterGroups.h"
 
 #include <utility>
 
-namespace lv2_backend {
+namespace orvane {
 namespace {
 
-std::vector<std::string> keysOf(const orvane::Section& section) {
+std::vector<std::string> keysOf(const Section& section) {
   std::vector<std::string> keys;
   if (section.stateParameter) keys.push_back(*section.stateParameter);
-  for (const orvane::UIColumn& column : section.stack) {
-    for (const orvane::UIParameter& slot : column.params) {
+  for (const UIColumn& column : section.stack) {
+    for (const UIParameter& slot : column.params) {
       keys.push_back(slot.param);
       for (const auto& sibling : slot.siblings)
         if (sibling) keys.push_back(*sibling);
@@ -21,16 +21,15 @@ std::vector<std::string> keysOf(const orvane::Section& section) {
 
 }  // namespace
 
-PortGroups::PortGroups(const orvane::AUDesign& design, const PortLayout& layout) {
-  for (const ParameterPort& port : layout.parameters()) ungrouped_.insert(port.parameter->key());
+ParameterGroups::ParameterGroups(const AUDesign& design, const std::vector<std::string>& keys)
+    : ungrouped_(keys.begin(), keys.end()) {
   for (const auto& key : design.paramKeys())
     attached_[key->key()] = key->settings().attachedParameters;
   for (const auto& page : design.pages())
-    for (const orvane::UISection& placed : page->sections)
-      addSection(*placed.section, page->title());
+    for (const UISection& placed : page->sections) addSection(*placed.section, page->title());
 }
 
-void PortGroups::addSection(const orvane::Section& section, const std::string& pageTitle) {
+void ParameterGroups::addSection(const Section& section, const std::string& pageTitle) {
   std::vector<std::string> members;
   const auto take = [&](const std::string& key) {
     if (ungrouped_.erase(key)) members.push_back(key);
@@ -44,11 +43,10 @@ void PortGroups::addSection(const orvane::Section& section, const std::string& p
   if (members.empty()) return;
 
   for (const std::string& key : members) groupOfKey_[key] = groups_.size();
-  const std::string name = uniqueName(section.name, pageTitle);
-  groups_.push_back({symbols_.add(name), name});
+  groups_.push_back({uniqueName(section.name, pageTitle)});
 }
 
-std::string PortGroups::uniqueName(const std::string& section, const std::string& page) {
+std::string ParameterGroups::uniqueName(const std::string& section, const std::string& page) {
   std::string name = !section.empty() ? section : !page.empty() ? page : "Parameters";
   if (names_.insert(name).second) return name;
   if (!section.empty() && !page.empty()) name = page + " " + section;
@@ -58,9 +56,9 @@ std::string PortGroups::uniqueName(const std::string& section, const std::string
   return unique;
 }
 
-const PortGroups::Group* PortGroups::groupOf(const std::string& parameterKey) const {
+const ParameterGroups::Group* ParameterGroups::groupOf(const std::string& parameterKey) const {
   const auto entry = groupOfKey_.find(parameterKey);
   return entry == groupOfKey_.end() ? nullptr : &groups_[entry->second];
 }
 
-}  // namespace lv2_backend
+}  // namespace orvane
