@@ -15,8 +15,7 @@ constexpr float minFrequency = 20, maxFrequency = 20000;
 }  // namespace
 
 bool takesWholeValues(const platform::AUParameter& parameter) {
-  return parameter.unit() == platform::AudioUnitParameterUnit::indexed ||
-         parameter.unit() == platform::AudioUnitParameterUnit::boolean;
+  return platform::takesWholeValues(parameter.unit(), parameter.flags());
 }
 
 ParameterMapping::ParameterMapping(float minimum, float maximum, Scale scale)

@@ -44,10 +44,11 @@ class Parameter final : public platform::AUParameter {
   std::string stringFromValue(float value) const override;
 
  private:
-  float inRange(float value) const;
+  float settled(float value) const;
 
   ParameterTree& tree_;
   const ParameterDescription description_;
+  const bool isWhole_;
   std::atomic<float> value_;
   /// How many hands are on it.
   int gestures_ = 0;

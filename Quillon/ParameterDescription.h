@@ -32,10 +32,9 @@ struct ParameterDescription {
   bool publishesLive = false;
 };
 
-/// Whether the parameter knows whole values only: an indexed or a Boolean one.
+/// Whether the parameter knows whole values only.
 inline bool isStepped(const ParameterDescription& parameter) {
-  return parameter.unit == platform::AudioUnitParameterUnit::indexed ||
-         parameter.unit == platform::AudioUnitParameterUnit::boolean;
+  return platform::takesWholeValues(parameter.unit, parameter.flags);
 }
 
 }  // namespace quillon

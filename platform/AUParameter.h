@@ -51,7 +51,15 @@ inline constexpr std::uint32_t displaySquared = 1u << 22;
 inline constexpr std::uint32_t displayLogarithmic = 1u << 20;
 /// Changes too drastically to be automated smoothly (a choice, a mode).
 inline constexpr std::uint32_t nonRealTime = 1u << 29;
+/// Counts something: knows whole values only, as an indexed or a Boolean one does in any case.
+inline constexpr std::uint32_t wholeValues = 1u << 12;
 }  // namespace AudioUnitParameterFlags
+
+/// Whether a parameter knows whole values only: a choice, a switch or a count.
+constexpr bool takesWholeValues(AudioUnitParameterUnit unit, std::uint32_t flags) {
+  return unit == AudioUnitParameterUnit::indexed || unit == AudioUnitParameterUnit::boolean ||
+         (flags & AudioUnitParameterFlags::wholeValues) != 0;
+}
 
 /// What AUParameterTree::tokenByAddingParameterObserver returns; null names nobody.
 using AUParameterObserverToken = struct AUParameterObserverTokenTag*;
@@ -74,7 +82,7 @@ class AUParameter {
   virtual const std::vector<std::string>& valueStrings() const = 0;
 
   virtual float value() const = 0;
-  /// Clamps `value` to the range (a NaN changes nothing), stores it and calls every observer of
+  /// Clamps `value` to the range (a NaN changes nothing) and rounds one that is to be whole, stores it and calls every observer of
   /// the tree but the one of `originator`, on this thread. Takes no lock and allocates nothing.
   virtual void setValue(float value, AUParameterObserverToken originator = nullptr) = 0;
 

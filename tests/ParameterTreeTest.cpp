@@ -25,6 +25,7 @@ using quillon::ParameterDescription;
 using quillon::ParameterTree;
 using testing::ElementsAre;
 using testing::Pair;
+using Unit = platform::AudioUnitParameterUnit;
 
 std::vector<ParameterDescription> twoParameters() {
   return {{.key = "cutoff", .address = 7, .minValue = 20, .maxValue = 20000, .defaultValue = 1000},
@@ -85,6 +86,40 @@ TEST(ParameterTreeTest, ValuesAreClampedAndWhatIsNoNumberIsIgnored) {
   }
   cutoff.setValue(std::nanf(""));
   EXPECT_EQ(cutoff.value(), 20000);
+}
+
+TEST(ParameterTreeTest, WhatCountsOrSwitchesHasWholeValues) {
+  const ParameterTree tree(
+      {{.key = "choice", .address = 1, .minValue = -3, .maxValue = 3, .unit = Unit::indexed},
+       {.key = "switch", .address = 2, .unit = Unit::boolean},
+       {.key = "count",
+        .address = 3,
+        .minValue = -0.5f,
+        .maxValue = 7.8f,
+        .unit = Unit::relativeSemiTones,
+        .flags = platform::AudioUnitParameterFlags::wholeValues},
+       {.key = "none",
+        .address = 4,
+        .minValue = 0.3f,
+        .maxValue = 0.6f,
+        .defaultValue = 0.4f,
+        .unit = Unit::indexed},
+       {.key = "value", .address = 5, .unit = Unit::relativeSemiTones}});
+  const struct {
+    std::size_t index;
+    float set, read;
+  } cases[] = {{0, -2.6f, -3}, {0, 1.4f, 1}, {1, 0.4f, 0}, {1, 0.6f, 1},   {2, 3.121f, 3},
+               {2, 7.8f, 7},   {2, -9, 0},   {3, 1, 0.6f}, {4, 0.3f, 0.3f}};
+  for (const auto& [index, set, read] : cases) {
+    for (const bool isStored : {false, true}) {
+      tree.at(index).setValue(tree.at(index).description().defaultValue);
+      if (isStored)
+        tree.at(index).store(set);
+      else
+        tree.at(index).setValue(set);
+      EXPECT_EQ(tree.at(index).value(), read) << index << " " << set;
+    }
+  }
 }
 
 class ParameterObserverTest : public testing::Test {

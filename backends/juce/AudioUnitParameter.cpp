@@ -10,10 +10,6 @@ namespace {
 
 using Unit = platform::AudioUnitParameterUnit;
 
-bool isStepped(const platform::AUParameter& parameter) {
-  return parameter.unit() == Unit::indexed || parameter.unit() == Unit::boolean;
-}
-
 bool isEvenInPitch(const platform::AUParameter& parameter) {
   const bool isLogarithmic =
       (parameter.flags() & platform::AudioUnitParameterFlags::displayLogarithmic) != 0;
@@ -61,7 +57,7 @@ AudioUnitParameter::AudioUnitParameter(platform::AUParameter& parameter, float d
           juce::ParameterID(toText(parameter.key()), 1), toText(parameter.displayName()),
           attributesOf(parameter)),
       parameter_(parameter),
-      isStepped_(juce_backend::isStepped(parameter)),
+      isStepped_(platform::takesWholeValues(parameter.unit(), parameter.flags())),
       isEvenInPitch_(juce_backend::isEvenInPitch(parameter)) {
   defaultValue_ = toNormalised(defaultValue);
 }

@@ -70,7 +70,9 @@ bool isLogarithmic(const platform::AUParameter& parameter) {
 }
 
 bool isInteger(const platform::AUParameter& parameter) {
-  return parameter.unit() == Unit::indexed || parameter.unit() == Unit::midiNoteNumber;
+  if (parameter.unit() == Unit::boolean) return false;
+  return parameter.unit() == Unit::midiNoteNumber ||
+         platform::takesWholeValues(parameter.unit(), parameter.flags());
 }
 
 /// Values and their texts. Hosts find a value by its text, so no two texts are the same.

@@ -52,6 +52,12 @@ ParameterDescription octave(std::string key, std::string name) {
   return description;
 }
 
+/// A count in its unit.
+ParameterDescription whole(ParameterDescription description) {
+  description.flags |= Flags::wholeValues;
+  return description;
+}
+
 /// The player's own: not for the dice.
 ParameterDescription kept(ParameterDescription description) {
   description.randomizable = false;
@@ -119,7 +125,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("osc1Pan", "Osc 1 Pan", Unit::pan, -1, 1, -0.25f),
       onOff("osc2On", "Osc 2", true),
       choice("osc2Wave", "Osc 2 Wave", waves(), 2),
-      number("osc2Semi", "Osc 2 Semitones", Unit::relativeSemiTones, -24, 24, 0),
+      whole(number("osc2Semi", "Osc 2 Semitones", Unit::relativeSemiTones, -24, 24, 0)),
       number("osc2Fine", "Osc 2 Fine", Unit::cents, -50, 50, 7),
       live(number("osc2Width", "Osc 2 Width", Unit::percent, 5, 95, 50)),
       number("osc2Level", "Osc 2 Level", Unit::decibels, -48, 0, -5),
@@ -136,7 +142,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number("velocityCutoff", "Velocity to Cutoff", Unit::relativeSemiTones, 0, 48, 12),
       number("pressureCutoff", "Pressure to Cutoff", Unit::relativeSemiTones, 0, 48, 18),
       number("wheelVibrato", "Wheel to Vibrato", Unit::cents, 0, 200, 50),
-      kept(number("bendRange", "Bend Range", Unit::relativeSemiTones, 0, 24, 2)),
+      kept(whole(number("bendRange", "Bend Range", Unit::relativeSemiTones, 0, 24, 2))),
       onOff("filterOn", "Filter", true),
       choice("filterType", "Filter Type", {"LP 24", "LP 12", "Band", "High", "Notch", "Peak"}, 0),
       live(number("cutoff", "Cutoff", Unit::hertz, 20, 20000, 900)),
@@ -165,7 +171,7 @@ std::vector<ParameterDescription> parameterDescriptions() {
       choice("lfo2Wave", "LFO 2 Wave", lfoWaves(), 0),
       number("lfo2Rate", "LFO 2 Rate", Unit::hertz, 0.05f, 30, 5.2f),
       onOff("lfo2Sync", "LFO 2 Sync", false),
-      number("lfo2Beats", "LFO 2 Beats", Unit::beats, 1, 16, 4),
+      whole(number("lfo2Beats", "LFO 2 Beats", Unit::beats, 1, 16, 4)),
       number("lfo2Fade", "LFO 2 Fade-in", Unit::seconds, 0, 4, 0.8f),
       number("lfo2Pitch", "LFO 2 to Pitch", Unit::cents, 0, 100, 4),
       number("lfo2Pan", "LFO 2 to Pan", Unit::percent, 0, 100, 0),

@@ -52,6 +52,7 @@ constexpr FlagName flags[] = {
     {"displaySquared", platform::AudioUnitParameterFlags::displaySquared},
     {"displayLogarithmic", platform::AudioUnitParameterFlags::displayLogarithmic},
     {"nonRealTime", platform::AudioUnitParameterFlags::nonRealTime},
+    {"wholeValues", platform::AudioUnitParameterFlags::wholeValues},
 };
 
 /// Parameters hold floats; beyond this their sums and differences would not be finite.
