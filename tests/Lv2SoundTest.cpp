@@ -349,6 +349,23 @@ TEST_F(Lv2SoundTest, SendsTheSoundItselfWhileThereIsNewSound) {
   port(OddAudioUnit::sync) = 0;
   instance.run(800);
   EXPECT_THAT(samples(), testing::IsEmpty());
+
+  // Silence, until a display has nothing else to show.
+  port(OddAudioUnit::sync) = 1;
+  for (const float level : {0.0f, 0.5f, 0.0f}) {
+    port(OddAudioUnit::level) = level;
+    std::vector<std::size_t> sizes;
+    for (int cycle = 0; cycle < 10; ++cycle) {
+      instance.run(800);
+      EXPECT_THAT(samples(), Each(level));
+      sizes.push_back(samples().size());
+    }
+    EXPECT_EQ(sizes[5], 800u) << "4096 are kept";
+    EXPECT_EQ(sizes[6], level == 0 ? 0u : 800u);
+  }
+  openEditor();
+  instance.run(800);
+  EXPECT_THAT(samples(), testing::SizeIs(testing::Ge(800))) << "an editor that has none yet";
 }
 
 TEST_F(Lv2SoundTest, PassesOnMidiThatIsBoundOrThatAControlWaitsFor) {

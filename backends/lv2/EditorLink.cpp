@@ -34,7 +34,8 @@ EditorLink::EditorLink(platform::AudioUnit& audioUnit, orvane::MidiLearn& midiLe
       sentModulating_(values_.size()),
       sounds_(audioUnit),
       sentSamples_(sounds_.buffers().size()),
-      samples_(maxSamples),
+      sentSilence_(sentSamples_.size()),
+      samples_(LiveSounds::keptSamples),
       livePeriod_(static_cast<std::uint32_t>(sampleRate / displayRate)) {
   // It maps a dozen URIs, once; the structure of the map is only read.
   lv2_atom_forge_init(&forge_, const_cast<LV2_URID_Map*>(&map));
@@ -56,6 +57,7 @@ void EditorLink::receive(const LV2_Atom_Object& object) {
     case EditorMessage::Kind::opened:
       schedule(opened);
       liveIsStale_ = true;
+      std::fill(sentSilence_.begin(), sentSilence_.end(), 0);
       wantsOwnValues_.store(true, std::memory_order_relaxed);
       wantsMidi_ = false;
       break;
@@ -188,14 +190,28 @@ void EditorLink::writeSounds(std::uint32_t capacity) {
     if (written == sentSamples_[i] || room <= EditorMessage::sizeOfSound(0)) continue;
     const std::size_t fitting = (room - EditorMessage::sizeOfSound(0)) / sizeof(float);
     // Where the newest do not fit, the oldest of them are left out: it is only for the eyes.
-    const auto wanted = static_cast<std::size_t>(
-        std::min({written - sentSamples_[i], std::uint64_t{maxSamples}, std::uint64_t{fitting}}));
+    const auto wanted = static_cast<std::size_t>(std::min(
+        {written - sentSamples_[i], std::uint64_t{samples_.size()}, std::uint64_t{fitting}}));
     const std::size_t count = buffer.newest({samples_.data(), wanted});
     sentSamples_[i] = written;
-    if (count == 0) continue;
+    if (count == 0 || isStillSilent(i, count)) continue;
     lv2_atom_forge_frame_time(&forge_, 0);
     EditorMessage::forgeSound(forge_, urids_, i, {samples_.data(), count});
   }
+}
+
+bool EditorLink::isStillSilent(std::size_t sound, std::size_t count) {
+  const auto begin = samples_.begin();
+  const auto end = begin + static_cast<std::ptrdiff_t>(count);
+  if (std::any_of(begin, end, [](float sample) { return sample != 0; })) {
+    sentSilence_[sound] = 0;
+    return false;
+  }
+  const std::size_t kept = sounds_.buffers()[sound]->newest(samples_);
+  if (sentSilence_[sound] >= kept) return true;
+  sentSilence_[sound] += count;
+  std::fill(begin, end, 0.0f);
+  return false;
 }
 
 void EditorLink::writeMidi(std::uint32_t capacity) {

@@ -80,6 +80,7 @@ class EditorLink {
   void writeOwnValues(std::uint32_t room);
   void writeLive(std::uint32_t room);
   void writeSounds(std::uint32_t capacity);
+  bool isStillSilent(std::size_t sound, std::size_t count);
   void writeMidi(std::uint32_t capacity);
 
   platform::AudioUnit& audioUnit_;
@@ -124,11 +125,12 @@ class EditorLink {
   LiveParameters live_;
   std::vector<float> values_, sentValues_;
   std::vector<std::int32_t> modulating_, sentModulating_;
-  /// More than a display shows between two frames.
-  static constexpr std::size_t maxSamples = 4096;
   LiveSounds sounds_;
   /// How many samples of each there had been when the last were sent.
   std::vector<std::uint64_t> sentSamples_;
+  /// How many samples of silence were sent of each in a row: once that is all that a display can show,
+  /// more of it shows nothing new.
+  std::vector<std::size_t> sentSilence_;
   std::vector<float> samples_;
 
   std::uint32_t livePeriod_;

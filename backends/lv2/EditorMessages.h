@@ -91,6 +91,9 @@ class LiveParameters {
 /// the same for the sound's audio unit and the editor's.
 class LiveSounds {
  public:
+  /// What an editor keeps of each: a third of a second at 48 kHz, more than any display shows.
+  static constexpr std::size_t keptSamples = 16384;
+
   explicit LiveSounds(platform::AudioUnit& audioUnit);
   const std::vector<const platform::LiveBuffer*>& buffers() const { return buffers_; }
 

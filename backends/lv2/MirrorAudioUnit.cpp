@@ -6,17 +6,10 @@
 #include "backends/lv2/PluginState.h"
 
 namespace lv2_backend {
-namespace {
-
-// A third of a second at 48 kHz, more than any display shows.
-constexpr std::size_t ringCapacity = 16384;
-
-}  // namespace
-
 MirrorAudioUnit::MirrorAudioUnit(std::unique_ptr<platform::AudioUnit> audioUnit)
     : unit_(std::move(audioUnit)), sounds_(*unit_) {
   for (std::size_t i = 0; i < sounds_.buffers().size(); ++i)
-    rings_.push_back(std::make_unique<quillon::LiveRing>(ringCapacity));
+    rings_.push_back(std::make_unique<quillon::LiveRing>(LiveSounds::keptSamples));
   midiLearn_.bindingsChanged = [this] {
     if (stateObserver_) stateObserver_();
   };
