@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <cstdlib>
 
 #include "Orvane/PresetManager.h"
@@ -111,7 +112,7 @@ struct StandaloneWindowTest : StandaloneTest {
 };
 
 TEST_F(StandaloneTest, withoutADisplayItPaintsItsPagesAndSaysWhere) {
-  const Environment temporary("TMPDIR", folder.path());
+  const Environment cache("XDG_CACHE_HOME", folder.path());
   for (const char* display : {"", ":87654"}) {
     const Environment none("DISPLAY", display);
     EXPECT_FALSE(juce_backend::isDisplayAvailable());
@@ -120,13 +121,14 @@ TEST_F(StandaloneTest, withoutADisplayItPaintsItsPagesAndSaysWhere) {
     const std::string told = testing::internal::GetCapturedStdout();
     const std::string where = told.substr(told.rfind("are in ") + 7);
     EXPECT_THAT(told, HasSubstr("Render log"));
-    EXPECT_TRUE(std::filesystem::exists(where.substr(0, where.size() - 1) + "/page-1.png")) << told;
+    EXPECT_EQ(where, folder / "org.example.renderlog\n") << "the same each time";
+    EXPECT_TRUE(std::filesystem::exists(folder / "org.example.renderlog/page-1.png")) << told;
   }
 }
 
 TEST_F(StandaloneTest, picturesThatCannotBeWrittenAreAnError) {
   const Environment none("DISPLAY", "");
-  const Environment temporary("TMPDIR", folder.path());
+  const Environment cache("XDG_CACHE_HOME", folder.path());
   orvane::PluginEntry entry = support::renderLogEntry();
   folder.write("file", "x");
   entry.identifier = "file/below";
@@ -158,6 +160,20 @@ TEST_F(StandaloneWindowTest, theWindowComesBackAsLargeAsItsUserLeftIt) {
     EXPECT_GE(sizeOf(window).getWidth(), 600);
     EXPECT_EQ(sizeOf(window).getHeight(), 320);
   });
+}
+
+TEST_F(StandaloneWindowTest, aSessionThatEndsClosesItAsItsUserWould) {
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    run(
+        [signal](StandaloneWindow& window) {
+          window.setContentComponentSize(700, 400 + signal);
+          std::raise(signal);
+        },
+        [](StandaloneWindow&) { ADD_FAILURE() << "it goes on"; });
+    run([signal](StandaloneWindow& window) {
+      EXPECT_EQ(sizeOf(window), juce::Rectangle<int>(700, 400 + signal));
+    });
+  }
 }
 
 TEST_F(StandaloneWindowTest, withoutAFolderOfItsOwnItUsesTheUsers) {

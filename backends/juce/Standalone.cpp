@@ -9,6 +9,7 @@
 #include "Orvane/KestroAUViewController.h"
 #include "backends/juce/JuceInput.h"
 #include "backends/juce/PluginBundle.h"
+#include "backends/juce/QuitOnSignal.h"
 #include "backends/juce/Snapshot.h"
 #include "backends/juce/StandaloneSound.h"
 #include "backends/juce/StandaloneWindow.h"
@@ -21,13 +22,20 @@ namespace {
 
 constexpr double pictureScale = 2;
 
+/// Always the same, so that none is left behind; the user's own, so that nobody else has put a link there.
+juce::File picturesFolder(const orvane::PluginEntry& entry) {
+  const char* const cache = std::getenv("XDG_CACHE_HOME");
+  const juce::File folder =
+      cache && *cache == '/'
+          ? juce::File(toText(cache))
+          : juce::File::getSpecialLocation(juce::File::userHomeDirectory).getChildFile(".cache");
+  return folder.getChildFile(toText(entry.identifier));
+}
+
 int writePictures(const orvane::PluginEntry& entry) {
   // What JUCE keeps for its fonts is given back at the end.
   const juce::ScopedJuceInitialiser_GUI juceIsUp;
-  const std::string folder = juce::File::getSpecialLocation(juce::File::tempDirectory)
-                                 .getNonexistentChildFile(toText(entry.identifier), {}, false)
-                                 .getFullPathName()
-                                 .toStdString();
+  const std::string folder = picturesFolder(entry).getFullPathName().toStdString();
   std::string error;
   writePages(entry, entry.preferredSize, pictureScale, folder, error);
   if (!error.empty()) {
@@ -120,6 +128,7 @@ class StandaloneApplication : public juce::JUCEApplication {
   }
 
  private:
+  QuitOnSignal quitOnSignal_;
   std::unique_ptr<AudioUnitProcessor> processor_;
   std::unique_ptr<juce::PropertiesFile> settings_;
   std::unique_ptr<StoredBindings> bindings_;
