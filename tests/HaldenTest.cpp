@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "examples/Halden/HaldenDesign.h"
 #include "examples/Halden/HaldenParameters.h"
 #include "examples/Halden/dsp/FilterResponse.h"
 #include "tests/support/AllocationCounter.h"
@@ -350,6 +351,39 @@ TEST(HaldenTest, PanicSilencesEverythingThatSounds) {
   EXPECT_LT(player.rms(0.1, 0.3), 1e-3);
 }
 
+TEST(HaldenTest, WhatItsEditorStepsThroughIsWholeWhoeverSetsIt) {
+  HaldenAudioUnit unit;
+  for (const auto& key : HaldenDesign().paramKeys()) {
+    if (key->settings().controlType != kestroui::ControlType::stepper) continue;
+    platform::AUParameter& parameter = *unit.parameter(key->key());
+    parameter.setValue(parameter.minValue() + 1.3f);
+    EXPECT_EQ(parameter.value(), parameter.minValue() + 1) << key->key();
+  }
+}
+
+TEST(HaldenTest, ItsTailIsThatOfItsSettings) {
+  for (const auto& values : std::vector<std::map<std::string, float>>{
+           {{"ampRelease", 200}},
+           {{"ampRelease", 3000}},
+           {{"delayOn", 1}, {"delayMix", 100}, {"delayFeedback", 40}, {"delayDivision", 8}},
+           {{"reverbOn", 1}, {"reverbMix", 100}, {"reverbDecay", 3}, {"ampRelease", 5}}}) {
+    HaldenPlayer player(22050);
+    player.setBare(values);
+    player.transport.tempo = 90;
+    player.noteOn(60);
+    player.renderSeconds(0.5);
+    player.noteOff(60);
+    player.renderSeconds(9);
+    const float quiet = player.peak() / 1000;
+    std::size_t last = player.left.size();
+    while (std::max(std::abs(player.left[last - 1]), std::abs(player.right[last - 1])) < quiet)
+      --last;
+    const double heard = static_cast<double>(last) / player.sampleRate - 0.5;
+    EXPECT_LE(heard, player.unit.tailSeconds() + 0.05) << values.begin()->first;
+    EXPECT_GT(heard, 0.5 * player.unit.tailSeconds()) << values.begin()->first;
+  }
+}
+
 TEST(HaldenTest, EndsInPerfectSilenceWithoutDenormalNumbers) {
   HaldenPlayer player;
   for (int number : {0, 1, 26}) {
@@ -360,7 +394,7 @@ TEST(HaldenTest, EndsInPerfectSilenceWithoutDenormalNumbers) {
     player.noteOff(50, 24000);
     player.renderSeconds(1);
     player.clear();
-    player.renderSeconds(player.unit.tailSeconds());
+    player.renderSeconds(30);
     int denormals = 0;
     for (float sample : player.left) denormals += std::fpclassify(sample) == FP_SUBNORMAL;
     EXPECT_EQ(denormals, 0) << preset.name;

@@ -149,6 +149,30 @@ TEST(SelvikTest, StaysFiniteWithoutAllocatingInAStormOfValues) {
   }
 }
 
+TEST(SelvikTest, ItsTailIsThatOfItsSettings) {
+  const struct {
+    std::map<std::string, float> values;
+    double shortest;
+  } cases[] = {{{{"time", 200}, {"sync", 0}, {"feedback", 0}}, 0.19},
+               {{{"time", 100}, {"sync", 0}, {"feedback", 80}}, 2},
+               {{{"sync", 1}, {"division", 8}, {"feedback", 50}}, 3},
+               {{{"time", 100}, {"sync", 0}, {"feedback", 95}, {"lowCut", 9000}}, 0.5},
+               {{{"mix", 0}}, 0}};
+  for (const auto& [values, shortest] : cases) {
+    SelvikPlayer player(22050);
+    player.set({{"threshold", 0}, {"mix", 100}});
+    player.set(values);
+    player.play(0.05, [](double time) { return tone(3000, time); });
+    player.play(8, [](double) { return 0.0; });
+    std::size_t last = player.left.size();
+    while (std::abs(player.left[last - 1]) < 0.0005f) --last;
+    const double heard = static_cast<double>(last) / player.sampleRate - 0.055;
+    EXPECT_LE(heard, player.unit.tailSeconds() + 0.01) << shortest;
+    EXPECT_GE(player.unit.tailSeconds(), shortest);
+    EXPECT_LE(player.unit.tailSeconds(), 2 * heard + 0.1) << shortest;
+  }
+}
+
 TEST(SelvikTest, SoundsOnAfterASampleThatIsNoNumber) {
   for (const double bad : {std::nan(""), HUGE_VAL, 1e38}) {
     SelvikPlayer player;

@@ -5,6 +5,7 @@
 
 #include "examples/Halden/HaldenParameters.h"
 #include "examples/Halden/HaldenPresets.h"
+#include "examples/Halden/dsp/Divisions.h"
 #include "examples/Halden/dsp/FilterResponse.h"
 
 namespace halden {
@@ -56,12 +57,31 @@ std::vector<double> HaldenAudioUnit::magnitudesForFrequencies(
   return decibels;
 }
 
+double HaldenAudioUnit::tailSeconds() const {
+  const auto now = [this](Param param) { return value(indexOf(param)); };
+  const auto sounds = [&](Param on, Param mix) { return now(on) >= 0.5f && now(mix) > 0; };
+  // The voices' own fade, and what is short in every effect.
+  float seconds = now(Param::ampRelease) / 1000 + 0.1f;
+  if (sounds(Param::delayOn, Param::delayMix)) {
+    const float echo = now(Param::delaySync) >= 0.5f
+                           ? divisionSeconds(static_cast<int>(now(Param::delayDivision)), tempo_)
+                           : now(Param::delayTime) / 1000;
+    seconds +=
+        StereoDelay::tailSeconds(echo, now(Param::delayFeedback) / 100, now(Param::delayLowCut),
+                                 now(Param::delayTone), static_cast<float>(sampleRate()));
+  }
+  if (sounds(Param::reverbOn, Param::reverbMix))
+    seconds += now(Param::reverbPredelay) / 1000 + now(Param::reverbDecay);
+  return double{seconds};
+}
+
 void HaldenAudioUnit::readParameters() {
   for (std::size_t i = 0; i < paramCount; ++i) params_.at(i) = value(i);
 }
 
 void HaldenAudioUnit::render(const platform::RenderBlock& block) {
   if (block.outputs.empty()) return;
+  tempo_ = block.transport.tempo;
   readParameters();
   float* left = block.outputs[0];
   float* right = block.outputs.size() > 1 ? block.outputs[1] : mono_.data();

@@ -17,8 +17,8 @@ class HaldenAudioUnit : public quillon::CommonAudioUnit {
   bool hasStore() const override { return true; }
   int inputChannels() const override { return 0; }
   bool acceptsMidi() const override { return true; }
-  /// The longest release, echoes and hall together.
-  double tailSeconds() const override { return 30; }
+  /// Until a released note, its echoes and the hall are 60 dB down, one after the other.
+  double tailSeconds() const override;
   void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
   void render(const platform::RenderBlock& block) override;
 
@@ -46,6 +46,8 @@ class HaldenAudioUnit : public quillon::CommonAudioUnit {
 
   Synth synth_;
   ParamValues params_;
+  /// The song's, as it was last heard.
+  std::atomic<double> tempo_{120};
   std::vector<float> mono_;
   float peak_ = 0;
   /// Seconds that the clip light stays on, and until the count of voices may change again.

@@ -99,10 +99,16 @@ void SelvikAudioUnit::allocateRenderResources(double sampleRate, std::uint32_t m
   echo_.setSampleRate(sampleRate);
 }
 
+double SelvikAudioUnit::tailSeconds() const {
+  const DuckedEcho::Settings now = settings(tempo_);
+  if (now.mix == 0) return 0;
+  return double{halden::StereoDelay::tailSeconds(now.seconds, now.feedback, now.lowCut, now.highCut,
+                                                 static_cast<float>(sampleRate()))};
+}
+
 DuckedEcho::Settings SelvikAudioUnit::settings(double tempo) const {
-  const float beats = halden::divisionBeats(static_cast<int>(value(division)));
-  const float beat = 60 / (tempo > 1 && tempo < 10000 ? static_cast<float>(tempo) : 120.0f);
-  return {.seconds = value(sync) > 0.5f ? beats * beat : value(time) / 1000,
+  const float synced = halden::divisionSeconds(static_cast<int>(value(division)), tempo);
+  return {.seconds = value(sync) > 0.5f ? synced : value(time) / 1000,
           .feedback = value(feedback) / 100,
           .mix = value(mix) / 100,
           .lowCut = value(lowCut),
@@ -116,6 +122,7 @@ DuckedEcho::Settings SelvikAudioUnit::settings(double tempo) const {
 }
 
 void SelvikAudioUnit::render(const platform::RenderBlock& block) {
+  tempo_ = block.transport.tempo;
   if (block.inputs.size() < 2 || block.outputs.size() < 2) return CommonAudioUnit::render(block);
   const auto show = [&](quillon::LiveRing& ring, const float* left, const float* right) {
     for (std::uint32_t i = 0; i < block.frames && isUIVisible(); ++i)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 #include "Quillon/CommonAudioUnit.h"
 #include "examples/Selvik/DuckedEcho.h"
 
@@ -32,8 +34,8 @@ class SelvikAudioUnit : public quillon::CommonAudioUnit {
   SelvikAudioUnit();
 
   bool hasStore() const override { return true; }
-  /// Until the longest echo with the most feedback is 60 dB down.
-  double tailSeconds() const override { return 3 * 135; }
+  /// Until the echo is 60 dB down.
+  double tailSeconds() const override;
   void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;
   void render(const platform::RenderBlock& block) override;
 
@@ -41,6 +43,8 @@ class SelvikAudioUnit : public quillon::CommonAudioUnit {
   DuckedEcho::Settings settings(double tempo) const;
 
   DuckedEcho echo_;
+  /// The song's, as it was last heard.
+  std::atomic<double> tempo_{120};
   quillon::LiveRing& before_;
   quillon::LiveRing& after_;
 };

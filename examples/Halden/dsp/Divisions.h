@@ -32,4 +32,10 @@ inline float divisionBeats(int index) {
       .beats;
 }
 
+/// At a tempo in beats a minute; one that cannot be counts for 120.
+inline float divisionSeconds(int index, double tempo) {
+  const float beat = 60 / (tempo > 1 && tempo < 10000 ? static_cast<float>(tempo) : 120.0f);
+  return divisionBeats(index) * beat;
+}
+
 }  // namespace halden

@@ -4,10 +4,24 @@ namespace halden {
 namespace {
 
 constexpr float fadeSeconds = 0.04f;
+constexpr float minSeconds = 0.001f;
 /// -120 dB.
 constexpr float inaudible = 1e-6f;
 
 }  // namespace
+
+float StereoDelay::tailSeconds(float seconds, float feedback, float lowCutFrequency,
+                               float toneFrequency, float sampleRate) {
+  const auto warped = [sampleRate](float frequency) {
+    const float share = OnePole::share(frequency, sampleRate);
+    return share / (1 - share);
+  };
+  // A turn is as loud as the filters are where they let most through: in the middle between them.
+  const float high = warped(toneFrequency);
+  const float turn = std::clamp(feedback, 0.0f, 0.99f) * high / (high + warped(lowCutFrequency));
+  const float turns = turn > 0 ? std::ceil(std::log(0.001f) / std::log(turn)) : 0;
+  return std::clamp(seconds, minSeconds, maxSeconds) * (1 + turns);
+}
 
 void StereoDelay::setSampleRate(float sampleRate) {
   sampleRate_ = sampleRate;
@@ -26,7 +40,7 @@ void StereoDelay::reset() {
 }
 
 void StereoDelay::chooseTime(float seconds) {
-  const float wanted = std::clamp(seconds, 0.001f, maxSeconds) * sampleRate_;
+  const float wanted = std::clamp(seconds, minSeconds, maxSeconds) * sampleRate_;
   if (resting_) {
     time_ = nextTime_ = wanted;
     fade_ = 0;

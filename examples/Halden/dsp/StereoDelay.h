@@ -23,6 +23,10 @@ class StereoDelay {
     float lowCutFrequency = 110, toneFrequency = 4000;
   };
 
+  /// Until what has entered is 60 dB down at these settings.
+  static float tailSeconds(float seconds, float feedback, float lowCutFrequency,
+                           float toneFrequency, float sampleRate);
+
   void setSampleRate(float sampleRate);
   void reset();
   void process(const Settings& settings, int begin, int count, float* left, float* right);
