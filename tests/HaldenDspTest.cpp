@@ -287,6 +287,36 @@ TEST(HaldenStereoDelayTest, AnswersAfterItsTimeOnTheLeftThenOnTheRight) {
   EXPECT_LT(std::abs(right[loudest(right, 10, 7000)]), 1e-3f);
 }
 
+TEST(HaldenStereoDelayTest, RestsOnceItsEchoesHaveDiedAndHasForgottenThemThen) {
+  StereoDelay delay;
+  delay.setSampleRate(48000);
+  StereoDelay::Settings settings;
+  settings.amount = settings.mix = Ramp::constant(1);
+  settings.feedback = Ramp::constant(0.2f);
+  settings.seconds = 0.05f;
+  const auto play = [&](float impulse, int blocks) {
+    float loudest = 0;
+    for (int block = 0; block < blocks; ++block) {
+      std::vector<float> left(16), right(16);
+      if (block == 0) left[0] = right[0] = impulse;
+      delay.process(settings, 0, 16, left.data(), right.data());
+      if (block > 0) loudest = std::max(loudest, std::abs(left[3]));
+    }
+    return loudest;
+  };
+  EXPECT_GT(play(1, 900), 0.001f);
+  EXPECT_FALSE(delay.isQuiet());
+  play(0, 2000);
+  EXPECT_TRUE(delay.isQuiet());
+  delay.rest();
+  // The old echoes are within reach of the new time.
+  settings.seconds = 1.5f;
+  settings.feedback = Ramp::constant(0);
+  EXPECT_LT(play(0.01f, 4490), 1e-6f);
+  EXPECT_FALSE(delay.isQuiet());
+  EXPECT_GT(play(0, 200), 1e-4f) << "the new one";
+}
+
 TEST(HaldenReverbTest, FallsBySixtyDecibelsInItsDecayTime) {
   for (float rate : {44100.0f, 96000.0f}) {
     Reverb reverb;

@@ -56,6 +56,9 @@ inline float softClip(float x) {
   return limited * (27 + square) / (27 + 9 * square);
 }
 
+/// -120 dB: what is below it for long is over.
+inline constexpr float inaudible = 1e-6f;
+
 inline float wrapPhase(float phase) { return phase - std::floor(phase); }
 
 /// At `place`, from 0 to the last of `points`, on a curve through the points that is flat at every

@@ -8,8 +8,6 @@ constexpr std::array<float, 8> lineMilliseconds = {31.71f, 37.11f, 40.23f, 44.14
                                                    48.37f, 53.09f, 58.79f, 64.31f};
 constexpr std::array<float, 4> blurMilliseconds = {4.77f, 3.59f, 12.73f, 9.31f};
 constexpr float breathMilliseconds = 0.35f;
-/// -120 dB.
-constexpr float inaudible = 1e-6f;
 
 /// Every output hears every input, and the energy stays the same.
 void mixLines(std::array<float, 8>& x) {
@@ -78,7 +76,6 @@ void Reverb::process(const Settings& settings, int begin, int count, float* left
   const float breath = breathMilliseconds * 0.001f * sampleRate_;
   const float increment = 0.37f / sampleRate_;
   const float glide = smoothingShare(0.08f, sampleRate_);
-  float loudest = 0;
   for (int i = 0; i < count; ++i) {
     const int at = begin + i;
     const float amount = settings.amount.at(at);
@@ -103,7 +100,9 @@ void Reverb::process(const Settings& settings, int begin, int count, float* left
     }
     const float wetLeft = x[0] + x[2] - x[4] + x[6];
     const float wetRight = x[1] - x[3] + x[5] + x[7];
-    loudest = std::max({loudest, std::abs(wetLeft), std::abs(wetRight), std::abs(inputs[0])});
+    const float loudest =
+        std::max({std::abs(wetLeft), std::abs(wetRight), std::abs(inputs[0]), std::abs(inputs[1])});
+    quietSamples_ = loudest > inaudible ? 0 : quietSamples_ + 1;
     mixLines(x);
     for (std::size_t n = 0; n < lineCount; ++n) lines_[n].push(x[n] + inputs[n & 1] * 0.5f);
 
@@ -112,8 +111,7 @@ void Reverb::process(const Settings& settings, int begin, int count, float* left
     right[i] += wet * (wetRight - right[i] * 0.4f);
   }
 
-  quietSamples_ = loudest > inaudible ? 0 : quietSamples_ + static_cast<float>(count);
-  if (off && quietSamples_ > 0.2f * sampleRate_) resting_ = true;
+  resting_ = off && isQuiet();
 }
 
 }  // namespace halden

@@ -28,6 +28,8 @@ class Reverb {
   void setSampleRate(float sampleRate);
   void reset();
   void process(const Settings& settings, int begin, int count, float* left, float* right);
+  /// The hall has died away, unless it is given something new.
+  bool isQuiet() const { return resting_ || quietSamples_ > (maxPredelay + 0.2f) * sampleRate_; }
 
  private:
   static constexpr std::size_t lineCount = 8;

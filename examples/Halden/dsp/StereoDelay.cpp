@@ -5,8 +5,6 @@ namespace {
 
 constexpr float fadeSeconds = 0.04f;
 constexpr float minSeconds = 0.001f;
-/// -120 dB.
-constexpr float inaudible = 1e-6f;
 
 }  // namespace
 
@@ -35,7 +33,7 @@ void StereoDelay::reset() {
   for (DelayLine& line : lines_) line.clear();
   for (OnePole& filter : highCut_) filter.reset();
   for (OnePole& filter : lowCut_) filter.reset();
-  time_ = nextTime_ = fade_ = quietSamples_ = 0;
+  time_ = nextTime_ = fade_ = quietSamples_ = heardSamples_ = 0;
   resting_ = true;
 }
 
@@ -52,26 +50,32 @@ void StereoDelay::chooseTime(float seconds) {
 
 void StereoDelay::process(const Settings& settings, int begin, int count, float* left,
                           float* right) {
-  // Switched off, it rests once its own echoes have died; until then they turn unheard, and no
-  // memory has to be wiped on the audio thread.
+  // Switched off, it rests once its own echoes have died; until then they turn unheard.
   const bool off = settings.amount.isZero();
   if (off && resting_) return;
+  if (resting_) {
+    // A read goes up to two samples beyond its place.
+    constexpr int margin = 4;
+    for (DelayLine& line : lines_)
+      for (int i = 0; i < margin; ++i) line.push(0);
+    heardSamples_ = margin;
+  }
   chooseTime(settings.seconds);
   resting_ = false;
 
   const float highCut = OnePole::share(settings.toneFrequency, sampleRate_);
   const float lowCut = OnePole::share(settings.lowCutFrequency, sampleRate_);
   const float fadeStep = 1 / (fadeSeconds * sampleRate_);
-  float loudest = 0;
   for (int i = 0; i < count; ++i) {
     const int at = begin + i;
     float echoes[2];
     for (int side = 0; side < 2; ++side) {
       const DelayLine& line = lines_[static_cast<std::size_t>(side)];
-      float echo = line.read(time_);
+      const auto read = [&](float time) { return heardSamples_ > time + 2 ? line.read(time) : 0; };
+      float echo = read(time_);
       if (fade_ > 0) {
         const float blend = fade_ * fade_ * (3 - 2 * fade_);
-        echo += blend * (line.read(nextTime_) - echo);
+        echo += blend * (read(nextTime_) - echo);
       }
       echo = highCut_[static_cast<std::size_t>(side)].low(echo, highCut);
       echoes[side] = lowCut_[static_cast<std::size_t>(side)].high(echo, lowCut);
@@ -93,15 +97,17 @@ void StereoDelay::process(const Settings& settings, int begin, int count, float*
     const float toRight = amount * -side + feedback * echoes[0];
     lines_[0].push(softClip(toLeft * 0.5f) * 2);
     lines_[1].push(softClip(toRight * 0.5f) * 2);
-    loudest = std::max({loudest, std::abs(toLeft), std::abs(toRight)});
+    heardSamples_ = std::min(heardSamples_ + 1, 2 * maxSeconds * sampleRate_);
+    const float loudest =
+        std::max({std::abs(toLeft), std::abs(toRight), std::abs(echoes[0]), std::abs(echoes[1])});
+    quietSamples_ = loudest > inaudible ? 0 : quietSamples_ + 1;
 
     const float wet = amount * settings.mix.at(at);
     left[i] += wet * echoes[0];
     right[i] += wet * echoes[1];
   }
 
-  quietSamples_ = loudest > inaudible ? 0 : quietSamples_ + static_cast<float>(count);
-  if (off && quietSamples_ > maxSeconds * sampleRate_) resting_ = true;
+  resting_ = off && isQuiet();
 }
 
 }  // namespace halden

@@ -30,6 +30,10 @@ class StereoDelay {
   void setSampleRate(float sampleRate);
   void reset();
   void process(const Settings& settings, int begin, int count, float* left, float* right);
+  /// Its echoes have died away, unless it is given something new.
+  bool isQuiet() const { return resting_ || quietSamples_ > std::max(time_, nextTime_) + 4; }
+  /// For who does not call it any more while it is quiet: it forgets what it has in store.
+  void rest() { resting_ = true; }
 
  private:
   void chooseTime(float seconds);
@@ -41,8 +45,10 @@ class StereoDelay {
   float nextTime_ = 0;
   /// From 0 at `time_` to 1 at `nextTime_`.
   float fade_ = 0;
-  /// Samples since anything was to be heard in the lines.
+  /// Samples since anything was to be heard of what the lines will say.
   float quietSamples_ = 0;
+  /// Samples in the lines since it woke up: what lies behind them is forgotten, without being wiped.
+  float heardSamples_ = 0;
   bool resting_ = true;
 };
 

@@ -5,8 +5,8 @@
 namespace halden {
 namespace {
 
-/// -140 dB: what is below it for longer than any echo lasts is over.
-constexpr float inaudible = 1e-7f;
+/// Longer than any effect but echo and hall holds a sound.
+constexpr double restSeconds = 0.1;
 
 /// Leaves quiet sound alone and never passes 1.
 float holdBack(float x) {
@@ -42,6 +42,7 @@ void Synth::reset() {
   performance_ = {};
   framePosition_ = frameLength_;
   quietSamples_ = 0;
+  isFrameHeard_ = asleep_ = false;
 }
 
 void Synth::handle(const platform::MidiEvent& event) {
@@ -51,6 +52,7 @@ void Synth::handle(const platform::MidiEvent& event) {
   const float amount = static_cast<float>(message.value) / 127;
   switch (message.kind) {
     case Kind::noteOn:
+      asleep_ = false;
       quietSamples_ = 0;
       if (!voices_.isHeld()) controls_.restartSequencers();
       voices_.noteOn(message.number, controls_.velocity(amount), frame);
@@ -96,6 +98,14 @@ void Synth::beginFrame(const ParamValues& params) {
   panicHeld_ = panic;
   voices_.beginFrame(controls_.advance(params, performance_, frameLength_));
   framePosition_ = 0;
+  // Decided at the same samples however the time is cut: no voice sounds, and no effect has anything
+  // left to say.
+  quietSamples_ = std::exchange(isFrameHeard_, false) ? 0 : quietSamples_ + frameLength_;
+  if (!asleep_ && quietSamples_ > restSeconds * static_cast<double>(sampleRate_) &&
+      delay_.isQuiet() && reverb_.isQuiet()) {
+    asleep_ = true;
+    delay_.rest();
+  }
 }
 
 void Synth::render(const ParamValues& params, std::span<const platform::MidiEvent> midi,
@@ -124,7 +134,7 @@ void Synth::render(const ParamValues& params, std::span<const platform::MidiEven
 void Synth::renderPart(float* left, float* right, int count) {
   std::fill_n(left, count, 0.0f);
   std::fill_n(right, count, 0.0f);
-  if (quietSamples_ > 1.1 * StereoDelay::maxSeconds * static_cast<double>(sampleRate_)) return;
+  if (asleep_) return;
 
   const ControlFrame& frame = controls_.frame();
   const int begin = framePosition_;
@@ -163,8 +173,7 @@ void Synth::finish(float* left, float* right, int count) {
     framePosition_ = frameLength_ - count;
     return;
   }
-  quietSamples_ =
-      loudest > inaudible || !voices_.isSilent() ? 0 : quietSamples_ + static_cast<double>(count);
+  if (loudest > inaudible || !voices_.isSilent()) isFrameHeard_ = true;
 }
 
 float Synth::newestCutoff() const {

@@ -52,8 +52,10 @@ class Synth {
   int frameLength_ = 16;
   /// Samples of the frame that are rendered; all of them when a new one is due.
   int framePosition_ = 16;
-  /// Samples since the last one that could be heard.
+  /// Of the frames since the last in which something could be heard.
   double quietSamples_ = 0;
+  bool isFrameHeard_ = false;
+  bool asleep_ = false;
   bool panicHeld_ = false;
   bool clipped_ = false;
 };
