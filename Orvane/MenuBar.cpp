@@ -235,8 +235,10 @@ void MenuBar::onPresetMenu() {
   presetActionTitles_.clear();
   for (const auto& action : presetActions_) presetActionTitles_.push_back(action.title);
   if (presetActions_.empty()) return onPresetButton();
-  presetMenu_ = kestroui::ListPopup::open(*this, presetNameLabel_,
-                                          {Theme::accent, kestroui::textScaleIn(*this)});
+  // Its texts are about as large as the name.
+  const double scale =
+      std::max(kestroui::textScaleIn(*this), presetNameLabel_.bounds().height / 50);
+  presetMenu_ = kestroui::ListPopup::open(*this, presetNameLabel_, {Theme::accent, scale});
 }
 
 void MenuBar::popupDidCancel() { kestroui::ListPopup::close(presetMenu_); }
