@@ -71,19 +71,24 @@ std::optional<std::vector<std::string>> PresetFile::categoriesAtStart(std::strin
   return textsOf(&entry->second);
 }
 
+std::optional<std::vector<std::string>> PresetFile::categoriesAtEnds(platform::FileManager& files,
+                                                                     const std::string& path,
+                                                                     std::uint64_t size) {
+  if (size <= startSize) return std::nullopt;
+  platform::FileError ignored;
+  const auto start = files.contents(path, ignored, 0, startSize);
+  auto found = start ? categoriesAtStart(viewOf(*start)) : std::nullopt;
+  if (!found) return std::nullopt;
+  // A file that ends too early is a broken one.
+  const auto end = files.contents(path, ignored, size - endSize, endSize);
+  return end && endsAsPropertyList(viewOf(*end)) ? found : std::nullopt;
+}
+
 std::optional<std::vector<std::string>> PresetFile::categories(platform::FileManager& files,
                                                                const std::string& path,
                                                                std::uint64_t size) {
+  if (auto found = categoriesAtEnds(files, path, size)) return found;
   platform::FileError fileError;
-  if (size > startSize) {
-    const auto start = files.contents(path, fileError, 0, startSize);
-    if (!start) return std::nullopt;
-    if (auto found = categoriesAtStart(viewOf(*start))) {
-      // A file that ends too early is a broken one.
-      const auto end = files.contents(path, fileError, size - endSize, endSize);
-      if (end && endsAsPropertyList(viewOf(*end))) return found;
-    }
-  }
   std::string error;
   const auto bytes = files.contents(path, fileError);
   if (!bytes) return std::nullopt;

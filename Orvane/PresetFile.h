@@ -25,10 +25,15 @@ class PresetFile {
   static std::optional<PresetFile> decode(std::span<const std::uint8_t> bytes, std::string& error);
 
   /// The categories in a preset file of `size` bytes, empty for a file that has none or is no
-  /// preset; none when it cannot be read. Reads only the beginning and the end where they tell.
+  /// preset; none when it cannot be read. Reads only the beginning and the end where they tell. Any
+  /// thread.
   static std::optional<std::vector<std::string>> categories(platform::FileManager& files,
                                                             const std::string& path,
                                                             std::uint64_t size);
+  /// The same, but none where beginning and end do not tell.
+  static std::optional<std::vector<std::string>> categoriesAtEnds(platform::FileManager& files,
+                                                                  const std::string& path,
+                                                                  std::uint64_t size);
   /// What the beginning of an XML property list says of the categories; none when it does not say.
   static std::optional<std::vector<std::string>> categoriesAtStart(std::string_view xml);
 

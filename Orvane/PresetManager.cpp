@@ -11,6 +11,7 @@
 #include "Orvane/PresetFile.h"
 #include "foundation/Console.h"
 #include "foundation/DefaultFileManager.h"
+#include "foundation/DispatchQueue.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/PropertyListCoding.h"
 #include "foundation/SafeFile.h"
@@ -28,6 +29,8 @@ namespace {
 constexpr const char* presetsFolder = "/Presets";
 /// Where a file of the last listing is looked for before it is looked up.
 constexpr std::size_t nearPlaces = 8;
+/// In bytes. What is not longer is read in a few milliseconds, whatever it holds.
+constexpr std::uint64_t maximumReadAtOnce = 256 * 1024;
 
 std::span<const std::uint8_t> bytesOf(const std::string& text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
@@ -156,7 +159,10 @@ void PresetManager::list(KnownFolder& folder, bool isICloud,
     const bool isUnchanged = now.preset && now.stamp == entry.stamp;
     if (!isUnchanged || (!now.isRead && !entry.isDirectory)) {
       const std::string url = folder.path + '/' + entry.name;
-      auto categories = PresetFile::categories(fileManager_, url, entry.stamp.size);
+      const bool isLong = entry.stamp.size > maximumReadAtOnce;
+      auto categories = isLong ? PresetFile::categoriesAtEnds(fileManager_, url, entry.stamp.size)
+                               : PresetFile::categories(fileManager_, url, entry.stamp.size);
+      if (isLong && !categories) readLater(url, entry.stamp);
       now.isRead = categories.has_value();
       if (!isUnchanged || (categories && *categories != now.preset->categories)) {
         now.stamp = entry.stamp;
@@ -168,6 +174,37 @@ void PresetManager::list(KnownFolder& folder, bool isICloud,
     presets.push_back(now.preset);
     folder.files.push_back(std::move(now));
   }
+}
+
+void PresetManager::readLater(const std::string& url, const platform::FileStamp& stamp) {
+  const auto [begun, isNew] = reading_.try_emplace(url, stamp);
+  if (!isNew && begun->second == stamp) return;
+  begun->second = stamp;
+  foundation::DispatchQueue::globalAsync(
+      [self = platform::Weak<PresetManager>(this), &files = fileManager_, url, stamp] {
+        auto categories = PresetFile::categories(files, url, stamp.size);
+        foundation::DispatchQueue::mainAsync(
+            [self, url, stamp, categories = std::move(categories)]() mutable {
+              if (self) self->wasRead(url, stamp, std::move(categories));
+            });
+      });
+}
+
+void PresetManager::wasRead(const std::string& url, const platform::FileStamp& stamp,
+                            std::optional<std::vector<std::string>> categories) {
+  const auto begun = reading_.find(url);
+  if (begun == reading_.end() || begun->second != stamp) return;
+  reading_.erase(begun);
+  if (!categories) return;
+  for (KnownFolder* const folder : {&local_, &cloud_})
+    for (Known& file : folder->files) {
+      if (!file.preset || file.preset->url != url || file.stamp != stamp) continue;
+      file.isRead = true;
+      if (file.preset->categories == *categories) continue;
+      file.preset = std::make_shared<UserPreset>(url, file.preset->isICloud);
+      file.preset->categories = *categories;
+      if (viewController) viewController->presetLibrary().announce();
+    }
 }
 
 // Loading
@@ -199,6 +236,10 @@ bool PresetManager::loadFile(const std::string& url, const std::string& name) {
   }
   auto* unit = audioUnit.get();
   if (!unit) return false;
+  // Whoever saves what is loaded saves its categories, too.
+  if (const auto begun = reading_.find(url); begun != reading_.end())
+    wasRead(url, platform::FileStamp(begun->second),
+            PresetFile::categories(fileManager_, url, begun->second.size));
   if (unit->setFullState(PropertyList::Dictionary{{"data", *bytes}, {"presetName", name}}))
     return true;
   // The audio unit has told the console.

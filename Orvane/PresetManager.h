@@ -44,7 +44,8 @@ struct PresetUndo {
 /// The user's presets: a file for each, in the folder "Presets" of the app group's container or,
 /// where the user has a cloud, of that. The main controller owns it. Nothing throws: what fails is
 /// printed on the console and told to the view controller, in one sentence with the reason. Works on
-/// the calling thread, the user-interface thread; only what comes from the cloud comes later.
+/// the calling thread, the user-interface thread; only what comes from the cloud, and the categories of
+/// very long files, come later.
 ///
 ///     PresetManager presets("group.org.example.synth", {});
 ///     presets.audioUnit = &unit;
@@ -146,6 +147,10 @@ class PresetManager : public platform::WeakTarget {
   };
 
   void list(KnownFolder& folder, bool isICloud, std::vector<std::shared_ptr<UserPreset>>& presets);
+  /// Reads the categories of a file that the user-interface thread would wait for.
+  void readLater(const std::string& url, const platform::FileStamp& stamp);
+  void wasRead(const std::string& url, const platform::FileStamp& stamp,
+               std::optional<std::vector<std::string>> categories);
   std::optional<std::string> newPresetFolder() const;
   void createFolder(const std::string& path);
   /// The path for a file of this name: that of a file whose name reads the same, if there is one.
@@ -176,6 +181,8 @@ class PresetManager : public platform::WeakTarget {
   platform::FileManager& fileManager_;
   ICloudManager iCloudManager_;
   KnownFolder local_, cloud_;
+  /// What readLater has begun, by path.
+  std::map<std::string, platform::FileStamp> reading_;
   struct PackFile {
     platform::FileStamp stamp;
     std::vector<std::string> categories;

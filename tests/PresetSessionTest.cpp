@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "foundation/DispatchQueue.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/PresetBench.h"
 #include "tests/support/TestEditor.h"
 
@@ -271,6 +273,33 @@ TEST_F(PresetSessionTest, TheMenuOfTheNameOffersWhatCanBeDoneNow) {
   EXPECT_FALSE(browser.isHidden());
   EXPECT_FALSE(browser.saveNewPresetOverlay().isHidden());
   EXPECT_FALSE(browser.isEdit());
+}
+
+TEST_F(PresetSessionTest, CategoriesOfVeryLongFilesComeLaterButBeforeAnyoneSavesThem) {
+  const auto write = [&](const char* name) {
+    folder.write(std::string("data/Presets/") + name + ".synth",
+                 foundation::writeXmlPropertyList(platform::PropertyList::Dictionary{
+                     {"Aaa", std::string(400000, 'x')},
+                     {"Categories", platform::PropertyList::Array{"lead"}},
+                     {"parameters", platform::PropertyList::Dictionary{{"cutoff", 400}}}}));
+  };
+  write("Long");
+  library.setFilter({.categories = {"Lead"}});
+  library.reload();
+  EXPECT_EQ(library.shown().size(), 0u);
+  foundation::DispatchQueue::waitForGlobal();
+  loop.runDue();
+  EXPECT_EQ(library.shown().size(), 1u);
+  EXPECT_THAT(named("Long")->categories, ElementsAre("lead"));
+  library.setFilter({});
+  write("Other");
+  library.reload();
+  choose("Other");
+  EXPECT_EQ(cutoff(), 400);
+  EXPECT_THAT(named("Other")->categories, ElementsAre("lead"));
+  foundation::DispatchQueue::waitForGlobal();
+  loop.runDue();
+  EXPECT_EQ(selected(), "Other");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <memory>
 #include <string>
@@ -56,8 +57,8 @@ class CountingFiles : public foundation::LocalFileManager {
   void stopAccessingSecurityScopedResource(const std::string& path) override {
     access += "-" + path;
   }
-  int reads = 0;
-  std::size_t bytesRead = 0;
+  std::atomic<int> reads = 0;
+  std::atomic<std::size_t> bytesRead = 0;
   std::string access;
 };
 
