@@ -36,8 +36,8 @@ class MenuBarDelegate {
 /// The strip across the top of the editor: the plug-in's logo and name, which open the about panel,
 /// the current preset between the arrows that step through the presets, randomize, the display modes
 /// if there are any, help once its address is known, and the maker's logo. The preset's name opens
-/// and closes the browser, and has a menu of its own. It knows nothing of the plug-in: it shows the overlays, and asks its
-/// delegate for everything else. User-interface thread only.
+/// and closes the browser, and has a menu of its own. It knows nothing of the plug-in: it shows the
+/// overlays, and asks its delegate for everything else. User-interface thread only.
 class MenuBar : public toolkit::View, public kestroui::ListPopupOwner {
  public:
   MenuBar();

@@ -82,8 +82,9 @@ class AUParameter {
   virtual const std::vector<std::string>& valueStrings() const = 0;
 
   virtual float value() const = 0;
-  /// Clamps `value` to the range (a NaN changes nothing) and rounds one that is to be whole, stores it and calls every observer of
-  /// the tree but the one of `originator`, on this thread. Takes no lock and allocates nothing.
+  /// Clamps `value` to the range (a NaN changes nothing) and rounds one that is to be whole, stores
+  /// it and calls every observer of the tree but the one of `originator`, on this thread. Takes no
+  /// lock and allocates nothing.
   virtual void setValue(float value, AUParameterObserverToken originator = nullptr) = 0;
 
   /// The user takes hold of the parameter, and lets go: hosts record automation in between. Each
