@@ -30,7 +30,7 @@ constexpr const char* presetsFolder = "/Presets";
 /// Where a file of the last listing is looked for before it is looked up.
 constexpr std::size_t nearPlaces = 8;
 /// In bytes. What is not longer is read in a few milliseconds, whatever it holds.
-constexpr std::uint64_t maximumReadAtOnce = 256 * 1024;
+constexpr std::uint64_t maximumReadAtOnce = std::uint64_t{256} * 1024;
 
 std::span<const std::uint8_t> bytesOf(const std::string& text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};

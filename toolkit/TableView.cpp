@@ -288,12 +288,14 @@ void TableView::touchBegan(const Touch& touch) {
   hasMarked_ = false;
   ScrollView::touchBegan(touch);
   if (touch.kind != Touch::Kind::finger || !pressed_) return;
-  longPress_ =
-      foundation::Timer(longPressTime, foundation::Timer::Repeat::once, [this, row = *pressed_] {
-        const Weak<TableView> self = this;
-        const bool isMarked = mark(row, TableViewSource::Mark::toggle);
-        if (self) hasMarked_ = isMarked;
-      });
+  longPress_ = foundation::Timer(longPressTime, foundation::Timer::Repeat::once,
+                                 [this, row = *pressed_] { rested(row); });
+}
+
+void TableView::rested(IndexPath row) {
+  const Weak<TableView> self = this;
+  const bool isMarked = mark(row, TableViewSource::Mark::toggle);
+  if (self) hasMarked_ = isMarked;
 }
 
 void TableView::pressed(const std::optional<Point>& place) {

@@ -176,6 +176,8 @@ class TableView : public ScrollView {
   /// What a key does that goes through the rows; false for any other.
   bool movesFocus(platform::Key key);
   void updateCellStates();
+  /// A finger has stayed on a row.
+  void rested(IndexPath row);
   /// False where rows are not marked.
   bool mark(IndexPath row, TableViewSource::Mark how);
 
