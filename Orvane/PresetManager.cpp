@@ -196,6 +196,7 @@ void PresetManager::wasRead(const std::string& url, const platform::FileStamp& s
   if (begun == reading_.end() || begun->second != stamp) return;
   reading_.erase(begun);
   if (!categories) return;
+  bool isOther = false;
   for (KnownFolder* const folder : {&local_, &cloud_})
     for (Known& file : folder->files) {
       if (!file.preset || file.preset->url != url || file.stamp != stamp) continue;
@@ -203,8 +204,13 @@ void PresetManager::wasRead(const std::string& url, const platform::FileStamp& s
       if (file.preset->categories == *categories) continue;
       file.preset = std::make_shared<UserPreset>(url, file.preset->isICloud);
       file.preset->categories = *categories;
-      if (viewController) viewController->presetLibrary().announce();
+      isOther = true;
     }
+  // In a turn of its own: whoever is told lists anew, and may be in the middle of loading.
+  if (isOther)
+    foundation::DispatchQueue::mainAsync([self = platform::Weak<PresetManager>(this)] {
+      if (self && self->viewController) self->viewController->presetLibrary().announce();
+    });
 }
 
 // Loading
