@@ -114,6 +114,7 @@ class CommonAudioUnit : public platform::AudioUnit {
 
   int inputChannels() const override { return 2; }
   int outputChannels() const override { return 2; }
+  int sideChainChannels() const override { return 0; }
   bool acceptsMidi() const override { return false; }
   double tailSeconds() const override { return 0; }
   int latencyFrames() const override { return 0; }

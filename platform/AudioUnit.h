@@ -52,6 +52,9 @@ struct HostTransport {
 /// output; an effect's input has as many channels as it asked for.
 struct RenderBlock {
   std::span<const float* const> inputs;
+  /// Another sound to follow, as many channels as the audio unit asked for; empty while the host sends none.
+  /// None of its buffers is an output.
+  std::span<const float* const> sideChain;
   std::span<float* const> outputs;
   std::uint32_t frames = 0;
   /// Ordered by frame.
@@ -163,6 +166,8 @@ class Renderer {
 
   virtual int inputChannels() const = 0;
   virtual int outputChannels() const = 0;
+  /// Of a second input that an effect can follow instead of its own; 0 is none.
+  virtual int sideChainChannels() const = 0;
   /// True for instruments: MIDI is wanted.
   virtual bool acceptsMidi() const = 0;
   /// Seconds that sound goes on after input and notes have ended.

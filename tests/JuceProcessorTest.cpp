@@ -305,6 +305,60 @@ TEST_F(JuceProcessorTest, aBlockBeforePreparingOrWithTooFewChannelsIsSilent) {
   EXPECT_TRUE(unit().blocks.empty());
 }
 
+TEST_F(JuceProcessorTest, busesAreMonoOrStereoWithASideChainThatHostsMayLeaveOff) {
+  struct Follower : support::GivenUnit {
+    Follower() : GivenUnit({2, 2, false, 2}) {}
+    void render(const platform::RenderBlock& block) override {
+      GivenUnit::render(block);
+      if (!block.sideChain.empty()) block.outputs[0][0] += block.sideChain[1][0];
+    }
+  };
+  const orvane::PluginEntry entry = support::entryOf([] { return std::make_unique<Follower>(); });
+  AudioUnitProcessor processor(entry);
+  ASSERT_EQ(processor.getBusCount(true), 2);
+  EXPECT_FALSE(processor.getBus(true, 1)->isEnabled());
+  using Set = juce::AudioChannelSet;
+  const Set none = Set::disabled(), mono = Set::mono(), stereo = Set::stereo();
+  const struct {
+    Set in, sideChain, out;
+    bool isSupported;
+    float left;
+  } cases[] = {{stereo, none, stereo, true, 0.5f},
+               {stereo, stereo, stereo, true, 0.5f + 0.125f},
+               {stereo, mono, stereo, true, 0.5f + 0.125f},
+               {mono, mono, stereo, true, 0.5f + 0.125f},
+               {mono, none, mono, true, 0.5f},
+               {mono, stereo, mono, true, 0.5f + 0.125f / 2},
+               {stereo, none, mono, false, 0},
+               {Set::quadraphonic(), none, stereo, false, 0},
+               {stereo, Set::quadraphonic(), stereo, false, 0}};
+  for (const auto& c : cases) {
+    juce::AudioProcessor::BusesLayout layout;
+    layout.inputBuses = {c.in, c.sideChain};
+    layout.outputBuses = {c.out};
+    SCOPED_TRACE(c.in.getDescription() + ", " + c.sideChain.getDescription() + " to " +
+                 c.out.getDescription());
+    processor.releaseResources();
+    ASSERT_EQ(processor.setBusesLayout(layout), c.isSupported);
+    if (!c.isSupported) continue;
+    processor.prepareToPlay(48000, 16);
+    juce::AudioBuffer<float> buffer(std::max(c.in.size() + c.sideChain.size(), c.out.size()), 16);
+    juce::MidiBuffer midi;
+    for (const bool bypassed : {false, true}) {
+      for (int channel = 0; channel < buffer.getNumChannels(); ++channel)
+        buffer.clear(channel, 0, 16),
+            buffer.setSample(channel, 0, channel < c.in.size() ? 0.5f : 0.125f);
+      if (bypassed) {
+        processor.prepareToPlay(48000, 16);
+        processor.processBlockBypassed(buffer, midi);
+      } else {
+        processor.processBlock(buffer, midi);
+      }
+      EXPECT_EQ(buffer.getSample(0, 0), bypassed ? 0.5f : c.left);
+    }
+  }
+}
+
 TEST_F(JuceProcessorTest, channelsThatThePluginHasNotAreSilentAndItsOwnSound) {
   processor_.prepareToPlay(48000, 16);
   juce::AudioBuffer<float> wide(5, 16);

@@ -209,6 +209,7 @@ TEST_F(Lv2BundleTest, HoldsALibraryThatSounds) {
     support::Lv2Instance instance(*lilv_instance_get_descriptor(made), hostFeatures,
                                   lilv_plugin_get_num_ports(plugin));
     instance.activate();
+    instance.controls[lilv_port_get_index(plugin, port("enabled"))] = 1;
     instance.controls[lilv_port_get_index(plugin, port("level"))] = 0.5f;
     instance.input.midi(3, {0x90, 60, 9});
     instance.run(5);
@@ -229,6 +230,11 @@ TEST(Lv2Turtle, DescribesPluginsOfAnyChannels) {
            {{1, 1, false},
             {"a lv2:Plugin ;", "pg:MonoGroup , pg:InputGroup", "lv2:name \"Audio In\" ;"},
             {"midi:MidiEvent", "pg:left"}},
+           {{2, 2, false, 2},
+            {"pg:StereoGroup , pg:InputGroup ;\n\tpg:sideChainOf <",
+             "lv2:portProperty lv2:isSideChain , lv2:connectionOptional", "\"side_2\"",
+             "lv2:designation lv2:enabled"},
+            {}},
            {{2, 2, true}, {"a lv2:DelayPlugin , lv2:Plugin ;"}, {}, true, "DelayPlugin"},
            {{1, 1, false}, {"a lv2:Plugin ;", "midi:MidiEvent"}, {"InstrumentPlugin"}, true},
            {{2, 2, true},

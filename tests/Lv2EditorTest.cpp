@@ -25,7 +25,7 @@ class Lv2EditorTest : public testing::Test {
  protected:
   static constexpr std::uint32_t controlPort = 2;
   static constexpr std::uint32_t notifyPort = 3;
-  static constexpr std::uint32_t levelPort = 5;
+  static constexpr std::uint32_t levelPort = 6;
   static constexpr std::uint32_t meterPort = levelPort + OddAudioUnit::maxBlock;
 
   Lv2EditorTest() { reopen(&touch); }
@@ -98,7 +98,7 @@ TEST_F(Lv2EditorTest, WritesWhatTheUserChangesInOrderWithinTheGesture) {
   level.setValue(0.5f);
   level.setValue(0.75f);
   level.endGesture();
-  EXPECT_THAT(log, ElementsAre("grab 5", "5=0.500000", "5=0.750000", "release 5"));
+  EXPECT_THAT(log, ElementsAre("grab 6", "6=0.500000", "6=0.750000", "release 6"));
 }
 
 TEST_F(Lv2EditorTest, ShowsWhatTheHostSetsAndDoesNotWriteItBack) {
@@ -126,8 +126,8 @@ TEST_F(Lv2EditorTest, WritesAPresetsValuesAndThenItsName) {
   unit.setCurrentPreset(0);
   ASSERT_FALSE(log.empty());
   EXPECT_EQ(log.back(), message(EditorMessage::Kind::state));
-  EXPECT_THAT(log, testing::Contains("5=0.500000"));
-  EXPECT_THAT(log, testing::Contains("7=2.000000"));
+  EXPECT_THAT(log, testing::Contains("6=0.500000"));
+  EXPECT_THAT(log, testing::Contains("8=2.000000"));
   EXPECT_THAT(state, testing::HasSubstr("First"));
   EXPECT_THAT(state, testing::Not(testing::HasSubstr("cutoff")));
 }
@@ -176,14 +176,14 @@ TEST_F(Lv2EditorTest, TellsTheSoundOfItsBindingsAndMovesPortsByWhatIsBound) {
     lv2_atom_forge_atom(&forge, sizeof bytes, urids.midiEvent);
     lv2_atom_forge_write(&forge, bytes, sizeof bytes);
   });
-  EXPECT_THAT(log, ElementsAre("grab 5", "5=1.000000")) << "so that hosts record it";
+  EXPECT_THAT(log, ElementsAre("grab 6", "6=1.000000")) << "so that hosts record it";
   log.clear();
   hostSets(levelPort, 0.5f);
   EXPECT_EQ(unit.parameter("level")->value(), 1) << "an echo of a moment ago";
   ports->idle(0.4);
   EXPECT_THAT(log, IsEmpty());
   ports->idle(0.6);
-  EXPECT_THAT(log, ElementsAre("release 5"));
+  EXPECT_THAT(log, ElementsAre("release 6"));
 
   lv2_backend::MirrorAudioUnit next(std::make_unique<OddAudioUnit>());
   next.setStateBesideParameters(bound);
@@ -210,7 +210,7 @@ TEST_F(Lv2EditorTest, WhatTheSoundHasMovedByItselfMovesThePortsAfterIt) {
   const std::vector<float> values{0.75f, 1, 1, std::nanf("")};
   soundSends(
       [&](LV2_Atom_Forge& forge) { EditorMessage::forgeOwnValues(forge, urids, places, values); });
-  EXPECT_THAT(log, ElementsAre("grab 5", "5=0.750000", "release 5"));
+  EXPECT_THAT(log, ElementsAre("grab 6", "6=0.750000", "release 6"));
   EXPECT_EQ(unit.parameter("level")->value(), 0.75f);
 }
 

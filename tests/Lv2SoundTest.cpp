@@ -27,7 +27,7 @@ using testing::HasSubstr;
 
 class Lv2SoundTest : public testing::Test {
  protected:
-  static constexpr std::uint32_t firstParameter = 5;
+  static constexpr std::uint32_t firstParameter = 6;
   static constexpr std::uint32_t portCount = firstParameter + OddAudioUnit::parameterCount;
 
   Lv2SoundTest() { setDefaults(instance); }
@@ -38,6 +38,7 @@ class Lv2SoundTest : public testing::Test {
   float& port(int parameter) { return port(instance, parameter); }
   static void setDefaults(support::Lv2Instance& of) {
     OddAudioUnit unit;
+    of.controls[firstParameter - 1] = 1;
     for (int i = 0; i < OddAudioUnit::parameterCount; ++i)
       port(of, i) = unit.defaultValueForKey(unit.parametersKeys()[static_cast<std::size_t>(i)]);
   }
@@ -202,8 +203,20 @@ TEST_F(Lv2SoundTest, TakesNumbersOfAnyTypeAndGoesOnWithoutThoseThatCannotBe) {
 TEST_F(Lv2SoundTest, ReportsLatencyAndMeters) {
   instance.activate();
   instance.run(10);
-  EXPECT_EQ(instance.controls[firstParameter - 1], 7);
+  EXPECT_EQ(instance.controls[firstParameter - 2], 7);
   EXPECT_EQ(port(OddAudioUnit::maxBlock), 10);
+}
+
+TEST_F(Lv2SoundTest, IsBypassedByTheHostsPortAndGoesOnMeanwhile) {
+  instance.activate();
+  instance.run(64);
+  instance.controls[firstParameter - 1] = 0;
+  for (int i = 0; i < 20; ++i) instance.run(64);
+  EXPECT_THAT(instance.left, Each(0.0f)) << "an instrument is silent";
+  EXPECT_EQ(port(OddAudioUnit::maxBlock), 64);
+  instance.controls[firstParameter - 1] = 1;
+  for (int i = 0; i < 20; ++i) instance.run(64);
+  EXPECT_THAT(instance.left, Each(0.25f));
 }
 
 TEST_F(Lv2SoundTest, SavesItsStateAndRestoresIt) {

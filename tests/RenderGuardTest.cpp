@@ -29,7 +29,7 @@ constexpr std::uint32_t frames = 64;
 struct Bench {
   explicit Bench(platform::AudioUnit& unit) : guard(unit) {
     unit.allocateRenderResources(48000, frames);
-    guard.allocate(frames);
+    guard.allocate(48000, frames);
     for (std::size_t i = 0; i < 2; ++i) {
       inputs[i] = in[i].data();
       outputs[i] = out[i].data();
@@ -89,6 +89,72 @@ TEST(RenderGuardTest, OnlySoundReachesAnAudioUnitAndTheHost) {
   }
   bench.in[0][3] = 9e5f;
   EXPECT_EQ(bench.loudest(), 9e5f) << "loud, but sound";
+}
+
+/// Gives out twice what goes in on the left, and what it follows on the right.
+struct FollowingUnit : quillon::CommonAudioUnit {
+  FollowingUnit() : CommonAudioUnit({}) {}
+  int sideChainChannels() const override { return 2; }
+  int latencyFrames() const override { return latency; }
+  void render(const platform::RenderBlock& block) override {
+    for (std::uint32_t i = 0; i < block.frames; ++i) {
+      const float left = block.inputs[0][i];
+      block.outputs[0][i] = 2 * left;
+      block.outputs[1][i] = block.sideChain.empty() ? block.inputs[1][i]
+                                                    : block.sideChain[0][i] + block.sideChain[1][i];
+    }
+  }
+  int latency = 0;
+};
+
+TEST(RenderGuardTest, OfASingleChannelEveryOtherIsMadeAndBecomesOneAgain) {
+  FollowingUnit unit;
+  Bench bench(unit);
+  // In place: the right of the outputs is where the side chain comes in.
+  bench.out[0].fill(0.25f);
+  bench.out[1].fill(0.5f);
+  const std::array<const float*, 2> in{bench.out[0].data(), bench.out[1].data()};
+  bench.block.inputs = std::span(in).first(1);
+  bench.block.sideChain = std::span(in).subspan(1);
+  EXPECT_EQ(bench.loudest(), 1);
+  EXPECT_EQ(bench.out[0][9], 0.5f);
+  EXPECT_EQ(bench.out[1][9], 1) << "both sides of the side chain";
+
+  bench.out[0].fill(0.25f);
+  bench.block.sideChain = {};
+  bench.block.outputs = std::span(bench.outputs).first(1);
+  bench.loudest();
+  EXPECT_EQ(bench.out[0][9], (0.5f + 0.25f) / 2);
+}
+
+TEST(RenderGuardTest, BypassFadesToTheSoundBeforeWhichIsAsLateAsTheAudioUnit) {
+  FollowingUnit unit;
+  unit.latency = 3;
+  Bench bench(unit);
+  float next = 0, last = 0, largestStep = 0;
+  const auto play = [&](int blocks, bool bypassed) {
+    for (int block = 0; block < blocks; ++block) {
+      for (float& sample : bench.in[0]) sample = next += 0.0001f;
+      bench.guard.render(bench.block, bypassed);
+      for (const float sample : bench.out[0]) {
+        largestStep = std::max(largestStep, std::abs(sample - last));
+        last = sample;
+      }
+    }
+  };
+  play(2, false);
+  EXPECT_FLOAT_EQ(last, 2 * next);
+  play(1, true);
+  EXPECT_GT(last, next) << "still fading";
+  play(20, true);
+  EXPECT_NEAR(last, next - 0.0003f, 1e-5);
+  play(20, false);
+  EXPECT_FLOAT_EQ(last, 2 * next);
+  EXPECT_LT(largestStep, 0.002f);
+
+  bench.guard.allocate(48000, frames);
+  play(1, true);
+  EXPECT_NEAR(last, next - 0.0003f, 1e-5) << "a host that begins so hears no fade";
 }
 
 TEST(RenderGuardTest, EveryPluginSoundsOnAfterWhatIsNoNumber) {

@@ -95,6 +95,25 @@ TEST(SelvikTest, StepsAsideOnlyForWhatItListensTo) {
   EXPECT_EQ(reductionFor(4000), 0);
 }
 
+TEST(SelvikTest, StepsAsideForTheSideChainOnceItIsTold) {
+  SelvikPlayer player;
+  player.set({{"threshold", -30}});
+  std::vector<float> sound(256, 0.001f), loud(256);
+  for (std::size_t i = 0; i < 256; ++i) loud[i] = static_cast<float>(tone(1000, i / 48000.0));
+  float* out[2] = {sound.data(), sound.data()};
+  const float *in[2] = {sound.data(), sound.data()}, *chain[2] = {loud.data(), loud.data()};
+  const auto reduction = [&](float external, bool isConnected) {
+    player.set({{"external", external}});
+    platform::RenderBlock block{in, {}, out, 256, {}, {}};
+    if (isConnected) block.sideChain = chain;
+    for (int i = 0; i < 20; ++i) player.unit.render(block);
+    return player.unit.getOutputValues("reduction")->load();
+  };
+  EXPECT_EQ(reduction(0, true), 0);
+  EXPECT_GT(reduction(1, true), 10);
+  EXPECT_EQ(reduction(1, false), 0) << "it has only itself to listen to";
+}
+
 TEST(SelvikTest, ComesBackInItsReleaseTime) {
   SelvikPlayer player;
   player.set({{"threshold", -40}, {"ratio", 20}, {"release", 300}, {"feedback", 95}, {"mix", 100}});

@@ -38,6 +38,7 @@ AudioUnitProcessor::AudioUnitProcessor(const orvane::PluginEntry& entry, MidiInp
       audioUnit_(std::move(audioUnit)),
       midiEvents_(maximumMidiEvents) {
   inputs_.resize(static_cast<std::size_t>(audioUnit_->inputChannels()));
+  sideChain_.resize(static_cast<std::size_t>(audioUnit_->sideChainChannels()));
   outputs_.resize(static_cast<std::size_t>(audioUnit_->outputChannels()));
   addParameters();
   midiLearn_.bindingsChanged = [this] {
@@ -57,6 +58,9 @@ juce::AudioProcessor::BusesProperties AudioUnitProcessor::busesOf(
   BusesProperties buses;
   if (audioUnit.inputChannels() > 0)
     buses = buses.withInput("Input", channelSet(audioUnit.inputChannels()));
+  // Hosts switch it on when the user sends something there.
+  if (audioUnit.sideChainChannels() > 0)
+    buses = buses.withInput("Side Chain", channelSet(audioUnit.sideChainChannels()), false);
   if (audioUnit.outputChannels() > 0)
     buses = buses.withOutput("Output", channelSet(audioUnit.outputChannels()));
   return buses;
@@ -119,16 +123,26 @@ const juce::String AudioUnitProcessor::getName() const {
 }
 
 bool AudioUnitProcessor::isBusesLayoutSupported(const BusesLayout& layout) const {
-  const bool hasInput = audioUnit_->inputChannels() > 0;
-  const bool hasOutput = audioUnit_->outputChannels() > 0;
-  return (!hasInput || layout.getMainInputChannels() == audioUnit_->inputChannels()) &&
-         (!hasOutput || layout.getMainOutputChannels() == audioUnit_->outputChannels());
+  // A single channel is heard on all that the audio unit has, and may be what becomes of them.
+  const auto fits = [](int channels, int wanted) { return channels == wanted || channels == 1; };
+  const int inputs = audioUnit_->inputChannels();
+  const int outputs = audioUnit_->outputChannels();
+  const int sideChain = audioUnit_->sideChainChannels();
+  const int given = layout.getMainInputChannels();
+  const int taken = layout.getMainOutputChannels();
+  if (inputs > 0 && !fits(given, inputs)) return false;
+  if (outputs > 0 && !fits(taken, outputs)) return false;
+  // Nobody means to lose a side of what goes in.
+  if (inputs > 1 && given == inputs && taken == 1 && outputs > 1) return false;
+  if (sideChain == 0 || layout.inputBuses.size() < 2) return true;
+  const int followed = layout.getNumChannels(true, 1);
+  return followed == 0 || fits(followed, sideChain);
 }
 
 void AudioUnitProcessor::prepareToPlay(double sampleRate, int maximumFrames) {
   maximumFrames_ = static_cast<std::uint32_t>(std::max(1, maximumFrames));
   audioUnit_->allocateRenderResources(sampleRate, maximumFrames_);
-  guard_.allocate(maximumFrames_);
+  guard_.allocate(sampleRate, maximumFrames_);
   setLatencySamples(audioUnit_->latencyFrames());
 }
 
@@ -163,9 +177,19 @@ platform::HostTransport AudioUnitProcessor::transport() const {
   return transport;
 }
 
-void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) {
+void AudioUnitProcessor::render(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi,
+                                bool bypassed) {
+  // Of the side chain too, whose channels follow those of the sound itself.
+  const auto channelsOf = [this](bool isInput, int bus, std::size_t wanted) {
+    return bus < getBusCount(isInput)
+               ? std::min(wanted, static_cast<std::size_t>(getChannelCountOfBus(isInput, bus)))
+               : 0;
+  };
+  const std::size_t inputs = channelsOf(true, 0, inputs_.size());
+  const std::size_t sideChain = channelsOf(true, 1, sideChain_.size());
+  const std::size_t outputs = channelsOf(false, 0, outputs_.size());
   const auto channels = static_cast<std::size_t>(buffer.getNumChannels());
-  if (maximumFrames_ == 0 || channels < std::max(inputs_.size(), outputs_.size())) {
+  if (maximumFrames_ == 0 || channels < std::max(inputs + sideChain, outputs)) {
     buffer.clear();
     return;
   }
@@ -188,15 +212,22 @@ void AudioUnitProcessor::processBlock(juce::AudioBuffer<float>& buffer, juce::Mi
       std::uint32_t& frame = midiEvents_[nextEvent++].frame;
       frame = std::min(frame, start + count - 1) - start;
     }
-    for (std::size_t i = 0; i < inputs_.size(); ++i)
+    for (std::size_t i = 0; i < inputs; ++i)
       inputs_[i] = buffer.getReadPointer(static_cast<int>(i), static_cast<int>(start));
-    for (std::size_t i = 0; i < outputs_.size(); ++i)
+    for (std::size_t i = 0; i < sideChain; ++i)
+      sideChain_[i] = buffer.getReadPointer(static_cast<int>(inputs + i), static_cast<int>(start));
+    for (std::size_t i = 0; i < outputs; ++i)
       outputs_[i] = buffer.getWritePointer(static_cast<int>(i), static_cast<int>(start));
-    guard_.render(
-        {inputs_, outputs_, count, {midiEvents_.data() + firstEvent, nextEvent - firstEvent}, now});
+    guard_.render({{inputs_.data(), inputs},
+                   {sideChain_.data(), sideChain},
+                   {outputs_.data(), outputs},
+                   count,
+                   {midiEvents_.data() + firstEvent, nextEvent - firstEvent},
+                   now},
+                  bypassed);
     now.beatPosition += now.isPlaying ? count / getSampleRate() * now.tempo / 60 : 0;
   }
-  for (std::size_t i = outputs_.size(); i < channels; ++i)
+  for (std::size_t i = outputs; i < channels; ++i)
     buffer.clear(static_cast<int>(i), 0, static_cast<int>(frames));
   midi.clear();
 }

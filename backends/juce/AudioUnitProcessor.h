@@ -42,8 +42,14 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
 
   void prepareToPlay(double sampleRate, int maximumFrames) override;
   void releaseResources() override;
-  void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override;
+  void processBlock(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override {
+    render(buffer, midi, false);
+  }
+  void processBlockBypassed(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override {
+    render(buffer, midi, true);
+  }
   using juce::AudioProcessor::processBlock;
+  using juce::AudioProcessor::processBlockBypassed;
 
   bool hasEditor() const override { return true; }
   juce::AudioProcessorEditor* createEditor() override;
@@ -63,6 +69,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
                      std::unique_ptr<platform::AudioUnit> audioUnit);
   void timerCallback() override;
   void addParameters();
+  void render(juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi, bool bypassed);
   std::size_t collectMidi(const juce::MidiBuffer& midi);
   platform::HostTransport transport() const;
 
@@ -80,6 +87,7 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   quillon::RenderGuard guard_{*audioUnit_};
   std::vector<platform::MidiEvent> midiEvents_;
   std::vector<const float*> inputs_;
+  std::vector<const float*> sideChain_;
   std::vector<float*> outputs_;
   std::uint32_t maximumFrames_ = 0;
 };

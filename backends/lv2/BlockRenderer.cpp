@@ -8,17 +8,22 @@ BlockRenderer::BlockRenderer(platform::AudioUnit& audioUnit, const Urids& urids,
                              std::uint32_t maximumFrames)
     : guard_(audioUnit),
       transport_(urids, sampleRate),
+      sampleRate_(sampleRate),
       maximumFrames_(maximumFrames),
       inputs_(static_cast<std::size_t>(audioUnit.inputChannels())),
+      sideChain_(static_cast<std::size_t>(audioUnit.sideChainChannels())),
       outputs_(static_cast<std::size_t>(audioUnit.outputChannels())),
       blockInputs_(inputs_.size()),
+      blockSideChain_(sideChain_.size()),
       blockOutputs_(outputs_.size()) {
-  guard_.allocate(maximumFrames);
   waiting_.reserve(midiCapacity);
   blockMidi_.reserve(midiCapacity);
 }
 
-void BlockRenderer::reset() { waiting_.clear(); }
+void BlockRenderer::activate() {
+  guard_.allocate(sampleRate_, maximumFrames_);
+  waiting_.clear();
+}
 
 void BlockRenderer::begin(std::uint32_t frames) {
   frames_ = frames;
@@ -60,6 +65,10 @@ void BlockRenderer::renderUpTo(std::uint32_t end) {
 
 void BlockRenderer::renderBlock(std::uint32_t frames) {
   for (std::size_t i = 0; i < inputs_.size(); ++i) blockInputs_[i] = inputs_[i] + done_;
+  const bool hasSideChain = !sideChain_.empty() && sideChain_[0];
+  // A single channel that is connected is all of them.
+  for (std::size_t i = 0; hasSideChain && i < sideChain_.size(); ++i)
+    blockSideChain_[i] = (sideChain_[i] ? sideChain_[i] : sideChain_[0]) + done_;
   for (std::size_t i = 0; i < outputs_.size(); ++i) blockOutputs_[i] = outputs_[i] + done_;
 
   const auto isLater = [this, frames](const platform::MidiEvent& event) {
@@ -72,11 +81,12 @@ void BlockRenderer::renderBlock(std::uint32_t frames) {
 
   platform::RenderBlock block;
   block.inputs = blockInputs_;
+  if (hasSideChain) block.sideChain = blockSideChain_;
   block.outputs = blockOutputs_;
   block.frames = frames;
   block.midi = blockMidi_;
   block.transport = transport_.now();
-  guard_.render(block);
+  guard_.render(block, bypassed_);
   transport_.advance(frames);
   done_ += frames;
 }

@@ -14,7 +14,7 @@ namespace lv2_backend {
 
 /// Renders the host's cycles in blocks that the audio unit can take: no longer than it was
 /// promised, and cut where the transport changes, so that both MIDI and tempo hold from their
-/// frame on. Everything but the constructor is for the audio thread.
+/// frame on. Everything but the constructor and activate is for the audio thread.
 class BlockRenderer {
  public:
   /// MIDI messages that may wait for one block; more in the same frame are dropped.
@@ -26,9 +26,13 @@ class BlockRenderer {
   std::uint32_t maximumFrames() const { return maximumFrames_; }
   /// The host's buffers; they stay until they are set again.
   void setInput(std::size_t channel, const float* buffer) { inputs_[channel] = buffer; }
+  /// Null while the host sends none.
+  void setSideChain(std::size_t channel, const float* buffer) { sideChain_[channel] = buffer; }
   void setOutput(std::size_t channel, float* buffer) { outputs_[channel] = buffer; }
-  /// Forgets waiting messages.
-  void reset();
+  /// From the next block on.
+  void setBypassed(bool bypassed) { bypassed_ = bypassed; }
+  /// After the audio unit has made ready to render; forgets waiting messages. Not on the audio thread.
+  void activate();
 
   /// A cycle: begin, its events in their order, finish.
   void begin(std::uint32_t frames);
@@ -43,11 +47,15 @@ class BlockRenderer {
 
   quillon::RenderGuard guard_;
   Transport transport_;
+  double sampleRate_;
   std::uint32_t maximumFrames_;
   std::vector<const float*> inputs_;
+  std::vector<const float*> sideChain_;
   std::vector<float*> outputs_;
+  bool bypassed_ = false;
   /// The same, from the current block on.
   std::vector<const float*> blockInputs_;
+  std::vector<const float*> blockSideChain_;
   std::vector<float*> blockOutputs_;
   /// In the frames of the cycle.
   std::vector<platform::MidiEvent> waiting_;

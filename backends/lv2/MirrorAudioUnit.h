@@ -94,6 +94,7 @@ class MirrorAudioUnit : public platform::AudioUnit {
 
   int inputChannels() const override { return unit_->inputChannels(); }
   int outputChannels() const override { return unit_->outputChannels(); }
+  int sideChainChannels() const override { return unit_->sideChainChannels(); }
   bool acceptsMidi() const override { return unit_->acceptsMidi(); }
   double tailSeconds() const override { return unit_->tailSeconds(); }
   int latencyFrames() const override { return unit_->latencyFrames(); }

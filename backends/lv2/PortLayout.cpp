@@ -25,17 +25,23 @@ std::string SymbolSet::add(std::string_view text) {
 
 PortLayout::PortLayout(platform::AudioUnit& audioUnit)
     : inputs_(static_cast<std::uint32_t>(audioUnit.inputChannels())),
+      sideChain_(static_cast<std::uint32_t>(audioUnit.sideChainChannels())),
       outputs_(static_cast<std::uint32_t>(audioUnit.outputChannels())) {
   SymbolSet symbols;
   for (std::uint32_t i = 0; i < inputs_; ++i) symbols.add(inputSymbol(i));
+  for (std::uint32_t i = 0; i < sideChain_; ++i) symbols.add(sideChainSymbol(i));
   for (std::uint32_t i = 0; i < outputs_; ++i) symbols.add(outputSymbol(i));
-  for (const char* taken : {"control", "notify", "latency"}) symbols.add(taken);
+  for (const char* taken : {"control", "notify", "latency", "enabled"}) symbols.add(taken);
   for (platform::AUParameter* parameter : audioUnit.parameterTree().allParameters())
     parameters_.push_back({parameter, symbols.add(parameter->key()), isOutput(*parameter)});
 }
 
 std::string PortLayout::inputSymbol(std::uint32_t channel) {
   return "in_" + std::to_string(channel + 1);
+}
+
+std::string PortLayout::sideChainSymbol(std::uint32_t channel) {
+  return "side_" + std::to_string(channel + 1);
 }
 
 std::string PortLayout::outputSymbol(std::uint32_t channel) {

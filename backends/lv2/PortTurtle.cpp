@@ -149,24 +149,39 @@ float PortTurtle::defaultValue(const platform::AudioUnit& audioUnit,
                     parameter.maxValue());
 }
 
-std::string PortTurtle::audioPort(std::uint32_t channel, bool isInput) const {
-  const std::uint32_t channels = isInput ? layout_.inputs() : layout_.outputs();
-  const bool isStereo = channels == 2;
-  std::string name = isInput ? "Audio In" : "Audio Out";
-  if (isStereo) {
-    name += channel == 0 ? " Left" : " Right";
-  } else if (channels > 2) {
-    name += ' ';
-    name += std::to_string(channel + 1);
+std::string PortTurtle::audioPorts() const {
+  struct Bus {
+    const char *types, *name;
+    std::uint32_t first, channels;
+    std::string (*symbol)(std::uint32_t);
+    std::string group, properties;
+  };
+  const Bus buses[] = {
+      {"lv2:AudioPort , lv2:InputPort", "Audio In", layout_.firstInput(), layout_.inputs(),
+       PortLayout::inputSymbol, mainInput(), ""},
+      {"lv2:AudioPort , lv2:InputPort", "Side Chain", layout_.firstSideChain(), layout_.sideChain(),
+       PortLayout::sideChainSymbol, sideChain(), "lv2:isSideChain , lv2:connectionOptional"},
+      {"lv2:AudioPort , lv2:OutputPort", "Audio Out", layout_.firstOutput(), layout_.outputs(),
+       PortLayout::outputSymbol, mainOutput(), ""}};
+  std::string text;
+  for (const Bus& bus : buses) {
+    for (std::uint32_t channel = 0; channel < bus.channels; ++channel) {
+      const bool isStereo = bus.channels == 2;
+      std::string name = bus.name;
+      if (isStereo) {
+        name += channel == 0 ? " Left" : " Right";
+      } else if (bus.channels > 2) {
+        name += ' ';
+        name += std::to_string(channel + 1);
+      }
+      text += head(bus.types, bus.first + channel, bus.symbol(channel), name);
+      if (!bus.properties.empty()) text += line("lv2:portProperty", bus.properties);
+      if (!bus.group.empty()) text += line("pg:group", bus.group);
+      if (isStereo) text += line("lv2:designation", channel == 0 ? "pg:left" : "pg:right");
+      text += "\t] , ";
+    }
   }
-  std::string text =
-      head(isInput ? "lv2:AudioPort , lv2:InputPort" : "lv2:AudioPort , lv2:OutputPort",
-           (isInput ? layout_.firstInput() : layout_.firstOutput()) + channel,
-           isInput ? PortLayout::inputSymbol(channel) : PortLayout::outputSymbol(channel), name);
-  const std::string group = isInput ? mainInput() : mainOutput();
-  if (!group.empty()) text += line("pg:group", group);
-  if (isStereo) text += line("lv2:designation", channel == 0 ? "pg:left" : "pg:right");
-  return text + "\t]";
+  return text;
 }
 
 std::string PortTurtle::controlPort() const {
@@ -193,6 +208,17 @@ std::string PortTurtle::latencyPort() const {
                "lv2:reportsLatency , lv2:integer , lv2:connectionOptional , pprops:notOnGUI");
   text += line("lv2:minimum", "0");
   text += line("units:unit", "units:frame");
+  return text + "\t]";
+}
+
+std::string PortTurtle::enabledPort() const {
+  std::string text =
+      head("lv2:ControlPort , lv2:InputPort", layout_.enabled(), "enabled", "Enabled");
+  text += line("lv2:designation", "lv2:enabled");
+  text += line("lv2:portProperty", "lv2:toggled , lv2:connectionOptional , pprops:notOnGUI");
+  text += line("lv2:default", "1");
+  text += line("lv2:minimum", "0");
+  text += line("lv2:maximum", "1");
   return text + "\t]";
 }
 
@@ -224,10 +250,8 @@ std::string PortTurtle::parameterPort(std::uint32_t index, const ParameterPort& 
 }
 
 std::string PortTurtle::ports() const {
-  std::string text;
-  for (std::uint32_t i = 0; i < layout_.inputs(); ++i) text += audioPort(i, true) + " , ";
-  for (std::uint32_t i = 0; i < layout_.outputs(); ++i) text += audioPort(i, false) + " , ";
-  text += controlPort() + " , " + notifyPort() + " , " + latencyPort();
+  std::string text = audioPorts() + controlPort() + " , " + notifyPort() + " , " + latencyPort() +
+                     " , " + enabledPort();
   for (std::uint32_t i = 0; i < layout_.parameters().size(); ++i)
     text += " , " + parameterPort(i, layout_.parameters()[i]);
   return text;
@@ -241,14 +265,18 @@ std::string PortTurtle::groups() const {
             " ;\n\tlv2:name " + turtleString(name) + " .\n\n";
   };
   const auto layoutType = [](std::uint32_t channels) {
-    return channels == 1 ? "pg:MonoGroup" : "pg:StereoGroup";
+    return std::string(channels == 1 ? "pg:MonoGroup" : "pg:StereoGroup");
   };
   if (const std::string address = mainInput(); !address.empty())
-    add(address, std::string(layoutType(layout_.inputs())) + " , pg:InputGroup", "main_in",
-        "Audio In");
+    add(address, layoutType(layout_.inputs()) + " , pg:InputGroup", "main_in", "Audio In");
+  if (const std::string address = sideChain(); !address.empty()) {
+    std::string types = layoutType(layout_.sideChain()) + " , pg:InputGroup";
+    if (const std::string main = mainInput(); !main.empty())
+      types += " ;\n\tpg:sideChainOf " + main;
+    add(address, types, "side_chain", "Side Chain");
+  }
   if (const std::string address = mainOutput(); !address.empty())
-    add(address, std::string(layoutType(layout_.outputs())) + " , pg:OutputGroup", "main_out",
-        "Audio Out");
+    add(address, layoutType(layout_.outputs()) + " , pg:OutputGroup", "main_out", "Audio Out");
   for (const orvane::ParameterGroups::Group& group : groups_.groups())
     add(groupAddress(group), "pg:Group", symbolOf(group), group.name);
   return text;

@@ -19,6 +19,7 @@ class PortTurtle {
 
   /// The addresses of the groups of audio channels; empty when there is no such group.
   std::string mainInput() const { return audioGroup(layout_.inputs(), "main_in"); }
+  std::string sideChain() const { return audioGroup(layout_.sideChain(), "side_chain"); }
   std::string mainOutput() const { return audioGroup(layout_.outputs(), "main_out"); }
 
   /// The value of `lv2:port`: all ports, separated by commas.
@@ -34,10 +35,11 @@ class PortTurtle {
   const std::string& symbolOf(const orvane::ParameterGroups::Group& group) const;
   std::string groupAddress(const orvane::ParameterGroups::Group& group) const;
   std::string audioGroup(std::uint32_t channels, const char* name) const;
-  std::string audioPort(std::uint32_t channel, bool isInput) const;
+  std::string audioPorts() const;
   std::string controlPort() const;
   std::string notifyPort() const;
   std::string latencyPort() const;
+  std::string enabledPort() const;
   std::string parameterPort(std::uint32_t index, const ParameterPort& port) const;
 
   const platform::AudioUnit& audioUnit_;

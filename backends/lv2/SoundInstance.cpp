@@ -59,8 +59,10 @@ SoundInstance::SoundInstance(const orvane::PluginEntry& entry, double sampleRate
 }
 
 void SoundInstance::connectPort(std::uint32_t port, void* buffer) {
-  if (port < layout_.firstOutput()) {
+  if (port < layout_.firstSideChain()) {
     renderer_.setInput(port, static_cast<const float*>(buffer));
+  } else if (port < layout_.firstOutput()) {
+    renderer_.setSideChain(port - layout_.firstSideChain(), static_cast<const float*>(buffer));
   } else if (port < layout_.control()) {
     renderer_.setOutput(port - layout_.firstOutput(), static_cast<float*>(buffer));
   } else if (port == layout_.control()) {
@@ -69,6 +71,8 @@ void SoundInstance::connectPort(std::uint32_t port, void* buffer) {
     notify_ = static_cast<LV2_Atom_Sequence*>(buffer);
   } else if (port == layout_.latency()) {
     latencyPort_ = static_cast<float*>(buffer);
+  } else if (port == layout_.enabled()) {
+    enabledPort_ = static_cast<const float*>(buffer);
   } else if (port < layout_.count()) {
     controls_[port - layout_.firstParameter()] = static_cast<float*>(buffer);
   }
@@ -78,7 +82,7 @@ void SoundInstance::activate() {
   const std::lock_guard lock(access_);
   audioUnit_->allocateRenderResources(sampleRate_, renderer_.maximumFrames());
   latency_ = static_cast<float>(audioUnit_->latencyFrames());
-  renderer_.reset();
+  renderer_.activate();
 }
 
 void SoundInstance::deactivate() {
@@ -88,6 +92,7 @@ void SoundInstance::deactivate() {
 
 void SoundInstance::run(std::uint32_t frames) {
   readControls();
+  renderer_.setBypassed(enabledPort_ && *enabledPort_ <= 0);
   renderer_.begin(frames);
   readEvents();
   noteMoved();

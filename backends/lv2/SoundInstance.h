@@ -76,6 +76,7 @@ class SoundInstance {
   const LV2_Atom_Sequence* control_ = nullptr;
   LV2_Atom_Sequence* notify_ = nullptr;
   float* latencyPort_ = nullptr;
+  const float* enabledPort_ = nullptr;
   float latency_ = 0;
   std::vector<float*> controls_;
   /// What each port held in the last cycle; not a number before the first.

@@ -22,15 +22,20 @@ void DuckedEcho::reset() {
 }
 
 void DuckedEcho::process(const Settings& settings, std::span<const float* const> inputs,
-                         std::span<float* const> outputs, std::size_t frames) {
+                         std::span<const float* const> listened, std::span<float* const> outputs,
+                         std::size_t frames) {
   reduction_ = 0;
   for (std::size_t done = 0; done < frames; done += frameLength) {
     const std::size_t count = std::min(frameLength, frames - done);
+    // Before the outputs are written, which may be the same.
+    std::array<float, frameLength> heard;
+    for (std::size_t i = 0; i < count; ++i)
+      heard[i] = 0.5f * (listened[0][done + i] + listened[1][done + i]);
     for (std::size_t side = 0; side < 2; ++side)
       if (inputs[side] != outputs[side])
         std::copy_n(inputs[side] + done, count, outputs[side] + done);
     glide(settings, count);
-    processFrame(outputs[0] + done, outputs[1] + done, count);
+    processFrame(outputs[0] + done, outputs[1] + done, heard.data(), count);
   }
   // One bad number in a feedback path would stay for ever: better a gap than that.
   float sum = 0;
@@ -63,11 +68,10 @@ void DuckedEcho::glide(const Settings& settings, std::size_t count) {
   move(now_.listen, settings.listen);
 }
 
-void DuckedEcho::processFrame(float* left, float* right, std::size_t count) {
+void DuckedEcho::processFrame(float* left, float* right, float* heard, std::size_t count) {
   ducker_.setFilters(now_.lowPass, now_.highPass);
   ducker_.setRelease(now_.releaseSeconds);
-  std::array<float, frameLength> heard;
-  for (std::size_t i = 0; i < count; ++i) heard[i] = ducker_.listen(0.5f * (left[i] + right[i]));
+  for (std::size_t i = 0; i < count; ++i) heard[i] = ducker_.listen(heard[i]);
   const float down = ducker_.reduction(now_.threshold, now_.ratio);
   reduction_ = std::max(reduction_, down);
 

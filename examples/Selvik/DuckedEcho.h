@@ -26,16 +26,19 @@ class DuckedEcho {
   void setSampleRate(double sampleRate);
   /// Silent at once, as after setSampleRate.
   void reset();
-  /// Two of each; outputs may be the inputs. Values glide to the settings over a few milliseconds.
+  /// Two of each; outputs may be the inputs, and so may what the ducker listens to. Values glide to the
+  /// settings over a few milliseconds.
   void process(const Settings& settings, std::span<const float* const> inputs,
-               std::span<float* const> outputs, std::size_t frames);
+               std::span<const float* const> listened, std::span<float* const> outputs,
+               std::size_t frames);
   /// The most that the echo was turned down in the last call.
   float reduction() const { return reduction_; }
 
  private:
   static constexpr std::size_t frameLength = 16;
   void glide(const Settings& settings, std::size_t count);
-  void processFrame(float* left, float* right, std::size_t count);
+  /// `heard` is what the ducker hears, and afterwards what of it passes its filters.
+  void processFrame(float* left, float* right, float* heard, std::size_t count);
 
   halden::StereoDelay delay_;
   halden::StereoDelay::Settings delaySettings_;

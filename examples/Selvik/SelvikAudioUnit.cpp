@@ -41,12 +41,13 @@ std::vector<ParameterDescription> parameterDescriptions() {
       number(ratio, "ratio", "Ratio", Unit::ratio, 1, 20, 4),
       number(release, "release", "Release", Unit::milliseconds, 20, 1500, 260),
       number(reduction, "reduction", "Reduction", Unit::decibels, 0, 24, 0),
-      number(scope, "scope", "Display Time", Unit::milliseconds, 1, 40, 32)};
+      number(scope, "scope", "Display Time", Unit::milliseconds, 1, 40, 32),
+      number(external, "external", "External", Unit::boolean, 0, 1, 0)};
   for (const halden::Division& each : halden::divisions)
     all[division].valueStrings.emplace_back(each.name);
   all[reduction].flags = platform::AudioUnitParameterFlags::readable;
   all[reduction].publishesLive = true;
-  for (Param param : {mix, listen, reduction, scope}) all[param].randomizable = false;
+  for (Param param : {mix, listen, reduction, scope, external}) all[param].randomizable = false;
   return all;
 }
 
@@ -129,7 +130,9 @@ void SelvikAudioUnit::render(const platform::RenderBlock& block) {
       ring.append(0.5f * (left[i] + right[i]));
   };
   show(before_, block.inputs[0], block.inputs[1]);
-  echo_.process(settings(block.transport.tempo), block.inputs, block.outputs, block.frames);
+  const bool isExternal = value(external) > 0.5f && block.sideChain.size() == 2;
+  echo_.process(settings(block.transport.tempo), block.inputs,
+                isExternal ? block.sideChain : block.inputs, block.outputs, block.frames);
   show(after_, block.outputs[0], block.outputs[1]);
   publishLive(reduction, echo_.reduction());
 }

@@ -25,15 +25,18 @@ enum Param : std::size_t {
   ratio,
   release,
   reduction,
-  scope
+  scope,
+  external
 };
 
-/// An echo that steps aside while the sound itself is loud in the band that it listens to.
+/// An echo that steps aside while the sound itself is loud in the band that it listens to,
+/// or another sound that the host sends beside it.
 class SelvikAudioUnit : public quillon::CommonAudioUnit {
  public:
   SelvikAudioUnit();
 
   bool hasStore() const override { return true; }
+  int sideChainChannels() const override { return 2; }
   /// Until the echo is 60 dB down.
   double tailSeconds() const override;
   void allocateRenderResources(double sampleRate, std::uint32_t maximumFrames) override;

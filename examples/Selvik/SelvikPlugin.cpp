@@ -21,8 +21,9 @@ class SelvikDesign : public orvane::AUDesign {
     const auto echo = section("ECHO", Color::rgb(0x74b3e8),
                               {time, sync, single("feedback"), single("lowCut"), single("mix")});
     const auto scope = section("SOUND AND ECHO", Color::rgb(0xa9b4c4), {single("scope")});
+    const UIColumn ears{{{"external", {}, 1, 0, 1}, {"listen", {}, 1, 0, 1}}, 0.7};
     const auto chain = section("SIDE CHAIN", Color::rgb(0x9cc27a),
-                               {single("SidechainLowPassFrequency", 3), single("listen", 0.7)});
+                               {{{{"SidechainLowPassFrequency", {}, 2, 0, 1}}, 3}, ears});
     const auto ducking =
         section("DUCKING", Color::rgb(0xe8b66b), {single("threshold", 2.2), single("release")});
     return {
@@ -45,6 +46,7 @@ class SelvikDesign : public orvane::AUDesign {
             key("SidechainLowPassFrequency", "Listens to", ControlType::doubleFilter,
                 {"SidechainLowPassResonance", "SidechainHighPassFrequency",
                  "SidechainHighPassResonance"}),
+            key("external", "External", ControlType::onOff),
             key("listen", "Listen", ControlType::onOff),
             key("threshold", "Threshold", ControlType::compressor, {"ratio", "reduction"}),
             key("release", "Release")};

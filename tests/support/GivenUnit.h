@@ -18,6 +18,7 @@ class GivenUnit : public quillon::CommonAudioUnit {
   struct Channels {
     int inputs, outputs;
     bool midi = false;
+    int sideChain = 0;
   };
 
   explicit GivenUnit(Channels channels, std::vector<quillon::ParameterDescription> parameters = {})
@@ -25,6 +26,7 @@ class GivenUnit : public quillon::CommonAudioUnit {
 
   int inputChannels() const override { return channels_.inputs; }
   int outputChannels() const override { return channels_.outputs; }
+  int sideChainChannels() const override { return channels_.sideChain; }
   bool acceptsMidi() const override { return channels_.midi; }
   /// More than any range holds.
   float defaultValueForKey(std::string_view) const override { return 1e9f; }
