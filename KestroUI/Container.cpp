@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "KestroUI/Icons.h"
@@ -54,6 +55,20 @@ void Container::setParamKeys(std::vector<std::shared_ptr<ParamKey>> keys) {
 
 std::shared_ptr<ParamKey> Container::key() const {
   return paramKeys_.empty() ? nullptr : paramKeys_.front();
+}
+
+std::shared_ptr<ParamKey> Container::keyAt(platform::Point place) const {
+  std::shared_ptr<ParamKey> nearest = key();
+  double least = handlePlace(0) ? std::numeric_limits<double>::infinity() : smallSquare / 2;
+  for (std::size_t i = 0; i < paramKeys_.size(); ++i) {
+    const auto handle = handlePlace(i);
+    if (!handle) continue;
+    const double distance = std::hypot(handle->x - place.x, handle->y - place.y);
+    if (distance >= least) continue;
+    least = distance;
+    nearest = paramKeys_[i];
+  }
+  return nearest;
 }
 
 std::optional<std::size_t> Container::indexOf(const std::string& key) const {

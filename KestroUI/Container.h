@@ -80,6 +80,9 @@ class Container : public toolkit::Control {
   virtual std::optional<platform::Point> handlePlace(std::size_t /*index*/) const {
     return std::nullopt;
   }
+  /// The key whose value is meant at a place of this view: that of the nearest handle, where the own
+  /// value has one; else the own, but for a finger's width around the other handles. Null without keys.
+  std::shared_ptr<ParamKey> keyAt(platform::Point place) const;
   /// Shows a value that the audio unit has, and its text. Sends nothing; the base shows the own
   /// value alone.
   virtual void showValue(std::size_t index, float value, const std::string& text);

@@ -11,6 +11,7 @@
 #include "backends/juce/StoredBindings.h"
 #include "foundation/Bundle.h"
 #include "tests/support/JuceBench.h"
+#include "tests/support/OffScreenWindow.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
@@ -95,6 +96,62 @@ TEST_F(EditorTest, theHostsEditorTakesAnySizeFromTheSmallestOnAndRemembersIt) {
   const std::unique_ptr<juce::AudioProcessorEditor> again(processor.createEditor());
   EXPECT_EQ(again->getWidth(), 700);
   processor.editorBeingDeleted(again.get());
+}
+
+TEST_F(EditorTest, theMenuOfAControlHasWhatTheHostOffersForItsParameter) {
+  struct Menu : juce::HostProvidedContextMenu {
+    juce::PopupMenu getEquivalentPopupMenu() const override {
+      juce::PopupMenu menu;
+      menu.addItem("Show automation of " + name, [this] { shown = name; });
+      return menu;
+    }
+    void showNativeMenu(juce::Point<int>) const override {}
+    juce::String name;
+    mutable juce::String shown;
+  };
+  struct Host : juce::AudioProcessorEditorHostContext {
+    std::unique_ptr<juce::HostProvidedContextMenu> getContextMenuForParameter(
+        const juce::AudioProcessorParameter* parameter) const override {
+      auto menu = std::make_unique<Menu>();
+      menu->name = parameter->getName(99);
+      return menu;
+    }
+  } host;
+  const orvane::PluginEntry entry = support::renderLogEntry();
+  juce_backend::AudioUnitProcessor processor(entry);
+  const std::unique_ptr<juce::AudioProcessorEditor> editor(processor.createEditor());
+  auto& content = static_cast<juce_backend::AudioUnitEditor&>(*editor).content();
+  content.window().prepareFrame();
+  const auto texts = [&](const std::string& key) {
+    juce::StringArray found;
+    const juce::PopupMenu menu = content.menu(key);
+    for (juce::PopupMenu::MenuItemIterator items(menu); items.next();)
+      if (!items.getItem().isSeparator) found.add(items.getItem().text);
+    return found.joinIntoString("; ");
+  };
+  const juce::String learn = "MIDI learn; Delete all MIDI bindings";
+  EXPECT_EQ(texts("mix"), learn) << "a host that offers nothing";
+  editor->setHostContext(&host);
+  EXPECT_EQ(texts("mix"), learn + "; Show automation of Mix");
+  EXPECT_EQ(texts(""), learn) << "beside the controls";
+
+  auto& controller = dynamic_cast<orvane::KestroAUViewController&>(content.controller());
+  std::string asked = "nobody";
+  content.menu = [&asked](const std::string& key) {
+    asked = key;
+    return juce::PopupMenu();
+  };
+  const platform::Point knob = controller.container("cutoff")->frameInRoot().centre();
+  {
+    support::OffScreenWindow window(*editor);
+    window.mouse({static_cast<float>(knob.x), static_cast<float>(knob.y)},
+                 juce::ModifierKeys::rightButtonModifier);
+    EXPECT_EQ(asked, "cutoff");
+    window.mouse({2, 2});
+    window.mouse({2, 2}, juce::ModifierKeys::rightButtonModifier);
+    EXPECT_EQ(asked, "");
+  }
+  processor.editorBeingDeleted(editor.get());
 }
 
 TEST_F(EditorTest, assistiveTechnologyFindsEveryControlWithItsNameRoleAndValue) {

@@ -123,7 +123,7 @@ TEST_F(NotebookTest, onlyTheLeftButtonPressesAndTheRightOneOpensTheMenu) {
   window->mouse({30, 20}, right);
   window->mouse({30, 20});
   EXPECT_EQ(taken(), "in ");
-  editor.menu = [] {
+  editor.menu = [](const std::string&) {
     juce::PopupMenu menu;
     menu.addItem("Delete", [] {});
     return menu;

@@ -222,7 +222,7 @@ TEST_F(StandaloneWindowTest, midiLearnIsSwitchedByTheMenusAndEndedByEscape) {
     auto& content = dynamic_cast<juce_backend::EditorComponent&>(*window.getContentComponent());
     ASSERT_TRUE(content.menu);
     const auto item = [&] {
-      const juce::PopupMenu menu = content.menu();
+      const juce::PopupMenu menu = content.menu("");
       juce::PopupMenu::MenuItemIterator items(menu);
       items.next();
       return items.getItem();

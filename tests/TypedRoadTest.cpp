@@ -80,6 +80,29 @@ TEST(TypedRoadTest, WhatThePanelOffersIsWhatItTakesBack) {
     }
 }
 
+TEST(TypedRoadTest, TheValueMeantAtAPlaceIsThatOfTheNearestHandle) {
+  Typist typist(gallery::pluginEntry());
+  std::set<std::string> meant;
+  for (int page = 0; page < typist.pageCount(); ++page) {
+    typist.showPage(page);
+    for (const auto& [key, container] : typist.host.editor().controls().controls()) {
+      if (!container->isShown() || container->key() != key) continue;
+      if (!container->handlePlace(0)) {
+        EXPECT_EQ(container->keyAt({1, 1}), key) << key->key();
+      }
+      for (std::size_t i = 0; i < container->paramKeys().size(); ++i) {
+        const auto handle = container->handlePlace(i);
+        if (!handle) continue;
+        const auto found = container->keyAt(*handle);
+        EXPECT_EQ(container->handlePlace(*container->indexOf(found->key())), handle)
+            << key->key() << i;
+        meant.insert(found->key());
+      }
+    }
+  }
+  EXPECT_GE(meant.size(), 25u);
+}
+
 TEST(TypedRoadTest, TheHeadingNamesTheValueAndNotTheGroup) {
   Typist typist(gallery::pluginEntry());
   const auto headings = [&](int page, const std::string& key, std::size_t index) {

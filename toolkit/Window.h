@@ -76,6 +76,8 @@ class Window : public platform::Responder {
   /// The modal view that was opened last of those that are shown, or null. The keyboard stays in it,
   /// and touches beside it are dropped.
   View* uppermostModal() const;
+  /// What a press there would reach, or null: nothing behind a modal view.
+  View* hitAt(platform::Point location) const;
   /// Whether some of a view is where nothing clips it away.
   static bool isInSight(const View& view);
 
@@ -114,7 +116,6 @@ class Window : public platform::Responder {
   void refreshHover();
   bool giveKeyboard(View* view);
   /// The view at a place that may be touched there.
-  View* hitAt(platform::Point location) const;
   void addModal(View& view);
   void removeModal(View& view);
   /// To the next (1) or previous (-1) view that can have it.

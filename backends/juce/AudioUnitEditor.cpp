@@ -17,8 +17,7 @@ AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
   addAndMakeVisible(content_);
   if (auto* controller = dynamic_cast<orvane::KestroAUViewController*>(&content_.controller())) {
     processor_.midiLearn().setEditor(controller);
-    if (processor_.acceptsMidi())
-      content_.menu = [this] { return midiLearnMenu(processor_.midiLearn()); };
+    content_.menu = [this](const std::string& key) { return menu(key); };
   }
   // Read first: setting the limits gives the editor a size of its own.
   const juce::Point<int> size = processor.editorSize.isOrigin()
@@ -31,6 +30,21 @@ AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
 }
 
 AudioUnitEditor::~AudioUnitEditor() { processor_.midiLearn().setEditor(nullptr); }
+
+juce::PopupMenu AudioUnitEditor::menu(const std::string& key) {
+  juce::PopupMenu shown;
+  if (processor_.acceptsMidi()) shown = midiLearnMenu(processor_.midiLearn());
+  const juce::AudioProcessorEditorHostContext* const host = getHostContext();
+  const AudioUnitParameter* const parameter = processor_.parameterOf(key);
+  if (!host || !parameter) return shown;
+  const auto given = host->getContextMenuForParameter(parameter);
+  if (!given) return shown;
+  const juce::PopupMenu hosts = given->getEquivalentPopupMenu();
+  if (hosts.getNumItems() > 0) shown.addSeparator();
+  for (juce::PopupMenu::MenuItemIterator items(hosts); items.next();)
+    shown.addItem(items.getItem());
+  return shown;
+}
 
 void AudioUnitEditor::resized() {
   content_.setBounds(getLocalBounds());

@@ -22,6 +22,9 @@ class AudioUnitEditor : public juce::AudioProcessorEditor {
   void resized() override;
 
  private:
+  /// MIDI learn, and what the host offers for the parameter.
+  juce::PopupMenu menu(const std::string& key);
+
   AudioUnitProcessor& processor_;
   EditorComponent content_;
 };

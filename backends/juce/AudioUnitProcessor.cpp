@@ -112,6 +112,13 @@ void AudioUnitProcessor::addParameters() {
   });
 }
 
+const AudioUnitParameter* AudioUnitProcessor::parameterOf(const std::string& key) const {
+  const platform::AUParameter* const parameter = audioUnit_->parameter(key);
+  const auto found =
+      parameter ? parametersByAddress_.find(parameter->address()) : parametersByAddress_.end();
+  return found == parametersByAddress_.end() ? nullptr : found->second;
+}
+
 void AudioUnitProcessor::timerCallback() {
   // First, so that hosts record what MIDI moves as they record a finger.
   midiLearn_.poll(juce::Time::getMillisecondCounterHiRes() / 1000);

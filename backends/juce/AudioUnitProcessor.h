@@ -27,6 +27,8 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
 
   platform::AudioUnit& audioUnit() { return *audioUnit_; }
   const orvane::PluginEntry& entry() const { return entry_; }
+  /// What hosts see of a parameter, or null for a key that they do not.
+  const AudioUnitParameter* parameterOf(const std::string& key) const;
   /// Hears the MIDI of every block; its bindings are part of the state.
   orvane::MidiLearn& midiLearn() { return midiLearn_; }
   /// False once somebody else brings midiLearn() its messages, sooner than with a block.

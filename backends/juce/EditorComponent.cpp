@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "KestroUI/Container.h"
 #include "Orvane/KestroAUViewController.h"
 #include "Orvane/PresetViewOverlay.h"
 #include "backends/juce/DroppedPresets.h"
@@ -175,9 +176,20 @@ void EditorComponent::copy(juce::Graphics& graphics, juce::Rectangle<int> part) 
                                     .scaled(static_cast<float>(1 / scale_)));
 }
 
+std::string EditorComponent::keyAt(platform::Point point) const {
+  for (toolkit::View* view = window_.hitAt(point); view; view = view->superview()) {
+    const auto* const container = dynamic_cast<kestroui::Container*>(view);
+    if (!container) continue;
+    const auto key = container->keyAt(container->convertFromRoot(point));
+    return key ? key->key() : std::string();
+  }
+  return {};
+}
+
 void EditorComponent::mouseDown(const juce::MouseEvent& event) {
   if (event.mods.isPopupMenu() && menu) {
-    juce::PopupMenu shown = menu();
+    juce::PopupMenu shown = menu(keyAt(toPoint(event.position)));
+    if (shown.getNumItems() == 0) return;
     // A menu takes its look before it is inside of anything.
     shown.setLookAndFeel(&*look_);
     shown.showMenuAsync(juce::PopupMenu::Options().withParentComponent(this).withMousePosition());

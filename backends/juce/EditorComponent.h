@@ -47,8 +47,9 @@ class EditorComponent : public juce::Component,
   toolkit::Window& window() { return window_; }
   DesktopPresentation& presentation() { return presentation_; }
   const orvane::DropHint& dropHint() const { return dropHint_; }
-  /// Makes the menu of the right mouse button; without it there is none.
-  std::function<juce::PopupMenu()> menu;
+  /// Makes the menu of the right mouse button for the parameter whose control is under it, or for none,
+  /// an empty text. Without it, or when the menu is empty, there is none.
+  std::function<juce::PopupMenu(const std::string& key)> menu;
 
   /// What assistive technology finds in it; made when it is asked for first.
   AccessibleEditor& accessibleEditor();
@@ -104,6 +105,8 @@ class EditorComponent : public juce::Component,
   double now() const override { return foundation::RunLoop::main().now(); }
   void displayFrame() override;
   void updateShowing();
+  /// The parameter whose control is there, in points, or an empty text.
+  std::string keyAt(platform::Point point) const;
   /// What of these files the editor would import.
   std::vector<std::string> importable(const juce::StringArray& paths);
   /// Makes the picture anew for this scale, with all that has to be shown.

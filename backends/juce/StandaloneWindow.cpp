@@ -35,7 +35,7 @@ StandaloneWindow::StandaloneWindow(const juce::String& title, EditorComponent& e
   setResizeLimits(AudioUnitEditor::minimumWidth, AudioUnitEditor::minimumHeight + menuHeight,
                   maximumSide, maximumSide);
   setContentNonOwned(&editor, true);
-  editor.menu = [this] { return midiLearnMenu(midiLearn_); };
+  editor.menu = [this](const std::string&) { return midiLearnMenu(midiLearn_); };
 
   const juce::Rectangle<int> screen =
       juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()

@@ -36,7 +36,9 @@ EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHos
   audioUnit_.midiLearn().setEditor(
       dynamic_cast<orvane::KestroAUViewController*>(&editor_.controller()));
   if (place.takesMidi)
-    editor_.menu = [this] { return juce_backend::midiLearnMenu(audioUnit_.midiLearn()); };
+    editor_.menu = [this](const std::string&) {
+      return juce_backend::midiLearnMenu(audioUnit_.midiLearn());
+    };
   frame_.addToDesktop(0, reinterpret_cast<void*>(place.parent));
   resize(static_cast<int>(std::lround(entry.preferredSize.width * place.scale)),
          static_cast<int>(std::lround(entry.preferredSize.height * place.scale)));
