@@ -2,6 +2,7 @@ orvane_add_tests(juce
   SOURCES
     AccessibleEditorTest.cpp
     AudioUnitParameterTest.cpp
+    AutomatedComponentTest.cpp
     FileExportTest.cpp
     FilePanelTest.cpp
     JuceCanvasTest.cpp
@@ -13,6 +14,9 @@ orvane_add_tests(juce
     JuceWindowTest.cpp
     support/AllocationCounter.cpp
   DEPENDS orvane::juce orvane::quillon Threads::Threads)
+
+target_include_directories(test_juce SYSTEM PRIVATE
+  $<TARGET_PROPERTY:juce_vst3_headers,INTERFACE_INCLUDE_DIRECTORIES>)
 
 orvane_add_tests(desktop ON_DISPLAY
   SOURCES StandaloneTest.cpp

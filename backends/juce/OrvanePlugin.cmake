@@ -117,6 +117,10 @@ macro(orvane_add_vst3 target)
   target_compile_features(${target}_Juce PRIVATE cxx_std_20)
   # For the definitions that the modules were compiled with.
   target_link_libraries(${target}_Juce_VST3 PRIVATE orvane::juce_modules)
+  # Hosts get the factory of our entry, which asks JUCE's.
+  target_sources(${target}_Juce_VST3 PRIVATE "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/Vst3Entry.cpp")
+  target_compile_definitions(${target}_Juce_VST3 PRIVATE GetPluginFactory=orvaneJuceFactory)
+  target_link_libraries(${target}_Juce_VST3 PRIVATE juce_vst3_headers)
   # Not even what the compiler exports by itself may meet another plug-in's copy.
   target_link_options(${target}_Juce_VST3 PRIVATE
     "LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vst3.map")
