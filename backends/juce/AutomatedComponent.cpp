@@ -8,12 +8,10 @@ namespace juce_backend {
 using namespace Steinberg;
 using namespace Steinberg::Vst;
 
-AutomatedComponent::AutomatedComponent(Pointer<IComponent> component,
-                                       Pointer<IAudioProcessor> processor,
+AutomatedComponent::AutomatedComponent(const Pointer<IComponent>& component,
+                                       const Pointer<IAudioProcessor>& processor,
                                        std::shared_ptr<const std::set<ParamID>> ramped)
-    : component_(std::move(component)),
-      processor_(std::move(processor)),
-      ramped_(std::move(ramped)) {
+    : component_(component), processor_(processor), ramped_(std::move(ramped)) {
   for (const ParamID id : *ramped_) last_[id] = -1;
 }
 
@@ -188,10 +186,11 @@ void AutomatedComponent::takeBuses(ProcessData& part, const ProcessData& whole, 
 void AutomatedComponent::noteLast(IParameterChanges* changes) {
   for (int32 i = 0; changes && i < changes->getParameterCount(); ++i) {
     IParamValueQueue* const queue = changes->getParameterData(i);
-    const auto found = queue ? last_.find(queue->getParameterId()) : last_.end();
+    if (!queue || queue->getPointCount() == 0) continue;
+    const auto found = last_.find(queue->getParameterId());
     int32 offset = 0;
     ParamValue value = 0;
-    if (found != last_.end() && queue->getPointCount() > 0 &&
+    if (found != last_.end() &&
         queue->getPoint(queue->getPointCount() - 1, offset, value) == kResultTrue)
       found->second = value;
   }

@@ -30,8 +30,8 @@ class AutomatedComponent : public Steinberg::Vst::IComponent,
 
   /// The parameters of `ramped` move along lines between a host's points; all others (choices,
   /// switches, what stands for a MIDI controller) take each point where it is.
-  AutomatedComponent(Pointer<Steinberg::Vst::IComponent> component,
-                     Pointer<Steinberg::Vst::IAudioProcessor> processor,
+  AutomatedComponent(const Pointer<Steinberg::Vst::IComponent>& component,
+                     const Pointer<Steinberg::Vst::IAudioProcessor>& processor,
                      std::shared_ptr<const std::set<ParamID>> ramped);
   virtual ~AutomatedComponent() = default;
 
