@@ -17,17 +17,9 @@ constexpr const char* favouritesKey = "favpresets";
 constexpr std::string_view encodedPath = "file://";
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
-/// What XML has no form for is none.
-bool isPlainText(const std::string& text) {
-  const bool hasControls = std::any_of(text.begin(), text.end(),
-                                       [](char c) { return static_cast<unsigned char>(c) < 0x20; });
-  return foundation::isUtf8(text) && !hasControls && text.find("\xef\xbf\xbe") == text.npos &&
-         text.find("\xef\xbf\xbf") == text.npos;
-}
-
 /// A list of texts cannot hold the names of all files.
 std::string stored(const std::string& uniqueName) {
-  if (isPlainText(uniqueName)) return uniqueName;
+  if (foundation::isPlainText(uniqueName)) return uniqueName;
   std::string text(encodedPath);
   for (const char c : uniqueName) {
     const auto byte = static_cast<unsigned char>(c);

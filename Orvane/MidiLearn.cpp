@@ -21,6 +21,9 @@ constexpr std::uint32_t firstFineControl = 32;
 /// Data increment and decrement, and the numbers of registered and other parameters.
 constexpr std::uint32_t firstParameterNumber = 96, lastParameterNumber = 101;
 
+/// The entry of a host's state.
+constexpr const char* stateEntry = "midiMap";
+
 Key keyNamed(const std::string& key) { return std::make_shared<kestroui::ParamKey>(key); }
 
 bool isNumbered(int kind) { return kind < channelPressure; }
@@ -159,6 +162,18 @@ void MidiLearn::setState(const PropertyList* state) {
       if (message.size() == bytes->size()) bind(key, message);
     }
   bindingsChanged = tell;
+}
+
+void MidiLearn::addTo(PropertyList& hostState) const {
+  auto* entries = hostState.as<PropertyList::Dictionary>();
+  if (entries && !bindings_.empty()) (*entries)[stateEntry] = state();
+}
+
+void MidiLearn::takeFrom(PropertyList& hostState) {
+  auto* entries = hostState.as<PropertyList::Dictionary>();
+  if (!entries) return;
+  if (entries->erase(presetEntry) == 0) setState(hostState.find(stateEntry));
+  entries->erase(stateEntry);
 }
 
 // MIDI

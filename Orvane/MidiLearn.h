@@ -66,6 +66,14 @@ class MidiLearn : public KestroAUViewControllerDelegate, public platform::WeakTa
   /// none. Entries that cannot be used are skipped.
   void setState(const platform::PropertyList* state);
 
+  /// Adds the bindings to the state that a host stores, or a dictionary without them where there are none.
+  void addTo(platform::PropertyList& hostState) const;
+  /// Takes the bindings of a host's state, in place of its own, and takes them out of it: an audio unit
+  /// knows nothing of them. A preset that a host loads has none, and leaves those that are there.
+  void takeFrom(platform::PropertyList& hostState);
+  /// The entry that makes a host's state a preset: the sound alone.
+  static constexpr const char* presetEntry = "isPreset";
+
   /// A message that has arrived: moves what is bound to it, or keeps it for the control that waits.
   /// Of a control that sends several messages at once (14 bits in two control changes, a numbered
   /// parameter) it keeps the coarse value.

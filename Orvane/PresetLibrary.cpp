@@ -66,7 +66,10 @@ void PresetLibrary::tell(Change change) {
 
 PresetManager* PresetLibrary::store() const { return store_.get(); }
 
-void PresetLibrary::setStore(PresetManager* store) { store_ = store; }
+void PresetLibrary::setStore(PresetManager* store) {
+  store_ = store;
+  loaded_ = false;
+}
 
 void PresetLibrary::setFactoryPresets(
     std::optional<std::vector<platform::KestroAUPreset>> records) {
@@ -84,6 +87,7 @@ void PresetLibrary::reload() {
   if (auto* store = store_.get()) {
     store->createPresetDirectories();
     for (auto& preset : store->getUserPresets()) users.push_back(std::move(preset));
+    loaded_ = true;
   }
   const bool usersChanged = users != users_;
   if (usersChanged || factoryChanged_) {

@@ -82,6 +82,8 @@ class PresetLibrary : public platform::WeakTarget {
   /// Looks at the store and the stored favourites anew. Presets whose files are as they were stay
   /// the same objects; so does the selection as long as its preset is there.
   void reload();
+  /// Whether the store's files have been looked at.
+  bool isLoaded() const { return loaded_; }
   /// The files have changed: this library and those of all other editors are loaded anew, the
   /// others in the next turn of the run loop.
   void announce();
@@ -175,6 +177,7 @@ class PresetLibrary : public platform::WeakTarget {
   platform::Weak<PresetManager> store_;
   std::optional<std::vector<platform::KestroAUPreset>> factoryPresets_;
   bool factoryChanged_ = false;
+  bool loaded_ = false;
   std::string defaultBank_ = "BANK A";
 
   /// What the last reload found, in the order of the store and of the records.

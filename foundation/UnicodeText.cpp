@@ -90,6 +90,13 @@ bool isUtf8(std::string_view text) {
   return true;
 }
 
+bool isPlainText(std::string_view text) {
+  const bool hasControls = std::any_of(text.begin(), text.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  return isUtf8(text) && !hasControls && text.find("\xef\xbf\xbe") == text.npos &&
+         text.find("\xef\xbf\xbf") == text.npos;
+}
+
 // Between two ASCII characters there is always a boundary, but for the two of a line's end.
 
 std::size_t nextCharacter(std::string_view text, std::size_t place) {

@@ -22,6 +22,8 @@ struct CodePoint {
 CodePoint codePointAt(std::string_view text, std::size_t place);
 std::size_t countCodePoints(std::string_view text);
 bool isUtf8(std::string_view text);
+/// UTF-8 without what XML has no form for: control characters and the two that are none.
+bool isPlainText(std::string_view text);
 
 // Between what a reader takes for characters: a letter with its accents, a syllable of Hangul or
 // of an Indian script, an emoji with its parts. Ends of the text answer themselves.

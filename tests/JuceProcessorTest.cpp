@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <thread>
 
+#include "Quillon/FullState.h"
 #include "backends/juce/AudioUnitProcessor.h"
+#include "backends/juce/VstPresets.h"
 #include "tests/support/AllocationCounter.h"
 #include "tests/support/GivenUnit.h"
 #include "tests/support/JuceBench.h"
@@ -303,6 +306,35 @@ TEST_F(JuceProcessorTest, aBlockBeforePreparingOrWithTooFewChannelsIsSilent) {
   juce::AudioBuffer<float> mono(1, 16);
   processor_.processBlock(mono, midi);
   EXPECT_TRUE(unit().blocks.empty());
+}
+
+TEST_F(JuceProcessorTest, aPresetForHostsHoldsTheSoundAndLeavesTheMidiBindings) {
+  parameter(3).setValue(0.7f);
+  const auto form = juce_backend::vstPresetForm(0x4f727661, 0x526c6f67);
+  const std::string file =
+      *form.contents({"Loud one", "Loud one.vstpreset"}, quillon::unfolded(unit().fullState()));
+  EXPECT_EQ(file.substr(0, 8), std::string("VST3\x01\0\0\0", 8));
+  EXPECT_EQ(file.substr(8, 32), "ABCDEF019182FAEB4F727661526C6F67");
+  const auto number = [&](std::size_t place) {
+    std::uint64_t value = 0;
+    std::memcpy(&value, file.data() + place, 8);
+    return static_cast<std::size_t>(value);
+  };
+  const std::size_t list = number(40);
+  ASSERT_EQ(file.substr(list, 12), std::string("List\x01\0\0\0Comp", 12));
+  const std::string component = file.substr(number(list + 12), number(list + 20));
+  EXPECT_EQ(list + 28, file.size());
+
+  AudioUnitProcessor other(entry_);
+  other.midiLearn().bind("cutoff", {0xb0, 20});
+  other.setStateInformation(component.data(), static_cast<int>(component.size()));
+  EXPECT_FLOAT_EQ(other.audioUnit().parameter("mix")->value(), 70);
+  EXPECT_EQ(other.audioUnit().currentPresetName(), "Loud one");
+  EXPECT_EQ(other.midiLearn().bindings().size(), 1u);
+  juce::MemoryBlock session;
+  processor_.getStateInformation(session);
+  other.setStateInformation(session.getData(), static_cast<int>(session.getSize()));
+  EXPECT_TRUE(other.midiLearn().bindings().empty()) << "those of the session";
 }
 
 TEST_F(JuceProcessorTest, busesAreMonoOrStereoWithASideChainThatHostsMayLeaveOff) {

@@ -9,16 +9,23 @@
 #include <set>
 #include <stdexcept>
 
+#include <utility>
+
 #include <lv2/presets/presets.h>
 
+#include "Quillon/FullState.h"
 #include "backends/lv2/BundleTurtle.h"
 #include "backends/lv2/PortLayout.h"
+#include "backends/lv2/PresetTurtle.h"
 #include "backends/lv2/Turtle.h"
 #include "backends/lv2/Uris.h"
+#include "foundation/LocalFileManager.h"
+#include "foundation/PropertyListCoding.h"
 #include "tests/support/GivenUnit.h"
 #include "tests/support/Lv2Host.h"
 #include "tests/support/ManualDriver.h"
 #include "tests/support/OddPlugin.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -70,6 +77,46 @@ class Lv2BundleTest : public testing::Test {
   }
   bool hasProperty(const std::string& symbol, const std::string& property) {
     return lilv_port_has_property(plugin, port(symbol), node(property));
+  }
+
+  /// All that hosts list, as "bank/name", and the values of the ports by name.
+  std::pair<std::set<std::string>, std::map<std::string, std::map<std::string, float>>> presets() {
+    LilvNodes* all = lilv_plugin_get_related(plugin, node(LV2_PRESETS__Preset));
+    std::set<std::string> found;
+    std::map<std::string, std::map<std::string, float>> values;
+    LILV_FOREACH(nodes, i, all) {
+      const LilvNode* preset = lilv_nodes_get(all, i);
+      lilv_world_load_resource(world, preset);
+      LilvNode* bank =
+          lilv_world_get(world, preset, node("http://lv2plug.in/ns/ext/presets#bank"), nullptr);
+      LilvNode* bankName =
+          bank ? lilv_world_get(world, bank, node(LILV_NS_RDFS "label"), nullptr) : nullptr;
+      LilvState* state = lilv_state_new_from_world(world, features.map(), preset);
+      const std::string name = lilv_state_get_label(state);
+      found.insert(text(bankName) + "/" + name);
+      lilv_state_emit_port_values(
+          state,
+          [](const char* symbol, void* data, const void* value, std::uint32_t, std::uint32_t) {
+            (*static_cast<std::map<std::string, float>*>(data))[symbol] =
+                *static_cast<const float*>(value);
+          },
+          &values[name]);
+      LilvNode* stored = lilv_world_get(world, preset, node(LV2_STATE__state), nullptr);
+      LilvNode* ours = lilv_world_get(world, stored, node(lv2_backend::uri::state), nullptr);
+      std::string error;
+      const std::string list = text(ours);
+      const auto told = foundation::parsePropertyList(
+          {reinterpret_cast<const std::uint8_t*>(list.data()), list.size()}, error);
+      const auto* shown = told ? told->find("presetName") : nullptr;
+      EXPECT_EQ(shown ? *shown->as<std::string>() : error, name) << "what an editor shows";
+      lilv_node_free(ours);
+      lilv_node_free(stored);
+      lilv_state_free(state);
+      lilv_node_free(bank);
+      lilv_node_free(bankName);
+    }
+    lilv_nodes_free(all);
+    return {found, values};
   }
 
   LilvWorld* world = lilv_world_new();
@@ -162,42 +209,37 @@ TEST_F(Lv2BundleTest, GroupsPortsByTheDesignsSections) {
 }
 
 TEST_F(Lv2BundleTest, HasTheFactoryPresetsInTheirBanks) {
-  LilvNodes* presets = lilv_plugin_get_related(plugin, node(LV2_PRESETS__Preset));
-  std::set<std::string> found;
-  std::map<std::string, std::map<std::string, float>> values;
-  LILV_FOREACH(nodes, i, presets) {
-    const LilvNode* preset = lilv_nodes_get(presets, i);
-    lilv_world_load_resource(world, preset);
-    LilvNode* bank =
-        lilv_world_get(world, preset, node("http://lv2plug.in/ns/ext/presets#bank"), nullptr);
-    LilvNode* bankName =
-        bank ? lilv_world_get(world, bank, node(LILV_NS_RDFS "label"), nullptr) : nullptr;
-    LV2_URID_Map* map = features.map();
-    LilvState* state = lilv_state_new_from_world(world, map, preset);
-    const std::string name = lilv_state_get_label(state);
-    found.insert(text(bankName) + "/" + name);
-    lilv_state_emit_port_values(
-        state,
-        [](const char* symbol, void* data, const void* value, std::uint32_t, std::uint32_t) {
-          (*static_cast<std::map<std::string, float>*>(data))[symbol] =
-              *static_cast<const float*>(value);
-        },
-        &values[name]);
-    LilvNode* stored = lilv_world_get(world, preset, node(LV2_STATE__state), nullptr);
-    LilvNode* ours = lilv_world_get(world, stored, node(lv2_backend::uri::state), nullptr);
-    EXPECT_THAT(text(ours), testing::HasSubstr(name)) << "what an editor shows";
-    lilv_node_free(ours);
-    lilv_node_free(stored);
-    lilv_state_free(state);
-    lilv_node_free(bank);
-    lilv_node_free(bankName);
-  }
-  lilv_nodes_free(presets);
+  auto [found, values] = presets();
   EXPECT_THAT(found, UnorderedElementsAre("Bank & Co/First \u201cquoted\u201d", "/No bank"));
   EXPECT_EQ(values["No bank"]["cutoff"], 100);
   EXPECT_EQ(values["No bank"]["level"], 0.25f);
   EXPECT_EQ(values["First \u201cquoted\u201d"]["wave_form"], 2);
   EXPECT_EQ(values["No bank"].count("maxBlock"), 0u) << "a meter";
+}
+
+TEST_F(Lv2BundleTest, HostsFindTheUsersPresetsBesideThem) {
+  const support::TemporaryFolder folder;
+  foundation::LocalFileManager files("", foundation::LocalFileManager::Groups::oneForAll, nullptr,
+                                     folder / "tmp/");
+  OddAudioUnit unit;
+  unit.setParameter("cutoff", 4321);
+  const auto stored = quillon::unfolded(unit.fullState());
+  std::vector<orvane::HostPresetFolder::Source> sources;
+  for (const char* name : {"My \"pad\" % <1>", "manifest"})
+    sources.push_back({name, folder.write(std::string(name) + ".preset",
+                                          foundation::writeXmlPropertyList(stored))});
+  orvane::HostPresetFolder bundle(files, folder / "user presets.lv2",
+                                  lv2_backend::userPresetForm(support::oddPluginEntry(), unit));
+  ASSERT_EQ(bundle.update(sources), std::nullopt);
+  LilvNode* place = lilv_new_file_uri(world, nullptr, (folder / "user presets.lv2/").c_str());
+  lilv_world_load_bundle(world, place);
+  lilv_node_free(place);
+
+  auto [found, values] = presets();
+  EXPECT_THAT(found, testing::IsSupersetOf({"USER/My \"pad\" % <1>", "USER/manifest"}));
+  EXPECT_EQ(found.size(), 4u);
+  EXPECT_EQ(values["manifest"]["cutoff"], 4321);
+  EXPECT_EQ(values["manifest"]["level"], 0.25f);
 }
 
 TEST_F(Lv2BundleTest, HoldsALibraryThatSounds) {

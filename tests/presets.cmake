@@ -1,6 +1,7 @@
 orvane_add_tests(presets
   SOURCES
     CloudPresetsTest.cpp
+    HostPresetsTest.cpp
     PresetLibraryTest.cpp
     PresetListTest.cpp
     PresetManagerTest.cpp

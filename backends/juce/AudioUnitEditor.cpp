@@ -17,6 +17,9 @@ AudioUnitEditor::AudioUnitEditor(AudioUnitProcessor& processor)
   addAndMakeVisible(content_);
   if (auto* controller = dynamic_cast<orvane::KestroAUViewController*>(&content_.controller())) {
     processor_.midiLearn().setEditor(controller);
+    if (processor_.presetForm && !processor_.presetFolder.empty())
+      presets_ = std::make_unique<orvane::HostPresets>(
+          controller->presetLibrary(), processor_.presetFolder, *processor_.presetForm);
     content_.menu = [this](const std::string& key) { return menu(key); };
   }
   // Read first: setting the limits gives the editor a size of its own.

@@ -2,6 +2,10 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <memory>
+#include <string>
+
+#include "Orvane/HostPresets.h"
 #include "backends/juce/AudioUnitProcessor.h"
 #include "backends/juce/EditorComponent.h"
 
@@ -27,6 +31,7 @@ class AudioUnitEditor : public juce::AudioProcessorEditor {
 
   AudioUnitProcessor& processor_;
   EditorComponent content_;
+  std::unique_ptr<orvane::HostPresets> presets_;
 };
 
 }  // namespace juce_backend

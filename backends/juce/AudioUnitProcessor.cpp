@@ -18,8 +18,6 @@ namespace {
 constexpr std::size_t maximumMidiEvents = 4096;
 // How often changes that other threads made reach the host.
 constexpr int reportsPerSecond = 30;
-/// The entry of the state that the audio unit knows nothing of.
-constexpr const char* midiMapEntry = "midiMap";
 
 juce::AudioChannelSet channelSet(int channels) {
   return juce::AudioChannelSet::canonicalChannelSet(channels);
@@ -272,8 +270,7 @@ const juce::String AudioUnitProcessor::getProgramName(int index) {
 
 void AudioUnitProcessor::getStateInformation(juce::MemoryBlock& state) {
   platform::PropertyList whole = audioUnit_->fullState();
-  auto* entries = whole.as<platform::PropertyList::Dictionary>();
-  if (entries && !midiLearn_.bindings().empty()) (*entries)[midiMapEntry] = midiLearn_.state();
+  midiLearn_.addTo(whole);
   const std::string xml = foundation::writeXmlPropertyList(whole);
   state.replaceAll(xml.data(), xml.size());
 }
@@ -288,8 +285,7 @@ void AudioUnitProcessor::setStateInformation(const void* data, int size) {
                  error.c_str());
     return;
   }
-  midiLearn_.setState(state->find(midiMapEntry));
-  if (auto* entries = state->as<platform::PropertyList::Dictionary>()) entries->erase(midiMapEntry);
+  midiLearn_.takeFrom(*state);
   audioUnit_->setFullState(*state);
 }
 

@@ -4,9 +4,12 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "Orvane/HostPresetFolder.h"
 #include "Orvane/MidiLearn.h"
 #include "Orvane/PluginEntry.h"
 #include "Quillon/RenderGuard.h"
@@ -33,6 +36,9 @@ class AudioUnitProcessor : public juce::AudioProcessor, private juce::Timer {
   orvane::MidiLearn& midiLearn() { return midiLearn_; }
   /// False once somebody else brings midiLearn() its messages, sooner than with a block.
   void setHearsBlocks(bool hears) { hearsBlocks_ = hears; }
+  /// How hosts of the format want the user's presets, and where; the editor brings them there.
+  std::optional<orvane::HostPresetFolder::Form> presetForm;
+  std::string presetFolder;
   /// Size that the editor had last, in points; where the next one starts.
   juce::Point<int> editorSize;
 

@@ -7,33 +7,12 @@
 
 #include "Orvane/KestroAUViewController.h"
 #include "backends/lv2/PluginState.h"
+#include "backends/lv2/PresetTurtle.h"
 #include "backends/lv2/Turtle.h"
 #include "backends/lv2/Uris.h"
 
 namespace lv2_backend {
 namespace {
-
-constexpr const char* prefixes =
-    "@prefix atom: <http://lv2plug.in/ns/ext/atom#> .\n"
-    "@prefix bufsz: <http://lv2plug.in/ns/ext/buf-size#> .\n"
-    "@prefix doap: <http://usefulinc.com/ns/doap#> .\n"
-    "@prefix foaf: <http://xmlns.com/foaf/0.1/> .\n"
-    "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n"
-    "@prefix midi: <http://lv2plug.in/ns/ext/midi#> .\n"
-    "@prefix opts: <http://lv2plug.in/ns/ext/options#> .\n"
-    "@prefix pg: <http://lv2plug.in/ns/ext/port-groups#> .\n"
-    "@prefix pprops: <http://lv2plug.in/ns/ext/port-props#> .\n"
-    "@prefix pset: <http://lv2plug.in/ns/ext/presets#> .\n"
-    "@prefix rdf: <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
-    "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n"
-    "@prefix rsz: <http://lv2plug.in/ns/ext/resize-port#> .\n"
-    "@prefix state: <http://lv2plug.in/ns/ext/state#> .\n"
-    "@prefix time: <http://lv2plug.in/ns/ext/time#> .\n"
-    "@prefix ui: <http://lv2plug.in/ns/extensions/ui#> .\n"
-    "@prefix units: <http://lv2plug.in/ns/extensions/units#> .\n"
-    "@prefix urid: <http://lv2plug.in/ns/ext/urid#> .\n"
-    "@prefix work: <http://lv2plug.in/ns/ext/worker#> .\n"
-    "\n";
 
 std::array<int, 3> versionNumbers(const std::string& version) {
   std::array<int, 3> numbers{};
@@ -72,7 +51,7 @@ std::string BundleTurtle::presetAddress(const platform::AUAudioUnitPreset& prese
 }
 
 std::string BundleTurtle::manifest() const {
-  std::string text = prefixes;
+  std::string text = turtlePrefixes();
   const std::string seeAlso = " ;\n\trdfs:seeAlso " + turtleFile(files_.pluginFile) + " .\n\n";
   text += address(uri_) + "\n\ta " + pluginClass() + " ;\n\tlv2:binary " +
           turtleFile(files_.soundLibrary) + seeAlso;
@@ -92,7 +71,7 @@ std::string BundleTurtle::plugin() const {
   // LV2 knows two numbers; hosts take the bundle with the greater ones, and odd ones for what is not
   // released.
   const auto [major, minor, micro] = versionNumbers(entry_.version);
-  std::string text = prefixes;
+  std::string text = turtlePrefixes();
   text += ports_.groups();
   text += address(uri_) + "\n\ta " + pluginClass() + " ;\n";
   text += "\tdoap:name " + turtleString(entry_.name) + " ;\n";
@@ -145,7 +124,7 @@ std::string BundleTurtle::editor() const {
 std::string BundleTurtle::presets() {
   const auto factory = audioUnit_->factoryPresets();
   if (factory.empty()) return {};
-  std::string text = prefixes;
+  std::string text = turtlePrefixes();
   text += address(uri::state) + "\n\ta rdf:Property ;\n\trdfs:label \"State\" .\n\n";
 
   SymbolSet bankSymbols;
@@ -159,21 +138,13 @@ std::string BundleTurtle::presets() {
 
   for (const platform::AUAudioUnitPreset& preset : factory) {
     audioUnit_->setCurrentPreset(preset.number);
-    text += presetAddress(preset) + "\n\ta pset:Preset ;\n\tlv2:appliesTo " + address(uri_) +
-            " ;\n\trdfs:label " + turtleString(preset.name);
-    if (!preset.bank.empty()) text += " ;\n\tpset:bank " + bankAddresses[preset.bank];
     // With the name, so that an editor shows which preset the host has loaded.
-    text += " ;\n\tstate:state [ " + address(uri::state) + " " +
-            turtleString(stateBesideParameters(*audioUnit_, orvane::MidiLearn(*audioUnit_))) + " ]";
-    const char* separator = " ;\n\tlv2:port ";
-    for (const ParameterPort& port : layout_.parameters()) {
-      if (port.isOutput) continue;
-      text += separator;
-      text += "[ lv2:symbol " + turtleString(port.symbol) + " ; pset:value " +
-              turtleNumber(port.parameter->value()) + " ]";
-      separator = " ,\n\t\t";
-    }
-    text += " .\n\n";
+    PresetStatement statement{presetAddress(preset), address(uri_),           {},
+                              preset.name,           presetText(*audioUnit_), {}};
+    if (!preset.bank.empty()) statement.bank = bankAddresses[preset.bank];
+    for (const ParameterPort& port : layout_.parameters())
+      if (!port.isOutput) statement.values.emplace_back(port.symbol, port.parameter->value());
+    text += turtleOf(statement);
   }
   return text;
 }

@@ -6,6 +6,7 @@
 #include "Orvane/KestroAUViewController.h"
 #include "backends/juce/AudioUnitEditor.h"
 #include "backends/juce/MidiLearnMenu.h"
+#include "backends/lv2/PresetTurtle.h"
 
 namespace juce {
 // Not declared in any header; JUCE's own formats declare it in the same way.
@@ -33,8 +34,11 @@ EditorInstance::EditorInstance(const orvane::PluginEntry& entry, const EditorHos
       ports_(audioUnit_, host),
       editor_(entry, audioUnit_),
       frame_(editor_, hostWindow_) {
-  audioUnit_.midiLearn().setEditor(
-      dynamic_cast<orvane::KestroAUViewController*>(&editor_.controller()));
+  auto* const controller = dynamic_cast<orvane::KestroAUViewController*>(&editor_.controller());
+  audioUnit_.midiLearn().setEditor(controller);
+  if (const std::string folder = userPresetBundle(entry); controller && !folder.empty())
+    presets_ = std::make_unique<orvane::HostPresets>(controller->presetLibrary(), folder,
+                                                     userPresetForm(entry, audioUnit_));
   if (place.takesMidi)
     editor_.menu = [this](const std::string&) {
       return juce_backend::midiLearnMenu(audioUnit_.midiLearn());

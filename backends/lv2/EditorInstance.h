@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "Orvane/HostPresets.h"
 #include "Orvane/PluginEntry.h"
 #include "backends/juce/EditorComponent.h"
 #include "backends/lv2/EditorFrame.h"
@@ -59,6 +60,7 @@ class EditorInstance {
   PortMirror ports_;
   juce_backend::EditorComponent editor_;
   EditorFrame frame_;
+  std::unique_ptr<orvane::HostPresets> presets_;
   /// JUCE has set the size of its window, and with it all that the window said of its size.
   bool minimumIsLost_ = true;
 };

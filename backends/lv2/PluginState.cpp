@@ -15,9 +15,7 @@ using platform::PropertyList;
 using quillon::parametersEntry;
 using quillon::unfolded;
 
-/// The entry that the audio unit knows nothing of.
-constexpr const char* midiMapEntry = "midiMap";
-/// Another, which only the sound knows.
+/// The entry that only the sound knows.
 constexpr const char* stalePortsEntry = "stalePorts";
 
 std::optional<PropertyList> parse(std::string_view text) {
@@ -30,8 +28,7 @@ std::optional<PropertyList> parse(std::string_view text) {
 
 PropertyList wholeState(const platform::AudioUnit& audioUnit, const orvane::MidiLearn& midi) {
   PropertyList state = unfolded(audioUnit.fullState());
-  auto* entries = state.as<PropertyList::Dictionary>();
-  if (entries && !midi.bindings().empty()) (*entries)[midiMapEntry] = midi.state();
+  midi.addTo(state);
   return state;
 }
 
@@ -54,13 +51,21 @@ std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
   return foundation::writeXmlPropertyList(state);
 }
 
+std::string presetText(const platform::AudioUnit& audioUnit) {
+  PropertyList state = unfolded(audioUnit.fullState());
+  if (auto* entries = state.as<PropertyList::Dictionary>()) {
+    entries->erase(parametersEntry);
+    (*entries)[orvane::MidiLearn::presetEntry] = true;
+  }
+  return foundation::writeXmlPropertyList(state);
+}
+
 bool setState(platform::AudioUnit& audioUnit, orvane::MidiLearn& midi, std::string_view text,
               StalePorts* stale) {
   auto list = parse(text);
   auto* entries = list ? list->as<PropertyList::Dictionary>() : nullptr;
   if (!entries) return false;
-  midi.setState(list->find(midiMapEntry));
-  entries->erase(midiMapEntry);
+  midi.takeFrom(*list);
   const PropertyList* const ports = list->find(stalePortsEntry);
   if (const auto* values = ports ? ports->as<PropertyList::Dictionary>() : nullptr; values && stale)
     for (const auto& [key, value] : *values) (*stale)[key] = static_cast<float>(value.number());

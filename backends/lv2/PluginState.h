@@ -20,6 +20,8 @@ std::string stateText(const platform::AudioUnit& audioUnit, const orvane::MidiLe
 /// Without the values of the parameters, which are the ports' business.
 std::string stateBesideParameters(const platform::AudioUnit& audioUnit,
                                   const orvane::MidiLearn& midi);
+/// What a preset stores beside the ports.
+std::string presetText(const platform::AudioUnit& audioUnit);
 /// Sets what either of them holds; without values, the parameters keep theirs; without bindings
 /// there are none. False when `text` is
 /// no such state; then nothing has changed.

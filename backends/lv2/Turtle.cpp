@@ -67,4 +67,27 @@ std::string turtleFile(std::string_view name) {
   return address + '>';
 }
 
+std::string turtlePrefixes() {
+  return "@prefix atom: <http://lv2plug.in/ns/ext/atom#> .\n"
+         "@prefix bufsz: <http://lv2plug.in/ns/ext/buf-size#> .\n"
+         "@prefix doap: <http://usefulinc.com/ns/doap#> .\n"
+         "@prefix foaf: <http://xmlns.com/foaf/0.1/> .\n"
+         "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n"
+         "@prefix midi: <http://lv2plug.in/ns/ext/midi#> .\n"
+         "@prefix opts: <http://lv2plug.in/ns/ext/options#> .\n"
+         "@prefix pg: <http://lv2plug.in/ns/ext/port-groups#> .\n"
+         "@prefix pprops: <http://lv2plug.in/ns/ext/port-props#> .\n"
+         "@prefix pset: <http://lv2plug.in/ns/ext/presets#> .\n"
+         "@prefix rdf: <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .\n"
+         "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n"
+         "@prefix rsz: <http://lv2plug.in/ns/ext/resize-port#> .\n"
+         "@prefix state: <http://lv2plug.in/ns/ext/state#> .\n"
+         "@prefix time: <http://lv2plug.in/ns/ext/time#> .\n"
+         "@prefix ui: <http://lv2plug.in/ns/extensions/ui#> .\n"
+         "@prefix units: <http://lv2plug.in/ns/extensions/units#> .\n"
+         "@prefix urid: <http://lv2plug.in/ns/ext/urid#> .\n"
+         "@prefix work: <http://lv2plug.in/ns/ext/worker#> .\n"
+         "\n";
+}
+
 }  // namespace lv2_backend

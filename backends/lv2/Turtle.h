@@ -5,6 +5,8 @@
 
 namespace lv2_backend {
 
+/// What every file begins with.
+std::string turtlePrefixes();
 /// A string literal with its quotes. What is not UTF-8, or no character, is replaced.
 std::string turtleString(std::string_view text);
 /// A decimal literal that reads back as exactly this value, which is finite.

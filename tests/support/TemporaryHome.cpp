@@ -16,6 +16,7 @@ class TemporaryHome {
       : path_(std::filesystem::temp_directory_path() /
               ("orvane-test-home-" + std::to_string(::getpid()))) {
     ::setenv("XDG_DATA_HOME", path_.c_str(), 1);
+    ::setenv("HOME", path_.c_str(), 1);
   }
   ~TemporaryHome() {
     std::error_code ignored;
