@@ -63,7 +63,8 @@ std::string userPresetBundle(const orvane::PluginEntry& entry) {
 HostPresetFolder::Form userPresetForm(const orvane::PluginEntry& entry,
                                       platform::AudioUnit& audioUnit) {
   std::vector<Port> ports;
-  for (const ParameterPort& port : PortLayout(audioUnit).parameters()) {
+  const PortLayout layout(audioUnit);
+  for (const ParameterPort& port : layout.parameters()) {
     if (port.isOutput) continue;
     const platform::AUParameter& parameter = *port.parameter;
     ports.push_back({port.symbol, parameter.key(), audioUnit.defaultValueForKey(parameter.key()),
