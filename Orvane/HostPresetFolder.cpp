@@ -5,7 +5,6 @@
 #include "Orvane/PresetFile.h"
 #include "foundation/PropertyListCoding.h"
 #include "foundation/UnicodeText.h"
-#include "platform/FilePath.h"
 
 namespace orvane {
 namespace {
@@ -110,8 +109,7 @@ std::optional<std::string> HostPresetFolder::update(const std::vector<Source>& p
                                   (known->second == *stamp && files_.fileExists(pathOf(file))));
     isUnchanged = isUnchanged && isKnown;
     taken.insert(file);
-    // The name as the folder tells it, of two presets of one name.
-    wanted.push_back({&source, {platform::fileStem(file), file}, *stamp});
+    wanted.push_back({&source, {source.name, file}, *stamp});
     now[file] = isKnown ? known->second : std::string();
   }
   if (isUnchanged && now.size() == before.size()) return std::nullopt;

@@ -24,6 +24,7 @@ class HostPresetFolder {
   };
   /// A copy in the folder.
   struct Copy {
+    /// As the user has given it; two presets in two folders may have one name.
     std::string name;
     std::string file;
   };

@@ -58,8 +58,8 @@ TEST_F(HostPresetsTest, aFolderHasACopyOfEachPresetAndLeavesAllElseAlone) {
   EXPECT_THAT(shown(), UnorderedElementsAre("Mine.copy", "Mine 2.copy", "Pad.copy", "Pad 2.copy",
                                             "index.copy", "index"));
   EXPECT_EQ(support::textOf(folder / "host/Mine.copy"), "the host's own");
-  EXPECT_EQ(support::textOf(folder / "host/Pad 2.copy"), "Pad 2 3.000000");
-  EXPECT_EQ(support::textOf(folder / "host/index"), "Mine 2|Pad|Pad 2|index|");
+  EXPECT_EQ(support::textOf(folder / "host/Pad 2.copy"), "Pad 3.000000");
+  EXPECT_EQ(support::textOf(folder / "host/index"), "Mine|Pad|Pad|index|");
 
   presets.push_back({"Broken", folder.write("a/Broken.synth", "no preset")});
   copies.update(presets);
