@@ -54,7 +54,7 @@ struct RenderBlock {
   std::span<const float* const> inputs;
   /// Another sound to follow, as many channels as the audio unit asked for; empty while the host sends none.
   /// None of its buffers is an output.
-  std::span<const float* const> sideChain;
+  std::span<const float* const> sideChain{};
   std::span<float* const> outputs;
   std::uint32_t frames = 0;
   /// Ordered by frame.

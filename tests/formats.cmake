@@ -1,4 +1,4 @@
 orvane_add_tests(formats
-  SOURCES HostStateTest.cpp support/AllocationCounter.cpp
+  SOURCES HostStateTest.cpp InstancesTest.cpp support/AllocationCounter.cpp
   DEPENDS orvane::juce orvane::lv2 orvane::gallery orvane::halden orvane::selvik orvane::quillon
     orvane::foundation)
