@@ -95,7 +95,7 @@ TEST_F(InstancesTest, fiftyWithTenEditorsCostTheSameEachAndGoWithoutATrace) {
   RecordProperty("kilobytesLeft", static_cast<int>((after.bytes - none.bytes) / 1024));
   EXPECT_NEAR(rest / first, 4, 0.4);
   EXPECT_LT(fifty.bytes - none.bytes, 400e6);
-  EXPECT_LT(after.bytes - none.bytes, 0.01 * first);
+  EXPECT_LT(after.bytes - none.bytes, 150e3);
   EXPECT_EQ(fifty.threads, ten.threads);
   EXPECT_EQ(after.threads, none.threads);
   EXPECT_EQ(fifty.descriptors, ten.descriptors);
@@ -118,7 +118,8 @@ TEST_F(InstancesTest, openingAndClosingAnEditorLeavesNothing) {
   const Holdings late = openAndClose(count - count / 10);
   RecordProperty("kilobytesEarly", static_cast<int>(early.bytes / 1024));
   RecordProperty("kilobytesLate", static_cast<int>(late.bytes / 1024));
-  EXPECT_LT(late.bytes - early.bytes, 0.01 * early.bytes);
+  // As much as the heap keeps back of small pieces, however often.
+  EXPECT_LT(late.bytes - early.bytes, 150e3);
   EXPECT_EQ(late.descriptors, early.descriptors);
   EXPECT_EQ(late.threads, early.threads);
 }
