@@ -41,7 +41,7 @@ std::shared_ptr<const std::set<Vst::ParamID>> rampedParameters() {
 
 class Factory : public IPluginFactory3 {
  public:
-  explicit Factory(IPtr<IPluginFactory3> juce) : juce_(std::move(juce)) {}
+  explicit Factory(const IPtr<IPluginFactory3>& juce) : juce_(juce) {}
   virtual ~Factory() = default;
 
   tresult PLUGIN_API queryInterface(const TUID iid, void** found) override {
