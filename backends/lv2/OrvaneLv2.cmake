@@ -65,6 +65,10 @@ function(orvane_add_lv2 target)
       LIBRARY_OUTPUT_DIRECTORY "${bundle}"
       LINK_DEPENDS "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
     # Not even what the compiler exports by itself may meet another plug-in's copy.
+    # What is not linked would only be missed by the host.
+    if(NOT ORVANE_SANITIZE)
+      target_link_options(${library} PRIVATE LINKER:-z,defs)
+    endif()
     target_link_options(${library} PRIVATE
       "LINKER:--version-script=${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map")
   endforeach()
